@@ -1,0 +1,16 @@
+# Windows, 64 bits, from Debian's cross-compiler. The posix thread model is the one with std::mutex,
+# which GoogleTest needs.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(prefijo x86_64-w64-mingw32)
+set(CMAKE_C_COMPILER ${prefijo}-gcc-posix)
+set(CMAKE_CXX_COMPILER ${prefijo}-g++-posix)
+set(CMAKE_RC_COMPILER ${prefijo}-windres)
+set(CMAKE_FIND_ROOT_PATH /usr/${prefijo})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+find_program(WINE wine)
+if(WINE)
+  set(CMAKE_CROSSCOMPILING_EMULATOR ${WINE})
+endif()

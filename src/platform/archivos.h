@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace sorvanel {
+
+// Tells one state of a file from another without reading it.
+struct SelloArchivo {
+    std::uint64_t tamano = 0;
+    std::uint64_t modificado = 0;  // the system's own time unit
+
+    bool operator==(const SelloArchivo&) const = default;
+};
+
+// Files as the program needs them. Paths are UTF-8. Nothing throws: a failure is an empty or a
+// false answer, and what was there before stands.
+class Archivos {
+public:
+    virtual ~Archivos() = default;
+
+    // The whole content; empty optional when the file is missing or cannot be read.
+    virtual std::optional<std::string> leer(const std::string& ruta) = 0;
+    // Replaces (or makes) the file in one step: whatever happens meanwhile, the old content or the
+    // new one is there, whole and on the disk.
+    virtual bool reemplazar(const std::string& ruta, std::string_view contenido) = 0;
+    virtual std::optional<SelloArchivo> sello(const std::string& ruta) = 0;
+    virtual bool borrar(const std::string& ruta) = 0;
+    // True also when the folder was there already.
+    virtual bool crearCarpeta(const std::string& ruta) = 0;
+    // Joins with exactly one separator.
+    virtual std::string unir(const std::string& carpeta, const std::string& nombre) const = 0;
+};
+
+}  // namespace sorvanel

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+namespace sorvanel {
+
+struct Version {
+    int mayor = 0;
+    int menor = 0;
+    int revision = 0;  // from 1
+};
+
+// What the program is told about itself and its user.
+class Programa {
+public:
+    virtual ~Programa() = default;
+
+    // Name of the executable without folder and extension: a renamed copy has settings of its own.
+    virtual std::string nombreEjecutable() const = 0;
+    // The folder for the application data of all users; where there is none, the user's local one.
+    virtual std::string carpetaBase() const = 0;
+    // The user's decimal separator, "," or "." as a rule.
+    virtual std::string separadorDecimal() const = 0;
+    virtual Version version() const = 0;
+};
+
+}  // namespace sorvanel
