@@ -1,0 +1,157 @@
+#include "config/almacenPerfil.h"
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "config/perfilINI.h"
+
+namespace sorvanel {
+
+struct AlmacenPerfil::Ficha {
+    enum class Estado { limpia, pendiente, fallida };
+
+    PerfilINI perfil;
+    std::optional<SelloArchivo> sello;  // of the file as it was when read or written
+    Estado estado = Estado::limpia;
+    std::int64_t desde = 0;  // when the first pending write came
+    bool avisada = false;
+    // The file is there but could not be read: `perfil` holds our own writes alone and must not
+    // replace it. They are kept here, to be done again on what it holds once it can be read.
+    bool ilegible = false;
+    std::vector<Cambio> cambios = {};
+};
+
+AlmacenPerfil::AlmacenPerfil(Archivos& archivos, const Reloj& reloj) : m_archivos(archivos), m_reloj(reloj) {}
+AlmacenPerfil::~AlmacenPerfil() = default;
+
+AlmacenPerfil::Ficha& AlmacenPerfil::ficha(const std::string& ruta) {
+    std::unique_ptr<Ficha>& entrada = m_fichas[ruta];
+    if (!entrada) {
+        entrada = std::make_unique<Ficha>();
+        leerDisco(ruta, *entrada);
+    }
+    return *entrada;
+}
+
+void AlmacenPerfil::leerDisco(const std::string& ruta, Ficha& ficha) {
+    // The stamp first: what is written between the two shows as a change the next time.
+    ficha.sello = m_archivos.sello(ruta);
+    const bool cabe = !ficha.sello || ficha.sello->tamano <= TAMANO_MAXIMO;
+    const std::optional<std::string> contenido = cabe ? m_archivos.leer(ruta) : std::nullopt;
+    ficha.ilegible = ficha.sello && !contenido;
+    ficha.perfil = PerfilINI(contenido.value_or(std::string()));
+    for (const Cambio& cambio : ficha.cambios) {
+        cambio(ficha.perfil);
+    }
+    if (!ficha.ilegible) {
+        ficha.cambios.clear();
+    }
+}
+
+std::string AlmacenPerfil::leer(const std::string& ruta, std::string_view seccion, std::string_view clave) {
+    return ficha(ruta).perfil.leer(seccion, clave).value_or(std::string());
+}
+
+void AlmacenPerfil::escribir(const std::string& ruta, std::string_view seccion, std::string_view clave,
+                             std::string_view valor) {
+    cambiar(ruta, [s = std::string(seccion), c = std::string(clave), v = std::string(valor)](PerfilINI& perfil) {
+        return perfil.escribir(s, c, v);
+    });
+}
+
+void AlmacenPerfil::borrarClave(const std::string& ruta, std::string_view seccion, std::string_view clave) {
+    cambiar(ruta,
+            [s = std::string(seccion), c = std::string(clave)](PerfilINI& perfil) { return perfil.borrarClave(s, c); });
+}
+
+void AlmacenPerfil::borrarSeccion(const std::string& ruta, std::string_view seccion) {
+    cambiar(ruta, [s = std::string(seccion)](PerfilINI& perfil) { return perfil.borrarSeccion(s); });
+}
+
+void AlmacenPerfil::cambiar(const std::string& ruta, Cambio cambio) {
+    Ficha& f = ficha(ruta);
+    const bool cambiada = cambio(f.perfil);
+    if (f.ilegible) {
+        // What changes nothing here may well change what the file holds.
+        f.cambios.push_back(std::move(cambio));
+    } else if (!cambiada && f.estado != Ficha::Estado::fallida) {
+        return;
+    }
+    if (f.estado != Ficha::Estado::pendiente) {
+        f.estado = Ficha::Estado::pendiente;
+        f.desde = m_reloj.ahora();
+    }
+}
+
+void AlmacenPerfil::refrescar(const std::string& ruta) {
+    Ficha& f = ficha(ruta);
+    if (f.estado == Ficha::Estado::limpia && (f.ilegible || m_archivos.sello(ruta) != f.sello)) {
+        leerDisco(ruta, f);
+    }
+}
+
+void AlmacenPerfil::alFallar(std::function<void(const std::string& ruta)> aviso) {
+    m_aviso = std::move(aviso);
+}
+
+bool AlmacenPerfil::pendiente() const {
+    for (const auto& [ruta, f] : m_fichas) {
+        if (f->estado == Ficha::Estado::pendiente) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void AlmacenPerfil::ocio(bool colaVacia) {
+    guardarSi([&](const Ficha& f) {
+        return f.estado == Ficha::Estado::pendiente && (colaVacia || m_reloj.ahora() - f.desde >= RETRASO_MAXIMO);
+    });
+}
+
+bool AlmacenPerfil::volcar() {
+    return guardarSi([](const Ficha& f) { return f.estado != Ficha::Estado::limpia; });
+}
+
+// The notices come last: whoever is told may use the store again.
+bool AlmacenPerfil::guardarSi(const std::function<bool(const Ficha&)>& toca) {
+    bool bien = true;
+    std::vector<std::string> avisos;
+    for (auto& [ruta, f] : m_fichas) {
+        if (!toca(*f) || guardar(ruta, *f)) {
+            continue;
+        }
+        bien = false;
+        if (!f->avisada) {
+            f->avisada = true;
+            avisos.push_back(ruta);
+        }
+    }
+    for (const std::string& ruta : avisos) {
+        if (m_aviso) {
+            m_aviso(ruta);
+        }
+    }
+    return bien;
+}
+
+bool AlmacenPerfil::guardar(const std::string& ruta, Ficha& ficha) {
+    if (ficha.ilegible) {
+        leerDisco(ruta, ficha);
+    }
+    if (ficha.ilegible || !m_archivos.reemplazar(ruta, ficha.perfil.bytes())) {
+        ficha.estado = Ficha::Estado::fallida;
+        return false;
+    }
+    ficha.sello = m_archivos.sello(ruta);
+    ficha.estado = Ficha::Estado::limpia;
+    ficha.avisada = false;
+    return true;
+}
+
+void AlmacenPerfil::olvidar(const std::string& ruta) {
+    m_fichas.erase(ruta);
+}
+
+}  // namespace sorvanel

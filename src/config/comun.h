@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "config/accesorINI.h"
+#include "config/entorno.h"
+#include "platform/color.h"
+
+namespace sorvanel {
+
+// The one place that knows where the settings lie and how their values are read. It keeps no
+// state: whoever needs one makes one.
+class comun {
+public:
+    static constexpr std::int16_t MAXROWS = 8;
+    static constexpr std::int16_t MAXCOLS = 8;
+    static constexpr std::int16_t MAXWIDHORZ = 32;  // pixels
+    static constexpr std::int16_t MAXWIDVERT = 32;  // pixels
+    static constexpr std::int16_t MAXWIDLABL = 6;
+
+    explicit comun(const Entorno& entorno) : m_entorno(entorno) {}
+
+    // An accessor on the settings file, on that section.
+    AccesorINI abrir(std::string_view seccion = {}) const;
+    // Points the accessor at the settings file; an empty section leaves its section as it is.
+    void prepararINI(AccesorINI& accesor, std::string_view seccion) const;
+
+    // The key's value, or the default when it is missing, not a number, or too large for its type.
+    std::int16_t valDflt(const AccesorINI& accesor, std::string_view clave, std::int16_t omision) const;
+    std::int32_t valDflt(const AccesorINI& accesor, std::string_view clave, std::int32_t omision) const;
+    // Text comes as it is stored.
+    std::string valDflt(const AccesorINI& accesor, std::string_view clave, const char* omision) const;
+
+    // Upper bound before lower bound.
+    static void limitar(std::int16_t& valor, std::int16_t superior, std::int16_t inferior);
+    // The same for a value that may be absent; an absent one stays so.
+    static void vLimitar(std::optional<std::int16_t>& valor, std::int16_t superior, std::int16_t inferior);
+
+    std::string rutaINI() const;
+    std::string rutaCopia() const;
+    // Puts what is pending on the disk, makes an empty settings file if there is none, and copies
+    // it. False when any step of the copying failed.
+    bool hacerCopiaDeINI() const;
+    // Puts the copy back, whole, and drops what was pending. False and nothing changed when there
+    // is no copy or it cannot be put back. The copy stays.
+    bool restaurarCopiaDeINI() const;
+
+    // "BBGGRR", six upper-case hexadecimal digits. Only for 24-bit colours.
+    static std::string Long2RGB(Color color);
+    // Up to the first character that is no hexadecimal digit; 0 when there is none.
+    static Color rgb2Long(std::string_view texto);
+
+private:
+    const Entorno& m_entorno;
+};
+
+}  // namespace sorvanel

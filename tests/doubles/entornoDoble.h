@@ -1,0 +1,53 @@
+#pragma once
+
+#include <string>
+
+#include "config/almacenPerfil.h"
+#include "config/comun.h"
+#include "config/entorno.h"
+#include "doubles/archivosDoble.h"
+#include "doubles/fabricaDoble.h"
+#include "doubles/relojDoble.h"
+#include "doubles/sistemaDoble.h"
+
+namespace sorvanel {
+
+// A whole outside for one test. It must outlive the objects that are given its `entorno`.
+struct EntornoDoble {
+    ProgramaDoble programa;
+    ArchivosDoble archivos;
+    RelojDoble reloj;
+    AlmacenPerfil perfil{archivos, reloj};
+    MonitoresDoble monitores;
+    FabricaDoble fabrica{reloj};
+    CursorDoble cursor;
+    AvisosDoble avisos;
+    ColaDoble cola;
+    ReposoDoble reposo;
+    Entorno entorno{programa, archivos, perfil, monitores, fabrica, reloj, cursor, avisos, cola, reposo};
+
+    EntornoDoble() = default;
+    EntornoDoble(const EntornoDoble&) = delete;
+    EntornoDoble& operator=(const EntornoDoble&) = delete;
+
+    std::string rutaINI() const { return comun(entorno).rutaINI(); }
+    // The settings file becomes that text; what was held of the old one is forgotten.
+    void ini(const std::string& texto) {
+        archivos.poner(rutaINI(), texto);
+        perfil.olvidar(rutaINI());
+    }
+    // The settings file's text after what is pending was written.
+    std::string ini() {
+        perfil.volcar();
+        return archivos.contenido(rutaINI());
+    }
+    // One key as every reader sees it now.
+    std::string valor(const std::string& seccion, const std::string& clave) {
+        return perfil.leer(rutaINI(), seccion, clave);
+    }
+    void valor(const std::string& seccion, const std::string& clave, const std::string& texto) {
+        perfil.escribir(rutaINI(), seccion, clave, texto);
+    }
+};
+
+}  // namespace sorvanel

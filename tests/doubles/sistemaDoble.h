@@ -1,0 +1,107 @@
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/monitor.h"
+#include "platform/programa.h"
+#include "platform/sistema.h"
+
+namespace sorvanel {
+
+class ProgramaDoble : public Programa {
+public:
+    std::string nombre = "Sorvanel";
+    std::string base = "/datos";
+    std::string separador = ",";
+    Version numeroVersion{1, 0, 1};
+
+    std::string nombreEjecutable() const override { return nombre; }
+    std::string carpetaBase() const override { return base; }
+    std::string separadorDecimal() const override { return separador; }
+    Version version() const override { return numeroVersion; }
+};
+
+// One primary monitor of 1024 by 768 at 100 % until the test says otherwise.
+class MonitoresDoble : public SistemaMonitores {
+public:
+    std::vector<Monitor> lista{{{0, 0, 1024, 768}, {0, 0, 1024, 728}, true, "\\\\.\\DISPLAY1", 15, 15}};
+    int enumeraciones = 0;
+
+    std::vector<Monitor> enumerar() override {
+        ++enumeraciones;
+        return lista;
+    }
+};
+
+class CursorDoble : public Cursor {
+public:
+    PuntoPixel punto;
+    std::vector<PuntoPixel> movimientos;  // by the program
+
+    PuntoPixel posicion() const override { return punto; }
+    void posicion(PuntoPixel nuevo) override {
+        punto = nuevo;
+        movimientos.push_back(nuevo);
+    }
+};
+
+class AvisosDoble : public Avisos {
+public:
+    std::vector<std::string> textos;
+    std::function<void(const std::string&)> alMostrar;  // what happens while the box is open
+
+    void critico(const std::string& texto) override {
+        textos.push_back(texto);
+        if (alMostrar) {
+            alMostrar(texto);
+        }
+    }
+};
+
+// Keeps what was posted until the test lets it run.
+class ColaDoble : public Cola {
+public:
+    void despues(std::function<void()> accion) override { m_acciones.push_back(std::move(accion)); }
+
+    std::size_t pendientes() const { return m_acciones.size(); }
+    // False when there was none.
+    bool ejecutarUna() {
+        if (m_acciones.empty()) {
+            return false;
+        }
+        const std::function<void()> accion = std::move(m_acciones.front());
+        m_acciones.pop_front();
+        accion();
+        return true;
+    }
+    // All of them, also those posted meanwhile. False when they never end.
+    bool ejecutar() {
+        for (int i = 0; i < 10'000; ++i) {
+            if (!ejecutarUna()) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+private:
+    std::deque<std::function<void()>> m_acciones;
+};
+
+class ReposoDoble : public Reposo {
+public:
+    bool impedido = false;
+    std::vector<bool> llamadas;
+
+    void impedir(bool si) override {
+        impedido = si;
+        llamadas.push_back(si);
+    }
+};
+
+}  // namespace sorvanel
