@@ -1,0 +1,101 @@
+#include "grid/persistenciaParrilla.h"
+
+#include <algorithm>
+#include <cctype>
+#include <string>
+#include <string_view>
+
+#include "config/comun.h"
+#include "config/numeros.h"
+
+namespace sorvanel {
+
+namespace {
+
+constexpr const char* SECCION = "RETICULA";
+
+struct Fracciones {
+    double x;
+    double y;
+};
+
+// "0,5;0,25": two numbers with either decimal sign. What is not a number falls back by itself.
+Fracciones leerFracciones(std::string_view texto, double omision) {
+    const auto corte = texto.find(';');
+    const auto uno = leerNumero(texto.substr(0, corte));
+    const auto dos = corte == std::string_view::npos ? std::nullopt : leerNumero(texto.substr(corte + 1));
+    return {uno.value_or(omision), dos.value_or(omision)};
+}
+
+bool esDigito(char c) { return c >= '0' && c <= '9'; }
+
+void leerFilasColumnas(std::string_view texto, AjustesParrilla& ajustes) {
+    ajustes.filas = 4;
+    ajustes.columnas = 1;
+    if (texto.size() != 3 || !esDigito(texto[0]) || texto[1] != 'x' || !esDigito(texto[2])) return;
+    ajustes.filas = static_cast<std::int16_t>(texto[0] - '0');
+    ajustes.columnas = static_cast<std::int16_t>(texto[2] - '0');
+    comun::limitar(ajustes.filas, comun::MAXROWS, 1);
+    comun::limitar(ajustes.columnas, comun::MAXCOLS, 1);
+}
+
+Color leerColorAplicacion(std::string texto) {
+    std::string minusculas = texto;
+    std::transform(minusculas.begin(), minusculas.end(), minusculas.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return minusculas.starts_with("tran") ? Color{-1} : colorPintable(comun::rgb2Long(texto));
+}
+
+float dentro(double valor, float maximo) {
+    return static_cast<float>(std::clamp(valor, 0.0, static_cast<double>(std::max(maximo, 0.0F))));
+}
+
+std::string pareja(double uno, double dos, const std::string& separador) {
+    return textoSeisDecimales(uno, separador) + ";" + textoSeisDecimales(dos, separador);
+}
+
+}  // namespace
+
+AjustesParrilla leerParrilla(const Entorno& entorno, float anchoPantalla, float altoPantalla) {
+    const comun com(entorno);
+    const AccesorINI ini = com.abrir(SECCION);
+    AjustesParrilla ajustes{};
+
+    const Fracciones posicion = leerFracciones(com.valDflt(ini, "Posicion", "0,000000;0,000000"), 0);
+    const Fracciones tamano = leerFracciones(com.valDflt(ini, "Dimensiones", "1,000000;1,000000"), 1);
+    Rectangulo& zona = ajustes.zona;
+    zona.x = dentro(posicion.x * anchoPantalla, anchoPantalla);
+    zona.y = dentro(posicion.y * altoPantalla, altoPantalla);
+    zona.ancho = dentro(tamano.x * anchoPantalla, anchoPantalla - zona.x);
+    zona.alto = dentro(tamano.y * (altoPantalla - RESERVA_INFERIOR), altoPantalla - zona.y);
+
+    leerFilasColumnas(com.valDflt(ini, "FilasColumnas", "4x1"), ajustes);
+    ajustes.gruesoHorizontal = com.valDflt(ini, "gruesoHorizontal", std::int16_t{4});
+    ajustes.gruesoVertical = com.valDflt(ini, "gruesoVertical", std::int16_t{4});
+    comun::limitar(ajustes.gruesoHorizontal, comun::MAXWIDHORZ, 0);
+    comun::limitar(ajustes.gruesoVertical, comun::MAXWIDVERT, 0);
+    ajustes.colorReticula = colorPintable(comun::rgb2Long(com.valDflt(ini, "colorReticula", "000000")));
+    ajustes.colorFondo = colorPintable(comun::rgb2Long(com.valDflt(ini, "colorFondo", "808080")));
+    ajustes.colorAplicacion = leerColorAplicacion(com.valDflt(ini, "colorAplicacion", "FFFFFF"));
+    return ajustes;
+}
+
+void guardarParrilla(const Entorno& entorno, float anchoPantalla, float altoPantalla, const AjustesParrilla& ajustes) {
+    AccesorINI ini = comun(entorno).abrir(SECCION);
+    const std::string separador = entorno.programa.separadorDecimal();
+    const float altoUtil = altoPantalla - RESERVA_INFERIOR;
+    if (anchoPantalla > 0 && altoUtil > 0) {
+        const Rectangulo& zona = ajustes.zona;
+        ini.escribir("Posicion", pareja(zona.x / anchoPantalla, zona.y / altoPantalla, separador));
+        ini.escribir("Dimensiones", pareja(zona.ancho / anchoPantalla, zona.alto / altoUtil, separador));
+    }
+    ini.escribir("FilasColumnas", std::to_string(ajustes.filas) + "x" + std::to_string(ajustes.columnas));
+    ini.escribir("gruesoHorizontal", std::to_string(ajustes.gruesoHorizontal));
+    ini.escribir("gruesoVertical", std::to_string(ajustes.gruesoVertical));
+    ini.escribir("colorReticula", comun::Long2RGB(ajustes.colorReticula));
+    ini.escribir("colorFondo", comun::Long2RGB(ajustes.colorFondo));
+    ini.escribir("colorAplicacion",
+                 ajustes.colorAplicacion < 0 ? "Transparente" : comun::Long2RGB(ajustes.colorAplicacion));
+}
+
+}  // namespace sorvanel

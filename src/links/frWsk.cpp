@@ -1,0 +1,72 @@
+#include "links/frWsk.h"
+
+namespace sorvanel {
+
+frWsk::frWsk(Fabrica& fabrica, const Reloj& reloj)
+    : m_reloj(reloj), m_tim(fabrica.crearTemporizador()), m_wsk(fabrica.crearZocalo(*this)) {
+    m_tim->alTic([this] { avisarSilencio(); });
+}
+
+frWsk::~frWsk() { m_enMarcha = false; }
+
+bool frWsk::enMarcha(SuscriptorPeso& visor) {
+    m_wsk->cerrar();
+    m_bufer.clear();
+    m_wsk->protocolo(ProtocoloZocalo::UDP);
+    if (!m_wsk->enlazar(visor.port())) return false;
+    m_visor = &visor;
+    m_ultimaAceptada = m_reloj.ahora();
+    m_tim->habilitado(false);
+    m_tim->intervalo(VIGILANCIA);
+    m_tim->habilitado(true);
+    m_enMarcha = true;
+    return true;
+}
+
+void frWsk::Cerrar() {
+    m_wsk->cerrar();
+    // Any free port: the display's own one is left to whoever wants it.
+    m_wsk->enlazar(0);
+    m_tim->habilitado(false);
+    m_enMarcha = false;
+    m_bufer.clear();
+}
+
+void frWsk::alLlegarDatos() {
+    m_wsk->leer(m_bufer);
+    if (m_enMarcha) {
+        entregarLineas();
+        if (m_bufer.size() >= BUFER_MAXIMO) m_bufer.clear();
+    } else {
+        m_bufer.clear();
+    }
+}
+
+void frWsk::entregarLineas() {
+    std::size_t inicio = 0;
+    while (m_enMarcha) {
+        const std::size_t fin = m_bufer.find('\r', inicio);
+        if (fin == std::string::npos) break;
+        entregar(std::string_view(m_bufer).substr(inicio, fin - inicio));
+        // The display may have closed the link meanwhile, and the buffer with it.
+        inicio = m_bufer.empty() ? 0 : fin + 1;
+    }
+    m_bufer.erase(0, inicio);
+}
+
+void frWsk::entregar(std::string_view linea) {
+    m_tim->habilitado(false);
+    if (m_visor->frWsk_refrescoPeso(linea)) {
+        m_ultimaAceptada = m_reloj.ahora();
+    } else if (m_reloj.ahora() - m_ultimaAceptada >= PACIENCIA) {
+        avisarSilencio();
+        m_ultimaAceptada = m_reloj.ahora();
+    }
+    if (m_enMarcha) m_tim->habilitado(true);
+}
+
+void frWsk::avisarSilencio() {
+    if (m_enMarcha) m_visor->frWsk_refrescoPeso({});
+}
+
+}  // namespace sorvanel

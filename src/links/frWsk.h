@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "links/suscriptorPeso.h"
+#include "platform/sistema.h"
+
+namespace sorvanel {
+
+// The receiving end of one indicator: a UDP port of its own whose bytes are lines ended by a
+// carriage return, in datagrams of any cut. What a line means is the display's business.
+class frWsk final : private OyenteZocalo {
+public:
+    // No whole line for this long is told as an empty one, and again every so long.
+    static constexpr int VIGILANCIA = 1000;  // milliseconds
+    // Lines that the display does not take are no sign of life for longer than this.
+    static constexpr std::int64_t PACIENCIA = 10000;  // milliseconds
+    // No line is as long as this: what has no end by then is dropped.
+    static constexpr std::size_t BUFER_MAXIMO = 64 * 1024;
+
+    frWsk(Fabrica& fabrica, const Reloj& reloj);
+    ~frWsk() override;
+    frWsk(const frWsk&) = delete;
+    frWsk& operator=(const frWsk&) = delete;
+
+    // Receives on the display's port from now on, also when it was receiving on another. False when
+    // the port cannot be had. The display must outlive this or call Cerrar.
+    bool enMarcha(SuscriptorPeso& visor);
+    void Cerrar();
+
+private:
+    void alLlegarDatos() override;
+    void entregarLineas();
+    void entregar(std::string_view linea);
+    void avisarSilencio();
+
+    const Reloj& m_reloj;
+    std::unique_ptr<Temporizador> m_tim;
+    std::unique_ptr<Zocalo> m_wsk;
+    SuscriptorPeso* m_visor = nullptr;
+    bool m_enMarcha = false;
+    std::string m_bufer;
+    std::int64_t m_ultimaAceptada = 0;
+};
+
+}  // namespace sorvanel

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+
+#include "config/entorno.h"
+#include "screen/monitores.h"
+
+namespace sorvanel {
+
+// The monitor that the program covers. It sees the monitors that there were when it was made.
+class oScreen {
+public:
+    explicit oScreen(const Entorno& entorno);
+
+    std::int16_t numMonitores() const { return m_monitores.cuantos(); }
+
+    // As stored: it may name a monitor that is not there now. The rectangle is then the primary
+    // one's, and the file keeps the choice for when the monitor comes back.
+    std::int16_t monitorActual() const { return m_actual; }
+    // Saved at once. An index that no monitor has selects the primary one.
+    void monitorActual(std::int16_t indice);
+
+    // The monitor in use, twips of that monitor's scale; left and top may be negative.
+    float X0() const;
+    float Y0() const;
+    float Width() const;
+    float Height() const;
+
+    Monitor monitor() const { return m_monitores.monitor(m_actual); }
+
+private:
+    const Entorno* m_entorno;
+    Monitores m_monitores;
+    std::int16_t m_actual;
+};
+
+}  // namespace sorvanel
