@@ -1,0 +1,51 @@
+#include "display/ctrlVis.h"
+
+#include <algorithm>
+
+#include "config/comun.h"
+#include "config/numeros.h"
+#include "display/seccionVisor.h"
+
+namespace sorvanel {
+
+namespace {
+
+// Ordinary blanks only: a no-break space is part of a caption.
+std::string_view recortar(std::string_view texto) {
+    const auto inicio = texto.find_first_not_of(" \t");
+    if (inicio == std::string_view::npos) return {};
+    return texto.substr(inicio, texto.find_last_not_of(" \t") - inicio + 1);
+}
+
+}  // namespace
+
+ctrlVis::ctrlVis(const Entorno& entorno) {
+    const comun com(entorno);
+    for (int n = 1;; ++n) {
+        const AccesorINI ini = com.abrir(seccionVisor(n));
+        const std::string port = ini.leer("Port");
+        if (port.empty()) break;
+        m_visores.push_back({numeroInicial(port), com.valDflt(ini, "ModoBulk", MODO_BULK_OMISION),
+                             std::string(recortar(ini.leer("Etiqueta"))), std::string(recortar(ini.leer("Ubicacion")))});
+    }
+}
+
+bool ctrlVis::portExiste(std::int32_t port, std::int16_t modoBulk) const {
+    return port > 0 && std::any_of(m_visores.begin(), m_visores.end(), [&](const Guardado& v) {
+               return v.port == port && v.modoBulk == modoBulk;
+           });
+}
+
+bool ctrlVis::etiquetaExiste(std::string_view etiqueta) const {
+    return !etiqueta.empty() && std::any_of(m_visores.begin(), m_visores.end(),
+                                            [&](const Guardado& v) { return v.etiqueta == etiqueta; });
+}
+
+bool ctrlVis::ubicacionExiste(std::string_view ubicacion) const {
+    const std::string_view buscada = recortar(ubicacion);
+    return !buscada.empty() && buscada != "0,0" &&
+           std::any_of(m_visores.begin(), m_visores.end(),
+                       [&](const Guardado& v) { return v.ubicacion == buscada; });
+}
+
+}  // namespace sorvanel

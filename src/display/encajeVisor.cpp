@@ -1,0 +1,212 @@
+#include "display/encajeVisor.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace sorvanel {
+
+namespace {
+
+constexpr std::string_view MUESTRA = "0000.0";
+constexpr float ALTO_MINIMO = aTwips(8);   // of the digits' ink
+constexpr float MARGEN_VERTICAL = 0.06F;   // of the cell's height, above and below the ink
+constexpr float MARGEN_IZQUIERDO = 0.15F;  // of the width of "0", before the widest weight
+constexpr float COLUMNA_MARCAS = 1.2F;     // as wide, in widths of "0", at least
+constexpr float ANCHO_EFECTIVO_MAXIMO = 6;
+constexpr int INTENTOS_HACIA_ARRIBA = 4;
+
+float aPixelEntero(float twips) {
+    return std::floor(twips / TWIPS_POR_PIXEL) * TWIPS_POR_PIXEL;
+}
+
+float alPixelCercano(float twips) {
+    return aPixelEntero(twips + TWIPS_POR_PIXEL / 2);
+}
+
+// Written so that what is not a number becomes the lower bound.
+float acotar(float valor, float minimo, float maximo) {
+    return valor >= minimo ? std::min(valor, maximo) : minimo;
+}
+
+Fuente fuenteDe(float alto) {
+    Fuente fuente;
+    fuente.alto = alto;
+    fuente.negrita = true;
+    return fuente;
+}
+
+// What matters of a font at one height.
+struct Cuerpo {
+    float alto = 0;   // of the font
+    float ancho = 0;  // of the widest weight
+    float anchoCero = 0;
+    float cifraArriba = 0;  // ink of the digits, from the top of the line
+    float cifraAbajo = 0;
+    float arriba = 0;  // the weight's ink above and below the middle of the digits'
+    float abajo = 0;
+
+    float medio() const { return (cifraArriba + cifraAbajo) / 2; }
+};
+
+class Encajador {
+public:
+    Encajador(Superficie& medidor, const Rectangulo& celda, const AspectoVisor& aspecto, std::string_view muestra)
+        : m_medidor(medidor),
+          m_celda(celda),
+          m_aspecto(aspecto),
+          m_muestra(muestra),
+          m_anchoEfectivo(std::clamp(static_cast<float>(aspecto.anchoEtiqueta), 0.0F, ANCHO_EFECTIVO_MAXIMO)),
+          m_ratio(acotar(aspecto.ratioAlturas, 0.1F, 1.0F)) {}
+
+    std::optional<EncajeVisor> encajar();
+
+private:
+    Cuerpo medir(float alto) const;
+    float anchoEtiqueta(float altoPeso) const;
+    float anchoNecesario(const Cuerpo& cuerpo) const;
+    float estimar() const;
+    bool buscar();
+    bool probar(float alto);
+    EncajeVisor repartir() const;
+    void etiqueta(EncajeVisor& encaje) const;
+    float alturaEtiqueta(const MedidaTexto& texto) const;
+
+    Superficie& m_medidor;
+    const Rectangulo m_celda;
+    const AspectoVisor& m_aspecto;
+    const std::string_view m_muestra;
+    const float m_anchoEfectivo;
+    const float m_ratio;
+    Cuerpo m_cuerpo;
+    float m_zonaEtiqueta = 0;
+};
+
+Cuerpo Encajador::medir(float alto) const {
+    m_medidor.fuente(fuenteDe(alto));
+    const MedidaTexto cero = m_medidor.medir("0");
+    const MedidaTexto corriente = m_medidor.medir(MUESTRA);
+    const MedidaTexto propia = m_medidor.medir(m_muestra.empty() ? MUESTRA : m_muestra);
+    Cuerpo cuerpo;
+    cuerpo.alto = alto;
+    cuerpo.ancho = std::max(corriente.ancho, propia.ancho);
+    cuerpo.anchoCero = cero.ancho;
+    cuerpo.cifraArriba = cero.tintaSuperior;
+    cuerpo.cifraAbajo = cero.tintaInferior;
+    // A format's own text may reach above and below the digits.
+    cuerpo.arriba = cuerpo.medio() - std::min(cero.tintaSuperior, propia.tintaSuperior);
+    cuerpo.abajo = std::max(cero.tintaInferior, propia.tintaInferior) - cuerpo.medio();
+    return cuerpo;
+}
+
+float Encajador::anchoEtiqueta(float altoPeso) const {
+    if (m_anchoEfectivo <= 0) return 0;
+    m_medidor.fuente(fuenteDe(altoPeso * m_ratio));
+    return (m_anchoEfectivo + 1) * m_medidor.medir("0").ancho;
+}
+
+float Encajador::anchoNecesario(const Cuerpo& cuerpo) const {
+    return cuerpo.ancho + (MARGEN_IZQUIERDO + COLUMNA_MARCAS) * cuerpo.anchoCero;
+}
+
+// Type scales almost linearly: one measurement tells the height to within a pixel or two.
+float Encajador::estimar() const {
+    const float prueba = std::clamp(m_celda.alto, ALTO_MINIMO * 2, aTwips(400));
+    const Cuerpo cuerpo = medir(prueba);
+    const float ancho =
+        anchoNecesario(cuerpo) + (m_anchoEfectivo > 0 ? (m_anchoEfectivo + 1) * m_ratio : 0.0F) * cuerpo.anchoCero;
+    const float mitad = std::max(cuerpo.arriba, cuerpo.abajo);
+    if (!(ancho > 0 && mitad > 0)) return 0;
+    const float escala = std::min(m_celda.ancho / ancho, m_celda.alto * (0.5F - MARGEN_VERTICAL) / mitad);
+    return aPixelEntero(prueba * escala);
+}
+
+// From the estimate down to what really fits, or up to the last that does: hinting makes steps of its own.
+bool Encajador::buscar() {
+    float alto = estimar();
+    if (probar(alto)) {
+        for (int i = 0; i < INTENTOS_HACIA_ARRIBA && probar(alto += TWIPS_POR_PIXEL); ++i) {
+        }
+    } else {
+        do alto -= std::max(TWIPS_POR_PIXEL, aPixelEntero(alto / 100));
+        while (alto >= ALTO_MINIMO && !probar(alto));
+    }
+    return m_cuerpo.cifraAbajo - m_cuerpo.cifraArriba >= ALTO_MINIMO;
+}
+
+bool Encajador::probar(float alto) {
+    if (alto < ALTO_MINIMO) return false;
+    const Cuerpo cuerpo = medir(alto);
+    const float zona = anchoEtiqueta(alto);
+    const float mitad = m_celda.alto * (0.5F - MARGEN_VERTICAL);
+    const bool cabe = cuerpo.ancho > 0 && zona + anchoNecesario(cuerpo) <= m_celda.ancho &&
+                      std::max(cuerpo.arriba, cuerpo.abajo) <= mitad;
+    if (cabe) {
+        m_cuerpo = cuerpo;
+        m_zonaEtiqueta = zona;
+    }
+    return cabe;
+}
+
+EncajeVisor Encajador::repartir() const {
+    EncajeVisor encaje;
+    encaje.anchoEtiqueta = m_zonaEtiqueta;
+    encaje.anchoPeso = m_celda.ancho - m_zonaEtiqueta;
+    encaje.alto = m_celda.alto;
+    encaje.fuentePeso = fuenteDe(m_cuerpo.alto);
+    encaje.anchoCero = m_cuerpo.anchoCero;
+    encaje.yPeso = alPixelCercano(m_celda.alto / 2 - m_cuerpo.medio());
+    encaje.tintaSuperior = encaje.yPeso + m_cuerpo.cifraArriba;
+    encaje.tintaInferior = encaje.yPeso + m_cuerpo.cifraAbajo;
+    // Room to spare goes to both sides of the digits, but the marks are kept near them.
+    const float sobra = std::max(0.0F, encaje.anchoPeso - anchoNecesario(m_cuerpo));
+    const float columna = COLUMNA_MARCAS * m_cuerpo.anchoCero + std::min(sobra / 2, m_cuerpo.anchoCero);
+    encaje.derecha = std::max(m_cuerpo.ancho, aPixelEntero(encaje.anchoPeso - columna));
+    return encaje;
+}
+
+// The caption keeps its share of the weight's height unless it would be cut.
+void Encajador::etiqueta(EncajeVisor& encaje) const {
+    if (m_zonaEtiqueta <= 0) return;
+    // One width of "0" of the area is margin.
+    encaje.margenEtiqueta = m_zonaEtiqueta / (m_anchoEfectivo + 1) / 2;
+    const float ancho = m_zonaEtiqueta - 2 * encaje.margenEtiqueta;
+    const float altoTinta = m_celda.alto * (1 - MARGEN_VERTICAL);
+    for (float alto = m_cuerpo.alto * m_ratio;;) {
+        encaje.fuenteEtiqueta = fuenteDe(alto);
+        m_medidor.fuente(encaje.fuenteEtiqueta);
+        const MedidaTexto texto = m_medidor.medir(m_aspecto.etiqueta);
+        const float tinta = texto.tintaInferior - texto.tintaSuperior;
+        if ((texto.ancho <= ancho && tinta <= altoTinta) || alto <= TWIPS_POR_PIXEL) {
+            encaje.anchoTextoEtiqueta = texto.ancho;
+            encaje.yEtiqueta = alPixelCercano(alturaEtiqueta(texto));
+            return;
+        }
+        const float escala = std::min(ancho / std::max(texto.ancho, ancho), altoTinta / std::max(tinta, altoTinta));
+        alto = std::max(TWIPS_POR_PIXEL, std::min(alto - TWIPS_POR_PIXEL / 2, aPixelEntero(alto * escala)));
+    }
+}
+
+// In line with the digits, unless an accent or a tail would then be cut.
+float Encajador::alturaEtiqueta(const MedidaTexto& texto) const {
+    const MedidaTexto cero = m_medidor.medir("0");
+    const float margen = m_celda.alto * MARGEN_VERTICAL / 2;
+    const float enLinea = m_celda.alto / 2 - (cero.tintaSuperior + cero.tintaInferior) / 2;
+    const float minimo = margen - texto.tintaSuperior;
+    return std::clamp(enLinea, minimo, std::max(minimo, m_celda.alto - margen - texto.tintaInferior));
+}
+
+std::optional<EncajeVisor> Encajador::encajar() {
+    if (m_celda.vacio() || !buscar()) return std::nullopt;
+    EncajeVisor encaje = repartir();
+    etiqueta(encaje);
+    return encaje;
+}
+
+}  // namespace
+
+std::optional<EncajeVisor> encajarVisor(Superficie& medidor, const Rectangulo& celda, const AspectoVisor& aspecto,
+                                        std::string_view muestra) {
+    return Encajador(medidor, celda, aspecto, muestra).encajar();
+}
+
+}  // namespace sorvanel

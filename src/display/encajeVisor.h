@@ -1,0 +1,49 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/color.h"
+#include "platform/superficie.h"
+
+namespace sorvanel {
+
+// How a display looks: the effective values, bounded where they are used.
+struct AspectoVisor {
+    std::string etiqueta;
+    int anchoEtiqueta = 0;   // 0..6
+    int ajusteEtiqueta = 2;  // 0 left, 1 right, 2 centre
+    Color fondoEtiqueta = NEGRO;
+    Color textoEtiqueta = BLANCO;
+    Color fondoPeso = BLANCO;
+    Color textoPeso = NEGRO;
+    std::string formato;         // empty: the usual one
+    float ratioAlturas = 0.95F;  // caption's font height to the weight's, 0.1..1
+};
+
+// Where everything of a display lies, twips. Caption and weight each have coordinates of their own,
+// from the top-left corner of their surface.
+struct EncajeVisor {
+    float anchoEtiqueta = 0;  // of the caption's surface; 0 when there is none
+    Fuente fuenteEtiqueta;
+    float margenEtiqueta = 0;  // kept free at both sides of the caption
+    float anchoTextoEtiqueta = 0;
+    float yEtiqueta = 0;
+
+    float anchoPeso = 0;  // of the weight's surface
+    float alto = 0;       // of both
+    Fuente fuentePeso;
+    float derecha = 0;        // right edge of the weight's text
+    float yPeso = 0;          // top of its line
+    float anchoCero = 0;      // of "0"
+    float tintaSuperior = 0;  // the digits' ink
+    float tintaInferior = 0;
+};
+
+// The largest digits that the cell allows. `muestra` is a large weight in the display's format.
+// Nothing when the cell cannot hold a display. Measures with `medidor` and leaves its font changed.
+std::optional<EncajeVisor> encajarVisor(Superficie& medidor, const Rectangulo& celda, const AspectoVisor& aspecto,
+                                        std::string_view muestra);
+
+}  // namespace sorvanel

@@ -1,0 +1,154 @@
+#include "display/pinturaVisor.h"
+
+#include <array>
+
+namespace sorvanel {
+
+namespace {
+
+constexpr std::int64_t MUESTRA_MILESIMAS = 9'999'000;
+constexpr int RAYAS = 5;
+constexpr std::string_view LEYENDA_SIN_DATOS = "-----";
+constexpr float ANCHO_CORTE = 0.9F;  // of the width of "0": kept for the arrow of a cut weight
+
+// Drops the first character of a UTF-8 text.
+std::string_view sinPrimero(std::string_view texto) {
+    std::size_t bytes = 1;
+    while (bytes < texto.size() && (static_cast<unsigned char>(texto[bytes]) & 0xC0U) == 0x80U) ++bytes;
+    return texto.substr(bytes);
+}
+
+}  // namespace
+
+bool PinturaVisor::encajar(const Rectangulo& celda, const AspectoVisor& aspecto) {
+    const FormatoPeso formato(aspecto.formato);
+    std::string muestra;
+    formato.escribir(MUESTRA_MILESIMAS, muestra);
+    const std::optional<EncajeVisor> encaje = encajarVisor(m_peso, celda, aspecto, muestra);
+    if (!encaje) {
+        m_peso.fuente(m_encaje.fuentePeso);
+        return false;
+    }
+    m_encaje = *encaje;
+    m_aspecto = aspecto;
+    m_formato = formato;
+    m_encajado = true;
+    colores();
+    m_etiqueta.fuente(m_encaje.fuenteEtiqueta);
+    m_peso.fuente(m_encaje.fuentePeso);
+    m_etiqueta.colocar({celda.x, celda.y, m_encaje.anchoEtiqueta, celda.alto});
+    m_peso.colocar({celda.x + m_encaje.anchoEtiqueta, celda.y, m_encaje.anchoPeso, celda.alto});
+    m_etiqueta.limpiar();
+    limpiarPeso();
+    return true;
+}
+
+void PinturaVisor::aspecto(const AspectoVisor& aspecto) {
+    m_aspecto.ajusteEtiqueta = aspecto.ajusteEtiqueta;
+    m_aspecto.fondoEtiqueta = aspecto.fondoEtiqueta;
+    m_aspecto.textoEtiqueta = aspecto.textoEtiqueta;
+    m_aspecto.fondoPeso = aspecto.fondoPeso;
+    m_aspecto.textoPeso = aspecto.textoPeso;
+    if (m_encajado) colores();
+}
+
+void PinturaVisor::colores() {
+    m_aspecto.fondoEtiqueta = colorPintable(m_aspecto.fondoEtiqueta);
+    m_aspecto.textoEtiqueta = colorPintable(m_aspecto.textoEtiqueta);
+    m_aspecto.fondoPeso = colorPintable(m_aspecto.fondoPeso);
+    m_aspecto.textoPeso = colorPintable(m_aspecto.textoPeso);
+    m_etiqueta.colorFondo(m_aspecto.fondoEtiqueta);
+    m_peso.colorFondo(m_aspecto.fondoPeso);
+    m_marcasSeguras = false;
+}
+
+void PinturaVisor::pintarEtiqueta() {
+    if (!m_encajado) return;
+    m_etiqueta.limpiar();
+    m_etiqueta.leyenda(m_aspecto.etiqueta);
+    if (!hayEtiqueta() || m_aspecto.etiqueta.empty()) return;
+    const float libre = m_encaje.anchoEtiqueta - m_encaje.anchoTextoEtiqueta;
+    float x = libre / 2;
+    if (m_aspecto.ajusteEtiqueta == 0) x = m_encaje.margenEtiqueta;
+    if (m_aspecto.ajusteEtiqueta == 1) x = libre - m_encaje.margenEtiqueta;
+    m_etiqueta.imprimir(x, m_encaje.yEtiqueta, m_aspecto.etiqueta, m_aspecto.textoEtiqueta);
+}
+
+void PinturaVisor::pintarPeso(const Trama& trama, bool pavona) {
+    if (!m_encajado) return;
+    m_formato.escribir(trama.milesimas, m_texto);
+    borrarTexto();
+    imprimirPeso();
+    const MarcasVisor marcas{!pavona && trama.E, pavona && trama.C, pavona && trama.D};
+    ponerMarcas(marcas);
+
+    m_leyenda = m_texto;
+    if (marcas != MarcasVisor{}) m_leyenda += ' ';
+    if (marcas.E) m_leyenda += 'E';
+    if (marcas.C) m_leyenda += 'C';
+    if (marcas.D) m_leyenda += 'D';
+    m_peso.leyenda(m_leyenda);
+}
+
+void PinturaVisor::pintarSinDatos(bool pavona) {
+    if (!m_encajado) return;
+    borrarTexto();
+    const float paso = m_encaje.anchoCero;
+    float x = m_encaje.derecha - 3 * paso / 4;
+    for (int i = 0; i < RAYAS; ++i, x -= paso) m_peso.caja({x, m_encaje.alto / 4, paso / 2, m_encaje.alto / 2}, ROJO);
+    MarcasVisor quedan = m_marcas;
+    if (pavona) {
+        quedan.C = quedan.D = false;
+    } else {
+        quedan.E = false;
+    }
+    ponerMarcas(quedan);
+    m_peso.leyenda(LEYENDA_SIN_DATOS);
+}
+
+void PinturaVisor::limpiarPeso() {
+    if (!m_encajado) return;
+    m_peso.limpiar();
+    m_marcas = {};
+    m_marcasSeguras = true;
+    m_peso.leyenda({});
+}
+
+void PinturaVisor::borrarTexto() {
+    m_peso.caja({0, 0, m_encaje.derecha, m_encaje.alto}, m_aspecto.fondoPeso);
+}
+
+void PinturaVisor::imprimirPeso() {
+    if (m_texto.empty()) return;
+    const float x = m_encaje.derecha - m_peso.medir(m_texto).ancho;
+    if (x < 0) return imprimirCortado();
+    m_peso.imprimir(x, m_encaje.yPeso, m_texto, m_aspecto.textoPeso);
+}
+
+// A weight that does not fit must not pass for a smaller one: its last digits stand in their places, and
+// an arrow says that there are more to the left.
+void PinturaVisor::imprimirCortado() {
+    const float corte = m_encaje.anchoCero * ANCHO_CORTE;
+    std::string_view resto = m_texto;
+    float ancho = 0;
+    do {
+        resto = sinPrimero(resto);
+        ancho = resto.empty() ? 0 : m_peso.medir(resto).ancho;
+    } while (ancho > m_encaje.derecha - corte);
+    m_peso.imprimir(m_encaje.derecha - ancho, m_encaje.yPeso, resto, m_aspecto.textoPeso);
+
+    const float medio = (m_encaje.tintaSuperior + m_encaje.tintaInferior) / 2;
+    const float mitad = (m_encaje.tintaInferior - m_encaje.tintaSuperior) / 3;
+    const std::array<Punto, 3> flecha{Punto{corte / 8, medio}, Punto{corte * 7 / 8, medio - mitad},
+                                      Punto{corte * 7 / 8, medio + mitad}};
+    m_peso.poligono(flecha, ROJO);
+}
+
+void PinturaVisor::ponerMarcas(const MarcasVisor& marcas) {
+    if (m_marcasSeguras && marcas == m_marcas) return;
+    pintarMarcas(m_peso, m_encaje, marcas, m_aspecto.textoPeso, m_aspecto.fondoPeso);
+    m_marcas = marcas;
+    m_marcasSeguras = true;
+}
+
+}  // namespace sorvanel

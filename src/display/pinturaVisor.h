@@ -1,0 +1,59 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "display/encajeVisor.h"
+#include "display/formatoPeso.h"
+#include "display/marcasVisor.h"
+#include "display/trama.h"
+#include "platform/superficie.h"
+
+namespace sorvanel {
+
+// Paints one weight display on two surfaces that it does not own: the caption and, to its right, the
+// weight. Sizes and positions are fixed by encajar(), so digits neither jump nor change size while
+// readings run. Before a successful encajar() the painting operations do nothing.
+class PinturaVisor {
+public:
+    PinturaVisor(Superficie& etiqueta, Superficie& peso) : m_etiqueta(etiqueta), m_peso(peso) {}
+
+    // Fits the fonts and places both surfaces side by side in the cell (twips of the form). Both are
+    // left blank in their colours; shown or hidden they stay as they were. False, and nothing
+    // changed, when the cell cannot hold the display: no positive size, or digits below 8 pixels.
+    bool encajar(const Rectangulo& celda, const AspectoVisor& aspecto);
+    bool encajado() const { return m_encajado; }
+    // False when the caption's width is 0: its surface then has no area.
+    bool hayEtiqueta() const { return m_encajado && m_encaje.anchoEtiqueta > 0; }
+
+    // Takes over the colours and the caption's alignment, without fitting anew; text, width, format
+    // and ratio need encajar(). Shows with the next painting.
+    void aspecto(const AspectoVisor& aspecto);
+
+    void pintarEtiqueta();
+    // The weight, and the marks of the family: C and D for pavona, else E.
+    void pintarPeso(const Trama& trama, bool pavona);
+    // Five red dashes, and the family's marks erased.
+    void pintarSinDatos(bool pavona);
+    // Neither weight nor marks.
+    void limpiarPeso();
+
+private:
+    void colores();
+    void borrarTexto();
+    void imprimirPeso();
+    void imprimirCortado();
+    void ponerMarcas(const MarcasVisor& marcas);
+
+    Superficie& m_etiqueta;
+    Superficie& m_peso;
+    AspectoVisor m_aspecto;
+    FormatoPeso m_formato{""};
+    EncajeVisor m_encaje;
+    bool m_encajado = false;
+    MarcasVisor m_marcas;            // as they stand on the surface
+    bool m_marcasSeguras = false;    // false: the surface may show something else
+    std::string m_texto, m_leyenda;  // kept for their memory
+};
+
+}  // namespace sorvanel

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "config/entorno.h"
+#include "display/seccionVisor.h"
+#include "platform/color.h"
+
+namespace sorvanel {
+
+constexpr std::int16_t PROTOCOLO_TESSEL = 1;
+constexpr std::int16_t PROTOCOLO_PAVONA = 2;
+
+// What the settings file holds of one display. An empty appearance value means: as the shared
+// design says; it is stored as an absent key.
+struct RegistroVisor {
+    std::int16_t protocolo = PROTOCOLO_TESSEL;
+    std::int16_t modoBulk = 0;
+    std::int32_t port = 0;
+    std::string caption;
+    std::string formatoPeso;
+    std::int16_t fila = 0;  // 0: no location
+    std::int16_t columna = 0;
+    std::optional<std::int16_t> anchoEtiqueta;
+    std::optional<std::int16_t> ajusteEtiqueta;
+    std::optional<Color> colorFondoEtiqueta;
+    std::optional<Color> colorTextoEtiqueta;
+    std::optional<Color> colorFondoPeso;
+    std::optional<Color> colorTextoPeso;
+    std::optional<float> ratioAlturas;
+};
+
+RegistroVisor leerRegistroVisor(const Entorno& entorno, int n);
+void guardarRegistroVisor(const Entorno& entorno, int n, const RegistroVisor& registro);
+
+}  // namespace sorvanel

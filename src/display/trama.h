@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace sorvanel {
+
+// What a weight frame says.
+struct Trama {
+    bool E = false;
+    bool C = false;
+    bool D = false;
+    std::int32_t milesimas = 0;  // thousandths of the display's unit, 0..99999999
+
+    bool operator==(const Trama&) const = default;
+};
+
+// A frame is exactly twelve characters, "[EX][CNX][DZX]+" and eight digits; nothing for any other text.
+std::optional<Trama> leerTrama(std::string_view texto);
+
+}  // namespace sorvanel

@@ -1,0 +1,199 @@
+#include "display/visor.h"
+
+#include <algorithm>
+#include <array>
+
+#include "links/lineaPavona.h"
+
+namespace sorvanel {
+
+namespace {
+
+constexpr std::size_t LARGO_GRUPO = 9;  // sign and eight digits
+constexpr std::size_t LARGO_MARCAS = 3;
+
+std::string conNumero(std::string_view plantilla, std::int32_t numero) {
+    std::string texto;
+    for (const char c : plantilla) {
+        if (c == '@') {
+            texto += std::to_string(numero);
+        } else {
+            texto += c;
+        }
+    }
+    return texto;
+}
+
+}  // namespace
+
+visor::visor(const Entorno& entorno, EnlaceCompartido& compartido)
+    : m_entorno(entorno), m_pavona(compartido), m_tessel(entorno.fabrica, entorno.reloj), m_diseno(entorno) {}
+
+visor::~visor() {
+    m_tessel.Cerrar();
+    if (m_saludado) {
+        m_pavona.Cerrar(*this);
+        m_pavona.adios();
+    }
+}
+
+bool visor::error(std::string_view plantilla, std::int32_t numero) {
+    m_ultimoerror = conNumero(plantilla, numero);
+    return false;
+}
+
+bool visor::sinError() {
+    m_ultimoerror.clear();
+    return true;
+}
+
+bool visor::cargarComo(std::int16_t n) {
+    if (n < 1 || n > MAXIMO_VISORES || identificado()) return false;
+    m_registro = leerRegistroVisor(m_entorno, n);
+    if (pavona() && !m_saludado) {
+        m_pavona.hola();
+        m_saludado = true;
+    }
+    m_numero = n;
+    return true;
+}
+
+bool visor::definir(Parrilla& parrilla, Superficie& etiqueta, Superficie& peso) {
+    m_parrilla = &parrilla;
+    m_picEtiqueta = &etiqueta;
+    m_picPeso = &peso;
+    etiqueta.mostrar(false);
+    peso.mostrar(false);
+    m_pintura.emplace(etiqueta, peso);
+    return true;
+}
+
+bool visor::ubicado() const { return definido() && m_registro.fila != 0 && m_registro.columna != 0 && m_ubicado; }
+
+bool visor::ubicar(std::int16_t fila, std::int16_t columna) {
+    if (!definido()) return error("El visor #@ no ha sido previamente definido", m_numero);
+    const Ubicacion nueva{fila > 0 ? fila : m_registro.fila, columna > 0 ? columna : m_registro.columna};
+    if (nueva.fila < 1 || nueva.fila > m_parrilla->filas() || nueva.columna < 1 ||
+        nueva.columna > m_parrilla->columnas()) {
+        return error("Visor #@: Ubicación no compatible con la retícula", m_numero);
+    }
+    const auto celda = m_parrilla->getCell(nueva.fila, nueva.columna);
+    if (!celda || !m_pintura->encajar(*celda, aspecto())) {
+        return error("Visor #@: La celda no permite la ubicación", m_numero);
+    }
+    m_registro.fila = nueva.fila;
+    m_registro.columna = nueva.columna;
+    m_ubicado = true;
+    pintarTodo();
+    m_picEtiqueta->mostrar(m_pintura->hayEtiqueta());
+    m_picPeso->mostrar(true);
+    m_parrilla->fondoCelda(m_parrilla->colorFondo(), nueva.fila, nueva.columna);
+    return sinError();
+}
+
+void visor::reubicar() {
+    if (!definido() || ubicar(0, 0)) return;
+    quitarDeLaPantalla();
+    // Frames do not reach a display without a place: what it showed is stale when it comes back.
+    mostrarNada();
+}
+
+void visor::quitarDeLaPantalla() {
+    m_picEtiqueta->mostrar(false);
+    m_picPeso->mostrar(false);
+    m_ubicado = false;
+}
+
+void visor::desubicar() {
+    if (definido()) {
+        quitarDeLaPantalla();
+        m_parrilla->fondoCelda(m_parrilla->colorFondo(), m_registro.fila, m_registro.columna);
+    }
+    m_pintura.reset();
+    m_picEtiqueta = nullptr;
+    m_picPeso = nullptr;
+    m_parrilla = nullptr;
+    m_registro.fila = 0;
+    m_registro.columna = 0;
+    m_ubicado = false;
+}
+
+void visor::mostrarNada() {
+    m_muestra = Muestra::nada;
+    m_ultimaTrama.clear();
+}
+
+void visor::pintarTodo() {
+    m_pintura->pintarEtiqueta();
+    switch (m_muestra) {
+        case Muestra::nada: m_pintura->limpiarPeso(); break;
+        case Muestra::peso: m_pintura->pintarPeso(m_trama, pavona()); break;
+        case Muestra::sinDatos: m_pintura->pintarSinDatos(pavona()); break;
+    }
+}
+
+void visor::Run(bool marcha) {
+    if (marcha == m_run) return;
+    mostrarNada();
+    if (ubicado()) m_pintura->limpiarPeso();
+    if (marcha) {
+        m_run = arrancar();
+    } else {
+        parar();
+    }
+}
+
+bool visor::arrancar() {
+    if (!ubicado()) return error("El visor #@ está desubicado", m_numero);
+    if (pavona()) {
+        return m_pavona.enMarcha(*this) ? sinError()
+                                        : error("Port @ inadecuado. Posiblemente en uso", m_registro.port);
+    }
+    return m_tessel.enMarcha(*this) ? sinError() : error("Error en reconexión TCP/IP", m_numero);
+}
+
+void visor::parar() {
+    if (pavona()) {
+        m_pavona.Cerrar(*this);
+    } else {
+        m_tessel.Cerrar();
+    }
+    m_run = false;
+    sinError();
+}
+
+bool visor::frWsk_refrescoPeso(std::string_view linea) { return recibir(linea); }
+
+bool visor::mmTCP_refrescoPeso(std::int16_t primero, std::int16_t segundo, std::string_view carga) {
+    const bool paraTodos = primero < 1 && carga.empty();
+    if (!paraTodos && (primero != m_registro.port / 100 || segundo != m_registro.port % 100)) return false;
+    if (carga.empty()) return recibir({});
+    const auto modo = static_cast<std::size_t>(std::clamp<std::int16_t>(modoBulk(), 0, MODO_BULK_MAXIMO));
+    const std::size_t grupo = LARGO_MARCAS + LARGO_GRUPO * modo;
+    if (carga.size() < grupo + LARGO_GRUPO) return false;
+    if (carga.substr(grupo, LARGO_GRUPO) == GRUPO_SIN_DATO) return recibir({});
+    std::array<char, LARGO_MARCAS + LARGO_GRUPO> trama{};
+    const auto fin = std::copy_n(carga.begin(), LARGO_MARCAS, trama.begin());
+    std::copy_n(carga.begin() + static_cast<std::ptrdiff_t>(grupo), LARGO_GRUPO, fin);
+    return recibir({trama.data(), trama.size()});
+}
+
+bool visor::recibir(std::string_view trama) {
+    if (!m_run || !ubicado()) return false;
+    if (trama.empty()) {
+        if (m_muestra != Muestra::sinDatos) m_pintura->pintarSinDatos(pavona());
+        m_muestra = Muestra::sinDatos;
+        m_ultimaTrama.clear();
+        return false;
+    }
+    const auto leida = leerTrama(trama);
+    if (!leida) return false;
+    if (trama == m_ultimaTrama) return true;
+    m_trama = *leida;
+    m_muestra = Muestra::peso;
+    m_pintura->pintarPeso(m_trama, pavona());
+    m_ultimaTrama = trama;
+    return true;
+}
+
+}  // namespace sorvanel

@@ -1,0 +1,135 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "config/entorno.h"
+#include "display/disenoVisor.h"
+#include "display/pinturaVisor.h"
+#include "display/registroVisor.h"
+#include "display/trama.h"
+#include "grid/parrilla.h"
+#include "links/enlaceCompartido.h"
+#include "links/frWsk.h"
+
+namespace sorvanel {
+
+struct Ubicacion {
+    std::int16_t fila = 0;  // from 1
+    std::int16_t columna = 0;
+
+    bool operator==(const Ubicacion&) const = default;
+};
+
+// One weight display: a caption and a live weight on one cell of the grid, fed by one indicator.
+// What is refused changes nothing and, where an operation answers no, ultimoerror says why.
+class visor final : public SuscriptorPeso {
+public:
+    // The shared link must outlive the display.
+    visor(const Entorno& entorno, EnlaceCompartido& compartido);
+    ~visor() override;
+    visor(const visor&) = delete;
+    visor& operator=(const visor&) = delete;
+
+    // The grid and the surfaces of caption and weight; not owned, dropped again by desubicar.
+    bool definir(Parrilla& parrilla, Superficie& etiqueta, Superficie& peso);
+    // Places the display; 0 stands for the row or column that it has.
+    bool ubicar(std::int16_t fila, std::int16_t columna);
+    // After the screen changed: the same cell, wherever it lies now. What was shown is shown again,
+    // unless the cell cannot hold the display any more: then it leaves the screen until it can.
+    void reubicar();
+    void desubicar();
+    bool ubicado() const;
+
+    bool cargarComo(std::int16_t n);
+    bool guardarComo(std::int16_t n);
+    bool identificado() const { return m_numero >= 1; }
+
+    bool Run() const { return m_run; }
+    void Run(bool marcha);
+
+    const std::string& caption() const { return m_registro.caption; }
+    void caption(const std::string& texto);  // refused when another saved display has it
+    std::optional<Ubicacion> ubicacion() const;
+    void ubicacion(std::optional<Ubicacion> lugar);  // refused when taken or outside the grid
+    std::int32_t port() const override { return m_registro.port; }
+    void port(std::int32_t port);  // 0 to 99999; refused when taken
+    std::int16_t protocolo() const { return m_registro.protocolo; }
+    void protocolo(std::int16_t protocolo);  // 2 or else 1; ignored while running
+    std::int16_t modoBulk() const override { return m_registro.modoBulk; }
+    void modoBulk(std::int16_t modo);  // clamped to 0 to 5
+
+    // The display's own values; empty: as the shared design says.
+    std::optional<std::int16_t> anchoEtiqueta() const { return m_registro.anchoEtiqueta; }
+    void anchoEtiqueta(std::optional<std::int16_t> ancho);
+    std::optional<std::int16_t> ajusteEtiqueta() const { return m_registro.ajusteEtiqueta; }
+    void ajusteEtiqueta(std::optional<std::int16_t> ajuste);
+    std::optional<Color> colorFondoEtiqueta() const { return m_registro.colorFondoEtiqueta; }
+    void colorFondoEtiqueta(std::optional<Color> color);
+    std::optional<Color> colorTextoEtiqueta() const { return m_registro.colorTextoEtiqueta; }
+    void colorTextoEtiqueta(std::optional<Color> color);
+    std::optional<Color> colorFondoPeso() const { return m_registro.colorFondoPeso; }
+    void colorFondoPeso(std::optional<Color> color);
+    std::optional<Color> colorTextoPeso() const { return m_registro.colorTextoPeso; }
+    void colorTextoPeso(std::optional<Color> color);
+    std::optional<float> ratioAlturas() const { return m_registro.ratioAlturas; }
+    void ratioAlturas(std::optional<float> ratio);
+    const std::string& formatoPeso() const { return m_registro.formatoPeso; }
+    void formatoPeso(const std::string& formato);
+
+    // The value in force: the own one, else the design's.
+    std::int16_t anchoEtiquetaEfv() const { return m_registro.anchoEtiqueta.value_or(m_diseno.anchoEtiqueta()); }
+    std::int16_t ajusteEtiquetaEfv() const { return m_registro.ajusteEtiqueta.value_or(m_diseno.ajusteEtiqueta()); }
+    Color colorFondoEtiquetaEfv() const { return m_registro.colorFondoEtiqueta.value_or(m_diseno.colorFondoEtiqueta()); }
+    Color colorTextoEtiquetaEfv() const { return m_registro.colorTextoEtiqueta.value_or(m_diseno.colorTextoEtiqueta()); }
+    Color colorFondoPesoEfv() const { return m_registro.colorFondoPeso.value_or(m_diseno.colorFondoPeso()); }
+    Color colorTextoPesoEfv() const { return m_registro.colorTextoPeso.value_or(m_diseno.colorTextoPeso()); }
+    const std::string& formatoPesoEfv() const;
+
+    const std::string& ultimoerror() const { return m_ultimoerror; }
+
+    bool frWsk_refrescoPeso(std::string_view linea) override;
+    bool mmTCP_refrescoPeso(std::int16_t primero, std::int16_t segundo, std::string_view carga) override;
+
+private:
+    enum class Muestra { nada, peso, sinDatos };
+    enum class Alcance { colores, medidas };
+
+    bool definido() const { return m_parrilla != nullptr && m_pintura.has_value(); }
+    bool pavona() const { return m_registro.protocolo == PROTOCOLO_PAVONA; }
+    AspectoVisor aspecto() const;
+    bool recibir(std::string_view trama);
+    bool arrancar();
+    void parar();
+    void quitarDeLaPantalla();
+    void mostrarNada();
+    void pintarTodo();
+    void trasCambioDeAspecto(Alcance alcance);
+    void guardar() const;
+    void guardarSiIdentificado() const;
+    bool error(std::string_view plantilla, std::int32_t numero);
+    bool sinError();
+
+    const Entorno& m_entorno;
+    EnlaceCompartido& m_pavona;
+    frWsk m_tessel;
+    diseñoVisor m_diseno;
+    RegistroVisor m_registro;
+    std::int16_t m_numero = 0;
+    Parrilla* m_parrilla = nullptr;
+    Superficie* m_picEtiqueta = nullptr;
+    Superficie* m_picPeso = nullptr;
+    std::optional<PinturaVisor> m_pintura;
+    bool m_ubicado = false;
+    bool m_run = false;
+    bool m_saludado = false;
+    std::string m_ultimaTrama;
+    Muestra m_muestra = Muestra::nada;
+    Trama m_trama;
+    std::string m_ultimoerror;
+};
+
+}  // namespace sorvanel

@@ -1,0 +1,174 @@
+// The writes of a display's properties: each is checked, stored, saved and shown at once.
+
+#include "config/comun.h"
+#include "display/ctrlVis.h"
+#include "display/visor.h"
+
+namespace sorvanel {
+
+namespace {
+
+constexpr std::int32_t PORT_MAXIMO = 99999;
+
+std::optional<Color> pintable(std::optional<Color> color) {
+    return color ? std::optional(colorPintable(*color)) : std::nullopt;
+}
+
+}  // namespace
+
+bool visor::guardarComo(std::int16_t n) {
+    if (n < 1 || n > MAXIMO_VISORES || n == m_numero) return false;
+    guardarRegistroVisor(m_entorno, n, m_registro);
+    comun(m_entorno).abrir().borrarSeccion(seccionVisor(m_numero));
+    m_numero = n;
+    return true;
+}
+
+void visor::guardar() const { guardarRegistroVisor(m_entorno, m_numero, m_registro); }
+
+void visor::guardarSiIdentificado() const {
+    if (identificado()) guardar();
+}
+
+const std::string& visor::formatoPesoEfv() const {
+    return m_registro.formatoPeso.empty() ? m_diseno.formatoPeso() : m_registro.formatoPeso;
+}
+
+AspectoVisor visor::aspecto() const {
+    AspectoVisor aspecto;
+    aspecto.etiqueta = m_registro.caption;
+    aspecto.anchoEtiqueta = anchoEtiquetaEfv();
+    aspecto.ajusteEtiqueta = ajusteEtiquetaEfv();
+    aspecto.fondoEtiqueta = colorFondoEtiquetaEfv();
+    aspecto.textoEtiqueta = colorTextoEtiquetaEfv();
+    aspecto.fondoPeso = colorFondoPesoEfv();
+    aspecto.textoPeso = colorTextoPesoEfv();
+    aspecto.formato = formatoPesoEfv();
+    aspecto.ratioAlturas = m_registro.ratioAlturas.value_or(m_diseno.ratioAlturas());
+    return aspecto;
+}
+
+void visor::trasCambioDeAspecto(Alcance alcance) {
+    guardarSiIdentificado();
+    if (alcance == Alcance::medidas) {
+        // Also a display that did not fit its cell until now.
+        if (definido() && ubicacion()) reubicar();
+    } else if (ubicado()) {
+        m_pintura->aspecto(aspecto());
+        pintarTodo();
+    }
+}
+
+void visor::caption(const std::string& texto) {
+    if (ctrlVis(m_entorno).etiquetaExiste(texto)) return;
+    m_registro.caption = texto;
+    trasCambioDeAspecto(Alcance::medidas);
+}
+
+std::optional<Ubicacion> visor::ubicacion() const {
+    if (m_registro.fila == 0 || m_registro.columna == 0) return std::nullopt;
+    return Ubicacion{m_registro.fila, m_registro.columna};
+}
+
+void visor::ubicacion(std::optional<Ubicacion> lugar) {
+    const Ubicacion vieja{m_registro.fila, m_registro.columna};
+    const Ubicacion nueva = lugar.value_or(Ubicacion{});
+    if (lugar) {
+        const std::string texto = std::to_string(nueva.fila) + "," + std::to_string(nueva.columna);
+        if (ctrlVis(m_entorno).ubicacionExiste(texto)) return;
+        if (m_parrilla != nullptr && (nueva.fila < 1 || nueva.fila > m_parrilla->filas() || nueva.columna < 1 ||
+                                      nueva.columna > m_parrilla->columnas())) {
+            return;
+        }
+    }
+    const bool estaba = ubicado();
+    m_registro.fila = nueva.fila;
+    m_registro.columna = nueva.columna;
+    guardar();
+    if (!definido()) return;
+    if (lugar) {
+        reubicar();
+    } else {
+        quitarDeLaPantalla();
+        mostrarNada();
+    }
+    if (estaba) m_parrilla->fondoCelda(m_parrilla->colorFondo(), vieja.fila, vieja.columna);
+}
+
+void visor::port(std::int32_t port) {
+    if (port < 0 || port > PORT_MAXIMO || ctrlVis(m_entorno).portExiste(port, modoBulk())) return;
+    m_registro.port = port;
+    guardarSiIdentificado();
+    m_ultimaTrama.clear();
+    if (!m_run) return;
+    // What the old port showed is not the new one's.
+    mostrarNada();
+    if (ubicado()) m_pintura->limpiarPeso();
+    if (m_tessel.enMarcha(*this)) {
+        sinError();
+    } else {
+        error("Port @ inadecuado. Posiblemente en uso", port);
+    }
+}
+
+void visor::protocolo(std::int16_t protocolo) {
+    if (m_run) return;
+    m_registro.protocolo = protocolo == PROTOCOLO_PAVONA ? PROTOCOLO_PAVONA : PROTOCOLO_TESSEL;
+    if (pavona() && !m_saludado) {
+        m_pavona.hola();
+    } else if (!pavona() && m_saludado) {
+        m_pavona.adios();
+    }
+    m_saludado = pavona();
+    guardar();
+}
+
+void visor::modoBulk(std::int16_t modo) {
+    comun::limitar(modo, MODO_BULK_MAXIMO, 0);
+    m_registro.modoBulk = modo;
+    guardar();
+}
+
+void visor::anchoEtiqueta(std::optional<std::int16_t> ancho) {
+    comun::vLimitar(ancho, comun::MAXWIDLABL, 0);
+    m_registro.anchoEtiqueta = ancho;
+    trasCambioDeAspecto(Alcance::medidas);
+}
+
+void visor::ajusteEtiqueta(std::optional<std::int16_t> ajuste) {
+    comun::vLimitar(ajuste, 2, 0);
+    m_registro.ajusteEtiqueta = ajuste;
+    trasCambioDeAspecto(Alcance::colores);
+}
+
+void visor::colorFondoEtiqueta(std::optional<Color> color) {
+    m_registro.colorFondoEtiqueta = pintable(color);
+    trasCambioDeAspecto(Alcance::colores);
+}
+
+void visor::colorTextoEtiqueta(std::optional<Color> color) {
+    m_registro.colorTextoEtiqueta = pintable(color);
+    trasCambioDeAspecto(Alcance::colores);
+}
+
+void visor::colorFondoPeso(std::optional<Color> color) {
+    m_registro.colorFondoPeso = pintable(color);
+    trasCambioDeAspecto(Alcance::colores);
+}
+
+void visor::colorTextoPeso(std::optional<Color> color) {
+    m_registro.colorTextoPeso = pintable(color);
+    trasCambioDeAspecto(Alcance::colores);
+}
+
+void visor::ratioAlturas(std::optional<float> ratio) {
+    m_registro.ratioAlturas = ratio;
+    trasCambioDeAspecto(Alcance::medidas);
+}
+
+void visor::formatoPeso(const std::string& formato) {
+    m_registro.formatoPeso = formato;
+    trasCambioDeAspecto(Alcance::medidas);
+}
+
+}  // namespace sorvanel

@@ -1,0 +1,79 @@
+#include "display/visores.h"
+
+#include <algorithm>
+
+#include "config/comun.h"
+
+namespace sorvanel {
+
+Visores::Visores(const Entorno& entorno, EnlaceCompartido& compartido) : m_entorno(entorno), m_compartido(compartido) {
+    const comun com(entorno);
+    for (int n = 1; n <= MAXIMO_VISORES && !com.abrir(seccionVisor(n)).leer("Port").empty(); ++n) {
+        auto nuevo = crear();
+        if (nuevo->cargarComo(static_cast<std::int16_t>(n))) m_visores.push_back(std::move(nuevo));
+    }
+}
+
+Visores::~Visores() {
+    while (!m_visores.empty()) m_visores.pop_back();
+}
+
+std::unique_ptr<visor> Visores::crear() const { return std::make_unique<visor>(m_entorno, m_compartido); }
+
+visor* Visores::nuevo(std::int32_t port, const std::string& caption) {
+    const bool repetido = std::any_of(m_visores.begin(), m_visores.end(), [&](const auto& v) {
+        return (port > 0 && v->port() == port) || (!caption.empty() && v->caption() == caption);
+    });
+    if (repetido || cuantos() >= MAXIMO_VISORES) return nullptr;
+    auto creado = crear();
+    creado->port(port);
+    creado->caption(caption);
+    creado->protocolo(PROTOCOLO_TESSEL);
+    creado->modoBulk(MODO_BULK_OMISION);
+    m_visores.push_back(std::move(creado));
+    m_visores.back()->guardarComo(cuantos());
+    return m_visores.back().get();
+}
+
+bool Visores::eliminar(std::int16_t posicion) {
+    if (posicion < 1 || posicion > cuantos()) return false;
+    for (std::int16_t k = static_cast<std::int16_t>(posicion + 1); k <= cuantos(); ++k) {
+        uno(k)->guardarComo(static_cast<std::int16_t>(k - 1));
+    }
+    comun(m_entorno).abrir().borrarSeccion(seccionVisor(cuantos()));
+    m_visores.erase(m_visores.begin() + (posicion - 1));
+    return true;
+}
+
+visor* Visores::uno(std::int16_t posicion) {
+    return posicion >= 1 && posicion <= cuantos() ? m_visores[static_cast<std::size_t>(posicion - 1)].get() : nullptr;
+}
+
+void Visores::ubicar(std::string& errores) {
+    for (const auto& v : m_visores) {
+        if (!v->ubicar(0, 0)) errores += v->ultimoerror() + "\n";
+    }
+}
+
+void Visores::reubicar() {
+    for (const auto& v : m_visores) v->reubicar();
+}
+
+void Visores::desubicar() {
+    for (const auto& v : m_visores) v->desubicar();
+}
+
+void Visores::Run(bool marcha) {
+    for (const auto& v : m_visores) v->Run(marcha);
+}
+
+bool Visores::letsRun(std::string& errores) {
+    for (const auto& v : m_visores) {
+        if (!v->ubicado()) continue;
+        v->Run(true);
+        if (!v->Run()) errores += v->ultimoerror() + "\n";
+    }
+    return errores.empty();
+}
+
+}  // namespace sorvanel

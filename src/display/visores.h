@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "display/visor.h"
+
+namespace sorvanel {
+
+// All displays of the program. A display's position, from 1, is the number of its section: the list
+// is dense, and stays so when one is deleted.
+class Visores {
+public:
+    // Loads the displays up to the first number without a port.
+    Visores(const Entorno& entorno, EnlaceCompartido& compartido);
+    ~Visores();
+    Visores(const Visores&) = delete;
+    Visores& operator=(const Visores&) = delete;
+
+    // A new display at the end, saved; nothing when the port (unless 0) or the caption (unless
+    // empty) is another display's, or when there are 64 already. It belongs to the collection.
+    visor* nuevo(std::int32_t port, const std::string& caption);
+    bool eliminar(std::int16_t posicion);
+    visor* uno(std::int16_t posicion);
+    std::int16_t cuantos() const { return static_cast<std::int16_t>(m_visores.size()); }
+
+    // Places all at their stored cells. Each one's error is appended as a line.
+    void ubicar(std::string& errores);
+    void reubicar();
+    void desubicar();
+    void Run(bool marcha);
+    // Starts all that are placed; the errors likewise. True when all started.
+    bool letsRun(std::string& errores);
+
+private:
+    std::unique_ptr<visor> crear() const;
+
+    const Entorno& m_entorno;
+    EnlaceCompartido& m_compartido;
+    std::vector<std::unique_ptr<visor>> m_visores;
+};
+
+}  // namespace sorvanel

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/superficie.h"
+
+namespace sorvanel {
+
+// A surface that writes each call as a line of text: "caja 0 0 100 50 #FFFFFF". Colours are written as
+// red, green, blue; lengths are twips. Several surfaces may share one log, each with a name in front.
+//
+// Its fonts are simple: of the font's height a digit takes 0.5, "." "," and blanks 0.25, "i" and "l" 0.2,
+// a capital 0.7, any other character 0.6. A line is 1.2 high; ink reaches from 0.25 to 0.95, up to 0.1
+// for what is not ASCII, down to 1.15 for a tail.
+class SuperficieDoble : public Superficie {
+public:
+    explicit SuperficieDoble(std::string nombre = {}, std::vector<std::string>* diario = nullptr);
+
+    const std::vector<std::string>& lineas() const { return *m_diario; }
+    void olvidar() { m_diario->clear(); }
+    const std::string& textoLeyenda() const { return m_leyenda; }
+    const Fuente& fuente() const { return m_fuente; }
+    int fuentesPuestas() const { return m_fuentesPuestas; }
+    void conDC(bool hay) { m_conDC = hay; }
+    // Each character then takes whole pixels, rounded up, as hinted fonts do.
+    void ajustada(bool si) { m_ajustada = si; }
+    // Nothing is measured any more: every text has size zero.
+    void sinFuentes(bool si) { m_sinFuentes = si; }
+
+    void colocar(const Rectangulo& lugar) override;
+    Rectangulo lugar() const override { return m_lugar; }
+    void mostrar(bool visible) override;
+    bool visible() const override { return m_visible; }
+    bool hasDC() const override { return m_conDC; }
+    void colorFondo(Color color) override;
+    Color colorFondo() const override { return m_fondo; }
+    void limpiar() override;
+    void fuente(const Fuente& fuente) override;
+    MedidaTexto medir(std::string_view texto) const override;
+    void imprimir(float x, float y, std::string_view texto, Color color) override;
+    void caja(const Rectangulo& zona, Color color) override;
+    void poligono(std::span<const Punto> vertices, Color color) override;
+    void desplazar(int pixeles) override;
+    void leyenda(std::string_view texto) override;
+    void refrescar() override;
+
+private:
+    void anotar(const std::string& linea);
+
+    std::string m_nombre;
+    std::vector<std::string> m_propio;
+    std::vector<std::string>* m_diario;
+    Rectangulo m_lugar;
+    Fuente m_fuente;
+    Color m_fondo = BLANCO;
+    std::string m_leyenda;
+    int m_fuentesPuestas = 0;
+    bool m_visible = false;
+    bool m_conDC = true;
+    bool m_ajustada = false;
+    bool m_sinFuentes = false;
+};
+
+}  // namespace sorvanel
