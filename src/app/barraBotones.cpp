@@ -1,0 +1,166 @@
+#include "app/barraBotones.h"
+
+#include <algorithm>
+
+namespace sorvanel {
+
+namespace {
+
+constexpr float SEPARACION = aTwips(4);
+constexpr float ALTO_BARRA = aTwips(32);
+constexpr float ALTO_BOTON = aTwips(26);
+constexpr float ANCHO_BOTON = aTwips(52);
+constexpr float ANCHO_SOLO_DIBUJO = aTwips(44);
+constexpr float ANCHO_VERSION = aTwips(64);
+constexpr Color COLOR_BARRA = rgb(0xE6, 0xEA, 0xEE);
+constexpr Color COLOR_FILO = rgb(0xB4, 0xBD, 0xC6);
+constexpr Color COLOR_VERSION = rgb(0x5A, 0x65, 0x70);
+
+struct Definicion {
+    IdControl id;
+    Dibujo dibujo;
+    const char* rotulo;  // empty: the picture alone
+    const char* nombre;
+    bool enConfiguracion;
+    bool enPausa;
+    bool enMarcha;
+};
+
+// In tab order: the tools from left to right, then the control of the run.
+constexpr std::array<Definicion, 10> BOTONES{{
+    {IdControl::botDise, Dibujo::parrilla, "Diseño de parrilla y formatos", "Diseño de parrilla y formatos", true, false,
+     false},
+    {IdControl::botVisores, Dibujo::visores, "Definir visores", "Definir visores", true, false, false},
+    {IdControl::botSize, Dibujo::tamano, "Tamaño y posición de parrilla", "Tamaño y posición de parrilla", true, false,
+     false},
+    {IdControl::botMensaje, Dibujo::mensaje, "Mensaje auxiliar", "Mensaje auxiliar", true, false, false},
+    {IdControl::botCfg, Dibujo::ajustes, "", "Configurar", false, true, false},
+    {IdControl::botRun, Dibujo::marcha, "", "Poner en marcha", false, true, false},
+    {IdControl::botPau, Dibujo::pausa, "", "Pausar", false, false, true},
+    {IdControl::botOff, Dibujo::apagar, "", "Cerrar el programa", false, true, true},
+    {IdControl::botOk, Dibujo::aceptar, "", "Aceptar la configuración", true, false, false},
+    {IdControl::botCan, Dibujo::cancelar, "", "Cancelar los cambios de configuración", true, false, false},
+}};
+
+constexpr std::size_t HERRAMIENTAS = 4;
+
+bool visibleEn(const Definicion& definicion, Estado estado) {
+    switch (estado) {
+        case Estado::configurando: return definicion.enConfiguracion;
+        case Estado::pausa: return definicion.enPausa;
+        case Estado::marcha: return definicion.enMarcha;
+        case Estado::iniciando: break;
+    }
+    return false;
+}
+
+}  // namespace
+
+BarraBotones::BarraBotones(Formulario& formulario)
+    : m_picBot(formulario.crearSuperficie(IdControl::picBot, 0)),
+      m_lbVer(formulario.crearSuperficie(IdControl::lbVer, 0)) {
+    for (std::size_t i = 0; i < BOTONES.size(); ++i) {
+        m_botones[i] = formulario.crearBoton(BOTONES[i].id);
+        m_botones[i]->dibujo(BOTONES[i].dibujo);
+        m_botones[i]->nombre(BOTONES[i].nombre);
+        m_botones[i]->colorDetras(COLOR_BARRA);
+    }
+}
+
+Boton& BarraBotones::boton(IdControl id) {
+    std::size_t i = 0;
+    while (BOTONES[i].id != id) ++i;
+    return *m_botones[i];
+}
+
+void BarraBotones::alPulsar(IdControl id, std::function<void()> accion) { boton(id).alPulsar(std::move(accion)); }
+
+void BarraBotones::version(const std::string& texto) { m_version = texto; }
+
+void BarraBotones::disponer(float ancho, float alto) {
+    m_picBot->colocar({0, alto - ALTO_BARRA, ancho, ALTO_BARRA});
+    m_arriba = alto - ALTO_BARRA + (ALTO_BARRA - ALTO_BOTON) / 2;
+    pintarFondo();
+    m_picBot->mostrar(true);
+
+    disponerDerecha(ancho);
+    const float izquierdaCfg = ancho - 3 * (ANCHO_BOTON + SEPARACION);
+    const float derechaVersion = izquierdaCfg - 2 * SEPARACION;
+    const float finHerramientas = disponerHerramientas(derechaVersion - ANCHO_VERSION);
+    pintarVersion(std::max(finHerramientas, derechaVersion - ANCHO_VERSION), derechaVersion);
+}
+
+// Pause stands where run stands, and in configuration accept and cancel stand where run and close do.
+void BarraBotones::disponerDerecha(float ancho) {
+    const float off = ancho - ANCHO_BOTON - SEPARACION;
+    const float run = off - ANCHO_BOTON - SEPARACION;
+    const float cfg = run - ANCHO_BOTON - SEPARACION;
+    const auto poner = [&](IdControl id, float x) { boton(id).colocar({x, m_arriba, ANCHO_BOTON, ALTO_BOTON}); };
+    poner(IdControl::botOff, off);
+    poner(IdControl::botRun, run);
+    poner(IdControl::botPau, run);
+    poner(IdControl::botCfg, cfg);
+    poner(IdControl::botCan, off);
+    poner(IdControl::botOk, run);
+}
+
+// With their captions where all of them fit left of the limit, else with their pictures alone.
+float BarraBotones::disponerHerramientas(float limite) {
+    std::array<float, HERRAMIENTAS> anchos{};
+    float total = SEPARACION;
+    for (std::size_t i = 0; i < HERRAMIENTAS; ++i) {
+        anchos[i] = m_botones[i]->anchoRotulo(BOTONES[i].rotulo);
+        total += anchos[i] + SEPARACION;
+    }
+    const bool caben = total <= limite;
+    float x = SEPARACION;
+    for (std::size_t i = 0; i < HERRAMIENTAS; ++i) {
+        const float propio = caben ? anchos[i] : ANCHO_SOLO_DIBUJO;
+        m_botones[i]->rotulo(caben ? BOTONES[i].rotulo : "");
+        m_botones[i]->colocar({x, m_arriba, propio, ALTO_BOTON});
+        x += propio + SEPARACION;
+    }
+    return x;
+}
+
+void BarraBotones::pintarFondo() {
+    const Rectangulo barra = m_picBot->lugar();
+    m_picBot->colorFondo(COLOR_BARRA);
+    m_picBot->limpiar();
+    m_picBot->caja({0, 0, barra.ancho, aTwips(1)}, COLOR_FILO);
+}
+
+void BarraBotones::pintarVersion(float izquierda, float derecha) {
+    if (derecha <= izquierda) {
+        m_lbVer->mostrar(false);
+        return;
+    }
+    m_lbVer->colocar({izquierda, m_arriba, derecha - izquierda, ALTO_BOTON});
+    m_lbVer->colorFondo(COLOR_BARRA);
+    m_lbVer->limpiar();
+    m_lbVer->fuente({"Segoe UI", aTwips(13), false, false, false});
+    const MedidaTexto medida = m_lbVer->medir(m_version);
+    m_lbVer->imprimir(derecha - izquierda - medida.ancho, (ALTO_BOTON - medida.alto) / 2, m_version, COLOR_VERSION);
+    m_lbVer->leyenda(m_version);
+    m_lbVer->mostrar(true);
+}
+
+void BarraBotones::estado(Estado estado) {
+    // First what appears: the keyboard's focus then always finds a button to go to.
+    for (const bool aparece : {true, false}) {
+        for (std::size_t i = 0; i < BOTONES.size(); ++i) {
+            if (visibleEn(BOTONES[i], estado) == aparece) m_botones[i]->mostrar(aparece);
+        }
+    }
+}
+
+void BarraBotones::refrescar() {
+    for (const IdControl id : {IdControl::botDise, IdControl::botVisores, IdControl::botMensaje, IdControl::botOk,
+                               IdControl::botCan, IdControl::botPau, IdControl::botRun, IdControl::botCfg,
+                               IdControl::botOff}) {
+        boton(id).refrescar();
+    }
+    m_picBot->refrescar();
+}
+
+}  // namespace sorvanel

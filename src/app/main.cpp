@@ -1,0 +1,84 @@
+#include "platform/win32/arranque.h"
+
+#include "app/base.h"
+#include "config/almacenPerfil.h"
+#include "config/entorno.h"
+#include "platform/win32/archivosWin.h"
+#include "platform/win32/avisosWin.h"
+#include "platform/win32/bucle.h"
+#include "platform/win32/colaWin.h"
+#include "platform/win32/cursorWin.h"
+#include "platform/win32/fabricaWin.h"
+#include "platform/win32/formularioWin.h"
+#include "platform/win32/instancia.h"
+#include "platform/win32/monitoresWin.h"
+#include "platform/win32/programaWin.h"
+#include "platform/win32/relojWin.h"
+#include "platform/win32/reposoWin.h"
+#include "platform/win32/ventanaMensajes.h"
+
+namespace sorvanel {
+namespace {
+
+// Everything that there is one of. Later members use earlier ones and go before them.
+struct Composicion {
+    SesionWinsock winsock;
+    SesionOLE ole;
+    ProgramaWin programa;
+    ArchivosWin archivos;
+    MonitoresWin monitores;
+    RelojWin reloj;
+    AvisosWin avisos;
+    CursorWin cursor{avisos};
+    ReposoWin reposo;
+    Bucle bucle{reloj};
+    VentanaMensajes ventana;
+    ColaWin cola{ventana};
+    FabricaWin fabrica{ventana, reloj};
+    AlmacenPerfil perfil{archivos, reloj};
+    Entorno entorno{programa, archivos, perfil, monitores, fabrica, reloj, cursor, avisos, cola, reposo};
+    EnlaceAusente compartido;
+    FormularioWin formulario{"Sorvanel"};
+    base principal{entorno, formulario, compartido};
+
+    Composicion() {
+        avisos.propietaria(formulario.hwnd());
+        reposo.alCambiar([this](bool impedido) { formulario.reposoImpedido(impedido); });
+        perfil.alFallar([this](const std::string& ruta) {
+            // Not between two messages, where the store asks for it: the box runs a loop of its own.
+            cola.despues([this, ruta] { avisos.critico("No se puede guardar la configuración en " + ruta); });
+        });
+        bucle.ocio([this](bool colaVacia) {
+            perfil.ocio(colaVacia);
+            return perfil.pendiente();
+        });
+        bucle.anadirDialogo(formulario.hwnd());
+    }
+
+    int ejecutar() {
+        principal.cargar();
+        const int codigo = bucle.ejecutar();
+        perfil.volcar();
+        return codigo;
+    }
+};
+
+int ejecutarPrograma() {
+    endurecerProceso();
+    const Instancia instancia(ProgramaWin().nombreEjecutable());
+    if (!instancia.primera()) return 0;
+    return Composicion().ejecutar();
+}
+
+}  // namespace
+}  // namespace sorvanel
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
+    try {
+        return sorvanel::ejecutarPrograma();
+    } catch (const std::exception& fallo) {
+        // No window, no sockets or no memory at the start: there is nothing to show it with.
+        OutputDebugStringA(fallo.what());
+        return 1;
+    }
+}

@@ -1,0 +1,123 @@
+#include "platform/win32/archivosWin.h"
+
+#include <algorithm>
+
+#include "platform/win32/manejadoresNucleo.h"
+#include "platform/win32/textoWin.h"
+
+namespace sorvanel {
+
+namespace {
+
+constexpr LONGLONG TAMANO_MAXIMO = 16 * 1024 * 1024;
+constexpr int INTENTOS = 5;
+
+bool estaOcupado(DWORD codigo) {
+    return codigo == ERROR_SHARING_VIOLATION || codigo == ERROR_LOCK_VIOLATION || codigo == ERROR_ACCESS_DENIED ||
+           codigo == ERROR_USER_MAPPED_FILE;
+}
+
+// Tries again while somebody else holds the file: after 2, 4, 8 and 16 ms, then no more.
+template <typename Accion>
+bool conPaciencia(Accion accion) {
+    for (int i = 1;; ++i) {
+        if (accion()) return true;
+        if (i == INTENTOS || !estaOcupado(GetLastError())) return false;
+        Sleep(1U << i);
+    }
+}
+
+bool leerTodo(HANDLE archivo, std::string& destino) {
+    LARGE_INTEGER tamano;
+    if (!GetFileSizeEx(archivo, &tamano) || tamano.QuadPart > TAMANO_MAXIMO) return false;
+    destino.resize(static_cast<std::size_t>(tamano.QuadPart));
+    std::size_t leido = 0;
+    while (leido < destino.size()) {
+        DWORD parte = 0;
+        if (!ReadFile(archivo, destino.data() + leido, static_cast<DWORD>(destino.size() - leido), &parte, nullptr))
+            return false;
+        if (parte == 0) break;
+        leido += parte;
+    }
+    destino.resize(leido);
+    return true;
+}
+
+bool escribirTodo(HANDLE archivo, std::string_view contenido) {
+    while (!contenido.empty()) {
+        const auto pedido = static_cast<DWORD>(std::min<std::size_t>(contenido.size(), 1U << 20));
+        DWORD escrito = 0;
+        if (!WriteFile(archivo, contenido.data(), pedido, &escrito, nullptr) || escrito == 0) return false;
+        contenido.remove_prefix(escrito);
+    }
+    return true;
+}
+
+// On the disk when it answers yes; without the flush a power cut could leave the new name with
+// nothing behind it.
+bool escribirArchivo(const std::wstring& ruta, std::string_view contenido) {
+    const ObjetoNucleo archivo = archivoAbierto(
+        CreateFileW(ruta.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return archivo && escribirTodo(archivo.get(), contenido) && FlushFileBuffers(archivo.get());
+}
+
+}  // namespace
+
+std::optional<std::string> ArchivosWin::leer(const std::string& ruta) {
+    const std::wstring ancha = aAncho(ruta);
+    constexpr DWORD COMPARTIDO = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    std::string contenido;
+    const bool bien = conPaciencia([&] {
+        const ObjetoNucleo archivo = archivoAbierto(CreateFileW(ancha.c_str(), GENERIC_READ, COMPARTIDO, nullptr,
+                                                                OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+        return archivo && leerTodo(archivo.get(), contenido);
+    });
+    if (!bien) return std::nullopt;
+    return contenido;
+}
+
+bool ArchivosWin::reemplazar(const std::string& ruta, std::string_view contenido) {
+    const std::wstring destino = aAncho(ruta);
+    const std::wstring temporal = destino + L"~";
+    const DWORD atributos = GetFileAttributesW(destino.c_str());
+    // Somebody wanted it to stay as it is; waiting would not change that.
+    if (atributos != INVALID_FILE_ATTRIBUTES && (atributos & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)))
+        return false;
+    const bool bien = escribirArchivo(temporal, contenido) && conPaciencia([&] {
+                          return MoveFileExW(temporal.c_str(), destino.c_str(),
+                                             MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
+                      });
+    if (!bien) DeleteFileW(temporal.c_str());
+    return bien;
+}
+
+std::optional<SelloArchivo> ArchivosWin::sello(const std::string& ruta) {
+    WIN32_FILE_ATTRIBUTE_DATA datos;
+    if (!GetFileAttributesExW(aAncho(ruta).c_str(), GetFileExInfoStandard, &datos)) return std::nullopt;
+    if (datos.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) return std::nullopt;
+    const auto junto = [](DWORD alto, DWORD bajo) { return std::uint64_t{alto} << 32 | bajo; };
+    return SelloArchivo{junto(datos.nFileSizeHigh, datos.nFileSizeLow),
+                        junto(datos.ftLastWriteTime.dwHighDateTime, datos.ftLastWriteTime.dwLowDateTime)};
+}
+
+bool ArchivosWin::borrar(const std::string& ruta) {
+    return DeleteFileW(aAncho(ruta).c_str()) || GetLastError() == ERROR_FILE_NOT_FOUND;
+}
+
+bool ArchivosWin::crearCarpeta(const std::string& ruta) {
+    const std::wstring ancha = aAncho(ruta);
+    if (CreateDirectoryW(ancha.c_str(), nullptr)) return true;
+    const DWORD atributos = GetFileAttributesW(ancha.c_str());
+    return atributos != INVALID_FILE_ATTRIBUTES && (atributos & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+std::string ArchivosWin::unir(const std::string& carpeta, const std::string& nombre) const {
+    constexpr const char* BARRAS = "\\/";
+    const std::size_t fin = carpeta.find_last_not_of(BARRAS);
+    const std::size_t inicio = nombre.find_first_not_of(BARRAS);
+    const std::string resto = inicio == std::string::npos ? "" : nombre.substr(inicio);
+    if (carpeta.empty()) return resto;
+    return carpeta.substr(0, fin == std::string::npos ? 0 : fin + 1) + '\\' + resto;
+}
+
+}  // namespace sorvanel

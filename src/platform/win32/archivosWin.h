@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/archivos.h"
+
+namespace sorvanel {
+
+// Files by the system's own calls. Where another program (a virus scanner, a backup) holds a file
+// for a moment, reading and replacing are tried again, for some 30 ms in all at the most.
+class ArchivosWin : public Archivos {
+public:
+    // A file above 16 MiB counts as one that cannot be read.
+    std::optional<std::string> leer(const std::string& ruta) override;
+    // By a rename over the old file, which is one step for the file system: a kill or a power cut
+    // at any moment leaves one of the two, whole. What is written beside it is called ruta + "~".
+    bool reemplazar(const std::string& ruta, std::string_view contenido) override;
+    std::optional<SelloArchivo> sello(const std::string& ruta) override;
+    // True also when there is no such file.
+    bool borrar(const std::string& ruta) override;
+    bool crearCarpeta(const std::string& ruta) override;
+    std::string unir(const std::string& carpeta, const std::string& nombre) const override;
+};
+
+}  // namespace sorvanel

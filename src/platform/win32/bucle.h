@@ -1,0 +1,53 @@
+#pragma once
+
+#include <windows.h>
+#include <winsock2.h>
+
+#include <cstdint>
+#include <functional>
+#include <utility>
+#include <vector>
+
+#include "platform/win32/relojWin.h"
+
+namespace sorvanel {
+
+// The message loop. Windows hands out posted messages, which is what sockets send, before input,
+// painting and timers; under a flood of datagrams those would wait for ever. So after some messages
+// or milliseconds each of the others gets a turn, whatever waits.
+class Bucle {
+public:
+    // Told between messages; says whether something is still to be done, which it will then be
+    // asked for again soon although no message comes.
+    using Ocio = std::function<bool(bool colaVacia)>;
+
+    explicit Bucle(const RelojWin& reloj) : m_reloj(reloj) {}
+
+    void ocio(Ocio ocio) { m_ocio = std::move(ocio); }
+    // Gives that window the keyboard habits of a dialog, until it is taken off.
+    void anadirDialogo(HWND ventana);
+    void quitarDialogo(HWND ventana);
+
+    // Runs until PostQuitMessage, and returns its code.
+    int ejecutar();
+
+private:
+    static constexpr int MENSAJES_POR_TURNO = 64;
+    static constexpr std::int64_t TURNO = 4000;    // microseconds
+    static constexpr std::int64_t ALIVIO = 20000;  // microseconds
+    static constexpr DWORD ESPERA = 50;            // milliseconds, while something is still to be done
+
+    // False when nothing was there.
+    bool sacar(UINT primero, UINT ultimo, UINT clase);
+    bool turno();
+    void alivio();
+    void repartir(MSG& mensaje);
+
+    const RelojWin& m_reloj;
+    Ocio m_ocio;
+    std::vector<HWND> m_dialogos;
+    bool m_fin = false;
+    int m_codigo = 0;
+};
+
+}  // namespace sorvanel

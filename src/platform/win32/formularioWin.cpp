@@ -1,0 +1,315 @@
+#include "platform/win32/formularioWin.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "../packaging/recursos.h"
+#include "platform/win32/textoWin.h"
+
+namespace sorvanel {
+
+namespace {
+
+constexpr const wchar_t* CLASE = L"SorvanelFormulario";
+constexpr float ALTO_LETRA = 13;  // of buttons and tool tips, design pixels
+
+// Messages to ourselves, for what must not be done within the message that called for it.
+constexpr UINT MENSAJE_ACTIVAR = WM_APP + 1;
+constexpr UINT MENSAJE_FOCO = WM_APP + 2;
+
+// Monitors change in several steps, each with its message: wait until it has been quiet so long.
+constexpr UINT_PTR RELOJ_MONITORES = 1;
+constexpr UINT ESPERA_MONITORES = 500;
+
+HANDLE recurso(int id, UINT clase, int ancho, int alto) {
+    return LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id), clase, ancho, alto, LR_SHARED);
+}
+
+Punto centro(const Rectangulo& r) {
+    return {r.x + r.ancho / 2, r.y + r.alto / 2};
+}
+
+}  // namespace
+
+FormularioWin::FormularioWin(const std::string& titulo) : m_fuenteBoton(fuenteInterfaz(aTwips(ALTO_LETRA))) {
+    m_punteroNormal = LoadCursorW(nullptr, IDC_ARROW);
+    m_punteroMarcha = static_cast<HCURSOR>(
+        recurso(IDC_MARCHA, IMAGE_CURSOR, GetSystemMetrics(SM_CXCURSOR), GetSystemMetrics(SM_CYCURSOR)));
+    if (!m_punteroMarcha) m_punteroMarcha = m_punteroNormal;
+
+    const std::wstring letras = aAncho(titulo);
+    MoldeVentana molde;
+    molde.clase = CLASE;
+    molde.titulo = letras.c_str();
+    // The system menu is not seen, but lets the task bar and Alt+F4 close the window.
+    molde.estilo = WS_POPUP | WS_SYSMENU | WS_CLIPCHILDREN;
+    molde.estiloExtra = WS_EX_APPWINDOW;
+    molde.icono =
+        static_cast<HICON>(recurso(IDI_SORVANEL, IMAGE_ICON, GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON)));
+    molde.iconoPequeno = static_cast<HICON>(
+        recurso(IDI_SORVANEL, IMAGE_ICON, GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON)));
+    crear(molde);
+    m_sugerencias.crear(hwnd());
+    cambiarEscala(m_escala);
+}
+
+FormularioWin::~FormularioWin() {
+    m_oyente = nullptr;
+    m_sugerencias.cerrar();
+    destruir();
+}
+
+void FormularioWin::cubrir(const Monitor& monitor) {
+    const Escala nueva(monitor.twipsPorPixelX, monitor.twipsPorPixelY);
+    const RECT lugar = aRECT(monitor.area);
+    // Exactly the monitor's rectangle: so the system keeps the task bar beneath.
+    if (hwnd()) {
+        SetWindowPos(hwnd(), HWND_TOP, lugar.left, lugar.top, lugar.right - lugar.left, lugar.bottom - lugar.top,
+                     SWP_NOACTIVATE);
+    }
+    if (!(nueva == m_escala)) cambiarEscala(nueva);
+}
+
+void FormularioWin::cambiarEscala(const Escala& escala) {
+    m_escala = escala;
+    m_fuenteSugerencias = m_fuentes.pedir(m_fuenteBoton, m_escala.y.largo(m_fuenteBoton.alto));
+    m_sugerencias.fuente(m_fuenteSugerencias->get());
+    for (SuperficieWin* superficie : m_superficies) superficie->alCambiarEscala();
+    for (BotonWin* boton : m_botones) boton->alCambiarEscala();
+}
+
+std::unique_ptr<Superficie> FormularioWin::crearSuperficie(IdControl id, int elemento) {
+    Anfitrion& anfitrion = *this;
+    auto superficie = std::make_unique<SuperficieWin>(anfitrion, id, elemento);
+    m_superficies.push_back(superficie.get());
+    // Above the surfaces, below the buttons.
+    SetWindowPos(superficie->hwnd(), m_botones.empty() ? HWND_TOP : m_botones.back()->hwnd(), 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    return superficie;
+}
+
+std::unique_ptr<Boton> FormularioWin::crearBoton(IdControl id) {
+    Anfitrion& anfitrion = *this;
+    auto boton = std::make_unique<BotonWin>(anfitrion, id);
+    m_botones.push_back(boton.get());
+    apilarBotones();
+    return boton;
+}
+
+void FormularioWin::baja(SuperficieWin& superficie) {
+    std::erase(m_superficies, &superficie);
+}
+
+void FormularioWin::baja(BotonWin& boton) {
+    std::erase(m_botones, &boton);
+}
+
+void FormularioWin::puntero(Puntero puntero) {
+    if (puntero == m_puntero) return;
+    m_puntero = puntero;
+    POINT donde{};
+    if (!hwnd() || !GetCursorPos(&donde)) return;
+    const HWND debajo = WindowFromPoint(donde);
+    if (debajo == hwnd() || IsChild(hwnd(), debajo)) ponerPuntero();
+}
+
+bool FormularioWin::ponerPuntero() const {
+    SetCursor(m_puntero == Puntero::marcha ? m_punteroMarcha : m_punteroNormal);
+    return true;
+}
+
+void FormularioWin::refrescar() {
+    if (hwnd()) RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+}
+
+void FormularioWin::mostrar() {
+    if (!hwnd()) return;
+    ShowWindow(hwnd(), SW_SHOW);
+    SetForegroundWindow(hwnd());
+    // Also where another program keeps the foreground and this window is not made active.
+    pedirActivacion();
+}
+
+void FormularioWin::cerrar() {
+    // Not from within the button that asks for it: it goes with the window.
+    if (hwnd()) PostMessageW(hwnd(), WM_CLOSE, 0, 0);
+}
+
+void FormularioWin::pedirActivacion() {
+    if (!m_activacionPendiente) m_activacionPendiente = PostMessageW(hwnd(), MENSAJE_ACTIVAR, 0, 0) != 0;
+}
+
+void FormularioWin::activar() {
+    m_activacionPendiente = false;
+    if (m_oyente) m_oyente->alActivar();
+}
+
+void FormularioWin::cambioDeMonitores() {
+    SetTimer(hwnd(), RELOJ_MONITORES, ESPERA_MONITORES, nullptr);
+}
+
+void FormularioWin::descargar() {
+    if (m_descargado) return;
+    m_descargado = true;
+    if (m_oyente) m_oyente->alDescargar();
+}
+
+void FormularioWin::sugerencia(HWND control, const std::wstring& texto) {
+    m_sugerencias.poner(control, texto);
+}
+
+void FormularioWin::alMoverRaton(ZonaRaton zona) {
+    if (m_oyente) m_oyente->alMoverRaton(zona);
+}
+
+// What no surface covers: only for moments, until the first layout.
+void FormularioWin::pintarFondo() {
+    const DCPintado pintado(hwnd());
+    if (pintado) FillRect(pintado.get(), &pintado.zona(), static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+}
+
+// ---- Keyboard ----
+
+void FormularioWin::ordenarBotones() {
+    const auto antes = [](const BotonWin* a, const BotonWin* b) {
+        const Rectangulo &ra = a->lugar(), &rb = b->lugar();
+        return ra.y != rb.y ? ra.y < rb.y : ra.x < rb.x;
+    };
+    if (std::is_sorted(m_botones.begin(), m_botones.end(), antes)) return;
+    std::stable_sort(m_botones.begin(), m_botones.end(), antes);
+    apilarBotones();
+}
+
+// The system's Tab key follows the order in which the windows lie, from the top.
+void FormularioWin::apilarBotones() const {
+    HWND encima = HWND_TOP;
+    for (const BotonWin* boton : m_botones) {
+        SetWindowPos(boton->hwnd(), encima, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        encima = boton->hwnd();
+    }
+}
+
+void FormularioWin::alCambiarBoton() {
+    ordenarBotones();
+    const HWND foco = GetFocus();
+    const bool perdido =
+        foco == hwnd() || (foco && IsChild(hwnd(), foco) && !(IsWindowVisible(foco) && IsWindowEnabled(foco)));
+    // Later, when all buttons of the new state are there.
+    if (perdido) PostMessageW(hwnd(), MENSAJE_FOCO, 0, 0);
+}
+
+void FormularioWin::alRecibirFoco(const BotonWin& boton) {
+    m_ultimoFoco = centro(boton.lugar());
+}
+
+// The focus goes to the button that stands nearest to where it was: what took the place of another
+// takes its focus too.
+void FormularioWin::recuperarFoco() {
+    const HWND foco = GetFocus();
+    const bool ajeno = foco != hwnd() && !(foco && IsChild(hwnd(), foco));
+    if (ajeno) return;
+    if (foco != hwnd() && IsWindowVisible(foco) && IsWindowEnabled(foco)) return;
+    const auto distancia = [this](const BotonWin* boton) {
+        const Punto c = centro(boton->lugar());
+        return std::hypot(c.x - m_ultimoFoco.x, c.y - m_ultimoFoco.y);
+    };
+    const BotonWin* mejor = nullptr;
+    for (const BotonWin* boton : m_botones) {
+        if (boton->alcanzable() && (!mejor || distancia(boton) < distancia(mejor))) mejor = boton;
+    }
+    if (mejor) {
+        SetFocus(mejor->hwnd());
+    } else if (foco != hwnd()) {
+        SetFocus(hwnd());
+    }
+}
+
+void FormularioWin::pasarFoco(const BotonWin& desde, int sentido) {
+    const auto cuantos = static_cast<int>(m_botones.size());
+    const auto donde = std::find(m_botones.begin(), m_botones.end(), &desde);
+    if (donde == m_botones.end()) return;
+    int i = static_cast<int>(donde - m_botones.begin());
+    for (int paso = 1; paso < cuantos; ++paso) {
+        i = (i + sentido + cuantos) % cuantos;
+        const BotonWin* otro = m_botones[static_cast<std::size_t>(i)];
+        if (!otro->alcanzable()) continue;
+        SetFocus(otro->hwnd());
+        return;
+    }
+}
+
+// ---- Messages ----
+
+LRESULT FormularioWin::alMensaje(UINT mensaje, WPARAM w, LPARAM l) {
+    switch (mensaje) {
+        case WM_PAINT:
+            pintarFondo();
+            return 0;
+        case WM_ERASEBKGND:
+            return 1;
+        case WM_DRAWITEM:
+            // Back to the button that asked for it, which knows its look.
+            return SendMessageW(reinterpret_cast<const DRAWITEMSTRUCT*>(l)->hwndItem, WM_DRAWITEM, w, l);
+        case WM_COMMAND:
+            return l ? SendMessageW(reinterpret_cast<HWND>(l), WM_COMMAND, w, 0) : 0;
+        case WM_MOUSEMOVE:
+            alMoverRaton(ZonaRaton::representacion);
+            return 0;
+        case WM_SETCURSOR:
+            if (LOWORD(l) == HTCLIENT && ponerPuntero()) return TRUE;
+            return porDefecto(mensaje, w, l);
+        case WM_SETFOCUS:
+            recuperarFoco();
+            return 0;
+        default:
+            return alMensajePropio(mensaje, w, l);
+    }
+}
+
+LRESULT FormularioWin::alMensajePropio(UINT mensaje, WPARAM w, LPARAM l) {
+    switch (mensaje) {
+        case WM_ACTIVATE:
+            if (LOWORD(w) != WA_INACTIVE) pedirActivacion();
+            return porDefecto(mensaje, w, l);
+        case MENSAJE_ACTIVAR:
+            activar();
+            return 0;
+        case MENSAJE_FOCO:
+            recuperarFoco();
+            return 0;
+        case WM_SYSCOMMAND:
+            if (m_reposoImpedido && ((w & 0xFFF0) == SC_SCREENSAVE || (w & 0xFFF0) == SC_MONITORPOWER)) return 0;
+            return porDefecto(mensaje, w, l);
+        case WM_DPICHANGED:  // the size that it suggests is none of a whole monitor
+        case WM_DISPLAYCHANGE:
+            cambioDeMonitores();
+            return 0;
+        case WM_SETTINGCHANGE:
+            if (w == SPI_SETWORKAREA) cambioDeMonitores();
+            return porDefecto(mensaje, w, l);
+        case WM_TIMER:
+            if (w != RELOJ_MONITORES) return porDefecto(mensaje, w, l);
+            KillTimer(hwnd(), RELOJ_MONITORES);
+            if (m_oyente) m_oyente->alCambiarMonitores();
+            return 0;
+        case WM_CLOSE:
+            // A disabled window waits for the answer to a box of its own.
+            if (!IsWindowEnabled(hwnd())) return 0;
+            descargar();
+            destruir();
+            return 0;
+        case WM_QUERYENDSESSION:
+            return TRUE;
+        case WM_ENDSESSION:
+            if (w) descargar();
+            return 0;
+        case WM_DESTROY:
+            m_sugerencias.cerrar();  // the system would take it along and leave us the handle
+            PostQuitMessage(0);
+            return 0;
+        default:
+            return porDefecto(mensaje, w, l);
+    }
+}
+
+}  // namespace sorvanel

@@ -1,0 +1,84 @@
+#include "platform/win32/ventanaMensajes.h"
+
+#include <exception>
+#include <stdexcept>
+
+namespace sorvanel {
+
+namespace {
+constexpr const wchar_t* CLASE = L"SorvanelMensajes";
+}
+
+VentanaMensajes::VentanaMensajes() : m_receptores(CUANTOS, nullptr) {
+    const HINSTANCE modulo = GetModuleHandleW(nullptr);
+    WNDCLASSEXW clase{};
+    clase.cbSize = sizeof clase;
+    clase.lpfnWndProc = &VentanaMensajes::procedimiento;
+    clase.hInstance = modulo;
+    clase.lpszClassName = CLASE;
+    RegisterClassExW(&clase);  // a second registration fails, and the first one serves
+    m_ventana.cambiar(CreateWindowExW(0, CLASE, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, modulo, this));
+    if (!m_ventana) throw std::runtime_error("CreateWindowEx");
+}
+
+VentanaMensajes::~VentanaMensajes() {
+    if (m_ventana) SetWindowLongPtrW(m_ventana.get(), GWLP_USERDATA, 0);
+}
+
+UINT VentanaMensajes::reservar(ReceptorMensajes& receptor) {
+    for (UINT i = 0; i < CUANTOS; ++i) {
+        const UINT puesto = m_siguiente;
+        m_siguiente = (m_siguiente + 1) % CUANTOS;
+        if (m_receptores[puesto]) continue;
+        m_receptores[puesto] = &receptor;
+        return PRIMERO + puesto;
+    }
+    return 0;
+}
+
+void VentanaMensajes::liberar(UINT numero) {
+    if (numero >= PRIMERO && numero < PRIMERO + CUANTOS) m_receptores[numero - PRIMERO] = nullptr;
+}
+
+ReceptorMensajes* VentanaMensajes::receptor(UINT numero) const {
+    return numero >= PRIMERO && numero < PRIMERO + CUANTOS ? m_receptores[numero - PRIMERO] : nullptr;
+}
+
+void VentanaMensajes::despertar(UINT numero) {
+    if (!PostMessageW(hwnd(), numero, 0, 0)) SetTimer(hwnd(), numero, USER_TIMER_MINIMUM, nullptr);
+}
+
+void VentanaMensajes::repartir(UINT mensaje, WPARAM w, LPARAM l) {
+    if (mensaje != WM_TIMER) {
+        if (ReceptorMensajes* quien = receptor(mensaje)) quien->alMensaje(w, l);
+        return;
+    }
+    const auto id = static_cast<UINT>(w);
+    if (ReceptorMensajes* quien = receptor(id)) {
+        quien->alTic();
+    } else {
+        KillTimer(hwnd(), w);
+    }
+}
+
+LRESULT CALLBACK VentanaMensajes::procedimiento(HWND ventana, UINT mensaje, WPARAM w, LPARAM l) noexcept {
+    if (mensaje == WM_NCCREATE) {
+        const auto* creacion = reinterpret_cast<const CREATESTRUCTW*>(l);
+        SetWindowLongPtrW(ventana, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(creacion->lpCreateParams));
+    }
+    auto* esta = reinterpret_cast<VentanaMensajes*>(GetWindowLongPtrW(ventana, GWLP_USERDATA));
+    if (esta && (mensaje == WM_TIMER || mensaje >= PRIMERO)) {
+        try {
+            esta->repartir(mensaje, w, l);
+        } catch (const std::exception& fallo) {
+            // The one message is lost, the program goes on.
+            OutputDebugStringA(fallo.what());
+        } catch (...) {
+            OutputDebugStringA("VentanaMensajes");
+        }
+        return 0;
+    }
+    return DefWindowProcW(ventana, mensaje, w, l);
+}
+
+}  // namespace sorvanel

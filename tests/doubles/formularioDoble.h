@@ -1,0 +1,108 @@
+#pragma once
+
+#include <algorithm>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "doubles/superficieDoble.h"
+#include "platform/formulario.h"
+
+namespace sorvanel {
+
+class BotonDoble : public Boton {
+public:
+    bool visible = false;
+    bool activo = true;
+    std::string textoRotulo;
+    std::string textoNombre;
+    Rectangulo lugar;
+    std::function<void()> accion;
+
+    void colocar(const Rectangulo& nuevo) override { lugar = nuevo; }
+    void mostrar(bool si) override { visible = si; }
+    void habilitar(bool si) override { activo = si; }
+    void dibujo(Dibujo) override {}
+    void rotulo(const std::string& texto) override { textoRotulo = texto; }
+    void nombre(const std::string& texto) override { textoNombre = texto; }
+    void colorDetras(Color) override {}
+    float anchoRotulo(const std::string& texto) const override { return 100.0F * static_cast<float>(texto.size()); }
+    void refrescar() override {}
+    void alPulsar(std::function<void()> nueva) override { accion = std::move(nueva); }
+};
+
+// A form without a window: it keeps its surfaces and buttons where a test can find them, and plays
+// what the user and the system do to it.
+class FormularioDoble : public Formulario {
+public:
+    Monitor cubierto;
+    int veces = 0;  // cubrir
+    Puntero ultimoPuntero = Puntero::normal;
+    bool visible = false;
+    OyenteFormulario* quienOye = nullptr;
+
+    void oyente(OyenteFormulario* oyente) override { quienOye = oyente; }
+    void cubrir(const Monitor& monitor) override {
+        cubierto = monitor;
+        ++veces;
+    }
+    std::unique_ptr<Superficie> crearSuperficie(IdControl id, int elemento) override {
+        return registrar<SuperficieDoble>(m_superficies, numero(id, elemento));
+    }
+    std::unique_ptr<Boton> crearBoton(IdControl id) override { return registrar<BotonDoble>(m_botones, numero(id)); }
+    void puntero(Puntero puntero) override { ultimoPuntero = puntero; }
+    void refrescar() override {}
+    void mostrar() override {
+        visible = true;
+        if (quienOye != nullptr) quienOye->alActivar();
+    }
+    void cerrar() override {
+        if (quienOye != nullptr) quienOye->alDescargar();
+    }
+
+    // Null for one that was not made or is gone.
+    SuperficieDoble* superficie(IdControl id, int elemento = 0) { return buscar(m_superficies, numero(id, elemento)); }
+    BotonDoble* boton(IdControl id) { return buscar(m_botones, numero(id)); }
+    std::size_t superficies() const { return m_superficies.size(); }
+    // False when the button cannot be seen or does nothing.
+    bool pulsar(IdControl id) {
+        BotonDoble* b = boton(id);
+        if (b == nullptr || !b->visible || !b->accion) return false;
+        b->accion();
+        return true;
+    }
+
+private:
+    template <typename T>
+    using Registro = std::map<int, T*>;
+
+    // The object that is handed out takes itself off the list when it goes.
+    template <typename T>
+    class Anotado : public T {
+    public:
+        Anotado(Registro<T>& registro, int clave) : m_registro(registro), m_clave(clave) { m_registro[clave] = this; }
+        ~Anotado() override { m_registro.erase(m_clave); }
+
+    private:
+        Registro<T>& m_registro;
+        int m_clave;
+    };
+
+    template <typename T>
+    std::unique_ptr<Anotado<T>> registrar(Registro<T>& registro, int clave) {
+        return std::make_unique<Anotado<T>>(registro, clave);
+    }
+    template <typename T>
+    static T* buscar(Registro<T>& registro, int clave) {
+        const auto it = registro.find(clave);
+        return it == registro.end() ? nullptr : it->second;
+    }
+
+    Registro<SuperficieDoble> m_superficies;
+    Registro<BotonDoble> m_botones;
+};
+
+}  // namespace sorvanel
