@@ -1,0 +1,214 @@
+// The concentrator, the network, the displays and the clock do what they like, in any order: the link
+// stays in a state that agrees with its socket and its timer, tells subscribers only, all of them the
+// same, and keeps nothing that has no end.
+
+#include <array>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "doubles/entornoDoble.h"
+#include "links/frTCP.h"
+
+namespace {
+
+using namespace sorvanel;
+using Estado = frTCP::Estado;
+
+void exigir(bool cierto) {
+    if (!cierto) std::abort();
+}
+
+const std::string LECTURA = "12/03 C- 0001.250 0000.500";
+
+class VisorFuzz : public SuscriptorPeso {
+public:
+    frTCP* enlace = nullptr;
+    bool suscrito = false;
+    bool cerrarAlOir = false;
+    bool toma = false;
+    std::vector<std::string> lecturas;
+    int avisos = 0;
+
+    std::int32_t port() const override { return 1203; }
+    std::int16_t modoBulk() const override { return 4; }
+    bool frWsk_refrescoPeso(std::string_view) override { std::abort(); }
+    bool mmTCP_refrescoPeso(std::int16_t primero, std::int16_t segundo, std::string_view carga) override {
+        exigir(suscrito);
+        exigir(carga.size() == 57 || (carga.empty() && primero == 0 && segundo == 0));
+        ++avisos;
+        if (!carga.empty()) lecturas.push_back(std::to_string(primero * 100 + segundo).append(carga));
+        if (cerrarAlOir) {
+            suscrito = cerrarAlOir = false;
+            enlace->Cerrar(*this);
+        }
+        return toma;
+    }
+};
+
+class Sesion {
+public:
+    Sesion(const std::uint8_t* datos, std::size_t largo) : m_datos(datos), m_fin(datos + largo) {
+        m_e.archivos.poner(m_e.rutaINI(), "[PAVONA]\r\nHost=equipo\r\n");
+        for (VisorFuzz& v : m_visores) v.enlace = &m_enlace;
+        m_enlace.hola();
+    }
+
+    void correr() {
+        while (m_datos != m_fin) {
+            for (VisorFuzz& v : m_visores) v.avisos = 0;
+            m_cabida = 1;
+            paso(*m_datos++);
+            comprobar();
+        }
+        terminar();
+    }
+
+private:
+    std::uint8_t octeto() { return m_datos != m_fin ? *m_datos++ : std::uint8_t{0}; }
+    ZocaloDoble& zocalo() { return *m_e.fabrica.ultimoZocalo(); }
+
+    // Each piece of 26 characters may be a reading, each reading may find somebody silent for long.
+    void llegar(const std::string& texto) {
+        m_cabida = 2 + texto.size() / LECTURA.size() * 2 + 4;
+        zocalo().llegar(texto);
+    }
+    void llegarCortado(const std::string& texto) {
+        const std::size_t corte = octeto() % (texto.size() + 1);
+        zocalo().llegar(texto.substr(0, corte));
+        if (corte < texto.size()) zocalo().llegar(texto.substr(corte));
+        m_cabida = 8;
+    }
+    void suscribir(VisorFuzz& v) {
+        if (v.suscrito) {
+            v.suscrito = false;
+            m_enlace.Cerrar(v);
+        } else {
+            v.suscrito = m_enlace.enMarcha(v);
+            v.lecturas.clear();
+        }
+    }
+    void paso(std::uint8_t orden) {
+        const std::uint8_t cual = octeto();
+        switch (orden % 16) {
+            case 0: {
+                std::string texto;
+                for (int n = cual; n > 0 && m_datos != m_fin; --n) texto += static_cast<char>(octeto());
+                llegar(texto);
+                break;
+            }
+            case 1:
+                llegarCortado("LIN>");
+                break;
+            case 2:
+                llegarCortado("XXX>");
+                break;
+            case 3:
+            case 4:
+                llegarCortado(LECTURA + ((cual & 1U) != 0 ? "\r\n" : "\r"));
+                break;
+            case 5:
+                llegar(std::string(cual * 32U, 'x'));
+                break;
+            case 6:
+                zocalo().conectado();
+                break;
+            case 7:
+                zocalo().fallar();
+                break;
+            case 8:
+                zocalo().cerrarse();
+                break;
+            case 9:
+                m_cabida = 60;
+                m_e.reloj.avanzar(cual * 50);
+                break;
+            case 10:
+                m_e.reloj.saltar(cual * 100);
+                break;
+            case 11:
+                suscribir(m_visores[cual % m_visores.size()]);
+                break;
+            case 12:
+                m_visores[cual % m_visores.size()].cerrarAlOir = true;
+                break;
+            case 13:
+                m_visores[cual % m_visores.size()].toma = (cual & 8U) != 0;
+                break;
+            case 14:
+                m_e.fabrica.red().fallarConectar = (cual & 1U) != 0;
+                break;
+            default:
+                tarde(cual);
+                break;
+        }
+    }
+    // Messages that were under way when the socket was closed.
+    void tarde(std::uint8_t cual) {
+        if (zocalo().abierto()) return;
+        switch (cual % 3) {
+            case 0:
+                zocalo().oyente().alConectar();
+                break;
+            case 1:
+                zocalo().oyente().alLlegarDatos();
+                break;
+            default:
+                if (m_enlace.estado() == Estado::cerrado) zocalo().oyente().alCerrarse();
+        }
+    }
+    bool alguien() const {
+        return std::any_of(m_visores.begin(), m_visores.end(), [](const VisorFuzz& v) { return v.suscrito; });
+    }
+    void comprobar() {
+        const Estado estado = m_enlace.estado();
+        const bool conectado = estado >= Estado::esperaLinea && estado <= Estado::leyendo;
+        exigir(zocalo().estaConectado() == conectado);
+        exigir(zocalo().estaConectando() == (estado == Estado::conectando));
+        exigir(m_e.fabrica.ultimoTemporizador()->habilitado() == alguien());
+        exigir(alguien() ? estado != Estado::cerrado : estado == Estado::cerrado || estado == Estado::fallado);
+        for (const VisorFuzz& v : m_visores) exigir(static_cast<std::size_t>(v.avisos) <= m_cabida);
+        igualesLecturas();
+    }
+    // Who came later has heard the end of what the others have heard.
+    void igualesLecturas() {
+        const std::vector<std::string>* larga = nullptr;
+        for (const VisorFuzz& v : m_visores) {
+            if (v.suscrito && (larga == nullptr || v.lecturas.size() > larga->size())) larga = &v.lecturas;
+        }
+        for (const VisorFuzz& v : m_visores) {
+            if (v.suscrito) exigir(std::equal(v.lecturas.rbegin(), v.lecturas.rend(), larga->rbegin()));
+        }
+    }
+    // A reading that begins a line is taken before its end comes: only when nothing is kept before it.
+    void terminar() {
+        const Estado estado = m_enlace.estado();
+        if ((estado == Estado::abierta || estado == Estado::leyendo) && alguien()) {
+            for (VisorFuzz& v : m_visores) v.cerrarAlOir = false;
+            zocalo().lecturaMaxima = 0;
+            zocalo().llegar(std::string(frTCP::BUFER_MAXIMO, 'x'));
+            for (VisorFuzz& v : m_visores) v.lecturas.clear();
+            zocalo().llegar(LECTURA);
+            for (const VisorFuzz& v : m_visores) exigir(v.lecturas.size() == (v.suscrito ? 1U : 0U));
+        }
+        m_enlace.adios();
+        exigir(m_enlace.estado() == Estado::cerrado && !zocalo().abierto());
+        for (VisorFuzz& v : m_visores) m_enlace.Cerrar(v);
+        exigir(!m_e.fabrica.ultimoTemporizador()->habilitado());
+    }
+
+    const std::uint8_t* m_datos;
+    const std::uint8_t* m_fin;
+    EntornoDoble m_e;
+    frTCP m_enlace{m_e.entorno};
+    std::array<VisorFuzz, 4> m_visores;
+    std::size_t m_cabida = 1;
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t largo) {
+    Sesion(datos, largo).correr();
+    return 0;
+}
