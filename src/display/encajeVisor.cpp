@@ -69,7 +69,6 @@ private:
     bool probar(float alto);
     EncajeVisor repartir() const;
     void etiqueta(EncajeVisor& encaje) const;
-    float alturaEtiqueta(const MedidaTexto& texto) const;
 
     Superficie& m_medidor;
     const Rectangulo m_celda;
@@ -167,32 +166,14 @@ EncajeVisor Encajador::repartir() const {
 // The caption keeps its share of the weight's height unless it would be cut.
 void Encajador::etiqueta(EncajeVisor& encaje) const {
     if (m_zonaEtiqueta <= 0) return;
+    ZonaEtiqueta zona;
+    zona.ancho = m_zonaEtiqueta;
+    zona.alto = m_celda.alto;
     // One width of "0" of the area is margin.
-    encaje.margenEtiqueta = m_zonaEtiqueta / (m_anchoEfectivo + 1) / 2;
-    const float ancho = m_zonaEtiqueta - 2 * encaje.margenEtiqueta;
-    const float altoTinta = m_celda.alto * (1 - MARGEN_VERTICAL);
-    for (float alto = m_cuerpo.alto * m_ratio;;) {
-        encaje.fuenteEtiqueta = fuenteDe(alto);
-        m_medidor.fuente(encaje.fuenteEtiqueta);
-        const MedidaTexto texto = m_medidor.medir(m_aspecto.etiqueta);
-        const float tinta = texto.tintaInferior - texto.tintaSuperior;
-        if ((texto.ancho <= ancho && tinta <= altoTinta) || alto <= TWIPS_POR_PIXEL) {
-            encaje.anchoTextoEtiqueta = texto.ancho;
-            encaje.yEtiqueta = alPixelCercano(alturaEtiqueta(texto));
-            return;
-        }
-        const float escala = std::min(ancho / std::max(texto.ancho, ancho), altoTinta / std::max(tinta, altoTinta));
-        alto = std::max(TWIPS_POR_PIXEL, std::min(alto - TWIPS_POR_PIXEL / 2, aPixelEntero(alto * escala)));
-    }
-}
-
-// In line with the digits, unless an accent or a tail would then be cut.
-float Encajador::alturaEtiqueta(const MedidaTexto& texto) const {
-    const MedidaTexto cero = m_medidor.medir("0");
-    const float margen = m_celda.alto * MARGEN_VERTICAL / 2;
-    const float enLinea = m_celda.alto / 2 - (cero.tintaSuperior + cero.tintaInferior) / 2;
-    const float minimo = margen - texto.tintaSuperior;
-    return std::clamp(enLinea, minimo, std::max(minimo, m_celda.alto - margen - texto.tintaInferior));
+    zona.margen = m_zonaEtiqueta / (m_anchoEfectivo + 1) / 2;
+    zona.margenVertical = m_celda.alto * MARGEN_VERTICAL / 2;
+    zona.altoLetra = m_cuerpo.alto * m_ratio;
+    encaje.etiqueta = encajarEtiqueta(m_medidor, zona, m_aspecto.etiqueta);
 }
 
 std::optional<EncajeVisor> Encajador::encajar() {

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "display/encajeEtiqueta.h"
 #include "platform/color.h"
 #include "platform/superficie.h"
 
@@ -26,10 +27,7 @@ struct AspectoVisor {
 // from the top-left corner of their surface.
 struct EncajeVisor {
     float anchoEtiqueta = 0;  // of the caption's surface; 0 when there is none
-    Fuente fuenteEtiqueta;
-    float margenEtiqueta = 0;  // kept free at both sides of the caption
-    float anchoTextoEtiqueta = 0;
-    float yEtiqueta = 0;
+    EncajeEtiqueta etiqueta;
 
     float anchoPeso = 0;  // of the weight's surface
     float alto = 0;       // of both

@@ -34,7 +34,7 @@ bool PinturaVisor::encajar(const Rectangulo& celda, const AspectoVisor& aspecto)
     m_formato = formato;
     m_encajado = true;
     colores();
-    m_etiqueta.fuente(m_encaje.fuenteEtiqueta);
+    m_etiqueta.fuente(m_encaje.etiqueta.fuente);
     m_peso.fuente(m_encaje.fuentePeso);
     m_etiqueta.colocar({celda.x, celda.y, m_encaje.anchoEtiqueta, celda.alto});
     m_peso.colocar({celda.x + m_encaje.anchoEtiqueta, celda.y, m_encaje.anchoPeso, celda.alto});
@@ -67,11 +67,14 @@ void PinturaVisor::pintarEtiqueta() {
     m_etiqueta.limpiar();
     m_etiqueta.leyenda(m_aspecto.etiqueta);
     if (!hayEtiqueta() || m_aspecto.etiqueta.empty()) return;
-    const float libre = m_encaje.anchoEtiqueta - m_encaje.anchoTextoEtiqueta;
-    float x = libre / 2;
-    if (m_aspecto.ajusteEtiqueta == 0) x = m_encaje.margenEtiqueta;
-    if (m_aspecto.ajusteEtiqueta == 1) x = libre - m_encaje.margenEtiqueta;
-    m_etiqueta.imprimir(x, m_encaje.yEtiqueta, m_aspecto.etiqueta, m_aspecto.textoEtiqueta);
+    const EncajeEtiqueta& etiqueta = m_encaje.etiqueta;
+    for (const LineaEtiqueta& linea : etiqueta.lineas) {
+        const float libre = m_encaje.anchoEtiqueta - linea.ancho;
+        float x = libre / 2;
+        if (m_aspecto.ajusteEtiqueta == 0) x = etiqueta.margen;
+        if (m_aspecto.ajusteEtiqueta == 1) x = libre - etiqueta.margen;
+        m_etiqueta.imprimir(x, linea.y, linea.texto, m_aspecto.textoEtiqueta);
+    }
 }
 
 void PinturaVisor::pintarPeso(const Trama& trama, bool pavona) {
@@ -83,10 +86,9 @@ void PinturaVisor::pintarPeso(const Trama& trama, bool pavona) {
     ponerMarcas(marcas);
 
     m_leyenda = m_texto;
-    if (marcas != MarcasVisor{}) m_leyenda += ' ';
-    if (marcas.E) m_leyenda += 'E';
-    if (marcas.C) m_leyenda += 'C';
-    if (marcas.D) m_leyenda += 'D';
+    if (marcas.E) m_leyenda += " E";
+    if (marcas.C) m_leyenda += " C";
+    if (marcas.D) m_leyenda += " D";
     m_peso.leyenda(m_leyenda);
 }
 

@@ -40,11 +40,15 @@ private:
 
 }  // namespace
 
-void AvisosWin::critico(const std::string& texto) {
+void AvisosWin::critico(const std::string& texto) { mostrar(texto, MB_ICONERROR); }
+
+void AvisosWin::informacion(const std::string& texto) { mostrar(texto, MB_ICONINFORMATION); }
+
+void AvisosWin::mostrar(const std::string& texto, UINT icono) {
     const std::wstring ancho = aAncho(texto);
     const VentanasApagadas apagadas(m_propietaria);
     ++m_abiertos;
-    MessageBoxW(m_propietaria, ancho.c_str(), L"Sorvanel", MB_ICONERROR | MB_OK);
+    MessageBoxW(m_propietaria, ancho.c_str(), L"Sorvanel", icono | MB_OK);
     --m_abiertos;
 }
 

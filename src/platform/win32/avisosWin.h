@@ -14,8 +14,11 @@ public:
     bool abierto() const { return m_abiertos > 0; }
 
     void critico(const std::string& texto) override;
+    void informacion(const std::string& texto) override;
 
 private:
+    void mostrar(const std::string& texto, UINT icono);
+
     HWND m_propietaria = nullptr;
     int m_abiertos = 0;
 };

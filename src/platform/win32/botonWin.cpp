@@ -37,6 +37,7 @@ Color tintaDe(Dibujo dibujo) {
             return VERDE;
         case Dibujo::apagar:
         case Dibujo::cancelar:
+        case Dibujo::eliminar:
             return GRANATE;
         case Dibujo::pausa:
             return AMBAR;
@@ -85,7 +86,7 @@ void BotonWin::alCambiarEscala() {
 void BotonWin::colocar(const Rectangulo& lugar) {
     m_lugar = lugar;
     alCambiarEscala();
-    m_anfitrion.alCambiarBoton();
+    m_anfitrion.alCambiarControl();
 }
 
 void BotonWin::mostrar(bool visible) {
@@ -93,14 +94,14 @@ void BotonWin::mostrar(bool visible) {
     m_visible = visible;
     m_encima = false;
     mostrarSinActivar(visible);
-    m_anfitrion.alCambiarBoton();
+    m_anfitrion.alCambiarControl();
 }
 
 void BotonWin::habilitar(bool si) {
     if (si == m_habilitado) return;
     m_habilitado = si;
     if (hwnd()) EnableWindow(hwnd(), si ? TRUE : FALSE);
-    m_anfitrion.alCambiarBoton();
+    m_anfitrion.alCambiarControl();
 }
 
 void BotonWin::dibujo(Dibujo dibujo) {

@@ -18,7 +18,9 @@ public:
         : m_twips(twipsPorPixel > 0 ? static_cast<double>(twipsPorPixel) : static_cast<double>(TWIPS_POR_PIXEL)) {}
 
     std::int32_t aPixel(double twips) const {
-        return static_cast<std::int32_t>(std::clamp(std::nearbyint(twips / m_twips), -LIMITE, LIMITE));
+        // An edge that was reached by two sums must not fall on either side of a half.
+        const double fino = std::nearbyint(twips / m_twips * FINURA) / FINURA;
+        return static_cast<std::int32_t>(std::clamp(std::nearbyint(fino), -LIMITE, LIMITE));
     }
     // For smooth shapes, which may lie between pixels.
     float aPixelReal(double twips) const { return static_cast<float>(twips / m_twips); }
@@ -33,6 +35,8 @@ public:
 private:
     // What the system's coordinates can hold, with room for sums.
     static constexpr double LIMITE = 1 << 24;
+    // Parts of a pixel, far coarser than the error of a sum and too fine to be seen.
+    static constexpr double FINURA = 128;
     double m_twips;
 };
 
@@ -51,24 +55,6 @@ struct Escala {
     }
 
     bool operator==(const Escala&) const = default;
-};
-
-// How far a picture that moves by design pixels has come. At scales where a design pixel is not a
-// whole number of device pixels the remainder is kept, and what is painted after a move lands
-// where the same thing would have moved to: the picture never tears and its speed is true.
-class Deriva {
-public:
-    // Device pixels by which the picture moves now.
-    std::int32_t avanzar(const Eje& eje, double twips) {
-        const std::int32_t pixeles = eje.desde(m_recorrido, twips);
-        m_recorrido += twips;
-        return pixeles;
-    }
-    void reiniciar() { m_recorrido = 0; }
-    double recorrido() const { return m_recorrido; }
-
-private:
-    double m_recorrido = 0;
 };
 
 }  // namespace sorvanel

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "../packaging/recursos.h"
 #include "platform/win32/textoWin.h"
@@ -23,6 +24,19 @@ constexpr UINT ESPERA_MONITORES = 500;
 
 HANDLE recurso(int id, UINT clase, int ancho, int alto) {
     return LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id), clase, ancho, alto, LR_SHARED);
+}
+
+// Which surface lies above which: the bar must not vanish under a grid that reaches below it.
+int altura(int id) {
+    if (id == numero(IdControl::picRep)) return 0;
+    if (id == numero(IdControl::picMsg)) return 2;
+    if (id == numero(IdControl::picBot)) return 3;
+    if (id == numero(IdControl::lbVer)) return 4;
+    return 1;  // what a display has
+}
+
+int altura(IdControl id, int elemento) {
+    return altura(numero(id, elemento));
 }
 
 Punto centro(const Rectangulo& r) {
@@ -76,15 +90,24 @@ void FormularioWin::cambiarEscala(const Escala& escala) {
     m_sugerencias.fuente(m_fuenteSugerencias->get());
     for (SuperficieWin* superficie : m_superficies) superficie->alCambiarEscala();
     for (BotonWin* boton : m_botones) boton->alCambiarEscala();
+    for (AsaWin* asa : m_asas) asa->alCambiarEscala();
 }
 
 std::unique_ptr<Superficie> FormularioWin::crearSuperficie(IdControl id, int elemento) {
     Anfitrion& anfitrion = *this;
     auto superficie = std::make_unique<SuperficieWin>(anfitrion, id, elemento);
+    // Directly below the lowest of what must lie above it, else below the buttons and handles.
+    const int propia = altura(id, elemento);
+    HWND debajoDe = apilar();
+    int masBaja = std::numeric_limits<int>::max();
+    for (const SuperficieWin* otra : m_superficies) {
+        const int suya = altura(GetDlgCtrlID(otra->hwnd()));
+        if (suya <= propia || suya >= masBaja) continue;
+        masBaja = suya;
+        debajoDe = otra->hwnd();
+    }
     m_superficies.push_back(superficie.get());
-    // Above the surfaces, below the buttons.
-    SetWindowPos(superficie->hwnd(), m_botones.empty() ? HWND_TOP : m_botones.back()->hwnd(), 0, 0, 0, 0,
-                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    SetWindowPos(superficie->hwnd(), debajoDe, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     return superficie;
 }
 
@@ -92,8 +115,16 @@ std::unique_ptr<Boton> FormularioWin::crearBoton(IdControl id) {
     Anfitrion& anfitrion = *this;
     auto boton = std::make_unique<BotonWin>(anfitrion, id);
     m_botones.push_back(boton.get());
-    apilarBotones();
+    apilar();
     return boton;
+}
+
+std::unique_ptr<Asa> FormularioWin::crearAsa(IdControl id) {
+    Anfitrion& anfitrion = *this;
+    auto asa = std::make_unique<AsaWin>(anfitrion, id);
+    m_asas.push_back(asa.get());
+    apilar();
+    return asa;
 }
 
 void FormularioWin::baja(SuperficieWin& superficie) {
@@ -102,6 +133,10 @@ void FormularioWin::baja(SuperficieWin& superficie) {
 
 void FormularioWin::baja(BotonWin& boton) {
     std::erase(m_botones, &boton);
+}
+
+void FormularioWin::baja(AsaWin& asa) {
+    std::erase(m_asas, &asa);
 }
 
 void FormularioWin::puntero(Puntero puntero) {
@@ -148,6 +183,12 @@ void FormularioWin::cambioDeMonitores() {
     SetTimer(hwnd(), RELOJ_MONITORES, ESPERA_MONITORES, nullptr);
 }
 
+void FormularioWin::monitoresQuietos() {
+    KillTimer(hwnd(), RELOJ_MONITORES);
+    m_forma.reafirmar(hwnd());
+    if (m_oyente) m_oyente->alCambiarMonitores();
+}
+
 void FormularioWin::descargar() {
     if (m_descargado) return;
     m_descargado = true;
@@ -177,19 +218,23 @@ void FormularioWin::ordenarBotones() {
     };
     if (std::is_sorted(m_botones.begin(), m_botones.end(), antes)) return;
     std::stable_sort(m_botones.begin(), m_botones.end(), antes);
-    apilarBotones();
+    apilar();
 }
 
-// The system's Tab key follows the order in which the windows lie, from the top.
-void FormularioWin::apilarBotones() const {
+// Buttons first, then handles, from the top: the system's Tab key follows that order too. Answers
+// with the lowest of them, below which the surfaces lie.
+HWND FormularioWin::apilar() const {
     HWND encima = HWND_TOP;
-    for (const BotonWin* boton : m_botones) {
-        SetWindowPos(boton->hwnd(), encima, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-        encima = boton->hwnd();
-    }
+    const auto poner = [&encima](HWND ventana) {
+        SetWindowPos(ventana, encima, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        encima = ventana;
+    };
+    for (const BotonWin* boton : m_botones) poner(boton->hwnd());
+    for (const AsaWin* asa : m_asas) poner(asa->hwnd());
+    return encima;
 }
 
-void FormularioWin::alCambiarBoton() {
+void FormularioWin::alCambiarControl() {
     ordenarBotones();
     const HWND foco = GetFocus();
     const bool perdido =
@@ -289,8 +334,7 @@ LRESULT FormularioWin::alMensajePropio(UINT mensaje, WPARAM w, LPARAM l) {
             return porDefecto(mensaje, w, l);
         case WM_TIMER:
             if (w != RELOJ_MONITORES) return porDefecto(mensaje, w, l);
-            KillTimer(hwnd(), RELOJ_MONITORES);
-            if (m_oyente) m_oyente->alCambiarMonitores();
+            monitoresQuietos();
             return 0;
         case WM_CLOSE:
             // A disabled window waits for the answer to a box of its own.
@@ -308,6 +352,7 @@ LRESULT FormularioWin::alMensajePropio(UINT mensaje, WPARAM w, LPARAM l) {
             PostQuitMessage(0);
             return 0;
         default:
+            if (mensaje == m_barraDeTareasNueva) m_forma.reafirmar(hwnd());
             return porDefecto(mensaje, w, l);
     }
 }

@@ -1,20 +1,23 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
 #include "platform/formulario.h"
 #include "platform/win32/anfitrion.h"
+#include "platform/win32/asaWin.h"
 #include "platform/win32/botonWin.h"
+#include "platform/win32/formaWin.h"
 #include "platform/win32/sugerenciasWin.h"
 #include "platform/win32/superficieWin.h"
 #include "platform/win32/ventanaWin.h"
 
 namespace sorvanel {
 
-// The main window. Surfaces lie one above the other in the order in which they were made, and the
-// buttons above all surfaces; the keyboard goes from button to button as the eye reads.
+// The main window. Surfaces lie one above the other in the order in which they were made, the
+// handles above all surfaces and the buttons above all; the keyboard goes from button to button as the eye reads.
 class FormularioWin final : public Formulario, private VentanaWin, private Anfitrion {
 public:
     // Hidden and without size until it covers a monitor. Throws std::runtime_error when the system
@@ -28,8 +31,10 @@ public:
 
     void oyente(OyenteFormulario* oyente) override { m_oyente = oyente; }
     void cubrir(const Monitor& monitor) override;
+    void recortar(std::span<const RectPixel> zonas) override { m_forma.recortar(hwnd(), zonas); }
     std::unique_ptr<Superficie> crearSuperficie(IdControl id, int elemento) override;
     std::unique_ptr<Boton> crearBoton(IdControl id) override;
+    std::unique_ptr<Asa> crearAsa(IdControl id) override;
     void puntero(Puntero puntero) override;
     void refrescar() override;
     void mostrar() override;
@@ -42,24 +47,26 @@ private:
     const Fuente& fuenteBoton() const override { return m_fuenteBoton; }
     Lienzo& borrador() override { return m_borrador; }
     void alMoverRaton(ZonaRaton zona) override;
-    void alCambiarBoton() override;
+    void alCambiarControl() override;
     void pasarFoco(const BotonWin& desde, int sentido) override;
     void alRecibirFoco(const BotonWin& boton) override;
     void sugerencia(HWND control, const std::wstring& texto) override;
     void baja(SuperficieWin& superficie) override;
     void baja(BotonWin& boton) override;
+    void baja(AsaWin& asa) override;
 
     LRESULT alMensaje(UINT mensaje, WPARAM w, LPARAM l) override;
     LRESULT alMensajePropio(UINT mensaje, WPARAM w, LPARAM l);
     void pedirActivacion();
     void activar();
     void cambioDeMonitores();
+    void monitoresQuietos();
     void descargar();
     void pintarFondo();
     void cambiarEscala(const Escala& escala);
     bool ponerPuntero() const;
     void ordenarBotones();
-    void apilarBotones() const;
+    HWND apilar() const;
     void recuperarFoco();
 
     Escala m_escala;
@@ -68,13 +75,17 @@ private:
     std::shared_ptr<FuenteWin> m_fuenteSugerencias;
     Lienzo m_borrador;
     SugerenciasWin m_sugerencias;
+    FormaWin m_forma;
+    // Told to all windows when Explorer has made the task bar anew.
+    const UINT m_barraDeTareasNueva = RegisterWindowMessageW(L"TaskbarCreated");
     HCURSOR m_punteroNormal = nullptr;  // both shared, the system's to release
     HCURSOR m_punteroMarcha = nullptr;
 
     OyenteFormulario* m_oyente = nullptr;
     std::vector<SuperficieWin*> m_superficies;
     std::vector<BotonWin*> m_botones;  // in keyboard order
-    Punto m_ultimoFoco;                // middle of the button that had it
+    std::vector<AsaWin*> m_asas;
+    Punto m_ultimoFoco;  // middle of the button that had it
     Puntero m_puntero = Puntero::normal;
     bool m_reposoImpedido = false;
     bool m_activacionPendiente = false;

@@ -28,7 +28,8 @@ public:
     void alcanzar(int ancho, int alto);
     void llenar(const RECT& zona, COLORREF color);
     // A shape with smooth edges: `distancia` tells for a point, device pixels, how far it lies from
-    // the shape's edge, negative inside. Nothing outside the zone is touched.
+    // the shape's edge, negative inside (never more than it does; a union or a difference may tell
+    // less). Nothing outside the zone is touched.
     template <typename Distancia>
     void pintarForma(RECT zona, COLORREF color, Distancia distancia);
 
@@ -51,10 +52,16 @@ void Lienzo::pintarForma(RECT zona, COLORREF color, Distancia distancia) {
     GdiFlush();  // what the system still had to paint there comes first
     for (LONG y = zona.top; y < zona.bottom; ++y) {
         std::uint32_t* fila = m_puntos + static_cast<std::ptrdiff_t>(y) * m_ancho;
-        for (LONG x = zona.left; x < zona.right; ++x) {
-            const Punto centro{static_cast<float>(x) + 0.5F, static_cast<float>(y) + 0.5F};
-            const std::uint32_t parte = formas::cobertura(distancia(centro));
-            if (parte > 0) fila[x] = formas::mezclar(fila[x], tinta, parte);
+        for (LONG x = zona.left; x < zona.right;) {
+            const float d = distancia({static_cast<float>(x) + 0.5F, static_cast<float>(y) + 0.5F});
+            const LONG hasta = std::min(x + static_cast<LONG>(formas::iguales(d)), zona.right);
+            const std::uint32_t parte = formas::cobertura(d);
+            if (parte == 256) {
+                std::fill(fila + x, fila + hasta, tinta);
+            } else if (parte > 0) {
+                fila[x] = formas::mezclar(fila[x], tinta, parte);
+            }
+            x = hasta;
         }
     }
 }

@@ -99,6 +99,71 @@ float mensaje(Punto p) {
     return std::min(std::max({pantalla, -hueco, -texto}), flecha);
 }
 
+float mas(Punto p) {
+    return std::min(aSegmento(p, {12, 5}, {12, 19}), aSegmento(p, {5, 12}, {19, 12})) - 1.7F;
+}
+
+float menos(Punto p) {
+    return aSegmento(p, {5, 12}, {19, 12}) - 1.7F;
+}
+
+float cerrar(Punto p) {
+    return std::min(aSegmento(p, {6.5F, 6.5F}, {17.5F, 17.5F}), aSegmento(p, {17.5F, 6.5F}, {6.5F, 17.5F})) - 1.2F;
+}
+
+// One display on a line of its own.
+float tessel(Punto p) {
+    const float pantalla = aRedondeado(p, {3, 3, 18, 10.4F}, 2);
+    const float peso = aRedondeado(p, {6.4F, 5.8F, 11.2F, 4.8F}, 0.8F);
+    const float hilo = aSegmento(p, {12, 13}, {12, 18.4F}) - 1;
+    const float puerto = aRedondeado(p, {8.6F, 17.4F, 6.8F, 4.2F}, 1);
+    return std::min({std::max(pantalla, -peso), hilo, puerto});
+}
+
+// Three on one concentrator.
+float pavona(Punto p) {
+    float figura = aRedondeado(p, {6.6F, 15.6F, 10.8F, 6}, 1.4F);
+    figura = std::min(figura, aSegmento(p, {4.4F, 11.4F}, {19.6F, 11.4F}) - 0.9F);
+    figura = std::min(figura, aSegmento(p, {12, 8}, {12, 16}) - 0.9F);
+    for (const float x : {4.4F, 12.0F, 19.6F}) {
+        figura = std::min(figura, aRedondeado(p, {x - 2.8F, 2.4F, 5.6F, 5.2F}, 1.2F));
+        figura = std::min(figura, aSegmento(p, {x, 7}, {x, 11.4F}) - 0.9F);
+    }
+    return figura;
+}
+
+// A pencil.
+float diseno(Punto p) {
+    constexpr std::array<Punto, 4> MANGO{{{5.6F, 14.8F}, {14.2F, 6.2F}, {17.8F, 9.8F}, {9.2F, 18.4F}}};
+    constexpr std::array<Punto, 3> MINA{{{4.4F, 16.4F}, {7.6F, 19.6F}, {3.2F, 20.8F}}};
+    constexpr std::array<Punto, 4> GOMA{{{15.8F, 4.6F}, {17, 3.4F}, {20.6F, 7}, {19.4F, 8.2F}}};
+    return std::min({aPoligono(p, MANGO), aPoligono(p, MINA) - 0.3F, aPoligono(p, GOMA) - 0.6F});
+}
+
+float plegar(Punto p) {
+    constexpr std::array<Punto, 3> ARRIBA{{{5.6F, 11.4F}, {12, 5}, {18.4F, 11.4F}}};
+    constexpr std::array<Punto, 3> ABAJO{{{5.6F, 18.4F}, {12, 12}, {18.4F, 18.4F}}};
+    return std::min(aLinea(p, ARRIBA), aLinea(p, ABAJO)) - 1.3F;
+}
+
+// A display, and one more.
+float nuevo(Punto p) {
+    const float pantalla =
+        std::max(aRedondeado(p, {1.8F, 4, 17, 13}, 2.4F), -aRedondeado(p, {4, 6.2F, 12.6F, 8.6F}, 1));
+    const float cruz =
+        std::min(aSegmento(p, {17.6F, 13}, {17.6F, 21.2F}), aSegmento(p, {13.5F, 17.1F}, {21.7F, 17.1F}));
+    return std::min(std::max(pantalla, 2.9F - cruz), cruz - 1.2F);
+}
+
+// A bin.
+float eliminar(Punto p) {
+    constexpr std::array<Punto, 4> CUBO{{{5.4F, 8.2F}, {18.6F, 8.2F}, {17.4F, 21}, {6.6F, 21}}};
+    const float rayas = std::min(aSegmento(p, {10, 11.4F}, {10.3F, 18}), aSegmento(p, {14, 11.4F}, {13.7F, 18})) - 0.8F;
+    const float tapa = aSegmento(p, {4.4F, 5.4F}, {19.6F, 5.4F}) - 1.1F;
+    const float asa = aRedondeado(p, {9, 2, 6, 3.4F}, 1.2F);
+    return std::min({std::max(aPoligono(p, CUBO) - 0.6F, -rayas), tapa, asa});
+}
+
 }  // namespace
 
 void dibujarPictograma(Lienzo& lienzo, Dibujo dibujo, const RECT& caja, COLORREF tinta) {
@@ -111,38 +176,28 @@ void dibujarPictograma(Lienzo& lienzo, Dibujo dibujo, const RECT& caja, COLORREF
         });
     };
     switch (dibujo) {
-        case Dibujo::ninguno:
-            break;
-        case Dibujo::apagar:
-            pintar(apagar);
-            break;
-        case Dibujo::marcha:
-            pintar(marcha);
-            break;
-        case Dibujo::pausa:
-            pintar(pausa);
-            break;
-        case Dibujo::ajustes:
-            pintar([rueda = engranaje()](Punto p) { return ajustes(p, rueda); });
-            break;
-        case Dibujo::aceptar:
-            pintar(aceptar);
-            break;
-        case Dibujo::cancelar:
-            pintar(cancelar);
-            break;
-        case Dibujo::parrilla:
-            pintar(parrilla);
-            break;
-        case Dibujo::visores:
-            pintar(visores);
-            break;
-        case Dibujo::tamano:
-            pintar(tamano);
-            break;
-        case Dibujo::mensaje:
-            pintar(mensaje);
-            break;
+        // clang-format off
+        case Dibujo::ninguno:  break;
+        case Dibujo::apagar:   pintar(apagar);   break;
+        case Dibujo::marcha:   pintar(marcha);   break;
+        case Dibujo::pausa:    pintar(pausa);    break;
+        case Dibujo::ajustes:  pintar([rueda = engranaje()](Punto p) { return ajustes(p, rueda); }); break;
+        case Dibujo::aceptar:  pintar(aceptar);  break;
+        case Dibujo::cancelar: pintar(cancelar); break;
+        case Dibujo::parrilla: pintar(parrilla); break;
+        case Dibujo::visores:  pintar(visores);  break;
+        case Dibujo::tamano:   pintar(tamano);   break;
+        case Dibujo::mensaje:  pintar(mensaje);  break;
+        case Dibujo::mas:      pintar(mas);      break;
+        case Dibujo::menos:    pintar(menos);    break;
+        case Dibujo::cerrar:   pintar(cerrar);   break;
+        case Dibujo::tessel:   pintar(tessel);   break;
+        case Dibujo::pavona:   pintar(pavona);   break;
+        case Dibujo::diseno:   pintar(diseno);   break;
+        case Dibujo::plegar:   pintar(plegar);   break;
+        case Dibujo::nuevo:    pintar(nuevo);    break;
+        case Dibujo::eliminar: pintar(eliminar); break;
+            // clang-format on
     }
 }
 

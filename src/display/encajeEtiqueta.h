@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/superficie.h"
+
+namespace sorvanel {
+
+struct LineaEtiqueta {
+    std::string texto;
+    float ancho = 0;  // twips
+    float y = 0;      // top of the line
+};
+
+// How a caption lies in its area, twips.
+struct EncajeEtiqueta {
+    Fuente fuente;
+    float margen = 0;  // kept free at both sides
+    std::vector<LineaEtiqueta> lineas;
+};
+
+struct ZonaEtiqueta {
+    float ancho = 0;
+    float alto = 0;
+    float margen = 0;          // at either side
+    float margenVertical = 0;  // above and below
+    float altoLetra = 0;       // the font's height where the caption need not be smaller
+};
+
+// The caption in that height on one line where it fits, else in up to three lines, or smaller, which
+// ever can be read from farther away. It breaks at blanks, no-break ones too: captions hold no others.
+// Measures with `medidor` and leaves its font changed.
+EncajeEtiqueta encajarEtiqueta(Superficie& medidor, const ZonaEtiqueta& zona, std::string_view texto);
+
+}  // namespace sorvanel

@@ -1,0 +1,127 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "platform/dialogo.h"
+#include "platform/win32/anfitrionDialogo.h"
+#include "platform/win32/aspecto.h"
+#include "platform/win32/ventanaWin.h"
+#include "platform/win32/vida.h"
+
+namespace sorvanel {
+
+// What all controls of a tool window share. Most are controls of the system with our look: they keep
+// its behaviour, its messages and what screen readers make of it.
+//
+// A handler may destroy the control, or the window with all of them. So none is called while the
+// system's own code for that control is at work: what happens is noted, and told when the outermost
+// message has been dealt with; nothing is touched after it.
+class ControlWin : protected VentanaWin {
+public:
+    ~ControlWin() override;
+
+    using VentanaWin::hwnd;
+    virtual void alCambiarEscala();
+    // Can the keyboard reach it?
+    bool alcanzable() const { return m_tabulable && m_visible && m_habilitado && hwnd(); }
+    virtual bool esRotulo() const { return false; }
+    // Lies beneath the others.
+    virtual bool esMarco() const { return false; }
+    // Asked when the focus has gone to another control of the window. May destroy the control.
+    virtual bool validar() { return true; }
+    virtual bool seValida() const { return false; }
+    Vida::Testigo testigo() const { return m_vida.testigo(); }
+    bool estaVisible() const { return m_visible; }
+    // Within the window, device pixels.
+    RECT sitio() const;
+
+protected:
+    explicit ControlWin(AnfitrionDialogo& anfitrion) : m_anfitrion(anfitrion) {}
+    // `sobre` null: a window of our own. Of the style only what is special.
+    void crearControl(const wchar_t* clase, const wchar_t* sobre, DWORD estilo, IdControl id, int elemento);
+
+    void ponerLugar(const Rectangulo& lugar);
+    void ponerVisible(bool visible);
+    void ponerHabilitado(bool si);
+    virtual void ponerNombre(const std::wstring& texto);
+    void ponerSugerencia(const std::wstring& texto);
+    void alFoco(std::function<void()> accion) { m_alRecibirFoco = std::move(accion); }
+    void alActuar(std::function<void()> accion) { m_accion = std::move(accion); }
+    bool conAccion() const { return static_cast<bool>(m_accion); }
+
+    // One message of those that the control knows.
+    virtual LRESULT atender(UINT mensaje, WPARAM w, LPARAM l);
+    // A message of the system's control that the window sent back: BN_CLICKED and its like.
+    virtual void alNotificar(UINT) {}
+    // The picture of the control at 0, 0; what lies behind is there already.
+    virtual void pintar(Lienzo&, const RECT&) {}
+    virtual void situarVentana();
+
+    // The action's turn comes after what is being dealt with; never for what cannot be pressed.
+    void actuar();
+    void actuarSiPulsable();
+    // The system's part of a message, without what it would paint on the spot.
+    LRESULT porDefectoSinPintar(UINT mensaje, WPARAM w, LPARAM l);
+    void pintarEn(HDC dc);
+
+    AnfitrionDialogo& anfitrion() const { return m_anfitrion; }
+    const Escala& escala() const { return m_anfitrion.escala(); }
+    int px(float pixelesDeDiseno) const { return aspecto::px(escala(), pixelesDeDiseno); }
+    const Rectangulo& lugar() const { return m_lugar; }
+    bool habilitado() const { return m_habilitado; }
+    bool enfocado() const { return hwnd() && GetFocus() == hwnd(); }
+
+private:
+    LRESULT alMensaje(UINT mensaje, WPARAM w, LPARAM l) final;
+    void avisar();
+    void alPintar();
+
+    AnfitrionDialogo& m_anfitrion;
+    Vida m_vida;
+    Rectangulo m_lugar;
+    bool m_visible = false;
+    bool m_habilitado = true;
+    bool m_tabulable = false;
+    bool m_conSugerencia = false;  // a text of its own, not the name
+    int m_nivel = 0;               // messages that are being dealt with, one within the other
+    bool m_avisarFoco = false;
+    bool m_avisarAccion = false;
+    std::function<void()> m_alRecibirFoco;
+    std::function<void()> m_accion;
+};
+
+// Message with which the window sends back what a control told it; w is what was told.
+constexpr UINT MENSAJE_NOTIFICADO = WM_APP + 1;
+
+// One kind of control: joins what it promises with what all of them do.
+template <typename Interfaz>
+class ControlDe : public Interfaz, public ControlWin {
+public:
+    void colocar(const Rectangulo& lugar) override { ponerLugar(lugar); }
+    void mostrar(bool visible) override { ponerVisible(visible); }
+    bool visible() const override { return estaVisible(); }
+    void habilitar(bool si) override { ponerHabilitado(si); }
+    void enfocar() override { anfitrion().enfocar(*this); }
+    bool tieneFoco() const override { return anfitrion().tieneFoco(*this); }
+    void nombre(const std::string& texto) override;
+    void sugerencia(const std::string& texto) override;
+    void alRecibirFoco(std::function<void()> accion) override { alFoco(std::move(accion)); }
+
+protected:
+    using ControlWin::ControlWin;
+};
+
+std::wstring textoControl(const std::string& texto);
+
+template <typename Interfaz>
+void ControlDe<Interfaz>::nombre(const std::string& texto) {
+    ponerNombre(textoControl(texto));
+}
+
+template <typename Interfaz>
+void ControlDe<Interfaz>::sugerencia(const std::string& texto) {
+    ponerSugerencia(textoControl(texto));
+}
+
+}  // namespace sorvanel
