@@ -17,13 +17,4 @@ public:
     virtual void Cerrar(SuscriptorPeso& visor) = 0;
 };
 
-// Stands where there is no concentrator link: no display of that family can be started.
-class EnlaceAusente final : public EnlaceCompartido {
-public:
-    void hola() override {}
-    void adios() override {}
-    bool enMarcha(SuscriptorPeso&) override { return false; }
-    void Cerrar(SuscriptorPeso&) override {}
-};
-
 }  // namespace sorvanel

@@ -12,7 +12,9 @@ constexpr std::size_t PRIMER_VALOR = 9;
 constexpr std::size_t SEGUNDO_VALOR = 18;
 constexpr std::int64_t MAGNITUD_MAXIMA = 99'999'999;
 
-bool esDigito(char c) { return c >= '0' && c <= '9'; }
+bool esDigito(char c) {
+    return c >= '0' && c <= '9';
+}
 
 bool tieneForma(std::string_view l) {
     return l.size() == LARGO_LINEA && esDigito(l[0]) && esDigito(l[1]) && l[2] == '/' && esDigito(l[3]) &&
@@ -89,12 +91,8 @@ std::optional<LecturaPavona> leerLineaPavona(std::string_view linea) {
     // An indicator that says it loads and unloads at once counts as loading.
     const bool cargando = linea[6] == 'C';
     const bool descargando = linea[7] == 'D' && !cargando;
-    const std::array<std::int64_t, 6> valores{f,
-                                              s,
-                                              f + s,
-                                              descargando ? s : f + s,
-                                              cargando ? f + s : s,
-                                              descargando ? s - f : s};
+    const std::array<std::int64_t, 6> valores{
+        f, s, f + s, descargando ? s : f + s, cargando ? f + s : s, descargando ? s - f : s};
     LecturaPavona lectura;
     lectura.primero = dosCifras(linea);
     lectura.segundo = dosCifras(linea.substr(3));

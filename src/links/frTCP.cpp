@@ -1,0 +1,247 @@
+#include "links/frTCP.h"
+
+#include <algorithm>
+
+#include "config/comun.h"
+
+namespace sorvanel {
+
+namespace {
+
+constexpr const char* SECCION = "PAVONA";
+constexpr const char* HOST_OMISION = "localhost";
+constexpr std::int32_t PORT_OMISION = 9084;
+constexpr std::string_view AVISO_LINEA = "LIN>";
+constexpr std::string_view AVISO_SEGUNDO = "XXX>";
+constexpr std::string_view RESPUESTA = "REP\r";
+constexpr std::int64_t NUNCA = -1'000'000;
+
+}  // namespace
+
+frTCP::frTCP(const Entorno& entorno)
+    : m_entorno(entorno), m_tim(entorno.fabrica.crearTemporizador()), m_wsk(entorno.fabrica.crearZocalo(*this)) {
+    m_tim->intervalo(VIGILANCIA);
+    m_tim->alTic([this] { tic(); });
+    m_intentos.fill(NUNCA);
+}
+
+frTCP::~frTCP() {
+    soltar();
+}
+
+void frTCP::hola() {
+    if (m_usuarios == 0) soltar();
+    ++m_usuarios;
+}
+
+void frTCP::adios() {
+    if (m_usuarios > 0 && --m_usuarios == 0) soltar();
+}
+
+void frTCP::soltar() {
+    m_estado = Estado::cerrado;
+    m_wsk->cerrar();
+    m_tim->habilitado(false);
+    m_bufer.clear();
+}
+
+bool frTCP::enMarcha(SuscriptorPeso& visor) {
+    if (m_suscriptores.empty()) {
+        if (!conectar()) return false;
+        // Already while connecting, so that the displays show that there is no data.
+        m_tim->habilitado(true);
+    }
+    m_suscriptores.push_back({&visor, static_cast<std::int16_t>(visor.port() / 100),
+                              static_cast<std::int16_t>(visor.port() % 100), visor.modoBulk(),
+                              m_entorno.reloj.ahora()});
+    return true;
+}
+
+void frTCP::Cerrar(SuscriptorPeso& visor) {
+    const auto suya = std::find_if(m_suscriptores.begin(), m_suscriptores.end(),
+                                   [&](const Suscripcion& s) { return s.visor == &visor; });
+    if (suya == m_suscriptores.end()) return;
+    m_suscriptores.erase(suya);
+    if (m_suscriptores.empty()) soltar();
+}
+
+bool frTCP::conectar() {
+    m_wsk->cerrar();
+    m_bufer.clear();
+    m_trasRetorno = false;
+    m_wsk->protocolo(ProtocoloZocalo::TCP);
+    const comun com(m_entorno);
+    const AccesorINI ini = com.abrir(SECCION);
+    const bool iniciada =
+        m_wsk->conectar(com.valDflt(ini, "Host", HOST_OMISION), com.valDflt(ini, "Port", PORT_OMISION));
+    m_estado = iniciada ? Estado::conectando : Estado::fallado;
+    m_inicioConexion = m_entorno.reloj.ahora();
+    m_intentos[m_siguienteIntento] = m_inicioConexion;
+    m_siguienteIntento = (m_siguienteIntento + 1) % m_intentos.size();
+    return iniciada;
+}
+
+bool frTCP::demasiadosIntentos() const {
+    const std::int64_t masViejo = m_intentos[m_siguienteIntento];
+    return m_entorno.reloj.ahora() - masViejo < VIGILANCIA;
+}
+
+// A peer that refuses is asked again at once, but never in a busy circle.
+void frTCP::reconectar() {
+    // A session that is lost again and again starts the timer anew each time: it may never tick.
+    vigilarSilencios();
+    if (m_estado == Estado::cerrado) return;
+    if (demasiadosIntentos()) {
+        fallar();
+    } else {
+        conectar();
+    }
+}
+
+void frTCP::fallar() {
+    m_bufer.clear();
+    m_wsk->cerrar();
+    m_estado = Estado::fallado;
+}
+
+void frTCP::alConectar() {
+    if (m_estado != Estado::conectando) return;
+    m_tim->habilitado(false);
+    m_tim->intervalo(VIGILANCIA);
+    m_tim->habilitado(true);
+    m_estado = Estado::esperaLinea;
+}
+
+void frTCP::alFallar() {
+    reconectar();
+}
+
+void frTCP::alCerrarse() {
+    reconectar();
+}
+
+void frTCP::tic() {
+    repartir(nullptr);
+    switch (m_estado) {
+        case Estado::conectando:
+            if (m_entorno.reloj.ahora() - m_inicioConexion >= ESPERA_CONEXION) conectar();
+            break;
+        case Estado::esperaLinea:
+        case Estado::esperaSegundo:
+        case Estado::abierta:
+        case Estado::fallado:
+            conectar();
+            break;
+        case Estado::cerrado:
+        case Estado::leyendo:
+            break;
+    }
+}
+
+void frTCP::alLlegarDatos() {
+    const std::size_t antes = m_bufer.size();
+    m_wsk->leer(m_bufer);
+    normalizarFinales(antes);
+    recibir();
+    if (m_bufer.size() >= BUFER_MAXIMO) m_bufer.clear();
+}
+
+// "\r\n" becomes "\r", also when the two came apart. Only what is new is looked at.
+void frTCP::normalizarFinales(std::size_t desde) {
+    std::size_t destino = desde;
+    for (std::size_t i = desde; i < m_bufer.size(); ++i) {
+        const char c = m_bufer[i];
+        if (!(c == '\n' && m_trasRetorno)) m_bufer[destino++] = c;
+        m_trasRetorno = c == '\r';
+    }
+    m_bufer.resize(destino);
+}
+
+void frTCP::recibir() {
+    switch (m_estado) {
+        case Estado::esperaLinea:
+            atender(AVISO_LINEA, Estado::esperaSegundo, RESPUESTA);
+            break;
+        case Estado::esperaSegundo:
+            atender(AVISO_SEGUNDO, Estado::abierta, {});
+            break;
+        case Estado::abierta:
+        case Estado::leyendo:
+            entregarLineas();
+            break;
+        default:
+            m_bufer.clear();
+    }
+}
+
+void frTCP::atender(std::string_view aviso, Estado siguiente, std::string_view respuesta) {
+    if (m_bufer.size() < aviso.size()) return;
+    if (!m_bufer.ends_with(aviso)) {
+        fallar();
+        return;
+    }
+    m_tim->habilitado(false);
+    if (!respuesta.empty()) m_wsk->enviar(respuesta);
+    m_bufer.clear();
+    m_estado = siguiente;
+    m_tim->habilitado(true);
+}
+
+void frTCP::entregarLineas() {
+    m_tim->habilitado(false);
+    std::size_t inicio = 0;
+    while (inicio < m_bufer.size()) {
+        const std::size_t fin = m_bufer.find('\r', inicio);
+        const bool entera = fin != std::string::npos;
+        const std::string_view linea = std::string_view(m_bufer).substr(inicio, entera ? fin - inicio : fin);
+        const bool tomada = entregar(linea);
+        // A display may have closed the link, even opened it again: the buffer is gone with it.
+        if (m_estado != Estado::abierta && m_estado != Estado::leyendo) return;
+        // What has no end yet is kept, unless it was a whole reading already.
+        if (!entera && !tomada) break;
+        inicio = entera ? fin + 1 : m_bufer.size();
+    }
+    m_bufer.erase(0, inicio);
+    m_tim->habilitado(true);
+    vigilarSilencios();
+}
+
+bool frTCP::entregar(std::string_view linea) {
+    const auto lectura = leerLineaPavona(linea);
+    if (!lectura) return false;
+    m_estado = Estado::leyendo;
+    repartir(&*lectura);
+    return true;
+}
+
+// A display may leave the table while it is told: who stood behind it has then taken its place.
+void frTCP::avisar(std::size_t& i, const LecturaPavona* lectura) {
+    SuscriptorPeso* const visor = m_suscriptores[i].visor;
+    const bool aceptada = lectura != nullptr
+                              ? visor->mmTCP_refrescoPeso(lectura->primero, lectura->segundo, lectura->texto())
+                              : visor->mmTCP_refrescoPeso(0, 0, {});
+    if (i >= m_suscriptores.size() || m_suscriptores[i].visor != visor) return;
+    if (aceptada) m_suscriptores[i].ultimaAceptada = m_entorno.reloj.ahora();
+    ++i;
+}
+
+// A reading, or null: there is none. Nobody is told more than once, however the table changes.
+void frTCP::repartir(const LecturaPavona* lectura) {
+    std::size_t turnos = m_suscriptores.size();
+    for (std::size_t i = 0; turnos > 0 && i < m_suscriptores.size(); --turnos) avisar(i, lectura);
+}
+
+// While others read on, a display whose own indicator says nothing must not stand there as live.
+void frTCP::vigilarSilencios() {
+    const std::int64_t ahora = m_entorno.reloj.ahora();
+    for (std::size_t i = 0; i < m_suscriptores.size();) {
+        if (ahora - m_suscriptores[i].ultimaAceptada < PACIENCIA) {
+            ++i;
+            continue;
+        }
+        m_suscriptores[i].ultimaAceptada = ahora;
+        avisar(i, nullptr);
+    }
+}
+
+}  // namespace sorvanel

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "config/entorno.h"
+#include "links/enlaceCompartido.h"
+#include "links/lineaPavona.h"
+#include "platform/sistema.h"
+
+namespace sorvanel {
+
+// The one connection to the concentrator. It opens a session by answering two prompts ("LIN>" with
+// "REP", then "XXX>" follows) and hands every reading line to the displays that have subscribed. A
+// session that fails, stalls while it opens, or is lost is opened again, for as long as somebody
+// listens.
+class frTCP final : public EnlaceCompartido, private OyenteZocalo {
+public:
+    static constexpr int VIGILANCIA = 1000;                  // milliseconds
+    static constexpr std::int64_t ESPERA_CONEXION = 3000;    // milliseconds: then the attempt has failed
+    static constexpr std::int64_t PACIENCIA = 10000;         // milliseconds without a reading taken
+    static constexpr std::size_t INTENTOS_POR_SEGUNDO = 10;  // the next waits for the tick
+    static constexpr std::size_t BUFER_MAXIMO = 64 * 1024;   // without a line's end: dropped
+
+    enum class Estado { cerrado, conectando, esperaLinea, esperaSegundo, abierta, leyendo, fallado };
+
+    explicit frTCP(const Entorno& entorno);
+    ~frTCP() override;
+    frTCP(const frTCP&) = delete;
+    frTCP& operator=(const frTCP&) = delete;
+
+    void hola() override;
+    void adios() override;
+    // The first subscriber connects: false, and nothing goes on, when host or port are of no use.
+    bool enMarcha(SuscriptorPeso& visor) override;
+    // The last one closes.
+    void Cerrar(SuscriptorPeso& visor) override;
+
+    Estado estado() const { return m_estado; }
+
+private:
+    struct Suscripcion {
+        SuscriptorPeso* visor;
+        std::int16_t primero;
+        std::int16_t segundo;
+        std::int16_t modoBulk;
+        std::int64_t ultimaAceptada;
+    };
+
+    void alConectar() override;
+    void alLlegarDatos() override;
+    void alFallar() override;
+    void alCerrarse() override;
+
+    void soltar();
+    bool conectar();
+    bool demasiadosIntentos() const;
+    void reconectar();
+    void fallar();
+    void tic();
+    void recibir();
+    void normalizarFinales(std::size_t desde);
+    void atender(std::string_view aviso, Estado siguiente, std::string_view respuesta);
+    void entregarLineas();
+    bool entregar(std::string_view linea);
+    void avisar(std::size_t& i, const LecturaPavona* lectura);
+    void repartir(const LecturaPavona* lectura);
+    void vigilarSilencios();
+
+    const Entorno& m_entorno;
+    std::unique_ptr<Temporizador> m_tim;
+    std::unique_ptr<Zocalo> m_wsk;
+    Estado m_estado = Estado::cerrado;
+    std::string m_bufer;
+    bool m_trasRetorno = false;  // the last character consumed was a carriage return
+    int m_usuarios = 0;
+    std::vector<Suscripcion> m_suscriptores;
+    std::array<std::int64_t, INTENTOS_POR_SEGUNDO> m_intentos{};  // when, a ring
+    std::size_t m_siguienteIntento = 0;
+    std::int64_t m_inicioConexion = 0;
+};
+
+}  // namespace sorvanel

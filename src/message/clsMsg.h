@@ -1,0 +1,82 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "config/entorno.h"
+#include "message/ajustesMensaje.h"
+#include "message/muelleMensaje.h"
+#include "platform/temporizador.h"
+
+namespace sorvanel {
+
+// One line of text along the window's bottom edge, still or scrolling from right to left. Every
+// change is saved and seen at once. The strip is visible exactly while the message is in use.
+class clsMsg {
+public:
+    static constexpr int INTERVALO = 10;  // milliseconds
+
+    // Loads the message and docks the strip; the dock must outlive it.
+    clsMsg(const Entorno& entorno, MuelleMensaje& muelle);
+    ~clsMsg();
+    clsMsg(const clsMsg&) = delete;
+    clsMsg& operator=(const clsMsg&) = delete;
+
+    bool enUso() const { return m_ajustes.enUso; }
+    void enUso(bool si);
+    const std::string& texto() const { return m_ajustes.texto; }
+    void texto(const std::string& texto);
+    Color colorFondo() const { return m_ajustes.colorFondo; }
+    void colorFondo(Color color);
+    Color colorTexto() const { return m_ajustes.colorTexto; }
+    void colorTexto(Color color);
+    const FuenteMensaje& getFont() const { return m_ajustes.fuente; }
+    // No, and nothing changed, when that font cannot be had in that size.
+    bool letFont(const FuenteMensaje& fuente);
+    std::int32_t velocidad() const { return m_ajustes.velocidad; }
+    void velocidad(std::int32_t pixeles);  // every 10 ms; 0 or less: still
+
+    void marcha();
+    void paro();
+    bool enMarcha() const { return m_enMarcha; }
+    // After the window changed its size or scale: docked and shown anew.
+    void redisponer();
+
+private:
+    struct Tramo {
+        std::string_view texto;  // within m_ajustes.texto
+        double x;                // from the text's beginning, twips
+        float ancho;
+    };
+
+    void tim_tic();
+    bool aplicarFuente(const FuenteMensaje& fuente);
+    void medirTexto();
+    void mostrarFranja();
+    void mostrarDeNuevo();
+    void reiniciar();
+    void pintarQuieto();
+    float avanceDebido();
+    void imprimirEntrantes(float desde);
+    void guardar() const;
+    bool desplaza() const { return m_ajustes.velocidad > 0; }
+
+    const Entorno& m_entorno;
+    MuelleMensaje& m_muelle;
+    Superficie& m_franja;
+    std::unique_ptr<Temporizador> m_tim;
+    AjustesMensaje m_ajustes;
+    bool m_enMarcha = false;
+    std::vector<Tramo> m_tramos;
+    // A long text is millions of twips wide: too many for a float to add up a fraction of a pixel to.
+    double m_anchoTexto = 0;
+    std::size_t m_siguiente = 0;  // the first piece that is not wholly printed yet
+    double m_posicion = 0;        // of the text's beginning in the strip
+    float m_recorrido = 0;        // since m_inicio, twips
+    std::int64_t m_inicio = 0;
+};
+
+}  // namespace sorvanel

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+namespace sorvanel {
+
+// Cuts a text into short pieces that can be printed one beside the other: at blanks, and where there
+// is none, after so many characters. A letter stays with its accents, an emoji with what modifies it.
+// The pieces are views into the text.
+std::vector<std::string_view> cortarEnTramos(std::string_view texto);
+
+}  // namespace sorvanel

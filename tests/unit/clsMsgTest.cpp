@@ -1,0 +1,431 @@
+#include "message/clsMsg.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "doubles/entornoDoble.h"
+#include "doubles/superficieDoble.h"
+#include "message/tramosTexto.h"
+
+namespace sorvanel {
+namespace {
+
+using Textos = std::vector<std::string>;
+
+constexpr float ANCHO = 6000;  // twips of the strip
+constexpr float EM = 10 * 20;  // of the font that most tests use, twips
+
+// Also keeps what was printed through a zone, in numbers.
+class FranjaDoble : public SuperficieDoble {
+public:
+    struct Impresion {
+        Rectangulo zona;
+        float x;
+        std::string texto;
+    };
+    std::vector<Impresion> impresiones;
+    float desplazado = 0;
+
+    void imprimirEn(const Rectangulo& zona, float x, float y, std::string_view texto, Color color) override {
+        impresiones.push_back({zona, x, std::string(texto)});
+        SuperficieDoble::imprimirEn(zona, x, y, texto, color);
+    }
+    void desplazar(float twips) override {
+        desplazado += twips;
+        SuperficieDoble::desplazar(twips);
+    }
+    std::size_t cuantas(const std::string& principio) const {
+        return static_cast<std::size_t>(std::count_if(lineas().begin(), lineas().end(),
+                                                      [&](const std::string& l) { return l.starts_with(principio); }));
+    }
+};
+
+class MuelleDoble : public MuelleMensaje {
+public:
+    FranjaDoble franja;
+    std::vector<bool> visibles;
+
+    Superficie& picMsg() override { return franja; }
+    void acoplar(float alto) override { franja.colocar({0, 9000 - alto, ANCHO, alto}); }
+    void alMostrarFranja(bool visible) override { visibles.push_back(visible); }
+};
+
+struct Banco {
+    EntornoDoble e;
+    MuelleDoble muelle;
+    std::unique_ptr<clsMsg> msg;
+
+    explicit Banco(const std::string& texto = "abc", const std::string& velocidad = "4") {
+        e.ini("\xEF\xBB\xBF[MENSAJE]\r\nEnUso=Sí\r\nTexto=" + texto + "\r\nFont=Arial,10\r\nVelocidad=" + velocidad +
+              "\r\n");
+        hacer();
+    }
+    void hacer() { msg = std::make_unique<clsMsg>(e.entorno, muelle); }
+    FranjaDoble& franja() { return muelle.franja; }
+    TemporizadorDoble& tim() { return *e.fabrica.ultimoTemporizador(); }
+    std::string guardado(const char* clave) { return e.valor("MENSAJE", clave); }
+    void olvidar() {
+        franja().olvidar();
+        franja().impresiones.clear();
+        franja().desplazado = 0;
+    }
+    void marcha() {
+        msg->marcha();
+        olvidar();
+    }
+};
+
+TEST(AjustesMensaje, cadaParteQueFaltaVienePorOmision) {
+    const AjustesMensaje omision;
+    const auto con = [](auto poner) {
+        AjustesMensaje a;
+        poner(a);
+        return a;
+    };
+    const auto fuente = [&](const FuenteMensaje& f) { return con([&](AjustesMensaje& a) { a.fuente = f; }); };
+    const auto velocidad = [&](std::int32_t v) { return con([&](AjustesMensaje& a) { a.velocidad = v; }); };
+    const auto colores = [&](Color f, Color t) {
+        return con([&](AjustesMensaje& a) { a.colorFondo = f, a.colorTexto = t; });
+    };
+    const AjustesMensaje enUso = con([](AjustesMensaje& a) { a.enUso = true; });
+    const struct {
+        const char* linea;
+        AjustesMensaje leido;
+    } CASOS[] = {
+        {"", omision},
+        {"EnUso=No", omision},
+        {"EnUso=Sí", enUso},
+        {"EnUso=SÍ", enUso},
+        {"EnUso=si", enUso},
+        {"EnUso=YES", enUso},
+        {"EnUso=True", enUso},
+        {"EnUso=verdadero", enUso},
+        {"EnUso=1", enUso},
+        {"EnUso=-1", enUso},
+        {"EnUso=2", omision},
+        {"Texto=hola, mundo", con([](AjustesMensaje& a) { a.texto = "hola, mundo"; })},
+        {"Font=Verdana", fuente({"Verdana", 64, false, false, false})},
+        {"Font=Verdana,12", fuente({"Verdana", 12, false, false, false})},
+        {"Font=Verdana,12.5,xIx", fuente({"Verdana", 12.5F, false, true, false})},
+        {"Font=Verdana,grande,UB", fuente({"Verdana", 64, true, false, true})},
+        {"Font=Verdana,-3,biu", fuente({"Verdana", 64, false, false, false})},
+        {"Font=,12,B", fuente({"Arial", 12, true, false, false})},
+        {"Color=0000FF", colores(ROJO, BLANCO)},
+        {"Color=,0000ff", colores(NEGRO, ROJO)},
+        {"Color=FF0000,", colores(rgb(0, 0, 255), BLANCO)},
+        {"Color=rojo,zzz", colores(NEGRO, BLANCO)},
+        {"Color=7F0000FF,112233,445566", colores(ROJO, 0x112233)},
+        {"Velocidad=4.9", velocidad(4)},
+        {"Velocidad=-2.9", velocidad(-2)},
+        {"Velocidad=rápida", omision},
+        {"Velocidad=5000", velocidad(5000)},
+        {"Velocidad=1e300", velocidad(std::numeric_limits<std::int32_t>::max())},
+    };
+    for (const auto& caso : CASOS) {
+        EntornoDoble e;
+        e.ini("\xEF\xBB\xBF[MENSAJE]\r\n" + std::string(caso.linea) + "\r\n");
+        const AjustesMensaje a = leerMensaje(e.entorno);
+        EXPECT_EQ(a.enUso, caso.leido.enUso) << caso.linea;
+        EXPECT_EQ(a.texto, caso.leido.texto) << caso.linea;
+        EXPECT_EQ(a.fuente, caso.leido.fuente) << caso.linea;
+        EXPECT_EQ(a.colorFondo, caso.leido.colorFondo) << caso.linea;
+        EXPECT_EQ(a.colorTexto, caso.leido.colorTexto) << caso.linea;
+        EXPECT_EQ(a.velocidad, caso.leido.velocidad) << caso.linea;
+    }
+}
+
+TEST(clsMsg, cadaCambioSeGuardaAlMomento) {
+    Banco b;
+    b.msg->enUso(false);
+    EXPECT_EQ(b.guardado("EnUso"), "No");
+    EXPECT_EQ(b.guardado("Font"), "Arial,10,xxx");
+    EXPECT_EQ(b.guardado("Color"), "000000,FFFFFF");
+    b.msg->enUso(true);
+    EXPECT_EQ(b.guardado("EnUso"), "Sí");
+    b.msg->texto(" Báscula 2 ");
+    EXPECT_EQ(b.guardado("Texto"), " Báscula 2 ");
+    b.msg->colorFondo(0x01FF0000);
+    EXPECT_EQ(b.msg->colorFondo(), 0xFF0000) << "a colour has 24 bits";
+    b.msg->colorTexto(rgb(1, 2, 171));
+    EXPECT_EQ(b.guardado("Color"), "FF0000,AB0201");
+    b.msg->velocidad(7);
+    EXPECT_EQ(b.guardado("Velocidad"), "7");
+    EXPECT_TRUE(b.msg->letFont({"Courier New", 12.5F, true, false, true}));
+    EXPECT_EQ(b.guardado("Font"), "Courier New,12.5,BxU");
+    b.hacer();
+    EXPECT_EQ(b.msg->texto(), " Báscula 2 ");
+    EXPECT_EQ(b.msg->getFont(), (FuenteMensaje{"Courier New", 12.5F, true, false, true}));
+    EXPECT_EQ(b.msg->colorFondo(), rgb(0, 0, 255));
+    EXPECT_EQ(b.msg->velocidad(), 7);
+}
+
+TEST(clsMsg, laFranjaSeAcoplaALaAlturaDeLaLetraYSeVeMientrasEstaEnUso) {
+    Banco b;
+    EXPECT_EQ(b.franja().lugar().alto, EM * 1.2F + 15);
+    EXPECT_TRUE(b.franja().visible());
+    EXPECT_EQ(b.franja().textoLeyenda(), "abc");
+    ASSERT_TRUE(b.msg->letFont({"Arial", 20, false, true, false}));
+    EXPECT_EQ(b.franja().lugar().alto, EM * 2 * 1.2F + 15);
+    EXPECT_EQ(b.franja().fuente(), (Fuente{"Arial", EM * 2, false, true, false}));
+    b.msg->marcha();
+    b.msg->enUso(false);
+    EXPECT_FALSE(b.franja().visible() || b.tim().habilitado() || b.msg->enMarcha());
+    b.msg->enUso(true);
+    b.msg.reset();
+    EXPECT_FALSE(b.franja().visible());
+    EXPECT_EQ(b.muelle.visibles, (std::vector<bool>{true, false, true, false}));
+}
+
+TEST(clsMsg, laLetraQueNoSePuedePonerNoCambiaNada) {
+    const FuenteMensaje buena{"Verdana", 20, true, false, false};
+    const struct {
+        FuenteMensaje fuente;
+        bool sinFuentes;
+    } CASOS[] = {{{"", 20, false, false, false}, false},
+                 {{"Arial,Black", 20, false, false, false}, false},
+                 {{"Arial", 3.9F, false, false, false}, false},
+                 {{"Arial", 401, false, false, false}, false},
+                 {{"Arial", std::numeric_limits<float>::quiet_NaN(), false, false, false}, false},
+                 {buena, true}};
+    for (const auto& caso : CASOS) {
+        Banco b;
+        b.marcha();
+        b.e.reloj.avanzar(500);
+        b.olvidar();
+        const std::string antes = b.e.ini();
+        const Fuente puesta = b.franja().fuente();
+        const Rectangulo lugar = b.franja().lugar();
+        b.franja().sinFuentes(caso.sinFuentes);
+        EXPECT_FALSE(b.msg->letFont(caso.fuente));
+        EXPECT_EQ(b.msg->getFont().nombre, "Arial");
+        EXPECT_EQ(b.msg->getFont().puntos, 10);
+        EXPECT_EQ(b.franja().fuente(), puesta);
+        EXPECT_EQ(b.franja().lugar(), lugar);
+        EXPECT_EQ(b.e.ini(), antes);
+        EXPECT_EQ(b.franja().cuantas("limpiar"), 0U) << "it goes on where it was";
+    }
+}
+
+TEST(clsMsg, quietoSeImprimeEnElBordeIzquierdo) {
+    for (const char* velocidad : {"0", "-3"}) {
+        Banco b("hola a todos", velocidad);
+        b.marcha();
+        b.msg->marcha();
+        EXPECT_FALSE(b.tim().habilitado());
+        const Textos esperado = {"colorFondo #000000", "limpiar #000000", "imprimir 0 0 \"hola \" #FFFFFF",
+                                 "imprimir 450 0 \"a \" #FFFFFF", "imprimir 620 0 \"todos\" #FFFFFF"};
+        EXPECT_EQ(b.franja().lineas(), esperado) << velocidad;
+    }
+    Banco largo(std::string(10'000, 'n'), "0");
+    largo.marcha();
+    largo.msg->colorTexto(ROJO);
+    EXPECT_LE(largo.franja().cuantas("imprimir"), 4U) << "nothing beyond the right edge";
+}
+
+// Whatever the scale of the monitor and however late the ticks come.
+TEST(clsMsg, avanzaPorElRelojEnPixelesEnteros) {
+    for (const float pixel : {15.0F, 12.0F, 10.0F, 60.0F / 7, 7.5F}) {
+        Banco b(std::string(3000, 'n'), "3");
+        b.franja().pixel(pixel);
+        b.marcha();
+        std::int64_t pasado = 0;
+        float antes = 0;
+        for (int i = 0; i < 2600; ++i) {
+            const std::int64_t tarde = 10 + i * 7 % 13;
+            b.e.reloj.saltar(tarde);
+            pasado += tarde;
+            b.tim().disparar();
+            const float pixeles = (b.franja().desplazado - antes) / pixel;
+            ASSERT_NEAR(pixeles, std::round(pixeles), 0.02) << "whole pixels, tick " << i;
+            antes = b.franja().desplazado;
+            const float debido = static_cast<float>(pasado) * 4.5F;
+            ASSERT_NEAR(antes, debido, pixel + debido * 1e-5F) << "tick " << i << ", pixel " << pixel;
+        }
+    }
+}
+
+TEST(clsMsg, unTicTardioSeRecuperaSinSaltosYUnaParadaLargaSeOlvida) {
+    Banco b(std::string(500, 'n'));
+    b.marcha();
+    b.e.reloj.avanzar(10);
+    EXPECT_EQ(b.franja().desplazado, 60);
+    b.e.reloj.saltar(90);
+    b.tim().disparar();
+    EXPECT_EQ(b.franja().desplazado, 60 + 180) << "three steps at most";
+    b.e.reloj.avanzar(50);
+    EXPECT_EQ(b.franja().desplazado, 15 * 60) << "made up for";
+    b.e.reloj.saltar(60'000);
+    b.tim().disparar();
+    EXPECT_EQ(b.franja().desplazado, 16 * 60) << "what was missed is missed";
+    b.e.reloj.avanzar(100);
+    EXPECT_EQ(b.franja().desplazado, 26 * 60);
+}
+
+// Each piece of text, from its left edge to its right, is printed by bands that meet and never overlap.
+TEST(clsMsg, cadaColumnaDelTextoSeImprimeUnaVez) {
+    for (const float pixel : {15.0F, 12.0F}) {
+        Banco b("É así: " + std::string(60, 'W') + " e\u0301 \U0001F1EA\U0001F1F8 fin");
+        b.franja().pixel(pixel);
+        b.marcha();
+        std::map<float, std::pair<FranjaDoble::Impresion, float>> piezas;  // by their place: what, and up to where
+        for (std::size_t tic = 0, vistas = 0; tic < 1000; ++tic, vistas = b.franja().impresiones.size()) {
+            const float antes = b.franja().desplazado;
+            b.e.reloj.avanzar(10);
+            if (b.franja().cuantas("limpiar") != 0) break;
+            const float avance = b.franja().desplazado - antes;
+            for (std::size_t i = vistas; i < b.franja().impresiones.size(); ++i) {
+                const auto& impresa = b.franja().impresiones[i];
+                ASSERT_EQ(impresa.zona, (Rectangulo{ANCHO - avance, 0, avance, b.franja().lugar().alto}));
+                const float lugar = std::round(impresa.x + b.franja().desplazado - ANCHO);
+                const auto [pieza, nueva] = piezas.try_emplace(lugar, impresa, antes);
+                ASSERT_EQ(pieza->second.first.texto, impresa.texto);
+                ASSERT_EQ(pieza->second.second, antes) << "no gap and nothing twice";
+                pieza->second.second = b.franja().desplazado;
+                EXPECT_TRUE(!nueva || antes <= lugar) << "it begins with its left edge";
+            }
+        }
+        ASSERT_EQ(b.franja().cuantas("limpiar"), 1U) << "the whole text has passed";
+        std::string todo;
+        float fin = 0;
+        for (const auto& [lugar, pieza] : piezas) {
+            ASSERT_NEAR(lugar, fin, 1) << "side by side";
+            fin = lugar + b.franja().medir(pieza.first.texto).ancho;
+            EXPECT_GE(pieza.second, fin) << "and is completed up to its right edge";
+            todo += pieza.first.texto;
+        }
+        EXPECT_EQ(todo, b.msg->texto());
+    }
+}
+
+TEST(clsMsg, loQueCuestaUnTicNoCreceConElTexto) {
+    for (const std::string palabra : {"n", "n ", "    ", "\U0001F1EA\U0001F1F8"}) {
+        std::size_t masCorto = 0;
+        for (const int largo : {100, 10'000}) {
+            std::string texto;
+            while (texto.size() < static_cast<std::size_t>(largo)) texto += palabra;
+            Banco b;
+            b.msg->texto(texto);
+            b.marcha();
+            std::size_t mas = 0;
+            for (int i = 0; i < 1000; ++i) {
+                b.olvidar();
+                b.e.reloj.avanzar(10);
+                ASSERT_EQ(b.franja().cuantas("imprimir "), 0U) << "only through the zone that came free";
+                mas = std::max(mas, b.franja().lineas().size());
+            }
+            if (largo == 100) masCorto = mas;
+            EXPECT_LE(mas, masCorto) << palabra;
+        }
+        EXPECT_LE(masCorto, 12U) << palabra;
+    }
+}
+
+TEST(clsMsg, cuandoElTextoHaSalidoVuelveAEmpezar) {
+    Banco b("nnnnn");  // 600 twips: it has left after 6600, the tick after that begins anew
+    b.marcha();
+    b.e.reloj.avanzar(1100);
+    EXPECT_EQ(b.franja().cuantas("limpiar"), 0U);
+    b.e.reloj.avanzar(10);
+    EXPECT_EQ(b.franja().cuantas("limpiar"), 1U);
+    b.olvidar();
+    b.e.reloj.avanzar(10);
+    const Textos esperado = {"desplazar 60", "imprimirEn 5940 0 60 255: 5940 0 \"nnnnn\" #FFFFFF", "refrescar"};
+    EXPECT_EQ(b.franja().lineas(), esperado);
+}
+
+TEST(clsMsg, unTextoMuyLargoNoPierdeElPixel) {
+    Banco b(std::string(20'000, 'n'), "400");
+    b.franja().pixel(60.0F / 7);
+    b.marcha();
+    double desplazado = 0;
+    for (int i = 0; i < 380; ++i) {
+        b.olvidar();
+        b.e.reloj.avanzar(10);
+        desplazado += static_cast<double>(b.franja().desplazado);
+        for (const auto& impresa : b.franja().impresiones) {
+            const double lugar = static_cast<double>(impresa.x) + desplazado - static_cast<double>(ANCHO);
+            ASSERT_NEAR(std::remainder(lugar, 24 * 120.0), 0, 1) << "tick " << i;
+        }
+    }
+    EXPECT_GT(desplazado, 2e6);
+}
+
+TEST(clsMsg, laVelocidadCambiaSobreLaMarcha) {
+    Banco b(std::string(500, 'n'), "0");
+    b.msg->velocidad(4);
+    b.msg->velocidad(0);
+    EXPECT_FALSE(b.tim().habilitado());
+    EXPECT_EQ(b.franja().cuantas("limpiar"), 1U) << "made once, it does not run";
+    b.marcha();
+    b.msg->velocidad(0);
+    EXPECT_EQ(b.franja().lineas(), Textos{}) << "no change";
+    b.msg->velocidad(4);
+    EXPECT_TRUE(b.tim().habilitado());
+    b.e.reloj.avanzar(100);
+    EXPECT_EQ(b.franja().desplazado, 600);
+    b.olvidar();
+    b.msg->velocidad(8);
+    b.msg->velocidad(8);
+    b.e.reloj.avanzar(100);
+    EXPECT_EQ(b.franja().desplazado, 1200);
+    EXPECT_EQ(b.franja().cuantas("limpiar"), 0U) << "on from where it is";
+    b.msg->velocidad(0);
+    EXPECT_FALSE(b.tim().habilitado());
+    EXPECT_EQ(b.franja().cuantas("imprimir 0 0"), 1U);
+}
+
+TEST(clsMsg, marchaYParo) {
+    Banco b;
+    b.msg->enUso(false);
+    b.msg->marcha();
+    EXPECT_FALSE(b.msg->enMarcha() || b.tim().habilitado()) << "not in use";
+    b.msg->enUso(true);
+    EXPECT_FALSE(b.tim().habilitado()) << "in use, not yet running";
+    b.marcha();
+    EXPECT_TRUE(b.msg->enMarcha());
+    b.e.reloj.avanzar(3000);
+    b.olvidar();
+    b.msg->paro();
+    EXPECT_EQ(b.franja().lineas(), Textos{"limpiar #000000"});
+    b.e.reloj.avanzar(1000);
+    b.msg->colorTexto(ROJO);
+    EXPECT_EQ(b.franja().cuantas("imprimir"), 0U) << "what does not run shows nothing";
+    b.msg->marcha();
+    b.olvidar();
+    b.e.reloj.avanzar(20);
+    EXPECT_EQ(b.franja().impresiones[0].x, ANCHO - 60) << "from the right edge again";
+}
+
+TEST(clsMsg, loQueCambiaSeVeAlMomento) {
+    Banco b("abc", "0");
+    b.marcha();
+    const struct {
+        std::function<void(clsMsg&)> cambio;
+        const char* queda;
+    } CASOS[] = {
+        {[](clsMsg& m) { m.texto("otro"); }, "imprimir 0 0 \"otro\" #FFFFFF"},
+        {[](clsMsg& m) { m.colorTexto(ROJO); }, "imprimir 0 0 \"otro\" #FF0000"},
+        {[](clsMsg& m) { m.colorFondo(BLANCO); }, "limpiar #FFFFFF"},
+        {[](clsMsg& m) {
+             m.letFont({"Arial", 20, false, false, false});
+         },
+         "colocar 0 8505 6000 495"},
+        {[](clsMsg& m) { m.redisponer(); }, "colocar 0 8505 6000 495"},
+        {[](clsMsg& m) { m.texto(""); }, "leyenda \"\""},
+    };
+    for (const auto& caso : CASOS) {
+        b.olvidar();
+        caso.cambio(*b.msg);
+        EXPECT_EQ(b.franja().cuantas(caso.queda), 1U) << caso.queda;
+        EXPECT_EQ(b.franja().cuantas("limpiar"), 1U) << caso.queda;
+    }
+    b.msg->velocidad(4);
+    b.olvidar();
+    b.e.reloj.avanzar(1000);
+    EXPECT_EQ(b.franja().cuantas("imprimir"), 0U) << "an empty text draws nothing";
+}
+
+}  // namespace
+}  // namespace sorvanel
