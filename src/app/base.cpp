@@ -4,6 +4,9 @@
 
 #include "config/almacenPerfil.h"
 #include "config/comun.h"
+#include "dialogs/cfgContexto.h"
+#include "dialogs/cfgMensaje.h"
+#include "dialogs/cfgVisor.h"
 
 namespace sorvanel {
 
@@ -15,20 +18,21 @@ std::string textoVersion(const Version& version) {
     return texto;
 }
 
-base::base(const Entorno& entorno, Formulario& formulario, EnlaceCompartido& compartido)
+base::base(const Entorno& entorno, Formulario& formulario, FabricaDialogos& dialogos, EnlaceCompartido& compartido)
     : m_entorno(entorno),
       m_formulario(formulario),
-      m_compartido(compartido),
-      m_picRep(formulario.crearSuperficie(IdControl::picRep, 0)),
-      m_barra(formulario) {
+      m_barra(formulario),
+      m_montaje(entorno, formulario, compartido, m_barra),
+      m_asas(formulario, [this] { refrescos(); }) {
+    MesaConfiguracion& mesa = *this;
+    m_cfgContexto = std::make_unique<cfgContexto>(entorno, dialogos, mesa);
+    m_cfgVisor = std::make_unique<cfgVisor>(entorno, dialogos, mesa);
+    m_cfgMensaje = std::make_unique<cfgMensaje>(entorno, dialogos, mesa);
     unirBotones();
     m_formulario.oyente(this);
 }
 
-base::~base() {
-    m_formulario.oyente(nullptr);
-    desmontar();
-}
+base::~base() { m_formulario.oyente(nullptr); }
 
 void base::unirBotones() {
     m_barra.alPulsar(IdControl::botOff, [this] { m_formulario.cerrar(); });
@@ -41,13 +45,17 @@ void base::unirBotones() {
     m_barra.alPulsar(IdControl::botCfg, [this] { configurar(); });
     m_barra.alPulsar(IdControl::botOk, [this] { aceptar(); });
     m_barra.alPulsar(IdControl::botCan, [this] { cancelar(); });
+    m_barra.alPulsar(IdControl::botDise, [this] { alternar(*m_cfgContexto); });
+    m_barra.alPulsar(IdControl::botVisores, [this] { alternar(*m_cfgVisor); });
+    m_barra.alPulsar(IdControl::botMensaje, [this] { alternar(*m_cfgMensaje); });
+    m_barra.alPulsar(IdControl::botSize, [this] { alternarTamano(); });
 }
 
 void base::cargar() {
     m_barra.version(textoVersion(m_entorno.programa.version()));
     estado(Estado::iniciando);
     cubrirMonitor();
-    vaciarRepresentacion();
+    m_montaje.vaciar();
     m_formulario.mostrar();
 }
 
@@ -62,101 +70,172 @@ void base::primeraActivacion() {
     if (m_descargado) return;
     std::string errores;
     construir(errores);
-    if (m_visores->cuantos() > 0) {
+    if (visores().cuantos() > 0) {
         // The errors wait until all that can run does: nobody may be there to answer the box.
         ponerEnMarcha(errores);
         avisar(errores);
         return;
     }
     comun(m_entorno).hacerCopiaDeINI();
-    desmontar();
-    m_formulario.refrescar();
-    estado(Estado::configurando);
+    entrarEnConfiguracion();
 }
 
 void base::cubrirMonitor() {
-    if (!m_pantalla) m_pantalla = std::make_unique<oScreen>(m_entorno);
-    m_monitor = m_pantalla->monitor();
+    const oScreen pantalla(m_entorno);
+    m_monitor = pantalla.monitor();
     m_formulario.cubrir(m_monitor);
-    const float ancho = m_pantalla->Width();
-    const float alto = m_pantalla->Height();
-    m_barra.disponer(ancho, alto);
-    m_picRep->colocar({0, 0, ancho, alto});
-    m_picRep->mostrar(true);
+    m_barra.disponer(pantalla.Width(), pantalla.Height());
+    m_montaje.dimensionar(pantalla.Width(), pantalla.Height());
 }
 
 void base::construir(std::string& errores) {
     cubrirMonitor();
-    m_parrilla = std::make_unique<Parrilla>(m_entorno);
-    m_parrilla->definir(*m_picRep);
-    m_parrilla->pintarReticula();
-    m_visores = std::make_unique<Visores>(m_entorno, m_compartido);
-    crearVisores();
-    m_visores->ubicar(errores);
+    m_montaje.montarParrilla();
+    m_montaje.montarVisores(errores);
+    m_montaje.montarMensaje();
     estado(Estado::pausa);
 }
 
-void base::crearVisores() {
-    for (std::int16_t i = 1; i <= m_visores->cuantos(); ++i) {
-        m_picReps.push_back(m_formulario.crearSuperficie(IdControl::picRep, i));
-        m_picCaps.push_back(m_formulario.crearSuperficie(IdControl::picCap, i));
-        m_visores->uno(i)->definir(*m_parrilla, *m_picCaps.back(), *m_picReps.back());
-    }
-}
-
 void base::ponerEnMarcha(std::string& errores) {
-    m_visores->letsRun(errores);
+    visores().letsRun(errores);
+    mensaje().marcha();
     estado(Estado::marcha);
 }
 
 void base::pausar() {
-    m_visores->Run(false);
+    visores().Run(false);
+    mensaje().paro();
     estado(Estado::pausa);
 }
 
-void base::desmontar() {
-    if (m_visores) {
-        m_visores->Run(false);
-        m_visores->desubicar();
-    }
-    while (!m_picReps.empty()) m_picReps.pop_back();
-    while (!m_picCaps.empty()) m_picCaps.pop_back();
-    m_visores.reset();
-    m_parrilla.reset();
-    m_pantalla.reset();
-    vaciarRepresentacion();
-}
-
-// Nothing but the application's colour, as the file has it.
-void base::vaciarRepresentacion() {
-    Parrilla parrilla(m_entorno);
-    m_picRep->colorFondo(parrilla.colorAplicacion() < 0 ? BLANCO : parrilla.colorAplicacion());
-    m_picRep->limpiar();
-}
-
 void base::configurar() {
-    if (!comun(m_entorno).hacerCopiaDeINI()) {
+    if (comun(m_entorno).hacerCopiaDeINI()) {
+        entrarEnConfiguracion();
+    } else {
         m_entorno.avisos.critico("Error al hacer copia de configuración");
-        return;
     }
-    desmontar();
+}
+
+void base::entrarEnConfiguracion() {
+    m_montaje.desmontar();
     m_formulario.refrescar();
     estado(Estado::configurando);
 }
 
+// The order is fixed; a tool that refuses keeps those after it open.
 void base::aceptar() {
+    if (m_cfgContexto->cargado() && !m_cfgContexto->Descargar(false)) return;
+    if (m_cfgVisor->cargado() && !m_cfgVisor->Descargar(false)) return;
+    if (m_modoTamano) unloadCfgSize();
+    if (m_cfgMensaje->cargado() && !m_cfgMensaje->Descargar(false)) return;
+    m_montaje.desmontar();
     std::string errores;
     construir(errores);
     avisar(errores);
 }
 
 void base::cancelar() {
+    cerrarHerramientas(true);
+    m_montaje.desmontar();
     comun(m_entorno).restaurarCopiaDeINI();
     // The restored file may name another monitor and other colours.
-    m_pantalla.reset();
     cubrirMonitor();
-    vaciarRepresentacion();
-    m_pantalla.reset();
+    m_montaje.vaciar();
+}
+
+bool base::cerrarHerramientas(bool descartar, const Herramienta* menosEsta) {
+    if (m_modoTamano) unloadCfgSize();
+    for (Herramienta* una : {m_cfgContexto.get(), m_cfgVisor.get(), m_cfgMensaje.get()}) {
+        if (una != menosEsta && una->cargado() && !una->Descargar(descartar) && !descartar) return false;
+    }
+    return true;
+}
+
+void base::alternar(Herramienta& pedida) {
+    if (pedida.cargado()) {
+        pedida.Descargar(false);
+    } else if (cerrarHerramientas(false, &pedida)) {
+        pedida.Mostrar();
+    }
+}
+
+void base::alternarTamano() {
+    if (m_modoTamano) {
+        unloadCfgSize();
+    } else if (cerrarHerramientas(false)) {
+        cfgSizeMostrar();
+    }
+}
+
+void base::cfgSizeMostrar() {
+    m_montaje.montarParrilla();
+    // The strip, where there is one, takes room from the grid.
+    m_montaje.montarMensaje();
+    const oScreen pantalla(m_entorno);
+    m_asas.mostrar(parrilla(), pantalla.Width(), m_montaje.limiteInferior());
+    m_modoTamano = true;
+}
+
+void base::unloadCfgSize() {
+    m_asas.ocultar();
+    desmontarMesa();
+    m_modoTamano = false;
+    refrescos();
+}
+
+void base::montarParrilla() { m_montaje.montarParrilla(); }
+
+void base::montarVisores() {
+    // What cannot be placed is told when the configuration is accepted.
+    std::string errores;
+    m_montaje.montarParrilla();
+    m_montaje.montarVisores(errores);
+}
+
+void base::montarMensaje() { m_montaje.montarMensaje(); }
+
+void base::desmontarMesa() {
+    m_montaje.desmontar();
+    m_entorno.perfil.volcar();
+}
+
+visor* base::nuevoVisor() {
+    visor* const nuevo = visores().nuevo(0, "");
+    if (nuevo != nullptr) m_montaje.anadirSuperficies(*nuevo);
+    return nuevo;
+}
+
+bool base::eliminarVisor(std::int16_t posicion) {
+    if (!visores().eliminar(posicion)) return false;
+    // The displays behind it have other numbers now, and their surfaces go by number.
+    m_montaje.desmontar();
+    montarVisores();
+    return true;
+}
+
+void base::cambiarMonitor(std::int16_t indice) {
+    oScreen(m_entorno).monitorActual(indice);
+    redisponer();
+}
+
+void base::alCambiarMonitores() {
+    if (m_estado == Estado::iniciando || m_descargado) return;
+    const oScreen pantalla(m_entorno);
+    // Between two monitors there may be none for a while: what stands, stands.
+    if (pantalla.numMonitores() == 0 || pantalla.monitor() == m_monitor) return;
+    redisponer();
+}
+
+void base::redisponer() {
+    cubrirMonitor();
+    m_montaje.redisponer();
+    if (m_modoTamano) {
+        const oScreen pantalla(m_entorno);
+        m_asas.mostrar(parrilla(), pantalla.Width(), m_montaje.limiteInferior());
+    }
+    for (Herramienta* una : {m_cfgContexto.get(), m_cfgVisor.get(), m_cfgMensaje.get()}) {
+        if (una->cargado()) una->seguirMonitor(m_monitor);
+    }
 }
 
 void base::estado(Estado nuevo) {
@@ -194,27 +273,11 @@ void base::retenerCursor() {
 
 void base::alDescargar() {
     m_descargado = true;
-    desmontar();
+    cerrarHerramientas(true);
+    m_montaje.desmontar();
     estado(Estado::iniciando);
     // At the end of a Windows session nothing is run after this.
     m_entorno.perfil.volcar();
-}
-
-void base::alCambiarMonitores() {
-    if (m_estado == Estado::iniciando || m_descargado) return;
-    auto pantalla = std::make_unique<oScreen>(m_entorno);
-    // Between two monitors there may be none for a while: what stands, stands.
-    if (pantalla->numMonitores() == 0 || pantalla->monitor() == m_monitor) return;
-    m_pantalla = std::move(pantalla);
-    cubrirMonitor();
-    if (!m_parrilla) {
-        vaciarRepresentacion();
-        m_pantalla.reset();
-        return;
-    }
-    m_parrilla->recargar();
-    m_parrilla->pintarReticula();
-    m_visores->reubicar();
 }
 
 }  // namespace sorvanel

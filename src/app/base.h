@@ -2,24 +2,27 @@
 
 #include <memory>
 #include <string>
-#include <vector>
 
+#include "app/asasParrilla.h"
 #include "app/barraBotones.h"
 #include "app/estado.h"
+#include "app/montaje.h"
 #include "config/entorno.h"
-#include "display/visores.h"
-#include "grid/parrilla.h"
+#include "dialogs/herramienta.h"
+#include "dialogs/mesaConfiguracion.h"
 #include "links/enlaceCompartido.h"
+#include "platform/dialogo.h"
 #include "platform/formulario.h"
 #include "screen/oScreen.h"
 
 namespace sorvanel {
 
 // The main window: the run states of the whole program, what is built on entering and leaving them,
-// and the order in which it is torn down. It takes the form over and leaves it bare when it goes.
-class base final : private OyenteFormulario {
+// the order in which it is torn down, and the one configuration tool that is open at a time. It takes
+// the form over and leaves it bare when it goes.
+class base final : private OyenteFormulario, private MesaConfiguracion {
 public:
-    base(const Entorno& entorno, Formulario& formulario, EnlaceCompartido& compartido);
+    base(const Entorno& entorno, Formulario& formulario, FabricaDialogos& dialogos, EnlaceCompartido& compartido);
     ~base() override;
     base(const base&) = delete;
     base& operator=(const base&) = delete;
@@ -29,6 +32,9 @@ public:
     Estado estado() const { return m_estado; }
     // Repaints the button bar, after the grid was moved under it.
     void refrescos();
+    // Enters and leaves size mode: the handles on the grid's corners.
+    void cfgSizeMostrar();
+    void unloadCfgSize();
 
 private:
     void alActivar() override;
@@ -36,36 +42,51 @@ private:
     void alDescargar() override;
     void alCambiarMonitores() override;
 
+    void montarParrilla() override;
+    void montarVisores() override;
+    void montarMensaje() override;
+    void desmontarMesa() override;
+    Parrilla& parrilla() override { return *m_montaje.parrilla(); }
+    Visores& visores() override { return *m_montaje.visores(); }
+    clsMsg& mensaje() override { return *m_montaje.mensaje(); }
+    visor* nuevoVisor() override;
+    bool eliminarVisor(std::int16_t posicion) override;
+    Monitor monitorEnUso() const override { return m_monitor; }
+    void cambiarMonitor(std::int16_t indice) override;
+    void refrescarBarra() override { refrescos(); }
+
     void unirBotones();
     void primeraActivacion();
     void construir(std::string& errores);
-    void crearVisores();
     void cubrirMonitor();
+    void redisponer();
     void ponerEnMarcha(std::string& errores);
     void pausar();
-    void desmontar();
-    void vaciarRepresentacion();
     void configurar();
+    void entrarEnConfiguracion();
     void aceptar();
     void cancelar();
     void estado(Estado nuevo);
     void avisar(const std::string& errores);
     void retenerCursor();
+    void alternar(Herramienta& pedida);
+    void alternarTamano();
+    // False when a tool refuses to close; those after it are then still open.
+    bool cerrarHerramientas(bool descartar, const Herramienta* menosEsta = nullptr);
 
     const Entorno& m_entorno;
     Formulario& m_formulario;
-    EnlaceCompartido& m_compartido;
     Estado m_estado = Estado::iniciando;
     bool m_activado = false;
     bool m_descargado = false;
+    bool m_modoTamano = false;
     Monitor m_monitor;
-    std::unique_ptr<Superficie> m_picRep;  // element 0: the whole area above the bar
     BarraBotones m_barra;
-    std::vector<std::unique_ptr<Superficie>> m_picReps;  // elements 1 to n, a display each
-    std::vector<std::unique_ptr<Superficie>> m_picCaps;
-    std::unique_ptr<oScreen> m_pantalla;
-    std::unique_ptr<Parrilla> m_parrilla;
-    std::unique_ptr<Visores> m_visores;
+    Montaje m_montaje;
+    AsasParrilla m_asas;
+    std::unique_ptr<Herramienta> m_cfgContexto;
+    std::unique_ptr<Herramienta> m_cfgVisor;
+    std::unique_ptr<Herramienta> m_cfgMensaje;
 };
 
 // "1.02A": the minor number with two digits, the revision from 1 as a letter.

@@ -3,11 +3,13 @@
 #include "app/base.h"
 #include "config/almacenPerfil.h"
 #include "config/entorno.h"
+#include "links/frTCP.h"
 #include "platform/win32/archivosWin.h"
 #include "platform/win32/avisosWin.h"
 #include "platform/win32/bucle.h"
 #include "platform/win32/colaWin.h"
 #include "platform/win32/cursorWin.h"
+#include "platform/win32/fabricaDialogosWin.h"
 #include "platform/win32/fabricaWin.h"
 #include "platform/win32/formularioWin.h"
 #include "platform/win32/instancia.h"
@@ -37,9 +39,10 @@ struct Composicion {
     FabricaWin fabrica{ventana, reloj};
     AlmacenPerfil perfil{archivos, reloj};
     Entorno entorno{programa, archivos, perfil, monitores, fabrica, reloj, cursor, avisos, cola, reposo};
-    EnlaceAusente compartido;
+    frTCP compartido{entorno};
     FormularioWin formulario{"Sorvanel"};
-    base principal{entorno, formulario, compartido};
+    FabricaDialogosWin dialogos{bucle, avisos, formulario.hwnd()};
+    base principal{entorno, formulario, dialogos, compartido};
 
     Composicion() {
         avisos.propietaria(formulario.hwnd());

@@ -1,9 +1,11 @@
 #include "grid/parrilla.h"
 
 #include <algorithm>
+#include <array>
 
 #include "config/comun.h"
 #include "grid/persistenciaParrilla.h"
+#include "screen/transpa.h"
 
 namespace sorvanel {
 
@@ -15,13 +17,15 @@ bool esColor(Color color) { return color >= 0; }
 
 Parrilla::Parrilla(const Entorno& entorno) : m_entorno(entorno), m_pantalla(entorno) { cargar(); }
 
-bool Parrilla::definir(Superficie& lienzo) {
+bool Parrilla::definir(Superficie& lienzo, VentanaParrilla& ventana) {
     m_lienzo = lienzo.hasDC() ? &lienzo : nullptr;
+    m_ventana = &ventana;
     return m_lienzo != nullptr;
 }
 
 bool Parrilla::indefinir() {
     m_lienzo = nullptr;
+    m_ventana = nullptr;
     return true;
 }
 
@@ -111,10 +115,18 @@ void Parrilla::Height(float alto) {
 }
 
 void Parrilla::cambiarZona(const Rectangulo& zona) {
+    // Outside the old area and the new one nothing changes.
     if (definida()) m_lienzo->caja(m_zona, m_lienzo->colorFondo());
     m_zona = zona;
-    pintarReticula();
+    darForma();
+    pintarZona();
     guardar();
+}
+
+void Parrilla::mover(const Rectangulo& zona) {
+    const bool dentro = zona.x >= 0 && zona.y >= 0 && zona.ancho >= 0 && zona.alto >= 0 &&
+                        zona.derecha() <= m_pantalla.Width() && zona.abajo() <= m_pantalla.Height();
+    if (dentro && zona != m_zona) cambiarZona(zona);
 }
 
 float Parrilla::anchoCelda() const {
@@ -125,15 +137,31 @@ float Parrilla::altoCelda() const {
     return (m_zona.alto - static_cast<float>(m_filas + 1) * lineaHorizontal()) / m_filas;
 }
 
-void Parrilla::pintarFondoAplicacion() {
+void Parrilla::darForma() {
+    if (!definida()) return;
+    const Transpa transpa(m_pantalla.monitor());
+    if (esColor(m_colorAplicacion)) {
+        transpa.transparentar(m_ventana->forma(), std::nullopt);
+    } else {
+        const std::array<Rectangulo, 2> conservar{m_zona, m_ventana->franjaInferior()};
+        transpa.transparentar(m_ventana->forma(), conservar);
+    }
+}
+
+void Parrilla::pintarAplicacion() {
+    if (!definida()) return;
+    darForma();
     m_lienzo->colorFondo(esColor(m_colorAplicacion) ? m_colorAplicacion : BLANCO);
     m_lienzo->limpiar();
 }
 
 void Parrilla::pintarReticula() {
-    if (!definida()) return;
-    pintarFondoAplicacion();
-    if (m_zona.vacio()) return;
+    pintarAplicacion();
+    pintarZona();
+}
+
+void Parrilla::pintarZona() {
+    if (!definida() || m_zona.vacio()) return;
     m_lienzo->caja(m_zona, m_colorFondo);
     if (m_gruesoVertical > 0) {
         for (int i = 0; i <= m_columnas; ++i) {

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "config/entorno.h"
+#include "grid/ventanaParrilla.h"
 #include "platform/color.h"
 #include "platform/geometria.h"
 #include "platform/superficie.h"
@@ -20,9 +21,9 @@ public:
     // Loads the grid for the monitor in use.
     explicit Parrilla(const Entorno& entorno);
 
-    // The surface to paint on (not owned; it must outlive this or be taken back by indefinir). No
-    // when it cannot be painted on.
-    bool definir(Superficie& lienzo);
+    // The surface to paint on and the window that it fills (not owned; they must outlive this or be
+    // taken back by indefinir). No when it cannot be painted on.
+    bool definir(Superficie& lienzo, VentanaParrilla& ventana);
     bool indefinir();
     bool definida() const;
 
@@ -56,7 +57,14 @@ public:
     void Width(float ancho);
     void Height(float alto);
 
+    // All four at once, painted and saved once. Ignored unless it lies within the screen.
+    void mover(const Rectangulo& zona);
+
     void pintarReticula();
+    // The application's colour alone, or its transparency.
+    void pintarAplicacion();
+    // Cuts the window anew, after what is kept below the grid has changed.
+    void darForma();
     // The cell's inside, between the lines; nothing when there is no such cell to paint.
     std::optional<Rectangulo> getCell(std::int16_t fila, std::int16_t columna) const;
     // From the first cell to the last, with the lines between them.
@@ -67,8 +75,8 @@ public:
 private:
     void cargar();
     void guardar() const;
-    void pintarFondoAplicacion();
     void cambiarZona(const Rectangulo& zona);
+    void pintarZona();
     float lineaVertical() const { return aTwips(m_gruesoVertical); }
     float lineaHorizontal() const { return aTwips(m_gruesoHorizontal); }
     float anchoCelda() const;
@@ -77,6 +85,7 @@ private:
     const Entorno& m_entorno;
     oScreen m_pantalla;
     Superficie* m_lienzo = nullptr;
+    VentanaParrilla* m_ventana = nullptr;
     Rectangulo m_zona;
     std::int16_t m_filas = 4;
     std::int16_t m_columnas = 1;

@@ -38,6 +38,8 @@ public:
     virtual ~Avisos() = default;
     // Critical-error icon and OK. Returns when the user has answered.
     virtual void critico(const std::string& texto) = 0;
+    // The same with the information icon.
+    virtual void informacion(const std::string& texto) = 0;
 };
 
 // What runs later on the one thread.

@@ -59,8 +59,13 @@ public:
     virtual void caja(const Rectangulo& zona, Color color) = 0;
     // A filled polygon with smooth edges.
     virtual void poligono(std::span<const Punto> vertices, Color color) = 0;
-    // Moves the picture left by whole design pixels and fills what came free with colorFondo().
-    virtual void desplazar(int pixeles) = 0;
+    // The same, but only what falls within the zone.
+    virtual void imprimirEn(const Rectangulo& zona, float x, float y, std::string_view texto, Color color) = 0;
+    // Moves the picture left by that many twips, a whole number of its pixels, and fills what came
+    // free with colorFondo().
+    virtual void desplazar(float twips) = 0;
+    // Twips across one pixel of the picture.
+    virtual float pixel() const = 0;
 
     // What the surface says in words: read by screen readers, never painted.
     virtual void leyenda(std::string_view texto) = 0;

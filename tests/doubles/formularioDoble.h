@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -34,6 +35,26 @@ public:
     void alPulsar(std::function<void()> nueva) override { accion = std::move(nueva); }
 };
 
+class AsaDoble : public Asa {
+public:
+    bool visible = false;
+    Rectangulo lugar;
+    std::string textoNombre;
+    OyenteAsa* quienOye = nullptr;
+
+    void colocar(const Rectangulo& nuevo) override { lugar = nuevo; }
+    void mostrar(bool si) override { visible = si; }
+    void nombre(const std::string& texto) override { textoNombre = texto; }
+    void oyente(OyenteAsa* oyente) override { quienOye = oyente; }
+
+    // As a hand does it: the handle follows the mouse, which stays where it took it.
+    void arrastrar(float dx, float dy) {
+        quienOye->alPulsarAsa({100, 100});
+        quienOye->alMoverAsa({100 + dx, 100 + dy});
+        quienOye->alSoltarAsa();
+    }
+};
+
 // A form without a window: it keeps its surfaces and buttons where a test can find them, and plays
 // what the user and the system do to it.
 class FormularioDoble : public Formulario {
@@ -43,6 +64,7 @@ public:
     Puntero ultimoPuntero = Puntero::normal;
     bool visible = false;
     OyenteFormulario* quienOye = nullptr;
+    std::vector<RectPixel> forma;
 
     void oyente(OyenteFormulario* oyente) override { quienOye = oyente; }
     void cubrir(const Monitor& monitor) override {
@@ -53,6 +75,8 @@ public:
         return registrar<SuperficieDoble>(m_superficies, numero(id, elemento));
     }
     std::unique_ptr<Boton> crearBoton(IdControl id) override { return registrar<BotonDoble>(m_botones, numero(id)); }
+    std::unique_ptr<Asa> crearAsa(IdControl id) override { return registrar<AsaDoble>(m_asas, numero(id)); }
+    void recortar(std::span<const RectPixel> zonas) override { forma.assign(zonas.begin(), zonas.end()); }
     void puntero(Puntero puntero) override { ultimoPuntero = puntero; }
     void refrescar() override {}
     void mostrar() override {
@@ -66,6 +90,7 @@ public:
     // Null for one that was not made or is gone.
     SuperficieDoble* superficie(IdControl id, int elemento = 0) { return buscar(m_superficies, numero(id, elemento)); }
     BotonDoble* boton(IdControl id) { return buscar(m_botones, numero(id)); }
+    AsaDoble* asa(IdControl id) { return buscar(m_asas, numero(id)); }
     std::size_t superficies() const { return m_superficies.size(); }
     // False when the button cannot be seen or does nothing.
     bool pulsar(IdControl id) {
@@ -103,6 +128,7 @@ private:
 
     Registro<SuperficieDoble> m_superficies;
     Registro<BotonDoble> m_botones;
+    Registro<AsaDoble> m_asas;
 };
 
 }  // namespace sorvanel

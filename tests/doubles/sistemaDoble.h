@@ -55,12 +55,15 @@ public:
     std::vector<std::string> textos;
     std::function<void(const std::string&)> alMostrar;  // what happens while the box is open
 
+    std::vector<std::string> informaciones;
+
     void critico(const std::string& texto) override {
         textos.push_back(texto);
         if (alMostrar) {
             alMostrar(texto);
         }
     }
+    void informacion(const std::string& texto) override { informaciones.push_back(texto); }
 };
 
 // Keeps what was posted until the test lets it run.

@@ -110,8 +110,13 @@ void SuperficieDoble::poligono(std::span<const Punto> vertices, Color color) {
     anotar(linea + ' ' + enPalabras(color));
 }
 
-void SuperficieDoble::desplazar(int pixeles) {
-    anotar("desplazar " + std::to_string(pixeles));
+void SuperficieDoble::imprimirEn(const Rectangulo& zona, float x, float y, std::string_view texto, Color color) {
+    anotar("imprimirEn " + enPalabras(zona) + ": " + numero(x) + ' ' + numero(y) + " \"" + std::string(texto) + "\" " +
+           enPalabras(color));
+}
+
+void SuperficieDoble::desplazar(float twips) {
+    anotar("desplazar " + numero(twips));
 }
 
 void SuperficieDoble::leyenda(std::string_view texto) {

@@ -25,6 +25,8 @@ public:
     void conDC(bool hay) { m_conDC = hay; }
     // Each character then takes whole pixels, rounded up, as hinted fonts do.
     void ajustada(bool si) { m_ajustada = si; }
+    // As on a monitor of another scale; 15 is 100 %.
+    void pixel(float twips) { m_pixel = twips; }
     // Nothing is measured any more: every text has size zero.
     void sinFuentes(bool si) { m_sinFuentes = si; }
 
@@ -41,7 +43,9 @@ public:
     void imprimir(float x, float y, std::string_view texto, Color color) override;
     void caja(const Rectangulo& zona, Color color) override;
     void poligono(std::span<const Punto> vertices, Color color) override;
-    void desplazar(int pixeles) override;
+    void imprimirEn(const Rectangulo& zona, float x, float y, std::string_view texto, Color color) override;
+    void desplazar(float twips) override;
+    float pixel() const override { return m_pixel; }
     void leyenda(std::string_view texto) override;
     void refrescar() override;
 
@@ -56,6 +60,7 @@ private:
     Color m_fondo = BLANCO;
     std::string m_leyenda;
     int m_fuentesPuestas = 0;
+    float m_pixel = TWIPS_POR_PIXEL;
     bool m_visible = false;
     bool m_conDC = true;
     bool m_ajustada = false;

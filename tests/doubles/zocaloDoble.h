@@ -143,6 +143,9 @@ public:
         return true;
     }
 
+    // Who is told, also of what comes too late.
+    OyenteZocalo& oyente() { return m_oyente; }
+
     // ---- what the test may look at ----
     ProtocoloZocalo protocolo() const { return m_protocolo; }
     std::int32_t puerto() const { return m_puerto; }  // 0 while not bound

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "app/base.h"
+#include "doubles/compartidoDoble.h"
+#include "doubles/dialogoDoble.h"
 #include "doubles/entornoDoble.h"
 #include "doubles/formularioDoble.h"
 
@@ -15,12 +17,13 @@ constexpr const char* DOS_VISORES =
 struct Banco {
     EntornoDoble e;
     FormularioDoble formulario;
-    EnlaceAusente ausente;
+    FabricaDialogosDoble dialogos;
+    CompartidoDoble compartido;
     std::unique_ptr<base> b;
 
     explicit Banco(const std::string& ini, bool arrancar = true) {
         if (!ini.empty()) e.ini(ini);
-        b = std::make_unique<base>(e.entorno, formulario, ausente);
+        b = std::make_unique<base>(e.entorno, formulario, dialogos, compartido);
         if (arrancar) {
             b->cargar();
             e.cola.ejecutar();
@@ -109,6 +112,7 @@ TEST(base, losErroresVanJuntosYLosDemasYaCorren) {
                 "[VISOR_4]\r\nProtocolo=Pavona\r\nPort=1203\r\nUbicacion=1,1\r\n",
             false);
     t.e.fabrica.red().ocupados = {3001};
+    t.compartido.arranca = false;
     bool corriaYa = false;
     t.e.avisos.alMostrar = [&](const std::string&) { corriaYa = t.e.fabrica.enPuerto(3002) != nullptr; };
     t.b->cargar();
@@ -186,10 +190,132 @@ TEST(base, unMonitorQueCambiaRedisponeSinPararNada) {
     EXPECT_EQ(t.leyenda(1), "12");
 }
 
+// In configuration, with which tools open.
+std::string abiertas(Banco& t) {
+    std::string lista;
+    if (t.dialogos.dialogo(IdControl::cfgContexto) != nullptr) lista += "contexto ";
+    if (t.dialogos.dialogo(IdControl::cfgVisor) != nullptr) lista += "visor ";
+    if (t.dialogos.dialogo(IdControl::cfgMensaje) != nullptr) lista += "mensaje ";
+    if (t.formulario.asa(IdControl::imDrgXY)->visible) lista += "tamano ";
+    return lista;
+}
+
+TEST(base, unaSolaHerramientaAbierta) {
+    Banco t(DOS_VISORES);
+    t.formulario.pulsar(IdControl::botPau);
+    t.formulario.pulsar(IdControl::botCfg);
+    struct Paso {
+        IdControl boton;
+        const char* abiertas;
+    };
+    const Paso pasos[] = {
+        {IdControl::botDise, "contexto "}, {IdControl::botDise, ""},          {IdControl::botVisores, "visor "},
+        {IdControl::botSize, "tamano "},   {IdControl::botMensaje, "mensaje "}, {IdControl::botDise, "contexto "},
+        {IdControl::botSize, "tamano "},   {IdControl::botSize, ""},          {IdControl::botVisores, "visor "},
+        {IdControl::botMensaje, "mensaje "}, {IdControl::botVisores, "visor "}, {IdControl::botDise, "contexto "},
+        {IdControl::botOk, ""},
+    };
+    for (const Paso& paso : pasos) {
+        ASSERT_TRUE(t.formulario.pulsar(paso.boton));
+        ASSERT_EQ(abiertas(t), paso.abiertas) << static_cast<int>(paso.boton);
+    }
+    EXPECT_EQ(t.b->estado(), Estado::pausa);
+    EXPECT_EQ(t.e.ini(), DOS_VISORES) << "opening and closing changes nothing";
+}
+
+TEST(base, unaEntradaInvalidaImpideAceptarYCambiarDeHerramienta) {
+    Banco t(DOS_VISORES);
+    t.formulario.pulsar(IdControl::botPau);
+    t.formulario.pulsar(IdControl::botCfg);
+    t.formulario.pulsar(IdControl::botVisores);
+    CajaTextoDoble* port = t.dialogos.dialogo(IdControl::cfgVisor)->caja(IdControl::txPort, 1);
+    port->irA();
+    port->reescribir("3002");
+    t.formulario.pulsar(IdControl::botOk);
+    EXPECT_EQ(abiertas(t), "visor ");
+    EXPECT_EQ(t.b->estado(), Estado::configurando);
+    t.formulario.pulsar(IdControl::botDise);
+    EXPECT_EQ(abiertas(t), "visor ");
+    t.formulario.pulsar(IdControl::botCan);
+    EXPECT_EQ(abiertas(t), "") << "cancelling never refuses";
+    EXPECT_EQ(t.e.ini(), DOS_VISORES);
+}
+
+TEST(base, cancelarDevuelveCadaByteConCadaHerramientaAbierta) {
+    for (const IdControl boton : {IdControl::botDise, IdControl::botVisores, IdControl::botSize, IdControl::botMensaje}) {
+        Banco t(DOS_VISORES);
+        t.formulario.pulsar(IdControl::botPau);
+        t.formulario.pulsar(IdControl::botCfg);
+        t.formulario.pulsar(boton);
+        if (boton == IdControl::botDise) t.dialogos.dialogo(IdControl::cfgContexto)->imagen(IdControl::imRwP)->pulsar();
+        if (boton == IdControl::botVisores) t.dialogos.dialogo(IdControl::cfgVisor)->boton(IdControl::botNvo)->pulsar();
+        if (boton == IdControl::botSize) t.formulario.asa(IdControl::imDrgXY)->arrastrar(1500, 1500);
+        if (boton == IdControl::botMensaje) {
+            t.dialogos.dialogo(IdControl::cfgMensaje)->casilla(IdControl::ckUsar)->pulsar();
+        }
+        EXPECT_NE(t.e.ini(), DOS_VISORES) << "the change is in the file at once";
+        t.formulario.pulsar(IdControl::botCan);
+        t.e.reloj.avanzar(2000);
+        t.e.perfil.ocio(true);
+        EXPECT_EQ(t.e.ini(), DOS_VISORES);
+        EXPECT_EQ(abiertas(t), "");
+        EXPECT_EQ(t.formulario.superficie(IdControl::picRep, 1), nullptr);
+        t.formulario.pulsar(IdControl::botOk);
+        EXPECT_EQ(t.e.ini(), DOS_VISORES);
+    }
+}
+
+TEST(base, cerrarMientrasSeConfiguraDejaElArchivoComoEsta) {
+    Banco t(DOS_VISORES);
+    t.formulario.pulsar(IdControl::botPau);
+    t.formulario.pulsar(IdControl::botCfg);
+    t.formulario.pulsar(IdControl::botDise);
+    t.dialogos.dialogo(IdControl::cfgContexto)->imagen(IdControl::imRwP)->pulsar();
+    t.formulario.cerrar();
+    EXPECT_EQ(abiertas(t), "");
+    EXPECT_EQ(t.e.valor("RETICULA", "FilasColumnas"), "3x1");
+}
+
+TEST(base, elMonitorElegidoMueveTodoEnseguida) {
+    Banco t(DOS_VISORES, false);
+    t.e.monitores.lista.push_back({{-1920, 0, 0, 1080}, {-1920, 0, 0, 1040}, false, "B", 15, 15});
+    t.b->cargar();
+    t.e.cola.ejecutar();
+    t.formulario.pulsar(IdControl::botPau);
+    t.formulario.pulsar(IdControl::botCfg);
+    t.formulario.pulsar(IdControl::botDise);
+    FormularioDialogoDoble* contexto = t.dialogos.dialogo(IdControl::cfgContexto);
+    contexto->imagen(IdControl::imMoP)->pulsar();
+    EXPECT_EQ(t.formulario.cubierto.area.left, -1920);
+    EXPECT_EQ(contexto->centrado.area.left, -1920);
+    EXPECT_EQ(t.formulario.boton(IdControl::botCan)->lugar.derecha(), 1920 * 15 - 60);
+    EXPECT_EQ(t.e.valor("MONITORES", "EnUso"), "2");
+    t.formulario.pulsar(IdControl::botCan);
+    EXPECT_EQ(t.formulario.cubierto.area.left, 0) << "back where the restored file says";
+}
+
+TEST(base, laBandaDelMensajeVaConLaMarcha) {
+    Banco t(std::string(DOS_VISORES) + "[MENSAJE]\r\nEnUso=S\xed\r\nTexto=Hola\r\nFont=Arial,20\r\n");
+    SuperficieDoble* banda = t.formulario.superficie(IdControl::picMsg);
+    EXPECT_TRUE(banda->visible());
+    EXPECT_EQ(banda->lugar().abajo(), 736 * 15.0F) << "on the bar";
+    t.e.reloj.avanzar(200);
+    EXPECT_NE(std::find_if(banda->lineas().begin(), banda->lineas().end(),
+                           [](const std::string& l) { return l.find("Hola") != std::string::npos && l.find("imprimir") == 0; }),
+              banda->lineas().end());
+    t.formulario.pulsar(IdControl::botPau);
+    banda->olvidar();
+    t.e.reloj.avanzar(200);
+    EXPECT_TRUE(banda->lineas().empty());
+    t.formulario.pulsar(IdControl::botCfg);
+    EXPECT_FALSE(banda->visible());
+}
+
 TEST(base, cerrarDesmontaYNoVuelveAConstruir) {
     Banco t(DOS_VISORES);
     t.formulario.pulsar(IdControl::botOff);
     EXPECT_TRUE(t.e.fabrica.zocalos().empty());
+    EXPECT_EQ(t.compartido.usuarios, 0);
     EXPECT_FALSE(t.e.reposo.impedido);
     EXPECT_EQ(t.e.ini(), DOS_VISORES) << "a run leaves the file as it was";
 

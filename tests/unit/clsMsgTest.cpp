@@ -323,7 +323,7 @@ TEST(clsMsg, loQueCuestaUnTicNoCreceConElTexto) {
 }
 
 TEST(clsMsg, cuandoElTextoHaSalidoVuelveAEmpezar) {
-    Banco b("nnnnn");  // 600 twips: it has left after 6600, the tick after that begins anew
+    Banco b("000000");  // 600 twips: it has left after 6600, the tick after that begins anew
     b.marcha();
     b.e.reloj.avanzar(1100);
     EXPECT_EQ(b.franja().cuantas("limpiar"), 0U);
@@ -331,12 +331,12 @@ TEST(clsMsg, cuandoElTextoHaSalidoVuelveAEmpezar) {
     EXPECT_EQ(b.franja().cuantas("limpiar"), 1U);
     b.olvidar();
     b.e.reloj.avanzar(10);
-    const Textos esperado = {"desplazar 60", "imprimirEn 5940 0 60 255: 5940 0 \"nnnnn\" #FFFFFF", "refrescar"};
+    const Textos esperado = {"desplazar 60", "imprimirEn 5940 0 60 255: 5940 0 \"000000\" #FFFFFF", "refrescar"};
     EXPECT_EQ(b.franja().lineas(), esperado);
 }
 
 TEST(clsMsg, unTextoMuyLargoNoPierdeElPixel) {
-    Banco b(std::string(20'000, 'n'), "400");
+    Banco b(std::string(20'000, 'n'), "399");
     b.franja().pixel(60.0F / 7);
     b.marcha();
     double desplazado = 0;

@@ -212,21 +212,24 @@ TEST(frTCP, elSilencioSeAvisaCadaSegundoTambienMientrasConecta) {
 TEST(frTCP, seReconectaEnseguidaPeroNoMasDeDiezVecesPorSegundo) {
     Banco b;
     b.llevar(Estado::conectando);
-    for (int i = 1; i <= 9; ++i) {
-        b.e.reloj.saltar(1);
+    b.e.reloj.avanzar(1100);
+    for (int i = 1; i <= 10; ++i) {
         b.zocalo().fallar();
         ASSERT_EQ(b.conexiones(), 1 + i);
     }
     b.zocalo().fallar();
-    EXPECT_EQ(b.conexiones(), 10);
+    EXPECT_EQ(b.conexiones(), 11);
     EXPECT_EQ(b.enlace.estado(), Estado::fallado);
-    b.e.reloj.avanzar(990);
-    EXPECT_EQ(b.conexiones(), 10);
+    b.e.reloj.avanzar(899);
+    EXPECT_EQ(b.conexiones(), 11);
     b.e.reloj.avanzar(1);
-    EXPECT_EQ(b.conexiones(), 11) << "the tick always tries, however short ago the others were";
-    b.e.reloj.avanzar(500);
+    EXPECT_EQ(b.conexiones(), 12) << "the tick always tries, however short ago the others were";
+    b.e.reloj.avanzar(99);
     b.zocalo().fallar();
-    EXPECT_EQ(b.conexiones(), 12) << "the second is over";
+    EXPECT_EQ(b.enlace.estado(), Estado::fallado) << "the tick's attempt counts too";
+    b.e.reloj.avanzar(901);
+    b.zocalo().fallar();
+    EXPECT_EQ(b.conexiones(), 14) << "the second is over";
 }
 
 TEST(frTCP, unaSesionQueSePierdeSinCesarNoDejaUnPesoViejo) {

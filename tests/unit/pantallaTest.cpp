@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
 #include "doubles/entornoDoble.h"
+#include "doubles/ventanaDoble.h"
 #include "platform/geometria.h"
 #include "screen/oScreen.h"
+#include "screen/transpa.h"
 
 namespace sorvanel {
 namespace {
@@ -61,6 +63,19 @@ TEST(oScreen, sinMonitoresTodoEsCero) {
     pantalla.monitorActual(1);
     EXPECT_EQ(pantalla.monitorActual(), 0);
     EXPECT_EQ((Rectangulo{pantalla.X0(), pantalla.Y0(), pantalla.Width(), pantalla.Height()}), Rectangulo{});
+}
+
+TEST(Transpa, redondeaLasMitadesAlParYNoTocaLaFormaSinRectangulos) {
+    VentanaDoble ventana;
+    const Monitor alMedio{{-1024, 0, 0, 768}, {}, false, "", 10, 10};
+    const Transpa transpa(alMedio);
+    transpa.transparentar(ventana.forma(), std::nullopt);
+    EXPECT_EQ(ventana.zonas, (std::vector<RectPixel>{{0, 0, 1024, 768}}));
+    transpa.transparentar(ventana.forma(), std::span<const Rectangulo>{});
+    EXPECT_EQ(ventana.recortes, 1) << "an empty list is not an absent one";
+    const std::vector<Rectangulo> zonas{{5, 15, 20, 30}, {24, 26, 0, 10}};
+    transpa.transparentar(ventana.forma(), zonas);
+    EXPECT_EQ(ventana.zonas, (std::vector<RectPixel>{{0, 2, 2, 4}, {2, 3, 2, 4}}));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "doubles/entornoDoble.h"
 #include "doubles/superficieDoble.h"
+#include "doubles/ventanaDoble.h"
 #include "grid/parrilla.h"
 
 namespace sorvanel {
@@ -69,8 +70,9 @@ TEST(Parrilla, leeLoQueElArchivoTiene) {
 TEST(Parrilla, cadaCambioSeGuardaEnLaFormaDelArchivo) {
     EntornoDoble e;
     SuperficieDoble lienzo;
+    VentanaDoble ventana;
     Parrilla p(e.entorno);
-    ASSERT_TRUE(p.definir(lienzo));
+    ASSERT_TRUE(p.definir(lienzo, ventana));
     p.filas(3);
     p.filas(9);
     p.filas(0);
@@ -115,9 +117,10 @@ TEST(Parrilla, lasCeldasYLasLineasLlenanLaZona) {
     EntornoDoble e;
     e.ini("[RETICULA]\r\nFilasColumnas=2x3\r\ngruesoVertical=2\r\ngruesoHorizontal=1\r\ncolorReticula=0000FF\r\n");
     SuperficieDoble lienzo;
+    VentanaDoble ventana;
     Parrilla p(e.entorno);
     EXPECT_FALSE(p.getCell(1, 1)) << "nothing to paint on yet";
-    p.definir(lienzo);
+    p.definir(lienzo, ventana);
     const float ancho = (ANCHO - 4 * 30) / 3;
     const float alto = (ALTO_UTIL - 3 * 15) / 2;
     EXPECT_EQ(p.getCell(1, 1), (Rectangulo{30, 15, ancho, alto}));
@@ -143,12 +146,34 @@ TEST(Parrilla, lasCeldasYLasLineasLlenanLaZona) {
     EXPECT_EQ(lienzo.lineas(), std::vector<std::string>{"caja 30 15 5080 5497.5 #000000"});
 }
 
+TEST(Parrilla, unaAplicacionTransparenteDejaLaZonaYLaFranja) {
+    EntornoDoble e;
+    e.ini("[RETICULA]\r\nPosicion=0,25;0,25\r\nDimensiones=0,5;0,5\r\ncolorAplicacion=transparente\r\n");
+    SuperficieDoble lienzo;
+    VentanaDoble ventana;
+    Parrilla p(e.entorno);
+    p.definir(lienzo, ventana);
+    p.pintarReticula();
+    EXPECT_EQ(ventana.zonas, (std::vector<RectPixel>{{256, 192, 768, 560}, {0, 736, 1024, 768}}));
+    ventana.franja = {0, 10000, 15360, 1520};
+    p.darForma();
+    EXPECT_EQ(ventana.zonas[1], (RectPixel{0, 667, 1024, 768}));
+    p.colorAplicacion(NEGRO);
+    p.pintarReticula();
+    EXPECT_EQ(ventana.zonas, (std::vector<RectPixel>{{0, 0, 1024, 768}})) << "whole again";
+    const int antes = ventana.recortes;
+    p.indefinir();
+    p.darForma();
+    EXPECT_EQ(ventana.recortes, antes);
+}
+
 TEST(Parrilla, sinLineasLasCeldasSeTocanYNoSePintaNinguna) {
     EntornoDoble e;
     e.ini("[RETICULA]\r\nFilasColumnas=1x2\r\ngruesoVertical=0\r\ngruesoHorizontal=0\r\n");
     SuperficieDoble lienzo;
+    VentanaDoble ventana;
     Parrilla p(e.entorno);
-    p.definir(lienzo);
+    p.definir(lienzo, ventana);
     EXPECT_EQ(p.getCell(1, 1)->derecha(), p.getCell(1, 2)->x);
     EXPECT_EQ(p.getCell(1, 2)->derecha(), ANCHO);
     p.pintarReticula();
@@ -158,12 +183,13 @@ TEST(Parrilla, sinLineasLasCeldasSeTocanYNoSePintaNinguna) {
 TEST(Parrilla, sinContextoDeDispositivoNoPintaNada) {
     EntornoDoble e;
     SuperficieDoble lienzo;
+    VentanaDoble ventana;
     lienzo.conDC(false);
     Parrilla p(e.entorno);
-    EXPECT_FALSE(p.definir(lienzo));
+    EXPECT_FALSE(p.definir(lienzo, ventana));
     EXPECT_FALSE(p.definida());
     lienzo.conDC(true);
-    EXPECT_TRUE(p.definir(lienzo));
+    EXPECT_TRUE(p.definir(lienzo, ventana));
     lienzo.conDC(false);
     lienzo.olvidar();
     p.pintarReticula();
@@ -177,8 +203,9 @@ TEST(Parrilla, sinMonitorLasFraccionesDelArchivoQuedan) {
     e.ini("[RETICULA]\r\nPosicion=0,100000;0,200000\r\nDimensiones=0,500000;0,600000\r\n");
     e.monitores.lista.clear();
     SuperficieDoble lienzo;
+    VentanaDoble ventana;
     Parrilla p(e.entorno);
-    p.definir(lienzo);
+    p.definir(lienzo, ventana);
     p.filas(2);
     p.pintarReticula();
     EXPECT_EQ(e.valor("RETICULA", "Posicion"), "0,100000;0,200000");

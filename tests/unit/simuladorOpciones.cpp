@@ -104,6 +104,11 @@ TEST(SimuladorOpciones, LosErroresDicenQueOpcionYPorQue) {
         {{"--marcas", "CED"}, "no son marcas"},
         {{"--marcas", "EX"}, "no son marcas"},
         {{"--peso", "1", "--contar"}, "--contar no puede ir con --peso"},
+        {{"--malas", "0"}, "fuera de margen"},
+        {{"--malas", "2:signo,sigo"}, "«sigo» no es ninguna de estas clases: letras, signo"},
+        {{"--juntar", "1"}, "de 2 a 100"},
+        {{"--avalancha", "1:62"}, "dura más de 60 segundos"},
+        {{"--avalancha", "3"}, "DESDE:HASTA"},
         {{"--capacidad", "100,5", "--division", "10,1"}, "la del indicador 2"},
     };
     for (const auto& caso : casos) {
@@ -127,7 +132,7 @@ TEST(SimuladorOpciones, LosEjemplosDeLaAyudaSonValidos) {
         palabras.erase(palabras.begin());
         EXPECT_NO_THROW(leerOpciones(palabras)) << linea.str();
     }
-    EXPECT_EQ(ejemplos, 5);
+    EXPECT_EQ(ejemplos, 6);
 }
 
 }  // namespace

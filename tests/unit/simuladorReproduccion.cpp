@@ -145,6 +145,48 @@ TEST_F(SimuladorReproduccion, LoQueNoSePudoEnviarSeCuentaAparte) {
     EXPECT_EQ(texto.find("Retrasos"), std::string::npos);
 }
 
+TEST_F(SimuladorReproduccion, LosDefectosNoQuitanNingunaTrama) {
+    struct Caso {
+        std::vector<std::string> defectos;
+        std::size_t datagramas, buenas, defectuosas;
+    };
+    const Caso casos[] = {{{"--malas", "4"}, 25, 20, 5},
+                          {{"--malas", "7:signo", "--basura", "3"}, 28, 20, 8},
+                          {{"--partir", "2"}, 30, 20, 0},
+                          {{"--juntar", "3"}, 20, 60, 0},
+                          {{"--juntar", "3", "--partir", "5", "--basura", "5"}, 28, 60, 4}};
+    for (const auto& caso : casos) {
+        std::vector<std::string> argumentos = {"--puertos", "1", "--contar", "--tramas", "20"};
+        argumentos.insert(argumentos.end(), caso.defectos.begin(), caso.defectos.end());
+        const Resumen resumen = correr(argumentos);
+        const std::string usado = testing::PrintToString(caso.defectos);
+        std::string todo;
+        for (const auto& envio : m_emisor.m_envios) todo += envio.datos;
+        std::size_t buenas = 0;
+        for (std::size_t fin = 0; (fin = todo.find('\r')) != std::string::npos; todo.erase(0, fin + 1)) {
+            const std::string cifras = std::to_string(buenas);
+            buenas += todo.substr(0, fin) == "XXX+" + std::string(8 - cifras.size(), '0') + cifras ? 1 : 0;
+        }
+        EXPECT_EQ(todo, "") << usado;
+        EXPECT_EQ(m_emisor.m_envios.size(), caso.datagramas) << usado;
+        EXPECT_EQ(buenas, caso.buenas) << usado;
+        EXPECT_EQ(resumen.total(), static_cast<std::int64_t>(caso.buenas)) << usado;
+        EXPECT_EQ(resumen.defectuosas, static_cast<std::int64_t>(caso.defectuosas)) << usado;
+    }
+}
+
+TEST_F(SimuladorReproduccion, LaAvalanchaEsDeMasYAcabaASuHora) {
+    m_emisor.m_tarda = 1ms;
+    const Resumen resumen =
+        correr({"--puertos", "1,2", "--contar", "--ritmo", "10", "--duracion", "3", "--avalancha", "1:1.5"});
+    EXPECT_EQ(resumen.total() - resumen.avalancha, 60);
+    EXPECT_NEAR(static_cast<double>(resumen.avalancha), 500, 30);
+    std::vector<int> siguiente(2);
+    for (const auto& envio : m_emisor.m_envios)
+        ASSERT_EQ(std::stoi(envio.datos.substr(4)), siguiente[envio.indicador]++);
+    EXPECT_EQ(correr({"--duracion", "3", "--avalancha", "1:1.001", "--callar", "1:0,2:0,3:0,4:0"}).calladas, 120);
+}
+
 TEST(SimuladorCalendario, NoDerivaNiSeDesborda) {
     const Calendario tercios(3, 1'000, {}, {});
     EXPECT_EQ(tercios.vence(1), 333'333'333ns);

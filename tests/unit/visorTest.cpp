@@ -2,31 +2,19 @@
 
 #include "display/ctrlVis.h"
 #include "display/visor.h"
+#include "doubles/compartidoDoble.h"
 #include "doubles/entornoDoble.h"
 #include "doubles/superficieDoble.h"
+#include "doubles/ventanaDoble.h"
 
 namespace sorvanel {
 namespace {
-
-// The shared link as a display sees it.
-class CompartidoDoble : public EnlaceCompartido {
-public:
-    int usuarios = 0;
-    bool arranca = true;
-    std::vector<const SuscriptorPeso*> enMarchas;
-    void hola() override { ++usuarios; }
-    void adios() override { --usuarios; }
-    bool enMarcha(SuscriptorPeso& v) override {
-        if (arranca) enMarchas.push_back(&v);
-        return arranca;
-    }
-    void Cerrar(SuscriptorPeso& v) override { std::erase(enMarchas, &v); }
-};
 
 struct Banco {
     EntornoDoble e;
     CompartidoDoble compartido;
     SuperficieDoble lienzo, picCap, picRep;
+    VentanaDoble ventana;
     std::unique_ptr<Parrilla> parrilla;
     std::unique_ptr<visor> v;
 
@@ -34,7 +22,7 @@ struct Banco {
     explicit Banco(const std::string& ini, bool definido = true) {
         e.ini(ini.find("[RETICULA]") == std::string::npos ? "[RETICULA]\r\nFilasColumnas=4x2\r\n" + ini : ini);
         parrilla = std::make_unique<Parrilla>(e.entorno);
-        parrilla->definir(lienzo);
+        parrilla->definir(lienzo, ventana);
         v = std::make_unique<visor>(e.entorno, compartido);
         v->cargarComo(1);
         if (definido) v->definir(*parrilla, picCap, picRep);

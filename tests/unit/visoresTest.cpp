@@ -2,6 +2,7 @@
 
 #include "display/disenoVisor.h"
 #include "display/visores.h"
+#include "doubles/compartidoDoble.h"
 #include "doubles/entornoDoble.h"
 
 namespace sorvanel {
@@ -18,10 +19,10 @@ std::string secciones(int cuantas) {
 
 struct Banco {
     EntornoDoble e;
-    EnlaceAusente ausente;
+    CompartidoDoble compartido;
     Visores cargar(const std::string& ini) {
         e.ini(ini);
-        return Visores(e.entorno, ausente);
+        return Visores(e.entorno, compartido);
     }
 };
 

@@ -41,7 +41,9 @@ Color tintaDe(Dibujo dibujo) {
 }
 
 // The line first, as a full shape, and the face over it; without a face, as a ring.
-void pintarCaja(Lienzo& lienzo, const RECT& caja, int radio, int grosor, Color linea, Color cara) {
+void pintarCaja(Lienzo& lienzo, const RECT& caja, int radio, int grosor, Color linea, Color cara, const RECT* recorte) {
+    RECT zona = caja;
+    if (recorte && !IntersectRect(&zona, &caja, recorte)) return;
     const auto distancia = [&](Punto p, int dentro) {
         const auto d = static_cast<float>(dentro);
         const Rectangulo r{static_cast<float>(caja.left) + d, static_cast<float>(caja.top) + d,
@@ -50,12 +52,12 @@ void pintarCaja(Lienzo& lienzo, const RECT& caja, int radio, int grosor, Color l
         return formas::aRedondeado(p, r, static_cast<float>(std::max(radio - dentro, 0)));
     };
     if (cara < 0) {
-        lienzo.pintarForma(caja, aColor(linea),
+        lienzo.pintarForma(zona, aColor(linea),
                            [&](Punto p) { return std::max(distancia(p, 0), -distancia(p, grosor)); });
         return;
     }
-    lienzo.pintarForma(caja, aColor(linea), [&](Punto p) { return distancia(p, 0); });
-    lienzo.pintarForma(caja, aColor(cara), [&](Punto p) { return distancia(p, grosor); });
+    lienzo.pintarForma(zona, aColor(linea), [&](Punto p) { return distancia(p, 0); });
+    lienzo.pintarForma(zona, aColor(cara), [&](Punto p) { return distancia(p, grosor); });
 }
 
 void pintarCara(Lienzo& lienzo, const RECT& caja, const Escala& escala, const Estado& estado) {

@@ -50,8 +50,10 @@ Color caraDe(const Estado& estado);
 // The colour of a picture on a button.
 Color tintaDe(Dibujo dibujo);
 
-// A box with round corners, all lengths device pixels; a negative face is left free.
-void pintarCaja(Lienzo& lienzo, const RECT& caja, int radio, int grosor, Color linea, Color cara);
+// A box with round corners, all lengths device pixels; a negative face is left free. Of a box that is
+// larger than the picture only what falls within the cut is painted.
+void pintarCaja(Lienzo& lienzo, const RECT& caja, int radio, int grosor, Color linea, Color cara,
+                const RECT* recorte = nullptr);
 // The box of a button, in its state.
 void pintarCara(Lienzo& lienzo, const RECT& caja, const Escala& escala, const Estado& estado);
 // The box of what is filled in.

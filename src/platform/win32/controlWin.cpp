@@ -1,6 +1,6 @@
 #include "platform/win32/controlWin.h"
 
-#include "platform/win32/textoWin.h"
+#include <utility>
 
 namespace sorvanel {
 
@@ -23,15 +23,11 @@ private:
 
 }  // namespace
 
-std::wstring textoControl(const std::string& texto) {
-    return aAncho(texto);
-}
-
 ControlWin::~ControlWin() {
     m_vida.terminar();
     if (hwnd()) {
         m_anfitrion.sugerencia(hwnd(), {});
-        m_anfitrion.nombreAccesible(hwnd(), {});
+        if (m_anotado) m_anfitrion.nombreAccesible(hwnd(), {});
     }
     m_anfitrion.baja(*this);
     destruir();
@@ -90,7 +86,18 @@ void ControlWin::ponerHabilitado(bool si) {
 
 void ControlWin::ponerNombre(const std::wstring& texto) {
     if (!hwnd()) return;
+    m_anotado = m_anotado || !texto.empty();
     m_anfitrion.nombreAccesible(hwnd(), texto);
+    sugerirNombre(texto);
+}
+
+void ControlWin::nombrarConTexto(const std::wstring& texto) {
+    if (!hwnd()) return;
+    SetWindowTextW(hwnd(), texto.c_str());
+    sugerirNombre(texto);
+}
+
+void ControlWin::sugerirNombre(const std::wstring& texto) {
     if (!m_conSugerencia) m_anfitrion.sugerencia(hwnd(), texto);
 }
 

@@ -6,6 +6,7 @@
 #include "platform/dialogo.h"
 #include "platform/win32/anfitrionDialogo.h"
 #include "platform/win32/aspecto.h"
+#include "platform/win32/textoWin.h"
 #include "platform/win32/ventanaWin.h"
 #include "platform/win32/vida.h"
 
@@ -44,7 +45,10 @@ protected:
     void ponerLugar(const Rectangulo& lugar);
     void ponerVisible(bool visible);
     void ponerHabilitado(bool si);
+    // What it is called. Here for what has another text of its own: see nombrarConTexto().
     virtual void ponerNombre(const std::wstring& texto);
+    // The name is the window's text, which is not what is seen.
+    void nombrarConTexto(const std::wstring& texto);
     void ponerSugerencia(const std::wstring& texto);
     void alFoco(std::function<void()> accion) { m_alRecibirFoco = std::move(accion); }
     void alActuar(std::function<void()> accion) { m_accion = std::move(accion); }
@@ -76,6 +80,7 @@ private:
     LRESULT alMensaje(UINT mensaje, WPARAM w, LPARAM l) final;
     void avisar();
     void alPintar();
+    void sugerirNombre(const std::wstring& texto);
 
     AnfitrionDialogo& m_anfitrion;
     Vida m_vida;
@@ -84,6 +89,7 @@ private:
     bool m_habilitado = true;
     bool m_tabulable = false;
     bool m_conSugerencia = false;  // a text of its own, not the name
+    bool m_anotado = false;        // has a name that is not its text
     int m_nivel = 0;               // messages that are being dealt with, one within the other
     bool m_avisarFoco = false;
     bool m_avisarAccion = false;
@@ -95,33 +101,21 @@ private:
 constexpr UINT MENSAJE_NOTIFICADO = WM_APP + 1;
 
 // One kind of control: joins what it promises with what all of them do.
-template <typename Interfaz>
-class ControlDe : public Interfaz, public ControlWin {
+template <typename Interfaz, typename Base = ControlWin>
+class ControlDe : public Interfaz, public Base {
 public:
-    void colocar(const Rectangulo& lugar) override { ponerLugar(lugar); }
-    void mostrar(bool visible) override { ponerVisible(visible); }
-    bool visible() const override { return estaVisible(); }
-    void habilitar(bool si) override { ponerHabilitado(si); }
-    void enfocar() override { anfitrion().enfocar(*this); }
-    bool tieneFoco() const override { return anfitrion().tieneFoco(*this); }
-    void nombre(const std::string& texto) override;
-    void sugerencia(const std::string& texto) override;
-    void alRecibirFoco(std::function<void()> accion) override { alFoco(std::move(accion)); }
+    void colocar(const Rectangulo& lugar) override { this->ponerLugar(lugar); }
+    void mostrar(bool visible) override { this->ponerVisible(visible); }
+    bool visible() const override { return this->estaVisible(); }
+    void habilitar(bool si) override { this->ponerHabilitado(si); }
+    void enfocar() override { this->anfitrion().enfocar(*this); }
+    bool tieneFoco() const override { return this->anfitrion().tieneFoco(*this); }
+    void nombre(const std::string& texto) override { this->ponerNombre(aAncho(texto)); }
+    void sugerencia(const std::string& texto) override { this->ponerSugerencia(aAncho(texto)); }
+    void alRecibirFoco(std::function<void()> accion) override { this->alFoco(std::move(accion)); }
 
 protected:
-    using ControlWin::ControlWin;
+    using Base::Base;
 };
-
-std::wstring textoControl(const std::string& texto);
-
-template <typename Interfaz>
-void ControlDe<Interfaz>::nombre(const std::string& texto) {
-    ponerNombre(textoControl(texto));
-}
-
-template <typename Interfaz>
-void ControlDe<Interfaz>::sugerencia(const std::string& texto) {
-    ponerSugerencia(textoControl(texto));
-}
 
 }  // namespace sorvanel

@@ -164,6 +164,15 @@ float eliminar(Punto p) {
     return std::min({std::max(aPoligono(p, CUBO) - 0.6F, -rayas), tapa, asa});
 }
 
+float subir(Punto p) {
+    constexpr std::array<Punto, 3> PUNTA{{{5.6F, 15}, {12, 8.6F}, {18.4F, 15}}};
+    return aLinea(p, PUNTA) - 1.6F;
+}
+
+float bajar(Punto p) {
+    return subir({p.x, 24 - p.y});
+}
+
 }  // namespace
 
 void dibujarPictograma(Lienzo& lienzo, Dibujo dibujo, const RECT& caja, COLORREF tinta) {
@@ -197,6 +206,8 @@ void dibujarPictograma(Lienzo& lienzo, Dibujo dibujo, const RECT& caja, COLORREF
         case Dibujo::plegar:   pintar(plegar);   break;
         case Dibujo::nuevo:    pintar(nuevo);    break;
         case Dibujo::eliminar: pintar(eliminar); break;
+        case Dibujo::subir:    pintar(subir);    break;
+        case Dibujo::bajar:    pintar(bajar);    break;
             // clang-format on
     }
 }

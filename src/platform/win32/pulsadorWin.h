@@ -6,7 +6,7 @@ namespace sorvanel {
 
 // How a small button is pressed: by the mouse, which must be released on it, by Enter or the space
 // bar. The system's own button would take the focus with each click; apart from the mouse it is one.
-class Pulsacion : public ControlWin {
+class PulsadorWin : public ControlWin {
 protected:
     using ControlWin::ControlWin;
 
@@ -18,7 +18,7 @@ protected:
 
     LRESULT atender(UINT mensaje, WPARAM w, LPARAM l) override;
     void alNotificar(UINT aviso) override;
-    void ponerNombre(const std::wstring& texto) override;
+    void ponerNombre(const std::wstring& texto) override { nombrarConTexto(texto); }
 
 private:
     LRESULT alRaton(UINT mensaje, LPARAM l);

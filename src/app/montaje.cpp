@@ -1,0 +1,98 @@
+#include "app/montaje.h"
+
+namespace sorvanel {
+
+Montaje::Montaje(const Entorno& entorno, Formulario& formulario, EnlaceCompartido& compartido,
+                 const BarraBotones& barra)
+    : m_entorno(entorno),
+      m_formulario(formulario),
+      m_compartido(compartido),
+      m_barra(barra),
+      m_picRep(formulario.crearSuperficie(IdControl::picRep, 0)),
+      m_picMsg(formulario.crearSuperficie(IdControl::picMsg, 0)) {}
+
+Montaje::~Montaje() { soltar(); }
+
+void Montaje::dimensionar(float ancho, float alto) {
+    m_picRep->colocar({0, 0, ancho, alto});
+    m_picRep->mostrar(true);
+}
+
+void Montaje::montarParrilla() {
+    m_parrilla = std::make_unique<Parrilla>(m_entorno);
+    m_parrilla->definir(*m_picRep, *this);
+    m_parrilla->pintarReticula();
+}
+
+void Montaje::montarVisores(std::string& errores) {
+    m_visores = std::make_unique<Visores>(m_entorno, m_compartido);
+    for (std::int16_t i = 1; i <= m_visores->cuantos(); ++i) anadirSuperficies(*m_visores->uno(i));
+    m_visores->ubicar(errores);
+}
+
+void Montaje::anadirSuperficies(visor& nuevo) {
+    const int elemento = static_cast<int>(m_picReps.size()) + 1;
+    m_picReps.push_back(m_formulario.crearSuperficie(IdControl::picRep, elemento));
+    m_picCaps.push_back(m_formulario.crearSuperficie(IdControl::picCap, elemento));
+    nuevo.definir(*m_parrilla, *m_picCaps.back(), *m_picReps.back());
+}
+
+void Montaje::montarMensaje() {
+    MuelleMensaje& muelle = *this;
+    m_mensaje = std::make_unique<clsMsg>(m_entorno, muelle);
+}
+
+void Montaje::soltar() {
+    if (m_visores) {
+        m_visores->Run(false);
+        m_visores->desubicar();
+    }
+    while (!m_picReps.empty()) m_picReps.pop_back();
+    while (!m_picCaps.empty()) m_picCaps.pop_back();
+    m_mensaje.reset();
+    m_visores.reset();
+    m_parrilla.reset();
+}
+
+void Montaje::desmontar() {
+    soltar();
+    vaciar();
+}
+
+void Montaje::vaciar() {
+    Parrilla parrilla(m_entorno);
+    parrilla.definir(*m_picRep, *this);
+    parrilla.pintarAplicacion();
+}
+
+void Montaje::redisponer() {
+    if (!m_parrilla) {
+        vaciar();
+        return;
+    }
+    m_parrilla->recargar();
+    m_parrilla->pintarReticula();
+    if (m_visores) m_visores->reubicar();
+    if (m_mensaje) m_mensaje->redisponer();
+}
+
+Rectangulo Montaje::franjaInferior() const {
+    Rectangulo franja = m_barra.lugar();
+    if (m_picMsg->visible()) {
+        franja.alto = franja.abajo() - m_picMsg->lugar().y;
+        franja.y = m_picMsg->lugar().y;
+    }
+    return franja;
+}
+
+void Montaje::acoplar(float alto) {
+    const Rectangulo barra = m_barra.lugar();
+    m_picMsg->colocar({0, barra.y - alto, barra.ancho, alto});
+    if (m_parrilla) m_parrilla->darForma();
+}
+
+void Montaje::alMostrarFranja(bool) {
+    if (m_parrilla) m_parrilla->darForma();
+}
+
+}  // namespace sorvanel

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/barraBotones.h"
+#include "config/entorno.h"
+#include "display/visores.h"
+#include "grid/parrilla.h"
+#include "links/enlaceCompartido.h"
+#include "message/clsMsg.h"
+#include "platform/formulario.h"
+
+namespace sorvanel {
+
+// What stands on the window above the bar for the length of one build: the grid, the displays with
+// their surfaces, and the message band. Each part is made from the file.
+class Montaje final : private VentanaParrilla, private MuelleMensaje {
+public:
+    // The bar must have been laid out before anything is made, and outlive this.
+    Montaje(const Entorno& entorno, Formulario& formulario, EnlaceCompartido& compartido, const BarraBotones& barra);
+    ~Montaje() override;
+    Montaje(const Montaje&) = delete;
+    Montaje& operator=(const Montaje&) = delete;
+
+    // The window's size, twips.
+    void dimensionar(float ancho, float alto);
+
+    void montarParrilla();
+    // On the grid, which must be there. Errors of placing are appended, one a line.
+    void montarVisores(std::string& errores);
+    void montarMensaje();
+    // Stops and drops all of it; nothing but the application's colour, or its transparency, is left.
+    void desmontar();
+    void vaciar();
+    // The window covers another monitor, or the same at another size: everything is laid out anew,
+    // nothing is read but the grid's fractions, and no link stops.
+    void redisponer();
+
+    // Null where it is not made.
+    Parrilla* parrilla() const { return m_parrilla.get(); }
+    Visores* visores() const { return m_visores.get(); }
+    clsMsg* mensaje() const { return m_mensaje.get(); }
+
+    // A display that was added to the collection since: it gets its surfaces.
+    void anadirSuperficies(visor& nuevo);
+    // The upper edge of what lies below the grid: the bar, or the message strip above it.
+    float limiteInferior() const { return franjaInferior().y; }
+
+private:
+    FormaVentana& forma() override { return m_formulario; }
+    Rectangulo franjaInferior() const override;
+    Superficie& picMsg() override { return *m_picMsg; }
+    void acoplar(float alto) override;
+    void alMostrarFranja(bool visible) override;
+    void soltar();
+
+    const Entorno& m_entorno;
+    Formulario& m_formulario;
+    EnlaceCompartido& m_compartido;
+    const BarraBotones& m_barra;
+    std::unique_ptr<Superficie> m_picRep;                  // element 0: the whole area above the bar
+    std::unique_ptr<Superficie> m_picMsg;
+    std::vector<std::unique_ptr<Superficie>> m_picReps;  // elements 1 to n, a display each
+    std::vector<std::unique_ptr<Superficie>> m_picCaps;
+    std::unique_ptr<Parrilla> m_parrilla;
+    std::unique_ptr<Visores> m_visores;
+    std::unique_ptr<clsMsg> m_mensaje;
+};
+
+}  // namespace sorvanel

@@ -1,0 +1,213 @@
+#include "dialogs/cfgMensaje.h"
+
+#include <string>
+
+#include "config/numeros.h"
+#include "dialogs/filaColor.h"
+#include "dialogs/filaValor.h"
+
+namespace sorvanel {
+
+namespace {
+
+constexpr int VELOCIDAD_MAXIMA = 20;
+constexpr const char* TEXTO_USAR = "Usar el mensaje auxiliar";
+constexpr const char* TEXTO_FUENTE = "Fuente";
+// How much of the message is seen while it is typed.
+constexpr const char* MUESTRA_TEXTO = "0000000000000000000000000000000000000000";
+
+FuenteElegida aElegida(const FuenteMensaje& f) {
+    return {f.nombre, f.puntos, f.negrita, f.cursiva, f.subrayado};
+}
+
+FuenteMensaje aMensaje(const FuenteElegida& f) {
+    return {f.nombre, f.puntos, f.negrita, f.cursiva, f.subrayado};
+}
+
+// As in "Arial, 64 puntos, negrita".
+std::string describir(const FuenteMensaje& fuente, const std::string& separador) {
+    std::string texto = fuente.nombre + ", " + textoDeReal(fuente.puntos, separador) + " puntos";
+    if (fuente.negrita) texto += ", negrita";
+    if (fuente.cursiva) texto += ", cursiva";
+    if (fuente.subrayado) texto += ", subrayado";
+    return texto;
+}
+
+}  // namespace
+
+struct cfgMensaje::Controles {
+    std::unique_ptr<Marco> frTxt, frFnt, frVel;
+    std::unique_ptr<CasillaMarca> ckUsar;
+    std::unique_ptr<Rotulo> lbUsar;
+    std::unique_ptr<Rotulo> rotuloTexto;
+    std::unique_ptr<CajaTexto> txTexto;
+    std::unique_ptr<BotonTexto> botFont;
+    std::unique_ptr<Rotulo> rotuloFuente;
+    std::unique_ptr<FilaColor> colorTexto, colorFondo;
+    std::unique_ptr<FilaValor> velocidad;
+};
+
+cfgMensaje::cfgMensaje(const Entorno& entorno, FabricaDialogos& fabrica, MesaConfiguracion& mesa)
+    : DialogoConfiguracion(IdControl::cfgMensaje, {"Mensaje auxiliar", {}}, fabrica, mesa, entorno) {}
+
+cfgMensaje::~cfgMensaje() = default;
+
+void cfgMensaje::montar() {
+    mesa().montarMensaje();
+}
+
+void cfgMensaje::crearControles() {
+    m_c = std::make_unique<Controles>();
+    // The frames first: what stands on them is made above them.
+    m_c->frTxt = taller().marco(IdControl::frTxt, 0, "Texto del mensaje");
+    m_c->frFnt = taller().marco(IdControl::frFnt, 0, "Fuente y colores del mensaje");
+    m_c->frVel = taller().marco(IdControl::frVel, 0, "Velocidad del mensaje");
+    m_c->ckUsar = taller().casilla(IdControl::ckUsar, 0, {});
+    m_c->ckUsar->nombre(TEXTO_USAR);
+    m_c->ckUsar->alPulsar([this] { alPulsarUsar(); });
+    m_c->lbUsar = taller().rotulo(IdControl::lbUsar, 0, TEXTO_USAR);
+    m_c->lbUsar->alPulsar([this] {
+        m_c->ckUsar->marcada(!m_c->ckUsar->marcada());
+        alPulsarUsar();
+    });
+    crearTexto();
+    crearFuente();
+    crearVelocidad();
+}
+
+void cfgMensaje::crearTexto() {
+    m_c->rotuloTexto = taller().rotulo("Texto");
+    m_c->txTexto = taller().cajaTexto(IdControl::txTexto, 0, "Texto del mensaje");
+    m_c->txTexto->alCambiar([this] { mesa().mensaje().texto(m_c->txTexto->texto()); });
+}
+
+void cfgMensaje::crearFuente() {
+    m_c->botFont = taller().botonTexto(IdControl::botFont, 0, TEXTO_FUENTE, "Elegir la fuente del mensaje");
+    m_c->botFont->alPulsar([this] { elegirFuente(); });
+    m_c->rotuloFuente = taller().rotulo("");
+    m_c->colorTexto = std::make_unique<FilaColor>(
+        taller(), sistema(),
+        FilaColor::Datos{IdControl::botColorTxt, IdControl::frColorTxt, 0, "Color del texto",
+                         [this] { return mesa().mensaje().colorTexto(); },
+                         [this](Color color) { mesa().mensaje().colorTexto(color); }});
+    m_c->colorFondo = std::make_unique<FilaColor>(
+        taller(), sistema(),
+        FilaColor::Datos{IdControl::botColorBak, IdControl::frColorBak, 0, "Color del fondo",
+                         [this] { return mesa().mensaje().colorFondo(); },
+                         [this](Color color) { mesa().mensaje().colorFondo(color); }});
+}
+
+void cfgMensaje::crearVelocidad() {
+    FilaValor::Datos datos{IdControl::lbVel,        IdControl::imVelP, IdControl::imVelM, 0,
+                           "Velocidad (0: quieto)", "Velocidad"};
+    datos.superior = [] { return VELOCIDAD_MAXIMA; };
+    datos.alCambiar = [this](int pixeles) {
+        mesa().mensaje().velocidad(pixeles);
+        return int{mesa().mensaje().velocidad()};
+    };
+    m_c->velocidad = std::make_unique<FilaValor>(taller(), std::move(datos));
+}
+
+void cfgMensaje::rellenar() {
+    clsMsg& mensaje = mesa().mensaje();
+    m_c->ckUsar->marcada(mensaje.enUso());
+    m_c->txTexto->texto(mensaje.texto());
+    m_c->colorTexto->color(mensaje.colorTexto());
+    m_c->colorFondo->color(mensaje.colorFondo());
+    m_c->velocidad->valor(mensaje.velocidad());
+    mostrarFuente();
+    mostrarMarcos(mensaje.enUso());
+    mensaje.marcha();
+}
+
+Pieza cfgMensaje::panelTexto() {
+    Rejilla fila;
+    fila.poner(0, 0, taller().piezaRotulo(*m_c->rotuloTexto));
+    fila.poner(0, 1, aLoAncho(pieza(*m_c->txTexto, taller().cajaTexto(MUESTRA_TEXTO))));
+    return panel(*m_c->frTxt, fila.comoPieza());
+}
+
+Pieza cfgMensaje::panelFuente() {
+    Rejilla filas;
+    filas.poner(0, 0, aLoAncho(pieza(*m_c->botFont, taller().botonTexto(TEXTO_FUENTE))));
+    filas.poner(0, 1, aLoAncho(taller().piezaRotulo(*m_c->rotuloFuente)));
+    filas.poner(1, 0, m_c->colorTexto->piezaBoton());
+    filas.poner(1, 1, m_c->colorTexto->piezaMarco());
+    filas.poner(2, 0, m_c->colorFondo->piezaBoton());
+    filas.poner(2, 1, m_c->colorFondo->piezaMarco());
+    return panel(*m_c->frFnt, filas.comoPieza());
+}
+
+Pieza cfgMensaje::panelVelocidad() {
+    Rejilla fila;
+    fila.estirar(0);
+    fila.poner(0, 0, m_c->velocidad->piezaRotulo());
+    fila.poner(0, 1, m_c->velocidad->piezaValor());
+    return panel(*m_c->frVel, fila.comoPieza());
+}
+
+// Not in use there is nothing to set: the window is then as small as its check box.
+Pieza cfgMensaje::disposicion() {
+    Rejilla usar(0);
+    usar.poner(0, 0, pieza(*m_c->ckUsar, taller().casilla({})));
+    usar.poner(0, 1, taller().piezaRotulo(*m_c->lbUsar));
+    Rejilla todo(HUECO, HUECO);
+    todo.poner(0, 0, usar.comoPieza());
+    if (m_c->ckUsar->marcada()) {
+        todo.poner(1, 0, panelTexto());
+        todo.poner(2, 0, panelFuente());
+        todo.poner(3, 0, panelVelocidad());
+    }
+    return todo.comoPieza();
+}
+
+void cfgMensaje::alMostrar() {
+    m_c->ckUsar->enfocar();
+}
+
+void cfgMensaje::alCerrar() {
+    mesa().mensaje().paro();
+}
+
+void cfgMensaje::soltar() {
+    m_c.reset();
+}
+
+void cfgMensaje::alPulsarUsar() {
+    const bool usar = m_c->ckUsar->marcada();
+    // A click on the label leaves the focus in what may now be hidden.
+    if (!usar) m_c->ckUsar->enfocar();
+    mostrarMarcos(usar);
+    redisponer();
+    mesa().mensaje().enUso(usar);
+    if (usar) mesa().mensaje().marcha();
+}
+
+void cfgMensaje::mostrarMarcos(bool visibles) {
+    for (const auto* marco : {&m_c->frTxt, &m_c->frFnt, &m_c->frVel}) (*marco)->mostrar(visibles);
+    m_c->rotuloTexto->mostrar(visibles);
+    m_c->txTexto->mostrar(visibles);
+    m_c->botFont->mostrar(visibles);
+    m_c->rotuloFuente->mostrar(visibles);
+    m_c->colorTexto->mostrar(visibles);
+    m_c->colorFondo->mostrar(visibles);
+    m_c->velocidad->mostrar(visibles);
+}
+
+void cfgMensaje::elegirFuente() {
+    FuenteElegida elegida = aElegida(mesa().mensaje().getFont());
+    if (!sistema().elegirFuente(elegida)) return;
+    if (!mesa().mensaje().letFont(aMensaje(elegida))) {
+        entorno().avisos.critico("El mensaje no se puede escribir con la fuente \"" + elegida.nombre +
+                                 "\" en ese tamaño. Se conserva la anterior.");
+        return;
+    }
+    mostrarFuente();
+    redisponer();
+}
+
+void cfgMensaje::mostrarFuente() {
+    m_c->rotuloFuente->texto(describir(mesa().mensaje().getFont(), entorno().programa.separadorDecimal()));
+}
+
+}  // namespace sorvanel

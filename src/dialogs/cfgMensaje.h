@@ -1,0 +1,43 @@
+#pragma once
+
+#include <memory>
+
+#include "dialogs/dialogoConfiguracion.h"
+
+namespace sorvanel {
+
+// The tool for the auxiliary message. The band itself, running while the tool is open, is what shows each
+// change.
+class cfgMensaje : public DialogoConfiguracion {
+public:
+    // All three must outlive it.
+    cfgMensaje(const Entorno& entorno, FabricaDialogos& fabrica, MesaConfiguracion& mesa);
+    ~cfgMensaje() override;
+
+private:
+    struct Controles;
+
+    void montar() override;
+    void crearControles() override;
+    void rellenar() override;
+    Pieza disposicion() override;
+    void alMostrar() override;
+    void alCerrar() override;
+    void soltar() override;
+
+    void crearTexto();
+    void crearFuente();
+    void crearVelocidad();
+    Pieza panelTexto();
+    Pieza panelFuente();
+    Pieza panelVelocidad();
+
+    void alPulsarUsar();
+    void mostrarMarcos(bool visibles);
+    void elegirFuente();
+    void mostrarFuente();
+
+    std::unique_ptr<Controles> m_c;
+};
+
+}  // namespace sorvanel

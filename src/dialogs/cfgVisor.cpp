@@ -1,0 +1,294 @@
+#include "dialogs/cfgVisor.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "dialogs/conexionPavona.h"
+#include "dialogs/paginaVisores.h"
+#include "dialogs/panelDiseno.h"
+
+namespace sorvanel {
+
+namespace {
+
+constexpr const char* TEXTO_NUEVO = "Nuevo visor";
+constexpr const char* TEXTO_ELIMINAR = "Eliminar visor";
+constexpr const char* PANEL_ABIERTO = "Debe cerrar la ventana de diseño particular";
+constexpr const char* NO_CABEN_MAS = "No se pueden definir más de 64 visores";
+constexpr const char* MUESTRA_PAGINA = "Visores 57 a 64 de 64";
+
+}  // namespace
+
+struct cfgVisor::Controles {
+    std::unique_ptr<PaginaVisores> pagina;
+    std::unique_ptr<BotonTexto> botNvo, botElim;
+    std::unique_ptr<Rotulo> lbPag;
+    std::unique_ptr<BotonImagen> imSubir, imBajar;
+    std::unique_ptr<ConexionPavona> pavona;
+    std::unique_ptr<PanelDiseno> panel;
+};
+
+cfgVisor::cfgVisor(const Entorno& entorno, FabricaDialogos& fabrica, MesaConfiguracion& mesa)
+    : DialogoConfiguracion(IdControl::cfgVisor, {"Definir visores", "Cada cambio se ve y se guarda al momento"},
+                           fabrica, mesa, entorno) {}
+
+cfgVisor::~cfgVisor() = default;
+
+PaginaVisores& cfgVisor::pagina() {
+    return *m_c->pagina;
+}
+
+// ---- opening and closing ----
+
+void cfgVisor::montar() {
+    m_actual = 0;
+    m_conDiseno = 0;
+    m_foco.reset();
+    mesa().montarVisores();
+}
+
+void cfgVisor::crearControles() {
+    m_c = std::make_unique<Controles>();
+    TablaVisores& tabla = *this;
+    m_c->pagina = std::make_unique<PaginaVisores>(taller(), tabla);
+    m_c->botNvo = taller().botonTexto(IdControl::botNvo, 0, TEXTO_NUEVO, "Añadir un visor al final");
+    m_c->botNvo->dibujo(Dibujo::nuevo);
+    m_c->botNvo->alPulsar([this] { nuevo(); });
+    m_c->botElim = taller().botonTexto(IdControl::botElim, 0, TEXTO_ELIMINAR, "Eliminar el visor elegido");
+    m_c->botElim->dibujo(Dibujo::eliminar);
+    m_c->botElim->alPulsar([this] { eliminar(); });
+    m_c->lbPag = taller().rotulo(IdControl::lbPag, 0, {});
+    m_c->lbPag->ajuste(Ajuste::derecha);
+    m_c->imSubir = taller().botonImagen(IdControl::imSubir, 0, Dibujo::subir, "Visores anteriores");
+    m_c->imSubir->alPulsar([this] { paginar(-PaginaVisores::FILAS); });
+    m_c->imBajar = taller().botonImagen(IdControl::imBajar, 0, Dibujo::bajar, "Visores siguientes");
+    m_c->imBajar->alPulsar([this] { paginar(PaginaVisores::FILAS); });
+    m_c->pavona = std::make_unique<ConexionPavona>(taller(), entorno());
+    m_c->panel = std::make_unique<PanelDiseno>(
+        taller(), sistema(), entorno(),
+        PanelDiseno::Datos{[this] { return m_conDiseno != 0 ? uno(m_conDiseno) : nullptr; },
+                           [this] { cerrarPanel(); }});
+}
+
+void cfgVisor::rellenar() {
+    m_c->pavona->rellenar();
+    pagina().cuantos(mesa().visores().cuantos());
+    pagina().rehacer();
+    actualizar();
+}
+
+// Nothing is selected until the operator does so: a display is deleted without being asked for twice.
+void cfgVisor::alMostrar() {
+    m_c->botNvo->enfocar();
+}
+
+Pieza cfgVisor::disposicion() {
+    Rejilla barra;
+    barra.estirar(2);
+    barra.poner(0, 0, pieza(*m_c->botNvo, taller().botonTexto(TEXTO_NUEVO, true)));
+    barra.poner(0, 1, pieza(*m_c->botElim, taller().botonTexto(TEXTO_ELIMINAR, true)));
+    barra.poner(0, 2, aLoAncho(pieza(*m_c->lbPag, taller().texto(MUESTRA_PAGINA))));
+    barra.poner(0, 3, pieza(*m_c->imSubir, taller().botonImagen()));
+    barra.poner(0, 4, pieza(*m_c->imBajar, taller().botonImagen()));
+    Rejilla izquierda(HUECO, HUECO);
+    izquierda.poner(0, 0, pagina().comoPieza());
+    izquierda.poner(1, 0, barra.comoPieza());
+    izquierda.poner(2, 0, m_c->pavona->comoPieza());
+    Rejilla todo(HUECO, HUECO);
+    todo.poner(0, 0, izquierda.comoPieza());
+    todo.poner(0, 1, m_c->panel->comoPieza());
+    return todo.comoPieza();
+}
+
+// What was left has been asked already; where the keyboard still is, has not.
+bool cfgVisor::validar() {
+    if (m_actual == 0 || !m_foco || m_foco->fila > pagina().cuantos()) return true;
+    const Foco foco = *m_foco;
+    if (pagina().fila(foco.fila).validar(foco.campo)) return true;
+    irA(foco.fila, foco.campo);
+    return false;
+}
+
+// The panel is not stored: what was ticked or unticked since it was is dropped.
+void cfgVisor::soltar() {
+    m_c.reset();
+}
+
+// ---- what the rows ask for ----
+
+visor& cfgVisor::visorDe(const FilaVisor& fila) {
+    return *uno(fila.numero());
+}
+
+bool cfgVisor::cabeEnParrilla(const Ubicacion& ubicacion) {
+    const Parrilla& parrilla = mesa().parrilla();
+    return ubicacion.fila <= parrilla.filas() && ubicacion.columna <= parrilla.columnas();
+}
+
+// Later, for the focus may be on its way just now.
+void cfgVisor::rechazar(std::string_view motivo) {
+    entorno().cola.despues([&avisos = entorno().avisos, texto = std::string(motivo)] { avisos.critico(texto); });
+}
+
+void cfgVisor::avisar(std::string_view texto) {
+    entorno().cola.despues([&avisos = entorno().avisos, texto = std::string(texto)] { avisos.informacion(texto); });
+}
+
+void cfgVisor::alEnfocar(FilaVisor& fila, CampoVisor campo) {
+    m_foco = Foco{fila.numero(), campo};
+    seleccionar(fila.numero());
+}
+
+void cfgVisor::mover(FilaVisor& fila, CampoVisor campo, Tecla tecla) {
+    const int n = fila.numero() + (tecla == Tecla::abajo ? 1 : tecla == Tecla::arriba ? -1 : 0);
+    const int c = static_cast<int>(campo) + (tecla == Tecla::derecha ? 1 : tecla == Tecla::izquierda ? -1 : 0);
+    if (n < 1 || n > pagina().cuantos() || c < 0 || c > static_cast<int>(CampoVisor::ubicacion)) return;
+    irA(static_cast<std::int16_t>(n), static_cast<CampoVisor>(c));
+    pagina().fila(static_cast<std::int16_t>(n)).seleccionarTodo(static_cast<CampoVisor>(c));
+}
+
+void cfgVisor::alCambiarProtocolo(FilaVisor& fila) {
+    irA(fila.numero(), CampoVisor::port);
+    m_c->pavona->mostrar(hayPavona());
+}
+
+// ---- selection and page ----
+
+bool cfgVisor::hayPavona() {
+    for (std::int16_t n = 1; n <= pagina().cuantos(); ++n) {
+        if (uno(n)->protocolo() == PROTOCOLO_PAVONA) return true;
+    }
+    return false;
+}
+
+std::optional<cfgVisor::Foco> cfgVisor::campoConFoco() {
+    if (!m_foco || m_foco->fila > pagina().cuantos() || !pagina().fila(m_foco->fila).tieneFoco(m_foco->campo)) {
+        return std::nullopt;
+    }
+    return m_foco;
+}
+
+// The page follows. What has the focus is hidden only when something else has it.
+void cfgVisor::irA(std::int16_t n, CampoVisor campo) {
+    const std::int16_t ultimaPosible = static_cast<std::int16_t>(n - PaginaVisores::FILAS + 1);
+    pagina().primera(std::clamp(pagina().primera(), ultimaPosible, n));
+    const bool otra = !pagina().alDia();
+    if (otra) pagina().desplegar();
+    FilaVisor& fila = pagina().fila(n);
+    fila.enfocar(campo);
+    alEnfocar(fila, campo);
+    if (otra) actualizar();
+}
+
+void cfgVisor::seleccionar(std::int16_t n) {
+    m_actual = n;
+    pagina().elegida(n);
+    if (m_conDiseno != 0 && m_conDiseno != n) abrirPanel(n);
+}
+
+// The selected display stays on the page, so that nothing unseen is edited or deleted.
+void cfgVisor::paginar(std::int16_t paso) {
+    const std::int16_t cuantos = pagina().cuantos();
+    const std::int16_t primera = pagina().primera();
+    const bool hayMas = paso > 0 ? pagina().ultima() < cuantos : primera > 1;
+    if (!hayMas) return;
+    const auto foco = campoConFoco();
+    if (foco && !pagina().fila(foco->fila).validar(foco->campo)) return;
+    const int tope = std::max(cuantos - PaginaVisores::FILAS + 1, 1);
+    pagina().primera(static_cast<std::int16_t>(std::clamp(primera + paso, 1, std::max(tope, int{primera}))));
+    pagina().desplegar();
+    const std::int16_t destino = std::clamp(m_actual, pagina().primera(), pagina().ultima());
+    if (m_actual != 0 && destino != m_actual) {
+        // A panel that moves may hide what has the focus.
+        if (foco || m_conDiseno != 0) {
+            irA(destino, foco ? foco->campo : CampoVisor::port);
+        } else {
+            seleccionar(destino);
+        }
+    }
+    actualizar();
+}
+
+void cfgVisor::actualizar() {
+    pagina().recoger();
+    m_c->lbPag->texto(pagina().texto());
+    const bool varias = pagina().cuantos() > PaginaVisores::FILAS || pagina().primera() > 1;
+    m_c->imSubir->mostrar(varias);
+    m_c->imBajar->mostrar(varias);
+    m_c->pavona->mostrar(hayPavona());
+    ordenarTeclado();
+}
+
+void cfgVisor::ordenarTeclado() {
+    std::vector<Control*> orden;
+    pagina().anadirTeclado(orden);
+    orden.insert(orden.end(), {m_c->botNvo.get(), m_c->botElim.get(), m_c->imSubir.get(), m_c->imBajar.get()});
+    m_c->pavona->anadirTeclado(orden);
+    m_c->panel->anadirTeclado(orden);
+    formulario().ordenTeclado(orden);
+}
+
+// ---- making and deleting ----
+
+void cfgVisor::nuevo() {
+    if (mesa().nuevoVisor() == nullptr) {
+        avisar(NO_CABEN_MAS);
+        return;
+    }
+    pagina().cuantos(mesa().visores().cuantos());
+    irA(pagina().cuantos(), CampoVisor::port);
+}
+
+void cfgVisor::eliminar() {
+    if (m_actual == 0) return;
+    if (m_conDiseno != 0) {
+        avisar(PANEL_ABIERTO);
+        return;
+    }
+    if (!mesa().eliminarVisor(m_actual)) return;
+    const std::int16_t cuantos = mesa().visores().cuantos();
+    pagina().cuantos(cuantos);
+    m_actual = std::min(m_actual, cuantos);
+    pagina().primera(std::min(pagina().primera(), m_actual));
+    pagina().rehacer();
+    if (m_actual != 0) {
+        irA(m_actual, CampoVisor::port);
+        return;
+    }
+    m_foco.reset();
+    pagina().elegida(0);
+    m_c->botNvo->enfocar();
+    actualizar();
+}
+
+// ---- the particular design ----
+
+void cfgVisor::alPedirDiseno(FilaVisor& fila) {
+    const std::int16_t n = fila.numero();
+    const auto foco = campoConFoco();
+    const bool sigueAlFoco = m_conDiseno != 0 && m_conDiseno != n;
+    irA(n, foco && foco->campo != CampoVisor::modo ? foco->campo : CampoVisor::port);
+    if (!sigueAlFoco) abrirPanel(n);
+}
+
+void cfgVisor::abrirPanel(std::int16_t n) {
+    if (m_conDiseno != 0) m_c->panel->guardar(*uno(m_conDiseno));
+    const bool estaba = m_conDiseno != 0;
+    m_conDiseno = n;
+    pagina().ensanchada(n);
+    m_c->panel->cargar(n, *uno(n));
+    if (!estaba) m_c->panel->abierto(true);
+}
+
+void cfgVisor::cerrarPanel() {
+    if (m_conDiseno == 0) return;
+    m_c->panel->guardar(*uno(m_conDiseno));
+    // What has the focus may be on the panel, which goes.
+    if (!campoConFoco()) irA(m_conDiseno, CampoVisor::port);
+    m_conDiseno = 0;
+    pagina().ensanchada(0);
+    m_c->panel->abierto(false);
+}
+
+}  // namespace sorvanel

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string_view>
+
+#include "dialogs/dialogoConfiguracion.h"
+#include "dialogs/filaVisor.h"
+
+namespace sorvanel {
+
+class ConexionPavona;
+class PaginaVisores;
+class PanelDiseno;
+
+// The tool that defines the displays: makes and deletes them, gives each its link, caption and place,
+// and where wanted a look of its own. What is accepted is the display's at once, saved and seen; the tool
+// keeps no copy.
+class cfgVisor : public DialogoConfiguracion, private TablaVisores {
+public:
+    // All three must outlive it.
+    cfgVisor(const Entorno& entorno, FabricaDialogos& fabrica, MesaConfiguracion& mesa);
+    ~cfgVisor() override;
+
+private:
+    struct Controles;
+    struct Foco {
+        std::int16_t fila;
+        CampoVisor campo;
+    };
+
+    void montar() override;
+    void crearControles() override;
+    void rellenar() override;
+    Pieza disposicion() override;
+    void alMostrar() override;
+    bool validar() override;
+    void soltar() override;
+
+    visor& visorDe(const FilaVisor& fila) override;
+    bool cabeEnParrilla(const Ubicacion& ubicacion) override;
+    void rechazar(std::string_view motivo) override;
+    void alEnfocar(FilaVisor& fila, CampoVisor campo) override;
+    void mover(FilaVisor& fila, CampoVisor campo, Tecla tecla) override;
+    void alCambiarProtocolo(FilaVisor& fila) override;
+    void alPedirDiseno(FilaVisor& fila) override;
+
+    PaginaVisores& pagina();
+    // The display of that number; null when there is none.
+    visor* uno(std::int16_t n) { return mesa().visores().uno(n); }
+    bool hayPavona();
+
+    void irA(std::int16_t n, CampoVisor campo);
+    void seleccionar(std::int16_t n);
+    // The row's field that has the focus now.
+    std::optional<Foco> campoConFoco();
+    void paginar(std::int16_t paso);
+    void actualizar();
+    void ordenarTeclado();
+
+    void nuevo();
+    void eliminar();
+    void avisar(std::string_view texto);
+
+    void abrirPanel(std::int16_t n);
+    void cerrarPanel();
+
+    std::int16_t m_actual = 0;     // the selected display; 0: none
+    std::int16_t m_conDiseno = 0;  // the one whose panel is open; 0: closed
+    std::optional<Foco> m_foco;    // the row's field that had the focus last
+    std::unique_ptr<Controles> m_c;
+};
+
+}  // namespace sorvanel

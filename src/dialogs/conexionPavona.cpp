@@ -1,0 +1,66 @@
+#include "dialogs/conexionPavona.h"
+
+#include <cstdint>
+
+#include "config/comun.h"
+#include "config/numeros.h"
+#include "dialogs/filtroNumerico.h"
+
+namespace sorvanel {
+
+namespace {
+
+constexpr const char* SECCION = "PAVONA";
+constexpr const char* HOST_OMISION = "localhost";
+constexpr std::int32_t PORT_OMISION = 9084;
+constexpr int CIFRAS_PORT = 5;
+
+}  // namespace
+
+ConexionPavona::ConexionPavona(TallerDialogo& taller, const Entorno& entorno) : m_taller(taller), m_entorno(entorno) {
+    m_frPav = taller.marco(IdControl::frPav, 0, "Conexión Pavona");
+    m_titulo = taller.rotuloGrupo("Conexión Pavona");
+    m_rotuloHost = taller.rotulo("Equipo");
+    m_txPavHost = taller.cajaTexto(IdControl::txPavHost, 0, "Equipo de la conexión Pavona",
+                                   "Nombre o dirección IP del concentrador");
+    m_txPavHost->alCambiar([this] { comun(m_entorno).abrir(SECCION).escribir("Host", m_txPavHost->texto()); });
+    m_rotuloPort = taller.rotulo("Port");
+    m_txPavPort = taller.cajaTexto(IdControl::txPavPort, 0, "Port de la conexión Pavona", "Port TCP del concentrador");
+    m_txPavPort->longitudMaxima(CIFRAS_PORT);
+    m_txPavPort->filtro(filtroNumerico);
+    m_txPavPort->alCambiar([this] {
+        const std::int32_t port = numeroInicial(m_txPavPort->texto());
+        comun(m_entorno).abrir(SECCION).escribir("Port", std::to_string(port));
+    });
+}
+
+void ConexionPavona::rellenar() {
+    const comun com(m_entorno);
+    const AccesorINI ini = com.abrir(SECCION);
+    m_txPavHost->texto(com.valDflt(ini, "Host", HOST_OMISION));
+    m_txPavPort->texto(std::to_string(com.valDflt(ini, "Port", PORT_OMISION)));
+}
+
+void ConexionPavona::mostrar(bool visible) {
+    for (Control* c : std::initializer_list<Control*>{m_frPav.get(), m_titulo.get(), m_rotuloHost.get(),
+                                                      m_txPavHost.get(), m_rotuloPort.get(), m_txPavPort.get()}) {
+        c->mostrar(visible);
+    }
+}
+
+Pieza ConexionPavona::comoPieza() {
+    Rejilla fila;
+    fila.estirar(2);
+    fila.poner(0, 0, m_taller.piezaRotuloGrupo(*m_titulo));
+    fila.poner(0, 1, m_taller.piezaRotulo(*m_rotuloHost));
+    fila.poner(0, 2, aLoAncho(pieza(*m_txPavHost, m_taller.cajaTexto("concentrador.red"))));
+    fila.poner(0, 3, m_taller.piezaRotulo(*m_rotuloPort));
+    fila.poner(0, 4, pieza(*m_txPavPort, m_taller.cajaTexto("00000")));
+    return panel(*m_frPav, fila.comoPieza());
+}
+
+void ConexionPavona::anadirTeclado(std::vector<Control*>& orden) const {
+    orden.insert(orden.end(), {m_txPavHost.get(), m_txPavPort.get()});
+}
+
+}  // namespace sorvanel

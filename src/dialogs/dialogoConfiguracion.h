@@ -1,0 +1,92 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "config/entorno.h"
+#include "dialogs/disposicion.h"
+#include "dialogs/gradiente.h"
+#include "dialogs/herramienta.h"
+#include "dialogs/mesaConfiguracion.h"
+#include "dialogs/tallerDialogo.h"
+#include "platform/dialogo.h"
+
+namespace sorvanel {
+
+// What the tools with a window have in common. The window and all that stands on it exist only while
+// the tool is open. Changes that the program makes to a control are not told to its handlers, so
+// filling needs no flag.
+class DialogoConfiguracion : public Herramienta, private OyenteDialogo {
+public:
+    DialogoConfiguracion(const DialogoConfiguracion&) = delete;
+    DialogoConfiguracion& operator=(const DialogoConfiguracion&) = delete;
+
+    bool cargado() const final { return m_formulario != nullptr; }
+    // Opens it, or fills it anew when it is open.
+    void Mostrar() final;
+    bool Descargar(bool descartar) final;
+    void seguirMonitor(const Monitor& monitor) final;
+
+protected:
+    // What its two title labels say; the second may be empty: then there is none.
+    struct Titulos {
+        std::string principal;
+        std::string segundo;
+    };
+
+    // All three must outlive it.
+    DialogoConfiguracion(IdControl id, Titulos titulos, FabricaDialogos& fabrica, MesaConfiguracion& mesa,
+                         const Entorno& entorno);
+    ~DialogoConfiguracion() override;
+
+    // In this order when it opens. First what it works on: one of the desk's montar...
+    virtual void montar() = 0;
+    // Makes its controls, in the order of the keyboard. The close image is made after them.
+    virtual void crearControles() = 0;
+    // Shows in them what the objects have.
+    virtual void rellenar() = 0;
+    // Its content for the texts and the scale as they are now.
+    virtual Pieza disposicion() = 0;
+    // After it is seen: where the focus goes.
+    virtual void alMostrar() {}
+
+    // In this order when it closes. False refuses; not asked when discarding.
+    virtual bool validar() { return true; }
+    // While everything is still there.
+    virtual void alCerrar() {}
+    // Destroys its controls and whatever it made in montar().
+    virtual void soltar() = 0;
+
+    // Lays it out again where it stands, as after a text or what is visible changed.
+    void redisponer();
+
+    // Only while it is open.
+    FormularioDialogo& formulario() { return *m_formulario; }
+    TallerDialogo& taller() { return *m_taller; }
+    DialogosSistema& sistema() { return m_fabrica.sistema(); }
+    MesaConfiguracion& mesa() { return m_mesa; }
+    const Entorno& entorno() const { return m_entorno; }
+
+private:
+    void alPedirCierre() override;
+    void cargar();
+    void crearTitulos();
+    void descargar();
+    void situar();
+    Pieza cabecera();
+
+    const IdControl m_id;
+    const Titulos m_titulos;
+    FabricaDialogos& m_fabrica;
+    MesaConfiguracion& m_mesa;
+    const Entorno& m_entorno;
+    const Gradiente m_gradiente;
+    Monitor m_monitor;
+    std::unique_ptr<FormularioDialogo> m_formulario;
+    std::unique_ptr<TallerDialogo> m_taller;
+    std::unique_ptr<Rotulo> m_ttlo;
+    std::unique_ptr<Rotulo> m_ttlo2;
+    std::unique_ptr<BotonImagen> m_imUnload;
+};
+
+}  // namespace sorvanel

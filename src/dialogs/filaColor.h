@@ -1,0 +1,51 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "dialogs/tallerDialogo.h"
+
+namespace sorvanel {
+
+// A button with its colour frame beside it. Both open the system's colour choice with the colour that
+// there is now; cancelled, or left as it was, nothing is written.
+class FilaColor {
+public:
+    struct Datos {
+        IdControl boton;
+        IdControl marco;
+        int elemento = 0;
+        // What the button says.
+        std::string texto;
+        // What the choice begins with.
+        std::function<Color()> actual;
+        // A colour was chosen; the frame shows it already.
+        std::function<void(Color)> alElegir;
+    };
+
+    FilaColor(TallerDialogo& taller, DialogosSistema& sistema, Datos datos);
+
+    // What the frame shows, 24 bits.
+    Color color() const { return m_marco->color(); }
+    // alElegir is not told. No colour (a negative one) shows as white.
+    void color(Color color);
+    void mostrar(bool visible);
+
+    Control& boton() { return *m_boton; }
+    Control& marco() { return *m_marco; }
+
+    Pieza piezaBoton();
+    Pieza piezaMarco();
+
+private:
+    void elegir();
+
+    TallerDialogo& m_taller;
+    DialogosSistema& m_sistema;
+    const Datos m_datos;
+    std::unique_ptr<BotonTexto> m_boton;
+    std::unique_ptr<MarcoColor> m_marco;
+};
+
+}  // namespace sorvanel

@@ -1,0 +1,303 @@
+#include "dialogs/filaVisor.h"
+
+#include <algorithm>
+
+#include "dialogs/textosVisor.h"
+
+namespace sorvanel {
+
+namespace {
+
+constexpr std::array<std::string_view, 6> MODOS{"Peso carga",        "Acumulado",         "Suma",
+                                                "Suma en carga (1)", "Suma en carga (2)", "Suma en descarga"};
+
+constexpr const char* PORT_RECHAZADO = "Valor de 'port' posiblemente duplicado";
+constexpr const char* ETIQUETA_RECHAZADA = "Contenido de 'etiqueta' posiblemente duplicado";
+constexpr const char* UBICACION_RECHAZADA = "La ubicación entrada no es correcta o está duplicada";
+
+// The widest that the boxes usually hold; more can be typed.
+constexpr std::string_view MUESTRA_NUMERO = "#64";
+constexpr std::string_view MUESTRA_PORT = "0000/00";
+constexpr std::string_view MUESTRA_ETIQUETA = "0000000000000000";
+constexpr std::string_view MUESTRA_UBICACION = "00,00";
+// The form in which an address is typed.
+constexpr const char* MARCA_PAVONA = "AA/BB";
+
+constexpr float ENTRE_COLUMNAS = aTwips(6);
+constexpr float BORDE_FILA = aTwips(5);
+constexpr float AIRE_FILA = aTwips(3);  // above and below
+
+constexpr Color COLOR_FILA = COLOR_PANEL;
+constexpr Color COLOR_FILA_ELEGIDA = rgb(0xD6, 0xE7, 0xF8);
+constexpr Color COLOR_MARCA = rgb(0x5A, 0x65, 0x70);
+
+}  // namespace
+
+// ---- columns ----
+
+ColumnasFila::ColumnasFila(const TallerDialogo& taller) : m_altoControl(taller.botonImagen().alto) {
+    m_anchos = {
+        taller.texto(MUESTRA_NUMERO).ancho,        taller.botonImagen().ancho, taller.cajaTexto(MUESTRA_PORT).ancho,
+        taller.texto(MARCA_PAVONA).ancho,          taller.lista(MODOS).ancho,  taller.cajaTexto(MUESTRA_ETIQUETA).ancho,
+        taller.cajaTexto(MUESTRA_UBICACION).ancho, taller.botonImagen().ancho};
+    float x = BORDE_FILA;
+    for (std::size_t i = 0; i < m_anchos.size(); ++i) {
+        m_anchos[i] = std::max(m_anchos[i], taller.texto(TITULOS[i]).ancho);
+        m_x[i] = x;
+        x += m_anchos[i] + ENTRE_COLUMNAS;
+    }
+    m_ancho = x - ENTRE_COLUMNAS + BORDE_FILA;
+    m_alto = m_altoControl + 2 * AIRE_FILA;
+}
+
+Rectangulo ColumnasFila::lugar(Columna columna, const Rectangulo& fila, float alto) const {
+    return {fila.x + m_x[columna], fila.y + (fila.alto - alto) / 2, m_anchos[columna], alto};
+}
+
+// ---- making ----
+
+FilaVisor::FilaVisor(TallerDialogo& taller, TablaVisores& tabla, std::int16_t numero)
+    : m_tabla(tabla), m_numero(numero) {
+    m_frVis = taller.marco(IdControl::frVis, numero, "Visor " + std::to_string(numero));
+    m_lbVis = taller.rotulo(IdControl::lbVis, numero, "#" + std::to_string(numero));
+    crearCajas(taller);
+    crearImagenes(taller);
+    elegida(false);
+    m_visible = true;
+    mostrar(false);
+}
+
+void FilaVisor::crearCajas(TallerDialogo& taller) {
+    const std::string visor = "Visor " + std::to_string(m_numero) + ": ";
+    m_txPort = taller.cajaTexto(IdControl::txPort, m_numero, visor + "port",
+                                "Port del visor; en la familia Pavona, su dirección AA/BB");
+    m_txPort->filtro([this](char32_t c) { return filtroPort(c, pavona()); });
+    m_lbPav = taller.rotulo(IdControl::lbPav, m_numero, MARCA_PAVONA);
+    m_lbPav->colorTexto(COLOR_MARCA);
+    m_lstModo = taller.lista(IdControl::lstModo, m_numero, MODOS, visor + "modo bulk",
+                             "Qué lectura muestra un visor de la familia Pavona");
+    m_txEtq = taller.cajaTexto(IdControl::txEtq, m_numero, visor + "etiqueta", "Texto que acompaña al peso");
+    m_txEtq->filtro(filtroEtiqueta);
+    m_txUbi = taller.cajaTexto(IdControl::txUbi, m_numero, visor + "ubicación",
+                               "Fila y columna de la parrilla, como en 2,1; vacía, el visor no se ve");
+    m_txUbi->filtro(filtroUbicacion);
+    unir(*m_txPort, CampoVisor::port);
+    unir(*m_txEtq, CampoVisor::etiqueta);
+    unir(*m_txUbi, CampoVisor::ubicacion);
+    m_lstModo->alRecibirFoco([this] { m_tabla.alEnfocar(*this, CampoVisor::modo); });
+    m_lstModo->alPulsarTecla([this](Tecla tecla) { return alPulsarTecla(CampoVisor::modo, tecla); });
+    m_lstModo->alElegir([this] { visorPropio().modoBulk(static_cast<std::int16_t>(m_lstModo->indice())); });
+}
+
+void FilaVisor::unir(CajaTexto& caja, CampoVisor campo) {
+    caja.alRecibirFoco([this, campo] { m_tabla.alEnfocar(*this, campo); });
+    caja.alPulsarTecla([this, campo](Tecla tecla) { return alPulsarTecla(campo, tecla); });
+    caja.alValidar([this, campo] { return validar(campo); });
+}
+
+void FilaVisor::crearImagenes(TallerDialogo& taller) {
+    const std::string visor = "Visor " + std::to_string(m_numero) + ": ";
+    m_imPtc = taller.botonImagen(IdControl::imPtc, m_numero, Dibujo::tessel, visor + "familia de enlace");
+    m_imPtc->alPulsar([this] { alternarProtocolo(); });
+    m_imFoco = taller.botonImagen(IdControl::imFoco, m_numero, Dibujo::diseno, visor + "diseño particular");
+    m_imFoco->alPulsar([this] { m_tabla.alPedirDiseno(*this); });
+}
+
+// ---- showing ----
+
+void FilaVisor::rellenar() {
+    const visor& v = visorPropio();
+    m_rellena = true;
+    m_txPort->texto(textoPort(v.port(), pavona()));
+    m_lstModo->indice(std::clamp<int>(v.modoBulk(), 0, MODO_BULK_MAXIMO));
+    m_txEtq->texto(v.caption());
+    m_txUbi->texto(textoUbicacion(v.ubicacion()));
+    mostrarProtocolo();
+}
+
+void FilaVisor::mostrarProtocolo() {
+    m_imPtc->dibujo(pavona() ? Dibujo::pavona : Dibujo::tessel);
+    m_imPtc->sugerencia(pavona() ? "Familia Pavona: conexión común. Pulse para pasar a Tessel"
+                                 : "Familia Tessel: port propio. Pulse para pasar a Pavona");
+    m_lbPav->mostrar(m_visible && pavona());
+}
+
+void FilaVisor::mostrar(bool visible) {
+    if (visible && !m_rellena) rellenar();
+    if (visible == m_visible) return;
+    m_visible = visible;
+    m_frVis->mostrar(visible);
+    for (Control* c : std::initializer_list<Control*>{m_lbVis.get(), m_imPtc.get(), m_txPort.get(), m_lstModo.get(),
+                                                      m_txEtq.get(), m_txUbi.get(), m_imFoco.get()}) {
+        c->mostrar(visible);
+    }
+    m_lbPav->mostrar(visible && pavona());
+}
+
+void FilaVisor::colocar(const Rectangulo& marco, const ColumnasFila& columnas) {
+    const auto poner = [&](Control& c, ColumnasFila::Columna columna) {
+        c.colocar(columnas.lugar(columna, marco, columnas.altoControl()));
+    };
+    const auto ponerImagen = [&](Control& c, ColumnasFila::Columna columna) {
+        const Rectangulo celda = columnas.lugar(columna, marco, columnas.altoControl());
+        c.colocar({celda.x + (celda.ancho - celda.alto) / 2, celda.y, celda.alto, celda.alto});
+    };
+    m_frVis->colocar(marco);
+    poner(*m_lbVis, ColumnasFila::numero);
+    ponerImagen(*m_imPtc, ColumnasFila::protocolo);
+    poner(*m_txPort, ColumnasFila::port);
+    poner(*m_lbPav, ColumnasFila::marca);
+    poner(*m_lstModo, ColumnasFila::modo);
+    poner(*m_txEtq, ColumnasFila::etiqueta);
+    poner(*m_txUbi, ColumnasFila::ubicacion);
+    ponerImagen(*m_imFoco, ColumnasFila::diseno);
+}
+
+void FilaVisor::elegida(bool si) {
+    const Color color = si ? COLOR_FILA_ELEGIDA : COLOR_FILA;
+    m_frVis->colorFondo(color);
+    m_txPort->colorFondo(color);
+    m_lstModo->colorFondo(color);
+    m_txEtq->colorFondo(color);
+    m_txUbi->colorFondo(color);
+}
+
+// ---- keyboard ----
+
+Control& FilaVisor::control(CampoVisor campo) const {
+    if (campo == CampoVisor::modo) return *m_lstModo;
+    return *caja(campo);
+}
+
+CajaTexto* FilaVisor::caja(CampoVisor campo) const {
+    switch (campo) {
+        case CampoVisor::port:
+            return m_txPort.get();
+        case CampoVisor::etiqueta:
+            return m_txEtq.get();
+        case CampoVisor::ubicacion:
+            return m_txUbi.get();
+        default:
+            return nullptr;
+    }
+}
+
+void FilaVisor::enfocar(CampoVisor campo) {
+    control(campo).enfocar();
+}
+
+bool FilaVisor::tieneFoco(CampoVisor campo) const {
+    return control(campo).tieneFoco();
+}
+
+void FilaVisor::seleccionarTodo(CampoVisor campo) {
+    if (CajaTexto* c = caja(campo)) c->seleccionarTodo();
+}
+
+void FilaVisor::anadirTeclado(std::vector<Control*>& orden) const {
+    orden.insert(orden.end(),
+                 {m_imPtc.get(), m_txPort.get(), m_lstModo.get(), m_txEtq.get(), m_txUbi.get(), m_imFoco.get()});
+}
+
+bool FilaVisor::alPulsarTecla(CampoVisor campo, Tecla tecla) {
+    const CajaTexto* const c = caja(campo);
+    // Within a text they move the caret.
+    if (tecla == Tecla::derecha && c != nullptr && !c->alFinal()) return false;
+    if (tecla == Tecla::izquierda && c != nullptr && !c->alInicio()) return false;
+    if (tecla == Tecla::escape) {
+        restaurar(campo);
+    } else if (validar(campo) && tecla != Tecla::intro) {
+        m_tabla.mover(*this, campo, tecla);
+    }
+    return true;
+}
+
+// The port comes back as the plain number also in the concentrator's family: it can be entered so.
+void FilaVisor::restaurar(CampoVisor campo) {
+    const visor& v = visorPropio();
+    switch (campo) {
+        case CampoVisor::port:
+            m_txPort->texto(textoPort(v.port(), false));
+            break;
+        case CampoVisor::modo:
+            m_lstModo->indice(std::clamp<int>(v.modoBulk(), 0, MODO_BULK_MAXIMO));
+            break;
+        case CampoVisor::etiqueta:
+            m_txEtq->texto(v.caption());
+            break;
+        case CampoVisor::ubicacion:
+            m_txUbi->texto(textoUbicacion(v.ubicacion()));
+            break;
+    }
+}
+
+// The number means something else in the other family: it is entered anew.
+void FilaVisor::alternarProtocolo() {
+    visor& v = visorPropio();
+    v.protocolo(static_cast<std::int16_t>(PROTOCOLO_TESSEL + PROTOCOLO_PAVONA - v.protocolo()));
+    m_txPort->texto({});
+    mostrarProtocolo();
+    m_tabla.alCambiarProtocolo(*this);
+}
+
+// ---- validation ----
+
+bool FilaVisor::rechazar(std::string_view motivo) {
+    m_tabla.rechazar(motivo);
+    return false;
+}
+
+bool FilaVisor::validar(CampoVisor campo) {
+    switch (campo) {
+        case CampoVisor::port:
+            return validarPort();
+        case CampoVisor::etiqueta:
+            return validarEtiqueta();
+        case CampoVisor::ubicacion:
+            return validarUbicacion();
+        default:
+            return true;
+    }
+}
+
+namespace {
+
+// Setting a text moves the caret: only where it says something else.
+void mostrarTexto(CajaTexto& caja, const std::string& texto) {
+    if (caja.texto() != texto) caja.texto(texto);
+}
+
+}  // namespace
+
+bool FilaVisor::validarPort() {
+    visor& v = visorPropio();
+    const auto port = leerPort(m_txPort->texto(), pavona());
+    if (port && *port != v.port()) v.port(*port);
+    if (!port || *port != v.port()) return rechazar(PORT_RECHAZADO);
+    mostrarTexto(*m_txPort, textoPort(*port, pavona()));
+    return true;
+}
+
+bool FilaVisor::validarEtiqueta() {
+    visor& v = visorPropio();
+    const std::string texto = m_txEtq->texto();
+    if (texto != v.caption()) v.caption(texto);
+    return texto == v.caption() || rechazar(ETIQUETA_RECHAZADA);
+}
+
+bool FilaVisor::validarUbicacion() {
+    visor& v = visorPropio();
+    const std::string texto = m_txUbi->texto();
+    if (texto.empty()) {
+        if (v.ubicacion()) v.ubicacion(std::nullopt);
+        return true;
+    }
+    const auto lugar = leerUbicacion(texto);
+    if (!lugar || !m_tabla.cabeEnParrilla(*lugar)) return rechazar(UBICACION_RECHAZADA);
+    if (lugar != v.ubicacion()) v.ubicacion(lugar);
+    if (lugar != v.ubicacion()) return rechazar(UBICACION_RECHAZADA);
+    mostrarTexto(*m_txUbi, textoUbicacion(lugar));
+    return true;
+}
+
+}  // namespace sorvanel

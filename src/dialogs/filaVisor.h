@@ -1,0 +1,122 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "dialogs/tallerDialogo.h"
+#include "display/visor.h"
+
+namespace sorvanel {
+
+// The fields of a row, as the arrow keys go through them.
+enum class CampoVisor { port, modo, etiqueta, ubicacion };
+
+class FilaVisor;
+
+// What a row needs of the tool that it stands in.
+class TablaVisores {
+public:
+    virtual ~TablaVisores() = default;
+    // The display of that row; it may be another object each time.
+    virtual visor& visorDe(const FilaVisor& fila) = 0;
+    // Whether the grid has that cell; its lower bounds are the display's to check.
+    virtual bool cabeEnParrilla(const Ubicacion& ubicacion) = 0;
+    // A field was left, or to be left, with something that the display did not take.
+    virtual void rechazar(std::string_view motivo) = 0;
+
+    virtual void alEnfocar(FilaVisor& fila, CampoVisor campo) = 0;
+    // Move to another field or row, once the field is valid.
+    virtual void mover(FilaVisor& fila, CampoVisor campo, Tecla tecla) = 0;
+    virtual void alCambiarProtocolo(FilaVisor& fila) = 0;
+    virtual void alPedirDiseno(FilaVisor& fila) = 0;
+};
+
+// Where the columns stand, twips from the row's left edge: the same for all rows and their headings.
+class ColumnasFila {
+public:
+    enum Columna { numero, protocolo, port, marca, modo, etiqueta, ubicacion, diseno, CUANTAS };
+    static constexpr std::array<std::string_view, CUANTAS> TITULOS{"N.º",       "Enlace",   "Port",      "",
+                                                                   "Modo bulk", "Etiqueta", "Ubicación", "Diseño"};
+
+    ColumnasFila() = default;
+    // Measured with the texts that stand in them.
+    explicit ColumnasFila(const TallerDialogo& taller);
+
+    float ancho() const { return m_ancho; }
+    float alto() const { return m_alto; }  // of one row
+    // A piece of that height in its column, in the middle of the row.
+    Rectangulo lugar(Columna columna, const Rectangulo& fila, float alto) const;
+    float altoControl() const { return m_altoControl; }
+
+private:
+    std::array<float, CUANTAS> m_x{};
+    std::array<float, CUANTAS> m_anchos{};
+    float m_ancho = 0;
+    float m_alto = 0;
+    float m_altoControl = 0;
+};
+
+// One display's row: its controls, what they take of the keyboard, and whether what they hold is valid.
+class FilaVisor {
+public:
+    FilaVisor(TallerDialogo& taller, TablaVisores& tabla, std::int16_t numero);
+
+    std::int16_t numero() const { return m_numero; }
+    // Shows what the display has.
+    void rellenar();
+    // What the row says is another display's by now: it is filled when it is shown next.
+    void caducar() { m_rellena = false; }
+    void mostrar(bool visible);
+    // The frame may be wider than what stands in it.
+    void colocar(const Rectangulo& marco, const ColumnasFila& columnas);
+    // Whether it is the selected one.
+    void elegida(bool si);
+
+    void enfocar(CampoVisor campo);
+    bool tieneFoco(CampoVisor campo) const;
+    void seleccionarTodo(CampoVisor campo);
+
+    // Writes the field into the display. No, and told to the table, when that does not take it.
+    bool validar(CampoVisor campo);
+
+    void anadirTeclado(std::vector<Control*>& orden) const;
+
+private:
+    void crearCajas(TallerDialogo& taller);
+    void crearImagenes(TallerDialogo& taller);
+    void unir(CajaTexto& caja, CampoVisor campo);
+    Control& control(CampoVisor campo) const;
+    CajaTexto* caja(CampoVisor campo) const;
+
+    bool alPulsarTecla(CampoVisor campo, Tecla tecla);
+    void restaurar(CampoVisor campo);
+    void alternarProtocolo();
+    void mostrarProtocolo();
+    bool pavona() const { return visorPropio().protocolo() == PROTOCOLO_PAVONA; }
+    visor& visorPropio() const { return m_tabla.visorDe(*this); }
+
+    bool validarPort();
+    bool validarEtiqueta();
+    bool validarUbicacion();
+    bool rechazar(std::string_view motivo);
+
+    TablaVisores& m_tabla;
+    const std::int16_t m_numero;
+    bool m_rellena = false;
+    bool m_visible = false;
+    std::unique_ptr<Marco> m_frVis;
+    std::unique_ptr<Rotulo> m_lbVis;
+    std::unique_ptr<BotonImagen> m_imPtc;
+    std::unique_ptr<CajaTexto> m_txPort;
+    std::unique_ptr<Rotulo> m_lbPav;
+    std::unique_ptr<Lista> m_lstModo;
+    std::unique_ptr<CajaTexto> m_txEtq;
+    std::unique_ptr<CajaTexto> m_txUbi;
+    std::unique_ptr<BotonImagen> m_imFoco;
+};
+
+}  // namespace sorvanel

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+
+#include "display/visores.h"
+#include "grid/parrilla.h"
+#include "message/clsMsg.h"
+#include "screen/oScreen.h"
+
+namespace sorvanel {
+
+// What the tools work on. The main window has it: it makes the objects from the file when a tool
+// opens, and drops them when it closes, so that every tool sees what the others saved and nothing is
+// left that could write an old value back.
+class MesaConfiguracion {
+public:
+    virtual ~MesaConfiguracion() = default;
+
+    // The grid, painted.
+    virtual void montarParrilla() = 0;
+    // The grid, painted, and all displays, defined and placed where they can be.
+    virtual void montarVisores() = 0;
+    // The message band, not running.
+    virtual void montarMensaje() = 0;
+    // Drops whatever was made; the screen is empty again.
+    virtual void desmontarMesa() = 0;
+
+    // Only between the call that makes them and desmontarMesa.
+    virtual Parrilla& parrilla() = 0;
+    virtual Visores& visores() = 0;
+    virtual clsMsg& mensaje() = 0;
+
+    // A new display at the end, with its surfaces; null when there are 64.
+    virtual visor* nuevoVisor() = 0;
+    // Deletes it; all displays are then made anew from the file, under their new numbers.
+    virtual bool eliminarVisor(std::int16_t posicion) = 0;
+
+    // The monitor that the window covers.
+    virtual Monitor monitorEnUso() const = 0;
+    // Selects and saves it, and moves the window there at once with its bar and grid.
+    virtual void cambiarMonitor(std::int16_t indice) = 0;
+
+    // Shows the bar anew over what was painted.
+    virtual void refrescarBarra() = 0;
+};
+
+}  // namespace sorvanel

@@ -1,0 +1,130 @@
+#include "dialogs/paginaVisores.h"
+
+#include <algorithm>
+
+namespace sorvanel {
+
+namespace {
+
+constexpr float ENTRE_FILAS = aTwips(2);
+
+std::size_t indice(std::int16_t n) {
+    return static_cast<std::size_t>(n - 1);
+}
+
+}  // namespace
+
+PaginaVisores::PaginaVisores(TallerDialogo& taller, TablaVisores& tabla) : m_taller(taller), m_tabla(tabla) {
+    m_frTodo = taller.marco(IdControl::frTodo, 0, "Visores");
+    for (const std::string_view titulo : ColumnasFila::TITULOS) m_titulos.push_back(taller.rotulo(std::string(titulo)));
+}
+
+// From the last row to the first.
+PaginaVisores::~PaginaVisores() {
+    while (!m_filas.empty()) m_filas.pop_back();
+}
+
+std::int16_t PaginaVisores::ultima() const {
+    return std::min(static_cast<std::int16_t>(m_primera + FILAS - 1), m_cuantos);
+}
+
+FilaVisor* PaginaVisores::hecha(std::int16_t n) const {
+    return n >= 1 && indice(n) < m_filas.size() ? m_filas[indice(n)].get() : nullptr;
+}
+
+FilaVisor& PaginaVisores::fila(std::int16_t n) {
+    if (m_filas.size() <= indice(n)) m_filas.resize(indice(n) + 1);
+    auto& lugar = m_filas[indice(n)];
+    if (!lugar) {
+        lugar = std::make_unique<FilaVisor>(m_taller, m_tabla, n);
+        lugar->elegida(n == m_elegida);
+    }
+    return *lugar;
+}
+
+void PaginaVisores::desplegar() {
+    for (std::int16_t n = m_primera; n <= ultima(); ++n) {
+        colocarFila(fila(n));
+        fila(n).mostrar(true);
+    }
+}
+
+void PaginaVisores::recoger() {
+    while (m_filas.size() > static_cast<std::size_t>(m_cuantos)) m_filas.pop_back();
+    for (const auto& f : m_filas) {
+        if (f && !muestra(f->numero())) f->mostrar(false);
+    }
+    m_vista = {m_primera, m_cuantos};
+}
+
+void PaginaVisores::rehacer() {
+    for (const auto& f : m_filas) {
+        if (f) f->caducar();
+    }
+    desplegar();
+}
+
+void PaginaVisores::elegida(std::int16_t n) {
+    if (n == m_elegida) return;
+    if (FilaVisor* const antes = hecha(m_elegida)) antes->elegida(false);
+    m_elegida = n;
+    if (FilaVisor* const ahora = hecha(n)) ahora->elegida(true);
+}
+
+void PaginaVisores::ensanchada(std::int16_t n) {
+    if (n == m_ensanchada) return;
+    FilaVisor* const antes = hecha(m_ensanchada);
+    m_ensanchada = n;
+    for (FilaVisor* const f : {antes, hecha(n)}) {
+        if (f != nullptr && muestra(f->numero())) colocarFila(*f);
+    }
+}
+
+std::string PaginaVisores::texto() const {
+    const std::string total = std::to_string(m_cuantos);
+    if (m_cuantos == 0) return "Sin visores";
+    if (m_cuantos <= FILAS && m_primera == 1) return m_cuantos == 1 ? "1 visor" : total + " visores";
+    return "Visores " + std::to_string(m_primera) + " a " + std::to_string(ultima()) + " de " + total;
+}
+
+// ---- layout ----
+
+Pieza PaginaVisores::comoPieza() {
+    m_columnas = ColumnasFila(m_taller);
+    m_altoTitulos = m_taller.texto(ColumnasFila::TITULOS[0]).alto + ENTRE_FILAS;
+    const float alto = m_altoTitulos + static_cast<float>(FILAS) * (m_columnas.alto() + ENTRE_FILAS);
+    return {{m_columnas.ancho() + 2 * RELLENO, alto + 2 * RELLENO},
+            [this](const Rectangulo& zona) { colocar(zona); },
+            true,
+            true};
+}
+
+void PaginaVisores::colocar(const Rectangulo& zona) {
+    m_zona = zona;
+    m_frTodo->colocar(zona);
+    colocarTitulos();
+    desplegar();
+}
+
+void PaginaVisores::colocarTitulos() {
+    const Rectangulo linea{m_zona.x + RELLENO, m_zona.y + RELLENO, m_columnas.ancho(), m_altoTitulos};
+    for (std::size_t i = 0; i < m_titulos.size(); ++i) {
+        m_titulos[i]->colocar(m_columnas.lugar(static_cast<ColumnasFila::Columna>(i), linea, m_altoTitulos));
+    }
+}
+
+// The row whose panel is open reaches over to it.
+void PaginaVisores::colocarFila(FilaVisor& fila) {
+    if (m_zona.vacio()) return;
+    const float x = m_zona.x + RELLENO;
+    const auto lugar = static_cast<float>(fila.numero() - m_primera);
+    const float y = m_zona.y + RELLENO + m_altoTitulos + lugar * (m_columnas.alto() + ENTRE_FILAS);
+    const float derecha = m_zona.derecha() + (fila.numero() == m_ensanchada ? HUECO : -RELLENO);
+    fila.colocar({x, y, derecha - x, m_columnas.alto()}, m_columnas);
+}
+
+void PaginaVisores::anadirTeclado(std::vector<Control*>& orden) {
+    for (std::int16_t n = m_primera; n <= ultima(); ++n) fila(n).anadirTeclado(orden);
+}
+
+}  // namespace sorvanel

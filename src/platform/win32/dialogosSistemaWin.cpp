@@ -1,0 +1,69 @@
+#include "platform/win32/dialogosSistemaWin.h"
+
+#include <commdlg.h>
+
+#include <cmath>
+
+#include "platform/win32/manejadores.h"
+#include "platform/win32/textoWin.h"
+
+namespace sorvanel {
+
+namespace {
+
+constexpr float PUNTOS_POR_PULGADA = 72;
+
+// The em of so many points, as the system's dialog counts it: by the screen's own resolution.
+LONG altoDe(float puntos) {
+    const DCVentana pantalla(nullptr);
+    const auto resolucion = static_cast<float>(pantalla ? GetDeviceCaps(pantalla.get(), LOGPIXELSY) : 96);
+    return -static_cast<LONG>(std::lround(puntos * resolucion / PUNTOS_POR_PULGADA));
+}
+
+LOGFONTW descripcion(const FuenteElegida& fuente) {
+    LOGFONTW d{};
+    d.lfHeight = altoDe(fuente.puntos);
+    d.lfWeight = fuente.negrita ? FW_BOLD : FW_NORMAL;
+    d.lfItalic = fuente.cursiva ? TRUE : FALSE;
+    d.lfUnderline = fuente.subrayado ? TRUE : FALSE;
+    d.lfCharSet = DEFAULT_CHARSET;
+    aAncho(fuente.nombre).copy(d.lfFaceName, LF_FACESIZE - 1);
+    return d;
+}
+
+}  // namespace
+
+DialogosSistemaWin::DialogosSistemaWin(AvisosWin& avisos) : m_avisos(avisos) {
+    m_propios.fill(static_cast<COLORREF>(BLANCO));
+}
+
+Color DialogosSistemaWin::elegirColor(Color inicial) {
+    const AvisosWin::Apertura apertura(m_avisos);
+    CHOOSECOLORW pedido{};
+    pedido.lStructSize = sizeof pedido;
+    pedido.hwndOwner = apertura.propietaria();
+    pedido.rgbResult = static_cast<COLORREF>(colorPintable(inicial));
+    pedido.lpCustColors = m_propios.data();
+    pedido.Flags = CC_RGBINIT | CC_FULLOPEN | CC_ANYCOLOR;
+    // Cancelled, it may have written into the request all the same.
+    return ChooseColorW(&pedido) ? colorPintable(static_cast<Color>(pedido.rgbResult)) : inicial;
+}
+
+bool DialogosSistemaWin::elegirFuente(FuenteElegida& fuente) {
+    LOGFONTW letra = descripcion(fuente);
+    const AvisosWin::Apertura apertura(m_avisos);
+    CHOOSEFONTW pedido{};
+    pedido.lStructSize = sizeof pedido;
+    pedido.hwndOwner = apertura.propietaria();
+    pedido.lpLogFont = &letra;
+    pedido.Flags = CF_SCREENFONTS | CF_EFFECTS | CF_INITTOLOGFONTSTRUCT | CF_FORCEFONTEXIST | CF_NOVERTFONTS;
+    if (!ChooseFontW(&pedido)) return false;
+    fuente.nombre = aUtf8(letra.lfFaceName);
+    fuente.puntos = static_cast<float>(pedido.iPointSize) / 10;
+    fuente.negrita = letra.lfWeight >= FW_SEMIBOLD;
+    fuente.cursiva = letra.lfItalic != 0;
+    fuente.subrayado = letra.lfUnderline != 0;
+    return true;
+}
+
+}  // namespace sorvanel

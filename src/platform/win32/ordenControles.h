@@ -1,0 +1,52 @@
+#pragma once
+
+#include <windows.h>
+
+#include <span>
+#include <vector>
+
+#include "platform/win32/controlWin.h"
+
+namespace sorvanel {
+
+// In which order what stands on a tool window lies, from the top: the system's Tab key follows it,
+// and a label just before a control names it. Frames lie beneath everything else, later ones above
+// earlier ones.
+class OrdenControles {
+public:
+    // Something without keyboard.
+    void anadir(HWND ventana) { colocar({ventana, nullptr}); }
+    void anadir(ControlWin& control);
+    void quitar(HWND ventana);
+    void quitar(const ControlWin& control);
+
+    // Those first, each after the label that came before it; the others keep their order.
+    void ordenar(std::span<ControlWin* const> primero);
+
+    // Null when there is none that the keyboard can reach.
+    ControlWin* primero() const;
+    // The next one that it can reach; from the beginning again after the last.
+    ControlWin* siguiente(const ControlWin* desde) const;
+
+    const std::vector<ControlWin*>& marcos() const { return m_marcos; }
+    template <typename Accion>
+    void paraCadaControl(Accion accion) const {
+        for (const Puesto& p : m_puestos) {
+            if (p.control) accion(*p.control);
+        }
+        for (ControlWin* marco : m_marcos) accion(*marco);
+    }
+
+private:
+    struct Puesto {
+        HWND ventana = nullptr;
+        ControlWin* control = nullptr;
+    };
+    void colocar(const Puesto& puesto);
+    void apilar() const;
+
+    std::vector<Puesto> m_puestos;
+    std::vector<ControlWin*> m_marcos;  // the lowest first
+};
+
+}  // namespace sorvanel

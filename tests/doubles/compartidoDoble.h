@@ -1,0 +1,24 @@
+#pragma once
+
+#include <vector>
+
+#include "links/enlaceCompartido.h"
+
+namespace sorvanel {
+
+// The shared link as a display sees it.
+class CompartidoDoble : public EnlaceCompartido {
+public:
+    int usuarios = 0;
+    bool arranca = true;
+    std::vector<const SuscriptorPeso*> enMarchas;
+    void hola() override { ++usuarios; }
+    void adios() override { --usuarios; }
+    bool enMarcha(SuscriptorPeso& v) override {
+        if (arranca) enMarchas.push_back(&v);
+        return arranca;
+    }
+    void Cerrar(SuscriptorPeso& v) override { std::erase(enMarchas, &v); }
+};
+
+}  // namespace sorvanel

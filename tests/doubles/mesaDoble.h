@@ -1,0 +1,113 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "dialogs/mesaConfiguracion.h"
+#include "doubles/compartidoDoble.h"
+#include "doubles/entornoDoble.h"
+#include "doubles/superficieDoble.h"
+#include "doubles/ventanaDoble.h"
+
+namespace sorvanel {
+
+// What the tools work on: real objects on the settings of one test, on surfaces that nobody sees.
+class MesaDoble : public MesaConfiguracion, private MuelleMensaje {
+public:
+    explicit MesaDoble(EntornoDoble& e) : m_e(e) {
+        m_lienzo.colocar({0, 0, 15360, 11520});
+        diario.clear();
+    }
+
+    // "montarVisores", "desmontarMesa", "refrescarBarra"... and, with "lienzo: " in front, what the grid
+    // paints, in the order in which it happened.
+    std::vector<std::string> diario;
+    CompartidoDoble compartido;
+
+    void montarParrilla() override {
+        diario.emplace_back("montarParrilla");
+        hacerParrilla();
+    }
+    void montarVisores() override {
+        diario.emplace_back("montarVisores");
+        hacerVisores();
+    }
+    void montarMensaje() override {
+        diario.emplace_back("montarMensaje");
+        MuelleMensaje& muelle = *this;
+        m_mensaje = std::make_unique<clsMsg>(m_e.entorno, muelle);
+    }
+    void desmontarMesa() override {
+        diario.emplace_back("desmontarMesa");
+        soltar();
+    }
+    Parrilla& parrilla() override { return *m_parrilla; }
+    Visores& visores() override { return *m_visores; }
+    clsMsg& mensaje() override { return *m_mensaje; }
+    visor* nuevoVisor() override {
+        visor* const nuevo = m_visores->nuevo(0, "");
+        if (nuevo != nullptr) ponerSuperficies(*nuevo);
+        return nuevo;
+    }
+    bool eliminarVisor(std::int16_t posicion) override {
+        if (!m_visores->eliminar(posicion)) return false;
+        soltar();
+        hacerVisores();
+        return true;
+    }
+    Monitor monitorEnUso() const override { return oScreen(m_e.entorno).monitor(); }
+    void cambiarMonitor(std::int16_t indice) override {
+        diario.push_back("cambiarMonitor " + std::to_string(indice));
+        oScreen(m_e.entorno).monitorActual(indice);
+    }
+    void refrescarBarra() override { diario.emplace_back("refrescarBarra"); }
+
+    // Of display n, while it is there: its caption and its weight.
+    SuperficieDoble& etiqueta(int n) { return *m_etiquetas.at(static_cast<std::size_t>(n - 1)); }
+    SuperficieDoble& peso(int n) { return *m_pesos.at(static_cast<std::size_t>(n - 1)); }
+
+private:
+    Superficie& picMsg() override { return m_franja; }
+    void acoplar(float alto) override { m_franja.colocar({0, 11040 - alto, 15360, alto}); }
+    void alMostrarFranja(bool) override {}
+
+    void hacerParrilla() {
+        m_parrilla = std::make_unique<Parrilla>(m_e.entorno);
+        m_parrilla->definir(m_lienzo, m_ventana);
+        m_parrilla->pintarReticula();
+    }
+    void hacerVisores() {
+        hacerParrilla();
+        m_visores = std::make_unique<Visores>(m_e.entorno, compartido);
+        for (std::int16_t n = 1; n <= m_visores->cuantos(); ++n) ponerSuperficies(*m_visores->uno(n));
+        std::string errores;
+        m_visores->ubicar(errores);
+    }
+    void ponerSuperficies(visor& v) {
+        m_etiquetas.push_back(std::make_unique<SuperficieDoble>());
+        m_pesos.push_back(std::make_unique<SuperficieDoble>());
+        v.definir(*m_parrilla, *m_etiquetas.back(), *m_pesos.back());
+    }
+    void soltar() {
+        if (m_visores) m_visores->desubicar();
+        m_etiquetas.clear();
+        m_pesos.clear();
+        m_mensaje.reset();
+        m_visores.reset();
+        m_parrilla.reset();
+    }
+
+    EntornoDoble& m_e;
+    SuperficieDoble m_lienzo{"lienzo", &diario};
+    VentanaDoble m_ventana;
+    SuperficieDoble m_franja;
+    std::vector<std::unique_ptr<SuperficieDoble>> m_etiquetas;
+    std::vector<std::unique_ptr<SuperficieDoble>> m_pesos;
+    std::unique_ptr<Parrilla> m_parrilla;
+    std::unique_ptr<Visores> m_visores;
+    std::unique_ptr<clsMsg> m_mensaje;
+};
+
+}  // namespace sorvanel
