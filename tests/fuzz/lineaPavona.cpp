@@ -80,11 +80,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t lar
     comprobar(bruto);
     if (largo < 17) return 0;
     // The same bytes as the two values of a line, most of them characters that numbers are made of.
-    constexpr char CIFRAS[] = "0123456789.. -+9";
+    constexpr char CIFRAS[] = "0123456789. 5-+9";
     std::string valores = bruto.substr(1, 16);
     for (char& c : valores) {
         if (static_cast<unsigned char>(c) < 0xF0) c = CIFRAS[static_cast<unsigned char>(c) % 16];
     }
+    // A point at each place and a sign are too seldom by chance.
+    if ((datos[0] & 4U) != 0) valores[datos[0] >> 5U] = '.';
+    if ((datos[0] & 8U) != 0) valores[0] = '-';
     const std::string marcas = {(datos[0] & 1U) != 0 ? 'C' : '-', (datos[0] & 2U) != 0 ? 'D' : '-'};
     comprobar("07/42 " + marcas + ' ' + valores.substr(0, 8) + ' ' + valores.substr(8));
     return 0;

@@ -20,7 +20,13 @@ void exigir(bool cierto) {
     if (!cierto) std::abort();
 }
 
-const std::string LECTURA = "12/03 C- 0001.250 0000.500";
+// The n-th reading: no two that follow each other are alike.
+std::string lectura(int n) {
+    std::string linea = "12/03 C- 0001.250 0000.500";
+    for (std::size_t i = 25; n > 0 && i > 22; --i, n /= 10) linea[i] = static_cast<char>('0' + n % 10);
+    return linea;
+}
+constexpr std::size_t LARGO_LECTURA = 26;
 
 class VisorFuzz : public SuscriptorPeso {
 public:
@@ -71,7 +77,7 @@ private:
 
     // Each piece of 26 characters may be a reading, each reading may find somebody silent for long.
     void llegar(const std::string& texto) {
-        m_cabida = 2 + texto.size() / LECTURA.size() * 2 + 4;
+        m_cabida = 2 + texto.size() / LARGO_LECTURA * 2 + 4;
         zocalo().llegar(texto);
     }
     void llegarCortado(const std::string& texto) {
@@ -106,7 +112,7 @@ private:
                 break;
             case 3:
             case 4:
-                llegarCortado(LECTURA + ((cual & 1U) != 0 ? "\r\n" : "\r"));
+                llegarCortado(lectura(++m_leidas) + ((cual & 1U) != 0 ? "\r\n" : "\r"));
                 break;
             case 5:
                 llegar(std::string(cual * 32U, 'x'));
@@ -189,7 +195,7 @@ private:
             zocalo().lecturaMaxima = 0;
             zocalo().llegar(std::string(frTCP::BUFER_MAXIMO, 'x'));
             for (VisorFuzz& v : m_visores) v.lecturas.clear();
-            zocalo().llegar(LECTURA);
+            zocalo().llegar(lectura(++m_leidas));
             for (const VisorFuzz& v : m_visores) exigir(v.lecturas.size() == (v.suscrito ? 1U : 0U));
         }
         m_enlace.adios();
@@ -203,7 +209,8 @@ private:
     EntornoDoble m_e;
     frTCP m_enlace{m_e.entorno};
     std::array<VisorFuzz, 4> m_visores;
-    std::size_t m_cabida = 1;
+    std::size_t m_cabida = 1;  // how often a display may be told by one step
+    int m_leidas = 0;
 };
 
 }  // namespace

@@ -6,6 +6,8 @@ std::string_view textoAyuda() {
     return R"(simulador: hace de indicadores de peso de la familia Tessel, para probar Sorvanel sin báscula.
 
 Uso: simulador [opciones]
+     simulador concentrador [opciones]     hace del concentrador de la familia Pavona, por TCP;
+                                           sus opciones, con: simulador concentrador --help
 
 Sin opciones hace de cuatro básculas que envían a los puertos 9001 a 9004 de este mismo
 equipo, diez tramas por segundo cada una, hasta que se pulse Ctrl+C.
@@ -33,6 +35,14 @@ Marcas y silencios
   --pausas CADA:DURA     cada CADA segundos callan DURA segundos, cada uno a su hora;
                          con azar:CADA:DURA, en cualquier momento de cada turno
 
+Faltas
+  --malas N[:CLASES]     antes de cada N-ésima trama de un indicador, una mala: letras, signo,
+                         corta, larga, cifras (todas, por turno)
+  --basura N             antes de cada N-ésima trama, un datagrama sin sentido
+  --partir N             cada N-ésima trama, en dos datagramas
+  --juntar N             N tramas en cada datagrama, de 2 a 100: otras tantas por turno
+  --avalancha DESDE:HASTA   entre esos segundos, sin límite de ritmo (60 segundos como mucho)
+
 Otras
   --semilla N            repite el azar de otra ejecución
   --mostrar              escribe cada trama enviada
@@ -51,6 +61,8 @@ Ejemplos
       el segundo indicador enmudece a los cinco segundos
   simulador --puertos 9001-9064 --ritmo 50 --contar --duracion 60
       64 indicadores a 50 tramas por segundo durante un minuto
+  simulador --contar --malas 5:signo,corta --basura 7
+      las tramas buenas llegan todas; las demás no deben verse
 
 Termina con 0, con 1 si no pudo enviar o con 2 si una opción no es válida.
 )";

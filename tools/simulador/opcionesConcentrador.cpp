@@ -59,9 +59,7 @@ constexpr Opcion<Borrador> PROPIAS[] = {
     {"--cierra", true, false, [](Borrador& b, Valor v) { b.opciones.faltas.cierre = leerEtapa(v); }},
     {"--reinicia", true, false, [](Borrador& b, Valor v) { b.opciones.faltas.reinicio = leerEtapa(v); }},
     {"--malas", true, false,
-     [](Borrador& b, Valor v) {
-         b.opciones.faltas.malas = leerCadaClases(v, CLASESLINEA, b.opciones.faltas.clases);
-     }},
+     [](Borrador& b, Valor v) { b.opciones.faltas.malas = leerCadaClases(v, CLASESLINEA, b.opciones.faltas.clases); }},
     {"--basura", true, false, [](Borrador& b, Valor v) { b.opciones.faltas.basura = leerEntero(v, 1, MAXTRAMAS); }},
     {"--partir", true, false, ponerPartir},
     {"--veces", true, false, [](Borrador& b, Valor v) { b.opciones.veces = leerEntero(v, 1, MAXTRAMAS); }},

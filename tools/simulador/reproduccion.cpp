@@ -42,7 +42,7 @@ public:
                 origen += retraso;
                 ++m_resumen.retrasos;
             }
-            jugar(calendario.indicador(numero), vence);
+            if (!jugar(calendario.indicador(numero), vence)) ++m_resumen.calladas;
         }
         m_resumen.tiempo = m_reloj.ahora() - m_comienzo;
         return std::move(m_resumen);
@@ -66,17 +66,14 @@ private:
     }
 
     void desbordar(Instante vence) {
-        m_resumen.avalancha += jugar(m_siguienteExtra, vence);
+        m_resumen.avalancha += jugar(m_siguienteExtra, vence).value_or(0);
         m_siguienteExtra = (m_siguienteExtra + 1) % m_indicadores.size();
     }
 
-    // How many good frames went.
-    std::int64_t jugar(std::size_t turno, Instante vence) {
+    // How many good frames went; nothing if it was silent.
+    std::optional<std::int64_t> jugar(std::size_t turno, Instante vence) {
         const auto suyo = m_indicadores[turno].turno(vence);
-        if (!suyo) {
-            ++m_resumen.calladas;
-            return 0;
-        }
+        if (!suyo) return std::nullopt;
         bool fallo = false;
         for (const auto& datagrama : suyo->datagramas) {
             if (m_emisor.enviar(turno, datagrama)) {

@@ -28,7 +28,7 @@ Sesion::Sesion(const OpcionesConcentrador& opciones, const Faltas& faltas, std::
 
 void Sesion::alRecibir(std::string_view datos) {
     // Not before the whole greeting has gone, and once only.
-    if (!m_esperaRespuesta || !m_pasos.empty() || m_muda) {
+    if (!m_esperaRespuesta || !m_pasos.empty() || !m_salida.empty() || m_muda) {
         m_cuenta.bytesDeMas += static_cast<std::int64_t>(datos.size());
         return;
     }
@@ -58,7 +58,9 @@ void Sesion::atender(std::string_view respuesta) {
 }
 
 void Sesion::avanzar(Instante ahora) {
-    while (!m_muda && m_fin == Fin::Sigue && m_salida.size() < CABIDA) {
+    while (!m_muda && m_fin == Fin::Sigue) {
+        m_llena = m_salida.size() >= CABIDA;
+        if (m_llena) return;
         if (!m_pasos.empty()) {
             if (!hacer(m_pasos.front(), ahora)) return;
             m_pasos.pop_front();
@@ -131,9 +133,7 @@ void Sesion::encolarLinea(std::size_t indicador, Instante instante) {
         linea.erase(0, primera);
     }
     encolar(std::move(linea));
-    ++m_cuenta.lineas;
-    encolarEtapa({Etapa::Punto::Lecturas, m_cuenta.lineas});
-    encolarEtapa({Etapa::Punto::Media, m_cuenta.lineas});
+    contarLinea();
 }
 
 void Sesion::estropear(std::size_t indicador, Instante instante) {
@@ -166,46 +166,55 @@ void Sesion::encolarEtapa(Etapa etapa) {
     const auto esMudez = [&](const Mudez& mudez) { return mudez.etapa == etapa; };
     const auto mudez = std::find_if(m_faltas.mudeces.begin(), m_faltas.mudeces.end(), esMudez);
     const bool calla = mudez != m_faltas.mudeces.end();
-    const bool cierra = m_faltas.cierre == etapa;
-    const bool reinicia = m_faltas.reinicio == etapa;
-    if (!calla && !cierra && !reinicia) return;
-    std::string resto;
-    if (etapa.punto == Etapa::Punto::Media) {
-        // Half of the line that would come next; after a silence that ends, the other half follows.
-        const std::size_t indicador = m_calendario.indicador(m_turno);
-        const Instante instante = m_calendario.vence(m_turno);
-        if (m_calendario.termina(m_turno)) return;
-        std::string linea = m_lineas.siguiente(indicador, instante) + m_opciones.finLinea;
-        const std::size_t mitad = 1 + mezclar(m_lineas.azar(indicador), AzarMedia) % (linea.size() - 2);
-        encolar(linea.substr(0, mitad));
-        resto = linea.substr(mitad);
-    }
+    const bool acaba = m_faltas.cierre == etapa || m_faltas.reinicio == etapa;
+    const bool enMedia = etapa.punto == Etapa::Punto::Media;
+    if ((!calla && !acaba) || (enMedia && m_calendario.termina(m_turno))) return;
+
+    std::string resto = enMedia ? encolarMedia() : std::string();
     if (calla && mudez->dura)
         m_pasos.push_back({Paso::Tipo::Pausa, {}, *mudez->dura});
     else if (calla)
         m_pasos.push_back({Paso::Tipo::Mudez, {}, {}});
-    if (cierra) m_pasos.push_back({Paso::Tipo::Cierre, {}, {}});
-    if (reinicia) m_pasos.push_back({Paso::Tipo::Reinicio, {}, {}});
-    if (!resto.empty() && calla && mudez->dura) {
+    if (m_faltas.cierre == etapa) m_pasos.push_back({Paso::Tipo::Cierre, {}, {}});
+    if (m_faltas.reinicio == etapa) m_pasos.push_back({Paso::Tipo::Reinicio, {}, {}});
+    if (enMedia && !acaba && mudez->dura) {
         encolar(std::move(resto));
-        ++m_cuenta.lineas;
-        ++m_turno;
+        contarLinea();
     }
+}
+
+std::string Sesion::encolarMedia() {
+    const std::size_t indicador = m_calendario.indicador(m_turno);
+    const std::uint64_t azar = mezclar(m_lineas.azar(indicador), AzarMedia);
+    const std::string linea = m_lineas.siguiente(indicador, m_calendario.vence(m_turno));
+    ++m_turno;
+    const std::size_t mitad = 1 + azar % (linea.size() - 1);
+    encolar(linea.substr(0, mitad));
+    return linea.substr(mitad) + m_opciones.finLinea;
+}
+
+void Sesion::contarLinea() {
+    ++m_cuenta.lineas;
+    encolarEtapa({Etapa::Punto::Lecturas, m_cuenta.lineas});
+    encolarEtapa({Etapa::Punto::Media, m_cuenta.lineas});
 }
 
 bool Sesion::enAvalancha(Instante ahora) const {
     return m_opciones.avalancha && m_abierta && m_opciones.avalancha->contiene(ahora - *m_abierta);
 }
 
-std::optional<Instante> Sesion::proximo() const {
+std::optional<Instante> Sesion::proximo(Instante ahora) const {
     if (m_muda || m_fin != Fin::Sigue || m_salida.size() >= CABIDA) return std::nullopt;
+    if (m_llena) return Instante::min();
     if (!m_pasos.empty()) return m_pausaHasta ? *m_pausaHasta : Instante::min();
     if (m_esperaRespuesta) return std::nullopt;
     if (!m_abierta) return Instante::min();
     if (m_calendario.termina(m_turno)) return std::nullopt;
     const Instante vence = m_origen + m_calendario.vence(m_turno);
-    if (!m_opciones.avalancha) return vence;
-    return std::min(vence, *m_abierta + m_opciones.avalancha->desde);
+    // A flood fills the output, unless every address is silent: then it looks again after a while.
+    if (enAvalancha(ahora)) return std::min(vence, ahora + std::chrono::milliseconds{1});
+    const bool vendra = m_opciones.avalancha && ahora < *m_abierta + m_opciones.avalancha->desde;
+    return vendra ? std::min(vence, *m_abierta + m_opciones.avalancha->desde) : vence;
 }
 
 }  // namespace sorvanel::simulador

@@ -14,13 +14,13 @@ namespace sorvanel::simulador {
 
 // What a session has done so far.
 struct CuentaSesion {
-    std::int64_t lineas = 0;        // good ones
-    std::int64_t avalancha = 0;     // of them, beyond the rate
-    std::int64_t defectuosas = 0;   // bad lines and pieces of garbage
-    std::int64_t inesperadas = 0;   // answers to the greeting that were not the right one
-    std::int64_t bytesDeMas = 0;    // that the client sent when nothing was expected of it
-    std::int64_t retrasos = 0;      // times that more than a second was lost, and not made up for
-    std::int64_t respuestas = 0;    // right answers to the greeting
+    std::int64_t lineas = 0;       // good ones
+    std::int64_t avalancha = 0;    // of them, beyond the rate
+    std::int64_t defectuosas = 0;  // bad lines and pieces of garbage
+    std::int64_t inesperadas = 0;  // answers to the greeting that were not the right one
+    std::int64_t bytesDeMas = 0;   // that the client sent when nothing was expected of it
+    std::int64_t retrasos = 0;     // times that more than a second was lost, and not made up for
+    std::int64_t respuestas = 0;   // right answers to the greeting
 };
 
 // One client's session: it is handed bytes and the time, and gives bytes. Knows neither sockets nor a
@@ -40,7 +40,7 @@ public:
     // Once the output has gone.
     Fin fin() const { return m_fin; }
     // When `avanzar` has more to do; nothing if only the client, or room in the output, can bring it on.
-    std::optional<Instante> proximo() const;
+    std::optional<Instante> proximo(Instante ahora) const;
     const CuentaSesion& cuenta() const { return m_cuenta; }
 
     static constexpr std::size_t CABIDA = 16'384;
@@ -56,6 +56,9 @@ private:
     void encolar(std::string texto);
     void encolarAviso(const std::string& aviso);
     void encolarEtapa(Etapa etapa);
+    // The first half of the line that comes next; the other half is handed back.
+    std::string encolarMedia();
+    void contarLinea();
     void encolarLinea(std::size_t indicador, Instante instante);
     void estropear(std::size_t indicador, Instante instante);
     // True if it can be gone past.
@@ -74,7 +77,8 @@ private:
     std::string m_entrada;
     std::string m_salida;
     bool m_esperaRespuesta = true;
-    bool m_muda = false;  // for good
+    bool m_muda = false;   // for good
+    bool m_llena = false;  // stopped for want of room in the output
     Fin m_fin = Fin::Sigue;
     std::optional<Instante> m_abierta;  // when its first line was due
     Instante m_origen{};                // the same, less what was lost

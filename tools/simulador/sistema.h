@@ -7,9 +7,11 @@
 #include <vector>
 
 #include "simulador/opciones.h"
+#include "simulador/red.h"
 #include "simulador/reproduccion.h"
 
-// All that differs between systems; one file of this name for each.
+// What the system does for the program. A file of this name for each system; sistemaRed.cpp is the part
+// that both share.
 namespace sorvanel::simulador {
 
 // What the system cannot do, told in Spanish.
@@ -36,5 +38,9 @@ std::unique_ptr<Reloj> crearReloj();
 
 // UDP to each destination, names looked up now. Throws ErrorSistema.
 std::unique_ptr<Emisor> crearEmisorUDP(const std::vector<Destino>& destinos);
+
+// TCP on each of those names or addresses, with one port for all; 0 is any, kept from then on. The first
+// must work, the others only where the machine knows their family.
+std::unique_ptr<Red> crearRed(const std::vector<std::string>& escucha, std::uint16_t puerto);
 
 }  // namespace sorvanel::simulador

@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <netdb.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
@@ -12,6 +13,7 @@
 #include <map>
 
 #include "simulador/sistema.h"
+#include "simulador/sistemaZocalo.h"
 
 namespace sorvanel::simulador {
 
@@ -111,6 +113,52 @@ std::unique_ptr<Reloj> crearReloj() {
 
 std::unique_ptr<Emisor> crearEmisorUDP(const std::vector<Destino>& destinos) {
     return std::make_unique<EmisorPosix>(destinos);
+}
+
+ArranqueRed::ArranqueRed() = default;
+
+ArranqueRed::~ArranqueRed() = default;
+
+int ultimoError() {
+    return errno;
+}
+
+ErrorZocalo clase(int error) {
+    switch (error) {
+        case EAGAIN:
+        case EINTR:
+            return ErrorZocalo::Espera;
+        case EADDRINUSE:
+            return ErrorZocalo::EnUso;
+        case EAFNOSUPPORT:
+        case EADDRNOTAVAIL:
+            return ErrorZocalo::SinFamilia;
+        default:
+            return ErrorZocalo::Otro;
+    }
+}
+
+std::string textoError(int error) {
+    return std::strerror(error);
+}
+
+void cerrarZocalo(Zocalo zocalo) {
+    close(zocalo);
+}
+
+bool sinEsperas(Zocalo zocalo) {
+    return fcntl(zocalo, F_SETFD, FD_CLOEXEC) == 0 && fcntl(zocalo, F_SETFL, fcntl(zocalo, F_GETFL) | O_NONBLOCK) == 0;
+}
+
+void reservarPuerto(Zocalo zocalo) {
+    const int si = 1;
+    setsockopt(zocalo, SOL_SOCKET, SO_REUSEADDR, &si, sizeof si);
+}
+
+void sondear(std::vector<Sondeo>& sondeos, int milisegundos) {
+    for (auto& sondeo : sondeos) sondeo.revents = 0;
+    if (poll(sondeos.data(), sondeos.size(), milisegundos) < 0)
+        for (auto& sondeo : sondeos) sondeo.revents = 0;
 }
 
 }  // namespace sorvanel::simulador

@@ -11,6 +11,7 @@
 #include <map>
 
 #include "simulador/sistema.h"
+#include "simulador/sistemaZocalo.h"
 
 #ifndef CREATE_WAITABLE_TIMER_HIGH_RESOLUTION
 #define CREATE_WAITABLE_TIMER_HIGH_RESOLUTION 0x00000002
@@ -90,17 +91,6 @@ private:
     LARGE_INTEGER m_frecuencia{};
 };
 
-class Winsock {
-public:
-    Winsock() {
-        WSADATA datos{};
-        if (WSAStartup(MAKEWORD(2, 2), &datos) != 0) throw ErrorSistema("no se puede abrir la red");
-    }
-    ~Winsock() { WSACleanup(); }
-    Winsock(const Winsock&) = delete;
-    Winsock& operator=(const Winsock&) = delete;
-};
-
 sockaddr_in direccion(const std::string& host) {
     addrinfo filtro{};
     filtro.ai_family = AF_INET;
@@ -140,7 +130,7 @@ public:
     }
 
 private:
-    Winsock m_winsock;  // first made, last undone
+    ArranqueRed m_arranque;  // first made, last undone
     std::vector<sockaddr_in> m_direcciones;
     SOCKET m_zocalo = INVALID_SOCKET;
 };
@@ -185,6 +175,62 @@ std::unique_ptr<Reloj> crearReloj() {
 
 std::unique_ptr<Emisor> crearEmisorUDP(const std::vector<Destino>& destinos) {
     return std::make_unique<EmisorWin32>(destinos);
+}
+
+ArranqueRed::ArranqueRed() {
+    WSADATA datos{};
+    if (WSAStartup(MAKEWORD(2, 2), &datos) != 0) throw ErrorSistema("no se puede abrir la red");
+}
+
+ArranqueRed::~ArranqueRed() {
+    WSACleanup();
+}
+
+int ultimoError() {
+    return WSAGetLastError();
+}
+
+ErrorZocalo clase(int error) {
+    switch (error) {
+        case WSAEWOULDBLOCK:
+            return ErrorZocalo::Espera;
+        case WSAEADDRINUSE:
+        case WSAEACCES:  // another has it for itself alone
+            return ErrorZocalo::EnUso;
+        case WSAEAFNOSUPPORT:
+        case WSAEADDRNOTAVAIL:
+            return ErrorZocalo::SinFamilia;
+        default:
+            return ErrorZocalo::Otro;
+    }
+}
+
+std::string textoError(int error) {
+    return "error " + std::to_string(error);
+}
+
+void cerrarZocalo(Zocalo zocalo) {
+    closesocket(zocalo);
+}
+
+bool sinEsperas(Zocalo zocalo) {
+    u_long si = 1;
+    SetHandleInformation(reinterpret_cast<HANDLE>(zocalo), HANDLE_FLAG_INHERIT, 0);
+    return ioctlsocket(zocalo, static_cast<long>(FIONBIO), &si) == 0;
+}
+
+void reservarPuerto(Zocalo zocalo) {
+    const int si = 1;
+    setsockopt(zocalo, SOL_SOCKET, SO_EXCLUSIVEADDRUSE, reinterpret_cast<const char*>(&si), sizeof si);
+}
+
+void sondear(std::vector<Sondeo>& sondeos, int milisegundos) {
+    for (auto& sondeo : sondeos) sondeo.revents = 0;
+    // With nothing to look at it is an error, not a rest.
+    if (sondeos.empty() || WSAPoll(sondeos.data(), static_cast<ULONG>(sondeos.size()), milisegundos) == SOCKET_ERROR) {
+        WaitForSingleObject(g_finPedido, static_cast<DWORD>(milisegundos));
+        for (auto& sondeo : sondeos) sondeo.revents = 0;
+    }
 }
 
 }  // namespace sorvanel::simulador

@@ -27,7 +27,8 @@ Etapa leerEtapa(std::string_view texto, std::vector<std::string_view>& partes) {
                                                                            {"lecturas", Punto::Lecturas},
                                                                            {"media", Punto::Media}}};
     partes = partir(texto, ':');
-    const auto hallado = std::find_if(PUNTOS.begin(), PUNTOS.end(), [&](const auto& p) { return p.first == partes[0]; });
+    const auto hallado =
+        std::find_if(PUNTOS.begin(), PUNTOS.end(), [&](const auto& p) { return p.first == partes[0]; });
     if (hallado == PUNTOS.end())
         throw ErrorUso(entreComillas(texto) + " no es un momento: saludo, rep, abierta, lecturas:N o media:N");
     Etapa etapa{hallado->second};

@@ -1,0 +1,157 @@
+#include "observado.h"
+
+#include <winternl.h>
+// After windows.h.
+#include <psapi.h>
+
+#include <array>
+#include <sstream>
+#include <stdexcept>
+#include <vector>
+
+#include "harness/texto.h"
+
+namespace sorvanel::medidas {
+namespace {
+
+// Files of /proc say that they are empty: read until nothing comes.
+std::string leerDeLinux(const std::string& ruta) {
+    std::wstring nombre = L"Z:" + pruebas::ancho(ruta);
+    for (wchar_t& letra : nombre)
+        if (letra == L'/') letra = L'\\';
+    const HANDLE archivo = CreateFileW(nombre.c_str(), GENERIC_READ,
+                                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                                       FILE_ATTRIBUTE_NORMAL, nullptr);
+    std::string bytes;
+    if (archivo == INVALID_HANDLE_VALUE) return bytes;
+    std::array<char, 16384> trozo{};
+    DWORD leidos = 0;
+    while (ReadFile(archivo, trozo.data(), static_cast<DWORD>(trozo.size()), &leidos, nullptr) && leidos > 0)
+        bytes.append(trozo.data(), leidos);
+    CloseHandle(archivo);
+    return bytes;
+}
+
+std::string carpetaEnLinux(const std::wstring& ejecutable) {
+    const std::string nombre = pruebas::utf8(ejecutable.substr(ejecutable.find_last_of(L'\\') + 1));
+    WIN32_FIND_DATAW dato{};
+    const HANDLE busqueda = FindFirstFileW(L"Z:\\proc\\*", &dato);
+    if (busqueda == INVALID_HANDLE_VALUE) throw std::runtime_error("drive Z: does not show /proc");
+    std::string hallada;
+    do {
+        const std::string carpeta = "/proc/" + pruebas::utf8(dato.cFileName);
+        if (dato.cFileName[0] < L'0' || dato.cFileName[0] > L'9') continue;
+        if (leerDeLinux(carpeta + "/cmdline").find(nombre) != std::string::npos) hallada = carpeta;
+    } while (hallada.empty() && FindNextFileW(busqueda, &dato));
+    FindClose(busqueda);
+    if (hallada.empty()) throw std::runtime_error("Linux knows no process of the name " + nombre);
+    return hallada;
+}
+
+// The number in the line "Name:   1234 kB".
+long long kilobytes(const std::string& estado, const std::string& nombre) {
+    const std::size_t lugar = estado.find("\n" + nombre + ":");
+    if (lugar == std::string::npos) throw std::runtime_error("no " + nombre + " in /proc");
+    return std::stoll(estado.substr(lugar + nombre.size() + 2));
+}
+
+double segundos(const FILETIME& tiempo) {
+    return (static_cast<double>(tiempo.dwHighDateTime) * 4294967296.0 + static_cast<double>(tiempo.dwLowDateTime)) /
+           1e7;
+}
+
+PROCESS_MEMORY_COUNTERS_EX memoria(HANDLE proceso) {
+    PROCESS_MEMORY_COUNTERS_EX cuenta{};
+    cuenta.cb = sizeof cuenta;
+    GetProcessMemoryInfo(proceso, reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&cuenta), sizeof cuenta);
+    return cuenta;
+}
+
+}  // namespace
+
+bool bajoWine() {
+    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
+
+Observado::Observado(DWORD id, const std::wstring& ejecutable)
+    : m_proceso(OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id)), m_id(id) {
+    if (m_proceso == nullptr) throw std::runtime_error("cannot look at the program");
+    if (bajoWine()) m_carpeta = carpetaEnLinux(ejecutable);
+}
+
+Observado::~Observado() {
+    CloseHandle(m_proceso);
+}
+
+double Observado::segundosCPU() const {
+    if (m_carpeta.empty()) {
+        FILETIME creado{}, acabado{}, nucleo{}, usuario{};
+        GetProcessTimes(m_proceso, &creado, &acabado, &nucleo, &usuario);
+        return segundos(nucleo) + segundos(usuario);
+    }
+    // After the name, which may hold blanks: state, ten more, then the two times in hundredths.
+    const std::string linea = leerDeLinux(m_carpeta + "/stat");
+    const std::size_t trasNombre = linea.rfind(')');
+    if (trasNombre == std::string::npos) throw std::runtime_error("the program is gone");
+    std::istringstream campos(linea.substr(trasNombre + 1));
+    std::string salto;
+    for (int i = 0; i < 11; ++i) campos >> salto;
+    double usuario = 0, nucleo = 0;
+    campos >> usuario >> nucleo;
+    return (usuario + nucleo) / 100;
+}
+
+long long Observado::memoriaPrivada() const {
+    if (m_carpeta.empty()) return static_cast<long long>(memoria(m_proceso).PrivateUsage / 1024);
+    const std::string estado = leerDeLinux(m_carpeta + "/status");
+    return kilobytes(estado, "RssAnon") + kilobytes(estado, "VmSwap");
+}
+
+long long Observado::memoriaResidente() const {
+    if (m_carpeta.empty()) return static_cast<long long>(memoria(m_proceso).WorkingSetSize / 1024);
+    return kilobytes(leerDeLinux(m_carpeta + "/status"), "VmRSS");
+}
+
+long Observado::manejadores() const {
+    if (m_carpeta.empty()) {
+        DWORD cuantos = 0;
+        GetProcessHandleCount(m_proceso, &cuantos);
+        return static_cast<long>(cuantos);
+    }
+    std::vector<char> lista(1U << 20U);
+    if (NtQuerySystemInformation(SystemProcessInformation, lista.data(), static_cast<ULONG>(lista.size()), nullptr) < 0)
+        throw std::runtime_error("no list of processes");
+    for (const char* lugar = lista.data();;) {
+        const auto* uno = reinterpret_cast<const SYSTEM_PROCESS_INFORMATION*>(lugar);
+        if (static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(uno->UniqueProcessId)) == m_id)
+            return static_cast<long>(uno->HandleCount);
+        if (uno->NextEntryOffset == 0) throw std::runtime_error("the program is not in the list of processes");
+        lugar += uno->NextEntryOffset;
+    }
+}
+
+long descartados(int primero, int cuantos) {
+    if (!bajoWine()) return -1;
+    std::istringstream lineas(leerDeLinux("/proc/net/udp"));
+    std::string linea;
+    if (!std::getline(lineas, linea)) throw std::runtime_error("no /proc/net/udp");
+    long perdidos = 0;
+    int vistos = 0;
+    while (std::getline(lineas, linea)) {
+        std::istringstream campos(linea);
+        std::string numero, local, campo;
+        campos >> numero >> local;
+        const std::size_t dosPuntos = local.find(':');
+        if (dosPuntos == std::string::npos) continue;
+        const int puerto = std::stoi(local.substr(dosPuntos + 1), nullptr, 16);
+        if (puerto < primero || puerto >= primero + cuantos) continue;
+        while (campos >> campo) {
+        }
+        perdidos += std::stol(campo);
+        ++vistos;
+    }
+    if (vistos < cuantos) throw std::runtime_error("not all ports are open: the losses are not known");
+    return perdidos;
+}
+
+}  // namespace sorvanel::medidas

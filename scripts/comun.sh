@@ -1,0 +1,47 @@
+# Sourced by the other scripts: where things are, messages, waiting by condition, and clean ends.
+# shellcheck shell=bash
+
+RAIZ="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
+OBRA="$RAIZ/build"
+# Plain "C" makes every file name with an accent fail under Wine.
+export LC_ALL=C.UTF-8
+
+titulo() { printf '\n== %s\n' "$*"; }
+nota() { printf '   %s\n' "$*"; }
+error() { printf 'error: %s\n' "$*" >&2; }
+
+# esperar_hasta SECONDS COMMAND...: true as soon as the command is, false when the time is over.
+esperar_hasta() {
+    local fin=$((SECONDS + $1))
+    shift
+    until "$@" >/dev/null 2>&1; do
+        ((SECONDS < fin)) || return 1
+        sleep 0.05
+    done
+}
+
+# Actions for the script's end, run last to first, whatever ends it.
+ACCIONES_FINALES=()
+al_terminar() { ACCIONES_FINALES+=("$1"); }
+ejecutar_finales() {
+    local codigo=$? i
+    trap '' INT TERM HUP
+    for ((i = ${#ACCIONES_FINALES[@]} - 1; i >= 0; i--)); do
+        ${ACCIONES_FINALES[i]} || true
+    done
+    exit "$codigo"
+}
+trap ejecutar_finales EXIT
+trap 'exit 130' INT
+trap 'exit 143' TERM HUP
+
+# One run a tree at a time: two would share the build folder and the Wine prefix. What is started
+# in the background must close descriptor 9, or it would keep the lock.
+cerrojo() {
+    mkdir -p "$OBRA"
+    exec 9>"$OBRA/.cerrojo"
+    flock -n 9 || {
+        nota "another run is using $OBRA: waiting for it"
+        flock 9
+    }
+}

@@ -1,0 +1,69 @@
+#include <gmock/gmock.h>
+
+#include "harness/configuracion.h"
+#include "harness/emisorUDP.h"
+#include "harness/esperar.h"
+#include "harness/programa.h"
+#include "harness/trama.h"
+
+namespace sorvanel::pruebas {
+namespace {
+
+TEST(Enlaces, UnPuertoOcupadoSeAvisaYLosDemasMarchan) {
+    const int puerto = puertosLibres(3);
+    EmisorUDP otroPrograma;
+    ASSERT_TRUE(otroPrograma.ocupar(puerto + 1));
+    Programa programa(
+        Configuracion().reticula(3, 1).visor(puerto, 1, 1).visor(puerto + 1, 2, 1).visor(puerto + 2, 3, 1));
+    programa.arrancar();
+    EXPECT_EQ(programa.caja().esperarTexto(), "Error en reconexión TCP/IP\n");
+    // They run already while the box is open.
+    EmisorUDP indicador;
+    indicador.enviar(puerto, trama(1000));
+    indicador.enviar(puerto + 2, trama(3000));
+    EXPECT_TRUE(programa.esperarTexto(IdControl::picRep, 1, "1"));
+    EXPECT_TRUE(programa.esperarTexto(IdControl::picRep, 3, "3"));
+    EXPECT_EQ(programa.texto(IdControl::picRep, 2), "");
+    EXPECT_FALSE(IsWindowEnabled(programa.ventana()));
+    EXPECT_TRUE(programa.caja().cerrar());
+    EXPECT_TRUE(IsWindowEnabled(programa.ventana()));
+    EXPECT_TRUE(programa.seVe(IdControl::botPau));
+    EXPECT_TRUE(programa.terminar());
+}
+
+// Its address on the concentrator cannot be reached by any attempt: the port is no port.
+TEST(Enlaces, UnVisorDelConcentradorInalcanzableSeAvisaYSeConserva) {
+    const std::string ini = Configuracion()
+                                .reticula(1, 1)
+                                .visor(305, 1, 1)
+                                .clave("Protocolo", "Pavona")
+                                .clave("ModoBulk", "2")
+                                .clave("Etiqueta", "Silo 3")
+                                .seccion("PAVONA")
+                                .clave("Host", "127.0.0.1")
+                                .clave("Port", "70000");
+    Programa programa(ini);
+    programa.arrancar();
+    EXPECT_EQ(programa.caja().esperarTexto(), "Port 305 inadecuado. Posiblemente en uso\n");
+    EXPECT_TRUE(programa.caja().cerrar());
+    EXPECT_TRUE(programa.seVe(IdControl::botPau));
+    EXPECT_TRUE(programa.seVe(IdControl::picRep, 1));
+    EXPECT_EQ(programa.texto(IdControl::picCap, 1), "Silo 3");
+    EXPECT_TRUE(programa.terminar());
+    EXPECT_EQ(programa.leerINI(), ini);
+}
+
+TEST(Enlaces, AlPararQuedaLibreElPuerto) {
+    const int puerto = puertosLibres();
+    Programa programa(Configuracion().reticula(1, 1).visor(puerto, 1, 1));
+    programa.arrancar();
+    ASSERT_TRUE(programa.esperarVisible(IdControl::botPau));
+    EXPECT_FALSE(EmisorUDP().ocupar(puerto));
+    programa.pulsar(IdControl::botPau);
+    ASSERT_TRUE(programa.esperarVisible(IdControl::botRun));
+    EXPECT_TRUE(esperar([&] { return EmisorUDP().ocupar(puerto); }));
+    EXPECT_TRUE(programa.terminar());
+}
+
+}  // namespace
+}  // namespace sorvanel::pruebas

@@ -1,0 +1,121 @@
+#include "harness/concentrador.h"
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+#include <utility>
+
+namespace sorvanel::pruebas {
+namespace {
+
+// A reading that reaches the program in one piece with the prompt before it would spoil the prompt.
+constexpr DWORD TRAS_EL_AVISO = 100;  // ms
+
+// Something to read or to take, or the end of the connection.
+bool hayAlgo(SOCKET zocalo, int milisegundos) {
+    fd_set vigilados{};
+    vigilados.fd_count = 1;
+    vigilados.fd_array[0] = zocalo;
+    timeval plazo{milisegundos / 1000, milisegundos % 1000 * 1000};
+    return select(0, &vigilados, nullptr, nullptr, &plazo) == 1;
+}
+
+// Resets the connection: what a killed program leaves, and the port is free at once.
+void cortar(SOCKET zocalo) {
+    if (zocalo == INVALID_SOCKET) return;
+    const linger nada{1, 0};
+    setsockopt(zocalo, SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&nada), sizeof nada);
+    closesocket(zocalo);
+}
+
+int restante(ULONGLONG fin) {
+    const ULONGLONG ahora = GetTickCount64();
+    return fin > ahora ? static_cast<int>(fin - ahora) : 0;
+}
+
+}  // namespace
+
+Concentrador::Concentrador(int puerto) : m_escucha(socket(AF_INET, SOCK_STREAM, IPPROTO_TCP)) {
+    sockaddr_in propia{};
+    propia.sin_family = AF_INET;
+    propia.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    propia.sin_port = htons(static_cast<u_short>(puerto));
+    int tamano = sizeof propia;
+    auto* direccion = reinterpret_cast<sockaddr*>(&propia);
+    if (bind(m_escucha, direccion, tamano) != 0 || listen(m_escucha, SOMAXCONN) != 0 ||
+        getsockname(m_escucha, direccion, &tamano) != 0) {
+        closesocket(m_escucha);
+        throw std::runtime_error("cannot listen on port " + std::to_string(puerto));
+    }
+    m_puerto = ntohs(propia.sin_port);
+}
+
+Concentrador::~Concentrador() {
+    cortar(m_cliente);
+    closesocket(m_escucha);
+}
+
+bool Concentrador::tomarCliente(int milisegundos) {
+    cortar(std::exchange(m_cliente, INVALID_SOCKET));
+    if (!hayAlgo(m_escucha, milisegundos)) return false;
+    m_cliente = accept(m_escucha, nullptr, nullptr);
+    if (m_cliente == INVALID_SOCKET) return false;
+    // Each thing said is an arrival of its own.
+    const BOOL si = TRUE;
+    setsockopt(m_cliente, IPPROTO_TCP, TCP_NODELAY, reinterpret_cast<const char*>(&si), sizeof si);
+    return true;
+}
+
+bool Concentrador::decir(std::string_view datos) {
+    return send(m_cliente, datos.data(), static_cast<int>(datos.size()), 0) == static_cast<int>(datos.size());
+}
+
+std::string Concentrador::oir(std::size_t cuantos, int milisegundos) {
+    const ULONGLONG fin = GetTickCount64() + static_cast<ULONGLONG>(milisegundos);
+    std::string oido;
+    std::array<char, 256> trozo{};
+    while (oido.size() < cuantos && hayAlgo(m_cliente, restante(fin))) {
+        const std::size_t faltan = std::min(cuantos - oido.size(), trozo.size());
+        const int leidos = recv(m_cliente, trozo.data(), static_cast<int>(faltan), 0);
+        if (leidos <= 0) break;
+        oido.append(trozo.data(), static_cast<std::size_t>(leidos));
+    }
+    return oido;
+}
+
+bool Concentrador::esperarDespedida(int milisegundos) {
+    const ULONGLONG fin = GetTickCount64() + static_cast<ULONGLONG>(milisegundos);
+    std::array<char, 256> perdido{};
+    while (hayAlgo(m_cliente, restante(fin)))
+        if (recv(m_cliente, perdido.data(), static_cast<int>(perdido.size()), 0) <= 0) return true;
+    return false;
+}
+
+bool Concentrador::abrirSesion(int milisegundos) {
+    const ULONGLONG fin = GetTickCount64() + static_cast<ULONGLONG>(milisegundos);
+    while (tomarCliente(restante(fin))) {
+        // One that connected earlier may have given up meanwhile.
+        if (!decir("LIN>") || oir(4, restante(fin)) != "REP\r" || !decir("XXX>")) continue;
+        Sleep(TRAS_EL_AVISO);
+        return true;
+    }
+    return false;
+}
+
+void Concentrador::despedir() {
+    closesocket(std::exchange(m_cliente, INVALID_SOCKET));
+}
+
+int puertoTCPLibre() {
+    return Concentrador().puerto();
+}
+
+std::string lineaPavona(int direccion, const char* marcas, const std::string& primero, const std::string& segundo) {
+    const auto cifras = [](const std::string& valor, std::size_t cuantas) {
+        return std::string(cuantas - std::min(cuantas, valor.size()), '0') + valor;
+    };
+    return cifras(std::to_string(direccion / 100), 2) + "/" + cifras(std::to_string(direccion % 100), 2) + " " +
+           marcas + " " + cifras(primero, 8) + " " + cifras(segundo, 8) + "\r\n";
+}
+
+}  // namespace sorvanel::pruebas

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <winsock2.h>
+
+#include <string>
+#include <string_view>
+
+#include "harness/esperar.h"
+
+namespace sorvanel::pruebas {
+
+// The concentrator, played by hand: a listener on this machine and the one client that it serves.
+// Every wait ends with its condition, or false when the time is over.
+class Concentrador {
+public:
+    // Listens from now on; 0: on a port that the system chooses. Throws when it cannot be had.
+    // Whoever connects is known to the system, and so not refused, before it is taken here.
+    explicit Concentrador(int puerto = 0);
+    // Goes as if its program had been killed: client and listener are cut off.
+    ~Concentrador();
+    Concentrador(const Concentrador&) = delete;
+    Concentrador& operator=(const Concentrador&) = delete;
+
+    int puerto() const { return m_puerto; }
+
+    // Takes the next client that has connected, in place of the one so far.
+    bool tomarCliente(int milisegundos = PLAZO);
+    // One send. False when the client is gone.
+    bool decir(std::string_view datos);
+    // Reads until so many bytes have come; what has come so far if they do not.
+    std::string oir(std::size_t cuantos, int milisegundos = PLAZO);
+    // The client has closed its end; what it still said is lost.
+    bool esperarDespedida(int milisegundos = PLAZO);
+    // Greets clients until one answers as it should: a session in which readings may follow.
+    bool abrirSesion(int milisegundos = PLAZO);
+    // Closes the client's connection in good order; goes on listening.
+    void despedir();
+
+private:
+    SOCKET m_escucha;
+    SOCKET m_cliente = INVALID_SOCKET;
+    int m_puerto = 0;
+};
+
+// A port of this machine on which nobody listens.
+int puertoTCPLibre();
+
+// A whole reading line, ended as the concentrator ends it. The address is AABB; values shorter than
+// their eight characters get zeros in front.
+std::string lineaPavona(int direccion, const char* marcas, const std::string& primero,
+                        const std::string& segundo = "0");
+
+}  // namespace sorvanel::pruebas
