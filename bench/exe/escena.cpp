@@ -1,7 +1,9 @@
 #include "escena.h"
 
 #include <algorithm>
+#include <numeric>
 #include <stdexcept>
+#include <vector>
 
 #include "desnudo.h"
 #include "harness/archivo.h"
@@ -72,11 +74,24 @@ void aRitmo(int turnos, double porSegundo, const std::function<void(int)>& turno
     }
 }
 
-int sinMostrar(const Programa& programa, int visores, const std::string& esperado) {
-    int faltan = 0;
-    for (int i = 1; i <= visores; ++i)
-        if (!programa.esperarTexto(IdControl::picRep, i, esperado)) ++faltan;
-    return faltan;
+std::vector<int> sinMostrar(const Programa& programa, int visores, const std::string& esperado,
+                            const std::function<void()>& repetir) {
+    constexpr double CADA = 0.3, PLAZO = 20;  // seconds
+    std::vector<int> faltan(static_cast<std::size_t>(visores));
+    std::iota(faltan.begin(), faltan.end(), 1);
+    const double fin = ahora() + PLAZO;
+    double siguiente = ahora() + CADA;
+    while (true) {
+        std::erase_if(faltan, [&](int i) {
+            if (ahora() > siguiente) {
+                repetir();
+                siguiente = ahora() + CADA;
+            }
+            return programa.texto(IdControl::picRep, i) == esperado;
+        });
+        if (faltan.empty() || ahora() > fin) return faltan;
+        Sleep(1);
+    }
 }
 
 void arrancarEnMarcha(Programa& programa) {

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "harness/programa.h"
 #include "observado.h"
@@ -29,8 +30,10 @@ double ahora();
 // Calls `turno` with 0, 1, 2 ... at that rate in each second, without drift; as late as it must, never early.
 void aRitmo(int turnos, double porSegundo, const std::function<void(int)>& turno);
 
-// How many of the displays (from the first on) do not come to say that in time.
-int sinMostrar(const pruebas::Programa& programa, int visores, const std::string& esperado);
+// Which of the displays, the first so many, do not come to say that in time. A display forgets its weight after a
+// second of silence, and asking all of them may take longer: `repetir` must send the last readings once more.
+std::vector<int> sinMostrar(const pruebas::Programa& programa, int visores, const std::string& esperado,
+                            const std::function<void()>& repetir);
 // Starts it and waits until its run button says that it runs.
 void arrancarEnMarcha(pruebas::Programa& programa);
 

@@ -28,6 +28,7 @@ wine_iniciar "$OBRA/prefijo-medidas" || exit 1
 titulo "Measuring"
 nota "load of the machine before it begins: $(cut -d' ' -f1-3 /proc/loadavg), on $(nproc) processors"
 # Its output goes through a file: a pipe would be kept open by what Wine leaves running.
+: >"$OBRA/medidas.txt" # the last run's must not be shown as this one's
 wine "$OBRA/windows/bench/exe/medir.exe" "$@" </dev/null >"$OBRA/medidas.txt" 2>&1 9>&- &
 MEDIDOR=$!
 al_terminar medidor_parar

@@ -82,15 +82,20 @@ bool ContadorObjetos::fiable() {
     const long gdiAntes = gdiDe(propio), userAntes = userDe(propio);
     std::vector<HPEN> plumas;
     std::vector<HMENU> menus;
+    std::vector<HANDLE> sucesos;
+    const long manejadoresAntes = manejadores(propio);
     for (long i = 0; i < MUESTRAS; ++i) {
+        sucesos.push_back(CreateEventW(nullptr, FALSE, FALSE, nullptr));
         plumas.push_back(CreatePen(PS_SOLID, static_cast<int>(i) + 1, RGB(1, 2, 3)));
         menus.push_back(CreateMenu());
     }
-    const long gdiCon = gdiDe(propio), userCon = userDe(propio);
+    const long gdiCon = gdiDe(propio), userCon = userDe(propio), manejadoresCon = manejadores(propio);
+    for (const HANDLE suceso : sucesos) CloseHandle(suceso);
     for (const HPEN pluma : plumas) DeleteObject(pluma);
     for (const HMENU menu : menus) DestroyMenu(menu);
-    return gdiCon == gdiAntes + MUESTRAS && userCon == userAntes + MUESTRAS && gdiDe(propio) == gdiAntes &&
-           userDe(propio) == userAntes;
+    return gdiCon == gdiAntes + MUESTRAS && userCon == userAntes + MUESTRAS &&
+           manejadoresCon == manejadoresAntes + MUESTRAS && gdiDe(propio) == gdiAntes && userDe(propio) == userAntes &&
+           manejadores(propio) == manejadoresAntes;
 }
 
 }  // namespace sorvanel::medidas

@@ -15,7 +15,8 @@ public:
 
     long gdi() const;
     long user() const;
-    // Makes objects of its own and counts them. False when a count does not follow: then none can be believed.
+    // Makes objects and handles of its own and counts them. False when a count does not follow: then none can be
+    // believed.
     static bool fiable();
 
 private:

@@ -4,6 +4,7 @@
 // After windows.h.
 #include <psapi.h>
 
+#include <algorithm>
 #include <array>
 #include <sstream>
 #include <stdexcept>
@@ -13,6 +14,18 @@
 
 namespace sorvanel::medidas {
 namespace {
+
+constexpr auto MANEJADORES_DE_TODOS = static_cast<SYSTEM_INFORMATION_CLASS>(16);
+
+// One of that list; before the first stands how many there are, in the room of a pointer.
+struct EntradaManejador {
+    ULONG duena;
+    UCHAR clase;
+    UCHAR marcas;
+    USHORT valor;
+    void* objeto;
+    ULONG acceso;
+};
 
 // Files of /proc say that they are empty: read until nothing comes.
 std::string leerDeLinux(const std::string& ruta) {
@@ -74,7 +87,7 @@ bool bajoWine() {
 }
 
 Observado::Observado(DWORD id, const std::wstring& ejecutable)
-    : m_proceso(OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id)), m_id(id) {
+    : m_proceso(OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id)) {
     if (m_proceso == nullptr) throw std::runtime_error("cannot look at the program");
     if (bajoWine()) m_carpeta = carpetaEnLinux(ejecutable);
 }
@@ -112,22 +125,26 @@ long long Observado::memoriaResidente() const {
     return kilobytes(leerDeLinux(m_carpeta + "/status"), "VmRSS");
 }
 
-long Observado::manejadores() const {
-    if (m_carpeta.empty()) {
+long manejadores(HANDLE proceso) {
+    if (!bajoWine()) {
         DWORD cuantos = 0;
-        GetProcessHandleCount(m_proceso, &cuantos);
+        GetProcessHandleCount(proceso, &cuantos);
         return static_cast<long>(cuantos);
     }
     std::vector<char> lista(1U << 20U);
-    if (NtQuerySystemInformation(SystemProcessInformation, lista.data(), static_cast<ULONG>(lista.size()), nullptr) < 0)
-        throw std::runtime_error("no list of processes");
-    for (const char* lugar = lista.data();;) {
-        const auto* uno = reinterpret_cast<const SYSTEM_PROCESS_INFORMATION*>(lugar);
-        if (static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(uno->UniqueProcessId)) == m_id)
-            return static_cast<long>(uno->HandleCount);
-        if (uno->NextEntryOffset == 0) throw std::runtime_error("the program is not in the list of processes");
-        lugar += uno->NextEntryOffset;
+    ULONG hacenFalta = 0;
+    while (true) {
+        const NTSTATUS resultado = NtQuerySystemInformation(MANEJADORES_DE_TODOS, lista.data(),
+                                                            static_cast<ULONG>(lista.size()), &hacenFalta);
+        if (resultado >= 0) break;
+        if (lista.size() > 64U << 20U) throw std::runtime_error("no list of handles");
+        lista.resize(lista.size() * 2);
     }
+    const auto cuantos = static_cast<std::size_t>(*reinterpret_cast<const ULONG*>(lista.data()));
+    const auto* const primera = reinterpret_cast<const EntradaManejador*>(lista.data() + sizeof(void*));
+    const DWORD id = GetProcessId(proceso);
+    return static_cast<long>(
+        std::count_if(primera, primera + cuantos, [id](const EntradaManejador& una) { return una.duena == id; }));
 }
 
 long descartados(int primero, int cuantos) {

@@ -17,23 +17,23 @@ public:
     Observado& operator=(const Observado&) = delete;
 
     HANDLE manejador() const { return m_proceso; }
-    DWORD id() const { return m_id; }
     // Seconds of processor so far, all threads, user and system; steps of 10 ms under Wine.
     double segundosCPU() const;
     // KiB that no other process shares (PrivateUsage; under Wine RssAnon and VmSwap).
     long long memoriaPrivada() const;
     // KiB in memory just now (the working set; under Wine VmRSS).
     long long memoriaResidente() const;
-    // Kernel handles in its table. Wine's GetProcessHandleCount knows none: there the list of processes is asked.
-    long manejadores() const;
 
 private:
     HANDLE m_proceso;
-    DWORD m_id;
     std::string m_carpeta;  // "/proc/N"; empty outside Wine
 };
 
 bool bajoWine();
+
+// Kernel handles of a process. Wine's own answer is 0, and its list of processes tells how many the table has room for:
+// there the system's list of all handles is asked.
+long manejadores(HANDLE proceso);
 
 // Datagrams that the system threw away because nobody fetched them in time, for so many ports from `primero` on.
 // Known under Wine only; -1 elsewhere.

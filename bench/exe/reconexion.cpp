@@ -55,9 +55,11 @@ private:
         if (!m_concentrador->abrirSesion()) throw std::runtime_error("the program does not come back");
         ++m_valor;
         if (!m_concentrador->decir(lineas(PAVONA, m_valor)) ||
-            sinMostrar(m_programa, PAVONA, std::to_string(m_valor)) > 0)
+            !sinMostrar(m_programa, PAVONA, std::to_string(m_valor), [this] { repetir(); }).empty())
             throw std::runtime_error("no readings after the connection");
     }
+
+    void repetir() { m_concentrador->decir(lineas(PAVONA, m_valor)); }
 
     std::unique_ptr<pruebas::Concentrador> m_concentrador;
     int m_puerto;

@@ -116,7 +116,7 @@ struct cfgContexto::Controles {
     std::array<std::unique_ptr<FilaColor>, COLORES_PARRILLA.size()> coloresParrilla;
     std::unique_ptr<CasillaMarca> ckTrpa;
     std::unique_ptr<FilaValor> ancho;
-    std::unique_ptr<Rotulo> rotuloAjuste, rotuloFormato, rotuloRatio;
+    std::unique_ptr<Rotulo> rotuloAjuste, rotuloFormato, rotuloRatio, rotuloMuestra;
     std::unique_ptr<Lista> lstAjte;
     std::array<std::unique_ptr<FilaColor>, COLORES_DISEÑO.size()> coloresDiseño;
     std::unique_ptr<CajaTexto> txFmt, txRatio;
@@ -236,6 +236,7 @@ void cfgContexto::crearFormato() {
         mostrarRatio();
         return true;
     });
+    m_c->rotuloMuestra = taller().rotulo("Muestra");
     m_c->previa = std::make_unique<VistaPrevia>(taller());
 }
 
@@ -312,7 +313,8 @@ Pieza cfgContexto::panelDiseno() {
     filas.poner(4, 1, aLoAncho(pieza(*m_c->txFmt, taller().cajaTexto("000000.000"))));
     filas.poner(5, 0, taller().piezaRotulo(*m_c->rotuloRatio));
     filas.poner(5, 1, pieza(*m_c->txRatio, taller().cajaTexto("0000")));
-    filas.poner(6, 0, m_c->previa->comoPieza(), 2);
+    filas.poner(6, 0, taller().piezaRotulo(*m_c->rotuloMuestra), 2);
+    filas.poner(7, 0, m_c->previa->comoPieza(), 2);
     return panel(*m_c->marcoDiseño, filas.comoPieza());
 }
 

@@ -1,5 +1,6 @@
 #include "dialogs/cfgMensaje.h"
 
+#include <algorithm>
 #include <string>
 
 #include "config/numeros.h"
@@ -64,6 +65,7 @@ void cfgMensaje::crearControles() {
     m_c->frVel = taller().marco(IdControl::frVel, 0, "Velocidad del mensaje");
     m_c->ckUsar = taller().casilla(IdControl::ckUsar, 0, {});
     m_c->ckUsar->nombre(TEXTO_USAR);
+    m_c->ckUsar->sugerencia("Un texto que se ve a lo ancho de la pantalla, encima de la barra");
     m_c->ckUsar->alPulsar([this] { alPulsarUsar(); });
     m_c->lbUsar = taller().rotulo(IdControl::lbUsar, 0, TEXTO_USAR);
     m_c->lbUsar->alPulsar([this] {
@@ -146,19 +148,29 @@ Pieza cfgMensaje::panelVelocidad() {
     return panel(*m_c->frVel, fila.comoPieza());
 }
 
-// Not in use there is nothing to set: the window is then as small as its check box.
-Pieza cfgMensaje::disposicion() {
+Pieza cfgMensaje::todo(bool conMarcos) {
     Rejilla usar(0);
     usar.poner(0, 0, pieza(*m_c->ckUsar, taller().casilla({})));
     usar.poner(0, 1, taller().piezaRotulo(*m_c->lbUsar));
+    Rejilla marcos(HUECO, HUECO);
+    marcos.poner(0, 0, panelTexto());
+    marcos.poner(1, 0, panelFuente());
+    marcos.poner(2, 0, panelVelocidad());
     Rejilla todo(HUECO, HUECO);
     todo.poner(0, 0, usar.comoPieza());
-    if (m_c->ckUsar->marcada()) {
-        todo.poner(1, 0, panelTexto());
-        todo.poner(2, 0, panelFuente());
-        todo.poner(3, 0, panelVelocidad());
-    }
-    return todo.comoPieza();
+    if (conMarcos) todo.poner(1, 0, marcos.comoPieza());
+    Pieza entera = todo.comoPieza();
+    entera.minimo.ancho = std::max(entera.minimo.ancho, marcos.minimo().ancho);
+    return entera;
+}
+
+// Not in use there is nothing to set: the window is then no higher than its check box.
+Pieza cfgMensaje::disposicion() {
+    return todo(m_c->ckUsar->marcada());
+}
+
+Pieza cfgMensaje::disposicionMayor() {
+    return todo(true);
 }
 
 void cfgMensaje::alMostrar() {

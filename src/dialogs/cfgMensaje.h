@@ -21,6 +21,7 @@ private:
     void crearControles() override;
     void rellenar() override;
     Pieza disposicion() override;
+    Pieza disposicionMayor() override;
     void alMostrar() override;
     void alCerrar() override;
     void soltar() override;
@@ -28,6 +29,7 @@ private:
     void crearTexto();
     void crearFuente();
     void crearVelocidad();
+    Pieza todo(bool conMarcos);
     Pieza panelTexto();
     Pieza panelFuente();
     Pieza panelVelocidad();

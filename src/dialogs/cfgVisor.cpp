@@ -83,7 +83,7 @@ void cfgVisor::alMostrar() {
     m_c->botNvo->enfocar();
 }
 
-Pieza cfgVisor::disposicion() {
+Pieza cfgVisor::disposicion(bool conPanel) {
     Rejilla barra;
     barra.estirar(2);
     barra.poner(0, 0, pieza(*m_c->botNvo, taller().botonTexto(TEXTO_NUEVO, true)));
@@ -97,7 +97,7 @@ Pieza cfgVisor::disposicion() {
     izquierda.poner(2, 0, m_c->pavona->comoPieza());
     Rejilla todo(HUECO, HUECO);
     todo.poner(0, 0, izquierda.comoPieza());
-    todo.poner(0, 1, m_c->panel->comoPieza());
+    if (conPanel) todo.poner(0, 1, m_c->panel->comoPieza());
     return todo.comoPieza();
 }
 
@@ -250,7 +250,6 @@ void cfgVisor::eliminar() {
     const std::int16_t cuantos = mesa().visores().cuantos();
     pagina().cuantos(cuantos);
     m_actual = std::min(m_actual, cuantos);
-    pagina().primera(std::min(pagina().primera(), m_actual));
     pagina().rehacer();
     if (m_actual != 0) {
         irA(m_actual, CampoVisor::port);
@@ -278,7 +277,9 @@ void cfgVisor::abrirPanel(std::int16_t n) {
     m_conDiseno = n;
     pagina().ensanchada(n);
     m_c->panel->cargar(n, *uno(n));
-    if (!estaba) m_c->panel->abierto(true);
+    if (estaba) return;
+    redisponer();
+    m_c->panel->abierto(true);
 }
 
 void cfgVisor::cerrarPanel() {
@@ -289,6 +290,7 @@ void cfgVisor::cerrarPanel() {
     m_conDiseno = 0;
     pagina().ensanchada(0);
     m_c->panel->abierto(false);
+    redisponer();
 }
 
 }  // namespace sorvanel

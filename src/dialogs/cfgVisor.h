@@ -33,7 +33,8 @@ private:
     void montar() override;
     void crearControles() override;
     void rellenar() override;
-    Pieza disposicion() override;
+    Pieza disposicion() override { return disposicion(m_conDiseno != 0); }
+    Pieza disposicionMayor() override { return disposicion(true); }
     void alMostrar() override;
     bool validar() override;
     void soltar() override;
@@ -46,6 +47,7 @@ private:
     void alCambiarProtocolo(FilaVisor& fila) override;
     void alPedirDiseno(FilaVisor& fila) override;
 
+    Pieza disposicion(bool conPanel);
     PaginaVisores& pagina();
     // The display of that number; null when there is none.
     visor* uno(std::int16_t n) { return mesa().visores().uno(n); }

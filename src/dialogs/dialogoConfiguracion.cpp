@@ -49,8 +49,9 @@ void DialogoConfiguracion::crearTitulos() {
 // Once for the scale that the content is measured with, once for the size that it came to.
 void DialogoConfiguracion::situar() {
     m_formulario->centrarEn(m_monitor);
-    redisponer();
+    disponer(disposicionMayor());
     m_formulario->centrarEn(m_monitor);
+    redisponer();
 }
 
 void DialogoConfiguracion::seguirMonitor(const Monitor& monitor) {
@@ -73,9 +74,13 @@ Pieza DialogoConfiguracion::cabecera() {
 }
 
 void DialogoConfiguracion::redisponer() {
+    disponer(disposicion());
+}
+
+void DialogoConfiguracion::disponer(Pieza contenido) {
     Rejilla todo(HUECO, HUECO);
     todo.poner(0, 0, cabecera());
-    todo.poner(1, 0, disposicion());
+    todo.poner(1, 0, std::move(contenido));
     const Tamano minimo = todo.minimo();
     m_formulario->tamano(minimo.ancho + 2 * MARGEN, minimo.alto + 2 * MARGEN);
     m_gradiente.PintarGradiente(m_formulario->fondo());

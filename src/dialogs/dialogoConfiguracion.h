@@ -47,6 +47,9 @@ protected:
     virtual void rellenar() = 0;
     // Its content for the texts and the scale as they are now.
     virtual Pieza disposicion() = 0;
+    // The same when it shows all that it ever shows: the window is centred for that size, so that it
+    // does not grow off the screen.
+    virtual Pieza disposicionMayor() { return disposicion(); }
     // After it is seen: where the focus goes.
     virtual void alMostrar() {}
 
@@ -74,6 +77,7 @@ private:
     void descargar();
     void situar();
     Pieza cabecera();
+    void disponer(Pieza contenido);
 
     const IdControl m_id;
     const Titulos m_titulos;

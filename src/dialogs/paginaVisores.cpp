@@ -91,7 +91,7 @@ std::string PaginaVisores::texto() const {
 
 Pieza PaginaVisores::comoPieza() {
     m_columnas = ColumnasFila(m_taller);
-    m_altoTitulos = m_taller.texto(ColumnasFila::TITULOS[0]).alto + ENTRE_FILAS;
+    m_altoTitulos = m_taller.texto(ColumnasFila::TITULOS[0]).alto + 2 * ENTRE_FILAS;
     const float alto = m_altoTitulos + static_cast<float>(FILAS) * (m_columnas.alto() + ENTRE_FILAS);
     return {{m_columnas.ancho() + 2 * RELLENO, alto + 2 * RELLENO},
             [this](const Rectangulo& zona) { colocar(zona); },

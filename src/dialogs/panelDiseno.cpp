@@ -14,7 +14,6 @@ namespace sorvanel {
 namespace {
 
 constexpr std::array<std::string_view, 3> AJUSTES{"Izquierda", "Derecha", "Centro"};
-constexpr const char* AYUDA = "Pulse el lápiz de un visor para darle un diseño propio";
 constexpr const char* ELEGIR = "Elegir…";
 constexpr int CIFRAS_RATIO = 3;
 constexpr float ENTRE_FILAS = aTwips(5);
@@ -75,7 +74,6 @@ PanelDiseno::PanelDiseno(TallerDialogo& taller, DialogosSistema& sistema, const 
     : m_taller(taller), m_entorno(entorno), m_datos(std::move(datos)), m_diseño(entorno) {
     m_frDise = taller.marco(IdControl::frDise, 0, "Diseño particular");
     m_titulo = taller.rotuloGrupo({});
-    m_ayuda = taller.rotulo(AYUDA);
     m_imDesf = taller.botonImagen(IdControl::imDesf, 0, Dibujo::plegar, "Cerrar el diseño particular");
     m_imDesf->alPulsar([this] { m_datos.alCerrar(); });
     crearCasillas();
@@ -209,7 +207,6 @@ void PanelDiseno::pintarPrevia() {
 
 void PanelDiseno::abierto(bool si) {
     m_abierto = si;
-    m_ayuda->mostrar(!si);
     m_frDise->mostrar(si);
     m_titulo->mostrar(si);
     m_imDesf->mostrar(si);
@@ -237,7 +234,6 @@ Pieza PanelDiseno::comoPieza() {
     cabecera.poner(0, 1, pieza(*m_imDesf, m_taller.botonImagen()));
     Rejilla filas(HUECO, ENTRE_FILAS);
     filas.poner(0, 0, cabecera.comoPieza(), 2);
-    filas.poner(0, 0, m_taller.piezaRotulo(*m_ayuda), 2);
     for (std::size_t i = 0; i < CUANTAS; ++i) {
         filas.poner(static_cast<int>(i) + 1, 0, pieza(*m_casillas[i], m_taller.casilla(CASILLAS[i].texto)));
     }

@@ -32,7 +32,6 @@ public:
     void cargar(std::int16_t numero, const visor& v);
     // Ticked values become the display's own, the others are cleared.
     void guardar(visor& v) const;
-    // Open or closed. Closed, it says in its place how it is opened.
     void abierto(bool si);
 
     Pieza comoPieza();
@@ -62,7 +61,6 @@ private:
     bool m_abierto = false;
     std::unique_ptr<Marco> m_frDise;
     std::unique_ptr<Rotulo> m_titulo;
-    std::unique_ptr<Rotulo> m_ayuda;
     std::unique_ptr<BotonImagen> m_imDesf;
     std::array<std::unique_ptr<CasillaMarca>, CUANTAS> m_casillas;
     std::unique_ptr<FilaValor> m_ancho;

@@ -29,8 +29,8 @@ std::string aUtf8(const std::u32string& texto) {
             continue;
         }
         const int resto = c < 0x800 ? 1 : c < 0x10000 ? 2 : 3;
-        salida +=
-            static_cast<char>((0xF00U >> static_cast<unsigned>(resto) & 0xFFU) | c >> static_cast<unsigned>(6 * resto));
+        salida += static_cast<char>((0xFF00U >> static_cast<unsigned>(resto + 1) & 0xFFU) |
+                                    c >> static_cast<unsigned>(6 * resto));
         for (int k = resto - 1; k >= 0; --k) {
             salida += static_cast<char>(0x80U | (c >> static_cast<unsigned>(6 * k) & 0x3FU));
         }

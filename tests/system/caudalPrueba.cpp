@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 
+#include <numeric>
 #include <sstream>
+#include <vector>
 
 #include "harness/archivo.h"
 #include "harness/configuracion.h"
@@ -29,16 +31,37 @@ protected:
     // Each display a value of its own, and each round another.
     static int valor(int visor, int ronda) { return visor * 1000 + ronda; }
 
-    void enviarRonda(int ronda) {
-        for (int i = 0; i < VISORES; ++i) indicadores.enviar(puerto + i, trama(valor(i, ronda) * 1000));
+    void enviarRonda(int ronda, int primero = 0, int cuantos = VISORES) {
+        for (int i = primero; i < primero + cuantos; ++i) indicadores.enviar(puerto + i, trama(valor(i, ronda) * 1000));
     }
 
-    // How many displays do not show the value of that round, after waiting for them.
-    int atrasados(int ronda) const {
-        int faltan = 0;
-        for (int i = 0; i < VISORES; ++i)
-            if (!programa.esperarTexto(IdControl::picRep, i + 1, std::to_string(valor(i, ronda)))) ++faltan;
-        return faltan;
+    bool muestra(int visor, int ronda) const {
+        return programa.texto(IdControl::picRep, visor + 1) == std::to_string(valor(visor, ronda));
+    }
+
+    // How many of these displays never showed the value of that round. A weight stands for a second
+    // only, so each is asked until it was seen once.
+    int sinMostrar(int ronda, int primero, int cuantos) const {
+        std::vector<int> faltan(static_cast<std::size_t>(cuantos));
+        std::iota(faltan.begin(), faltan.end(), primero);
+        esperar([&] {
+            std::erase_if(faltan, [&](int visor) { return muestra(visor, ronda); });
+            return faltan.empty();
+        });
+        return static_cast<int>(faltan.size());
+    }
+
+    void enviar(int visor, int ronda) { enviarRonda(ronda, visor, 1); }
+
+    // Whether it shows that value at last, sending it again meanwhile.
+    bool alcanza(int visor, int ronda) {
+        // A busy machine may have a long queue of frames before it.
+        constexpr int PLAZO_COLA = 40000;
+        const auto intento = [&] {
+            enviar(visor, ronda);
+            return esperar([&] { return muestra(visor, ronda); }, 300);
+        };
+        return esperar(intento, PLAZO_COLA);
     }
 
     int puerto = puertosLibres(VISORES);
@@ -55,7 +78,7 @@ int perdidosEnElSistema(int primero) {
         std::istringstream campos(linea);
         std::string numero, local, campo;
         campos >> numero >> local;
-        if (local.size() != 13) continue;  // "00000000:1F90"
+        if (local.size() != 13 || local[8] != ':') continue;  // "00000000:1F90"
         const int suyo = std::stoi(local.substr(9), nullptr, 16);
         while (campos >> campo) {
         }
@@ -64,19 +87,21 @@ int perdidosEnElSistema(int primero) {
     return perdidos;
 }
 
+// A burst to a few displays at once, few enough to look at each before its weight grows old.
 TEST_F(Caudal, CadaTramaDeUnaRafagaSeMuestra) {
-    for (int ronda = 1; ronda <= 20; ++ronda) {
-        enviarRonda(ronda);
-        ASSERT_EQ(atrasados(ronda), 0) << "round " << ronda;
+    constexpr int GRUPO = 8;
+    for (int ronda = 1; ronda <= 200; ++ronda) {
+        const int primero = ronda * GRUPO % VISORES;
+        enviarRonda(ronda, primero, GRUPO);
+        ASSERT_EQ(sinMostrar(ronda, primero, GRUPO), 0) << "round " << ronda;
     }
     EXPECT_TRUE(programa.terminar());
 }
 
-// Long enough that a graphic object lost with each weight would use up what a process may have (ten
-// thousand on Windows, some sixteen thousand under Wine): from then on nothing would be painted.
 TEST_F(Caudal, SesentaYCuatroVisoresACincuentaTramasPorSegundo) {
     constexpr int RONDAS = 300;
     constexpr ULONGLONG PERIODO = 20;  // ms
+    const DWORD graficosAntes = programa.proceso().objetosGDI();
     const ULONGLONG inicio = GetTickCount64();
     int vistas = 0;
     std::string anterior;
@@ -91,16 +116,21 @@ TEST_F(Caudal, SesentaYCuatroVisoresACincuentaTramasPorSegundo) {
     // A busy machine sends slower; what it did reach is in the report.
     RecordProperty("tramas_por_segundo",
                    std::to_string(RONDAS * VISORES * 1000 / static_cast<int>(GetTickCount64() - inicio)));
-    EXPECT_EQ(atrasados(RONDAS), 0);
+    for (int i = 0; i < VISORES; ++i) ASSERT_TRUE(alcanza(i, RONDAS)) << i;
     EXPECT_EQ(perdidosEnElSistema(puerto), 0);
     // It shows weights while they come, not only once they have stopped.
     EXPECT_GT(vistas, RONDAS / 10);
 
+    // A graphic object lost with each weight would end the painting after some hours. Wine does not
+    // count them (it says 0), so only Windows can tell here.
+    EXPECT_LE(programa.proceso().objetosGDI(), graficosAntes + 50);
+    // It says the weight; does it paint, too? Other digits make another picture.
     const HWND ultimo = programa.control(IdControl::picRep, VISORES);
-    const Fotografia antes(ultimo);
-    enviarRonda(RONDAS + 11);
-    EXPECT_EQ(atrasados(RONDAS + 11), 0);
-    EXPECT_TRUE(esperar([&] { return Fotografia(ultimo) != antes; })) << "it says the weight but paints no more";
+    const auto retrato = [&](int ronda) {
+        EXPECT_TRUE(alcanza(VISORES - 1, ronda));
+        return Fotografia(ultimo);
+    };
+    EXPECT_TRUE(esperar([&] { return retrato(RONDAS + 11) != retrato(RONDAS + 88); }));
     EXPECT_TRUE(programa.terminar());
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 #include "harness/concentrador.h"
 #include "harness/configuracion.h"
@@ -115,17 +116,19 @@ TEST_F(Pavona, LasMarcasDeCargaYDescarga) {
         SCOPED_TRACE(caso.marcas);
         Fotografia foto(visor);
         const Fotografia antes = foto;
+        // Two looks alike: a picture may be taken while it is being painted.
         ASSERT_TRUE(alDecir(lineaPavona(305, caso.marcas, "00007.00", "00001.00"), [&] {
-            foto = Fotografia(visor);
-            return programa.texto(IdControl::picRep, 1) == caso.esperado && foto != antes && foto.cuantos(ROJO) == 0;
+            const Fotografia anterior = std::exchange(foto, Fotografia(visor));
+            return programa.texto(IdControl::picRep, 1) == caso.esperado && foto == anterior && foto != antes &&
+                   foto.cuantos(ROJO) == 0;
         })) << programa.texto(IdControl::picRep, 1);
         fotos.push_back(foto);
     }
     // Right of the digits only, at the same place but not the same, and gone without a trace.
     EXPECT_GT(fotos[1].cuantos(TINTA), fotos[0].cuantos(TINTA));
     EXPECT_GT(fotos[2].cuantos(TINTA), fotos[0].cuantos(TINTA));
-    EXPECT_NE(fotos[1], fotos[2]);
-    EXPECT_EQ(fotos[3], fotos[0]);
+    EXPECT_TRUE(fotos[1] != fotos[2]);
+    EXPECT_TRUE(fotos[3] == fotos[0]);
     EXPECT_TRUE(programa.terminar());
 }
 

@@ -173,6 +173,7 @@ TEST_F(CfgVisor, unCampoSeGuardaOSeRechazaYConservaElTextoYElFoco) {
                     EXPECT_TRUE(caja(c.id, 1).pulsar(Tecla::abajo));
                     break;
                 default:
+                    v().estado().foco = nullptr;  // the main window was clicked
                     EXPECT_EQ(dialogo.Descargar(false), valido);
             }
             EXPECT_EQ(avisos(), valido ? std::vector<std::string>{} : std::vector<std::string>{c.motivo});
@@ -184,6 +185,17 @@ TEST_F(CfgVisor, unCampoSeGuardaOSeRechazaYConservaElTextoYElFoco) {
             EXPECT_EQ(conFoco(c.id, 1), modo == 0 || !valido);
         }
     }
+}
+
+TEST_F(CfgVisor, unaUbicacionQueYaNoEstaEnLaParrillaNoSeDaPorBuena) {
+    abrir("[RETICULA]\r\nFilasColumnas=2x1\r\n[VISOR_1]\r\nPort=1\r\nUbicacion=3,1\r\n");
+    EXPECT_EQ(caja(Id::txUbi, 1).texto(), "3,1");
+    EXPECT_TRUE(caja(Id::txUbi, 1).irA());
+    EXPECT_FALSE(caja(Id::txEtq, 1).irA());
+    EXPECT_EQ(avisos(), std::vector<std::string>{UBICACION_MAL});
+    caja(Id::txUbi, 1).reescribir("2,1");
+    EXPECT_TRUE(caja(Id::txEtq, 1).irA());
+    EXPECT_EQ(clave(1, "Ubicacion"), "2,1");
 }
 
 TEST_F(CfgVisor, unaEtiquetaConBlancoSobreviveAlArchivo) {
@@ -498,7 +510,9 @@ TEST_F(PanelParticular, cargaLoPropioYDondeNoHayLoComun) {
     abrir(visores(2, todosPropios()));
     EXPECT_FALSE(abierto());
     const float ancho = v().control(Id::frVis, 1)->lugar.ancho;
+    const float ventana = v().medidas.ancho;
     abrirPanel(1);
+    EXPECT_GT(v().medidas.ancho, v().control(Id::frDise)->lugar.ancho + ventana) << "the window makes room for it";
     for (std::size_t i = 0; i < std::size(CASILLAS); ++i) {
         EXPECT_TRUE(v().casilla(CASILLAS[i])->marcada() && v().control(PROPIOS[i])->seVe) << CLAVES[i];
         EXPECT_EQ(muestra(i), VALORES[i]) << CLAVES[i];
@@ -536,10 +550,15 @@ TEST_F(PanelParticular, loMarcadoSeGuardaAlCerrarloOAlPasarAOtroYNoAlCerrarLaVen
         }
         if (modo == 0) {
             EXPECT_FALSE(abierto());
+            EXPECT_LT(v().medidas.ancho, v().control(Id::frDise)->lugar.derecha());
         }
     }
     abrir(visores(1));
     abrirPanel(1);
+    v().casilla(Id::ckWid)->pulsar();
+    abrirPanel(1);
+    EXPECT_EQ(clave(1, "anchoEtiqueta"), "2") << "opened where it is open";
+    v().casilla(Id::ckWid)->pulsar();
     for (const Id id : CASILLAS) v().casilla(id)->pulsar();
     v().imagen(Id::imDesf)->pulsarConTeclado();
     EXPECT_TRUE(conFoco(Id::txPort, 1)) << "not left on what is gone";
@@ -547,13 +566,18 @@ TEST_F(PanelParticular, loMarcadoSeGuardaAlCerrarloOAlPasarAOtroYNoAlCerrarLaVen
 }
 
 TEST_F(PanelParticular, mirarloNoEscribeNada) {
-    const std::string ini = visores(2, todosPropios() + "ratioAlturas=0,955\r\n");
+    const std::string ini = visores(2, "ratioAlturas=0,955\r\n" + todosPropios());
     abrir(ini);
     const int antes = e.archivos.reemplazos;
     for (const int n : {1, 2, 1}) abrirPanel(n);
+    EXPECT_EQ(caja(Id::txRatio).texto(), "95,5");
+    caja(Id::txRatio).irA();
+    v().casilla(Id::ckRat)->irA();
+    EXPECT_EQ(caja(Id::txRatio).texto(), "96") << "finer than the box tells";
     v().imagen(Id::imDesf)->pulsar();
     e.perfil.volcar();
     EXPECT_EQ(e.archivos.reemplazos, antes);
+    EXPECT_EQ(clave(1, "ratioAlturas"), "0,955");
 }
 
 TEST_F(PanelParticular, cadaCambioEsDelVisorAlMomentoYSeVeEnLaMuestra) {
@@ -699,7 +723,7 @@ TEST_F(CfgVisor, cerrarLoQuitaTodoYVolverAAbrirEmpiezaDeNuevo) {
     caja(Id::txPort, 8).pulsar(Tecla::abajo);
     v().pedirCierre();
     EXPECT_FALSE(dialogo.cargado());
-    EXPECT_EQ(mesa.diario.back(), "desmontarMesa");
+    EXPECT_EQ(std::count(mesa.diario.begin(), mesa.diario.end(), "desmontarMesa"), 1);
     dialogo.Mostrar();
     EXPECT_EQ(pagina(), "1 a 8");
     EXPECT_FALSE(v().control(Id::ckWid)->seVe);

@@ -137,5 +137,31 @@ TEST(SimuladorSilencio, LasPausasDuranLoDichoYNoCoinciden) {
     }
 }
 
+TEST(SimuladorAcumulado, CadaCargaSeSumaAlDescargarYElGrupoVuelveACero) {
+    constexpr int CARGAS = 3;
+    const Bascula bascula({.ciclo = 10s, .semilla = 7});
+    std::int64_t anterior = bascula.acumulado(0s, CARGAS);
+    Lectura antes = bascula.lectura(0s);
+    std::int64_t reposo = 0;
+    std::vector<char> pasos;  // + a load more, 0 the group begins again
+    for (Instante instante = 0s; instante < 200s; instante += 10ms) {
+        const Lectura ahora = bascula.lectura(instante);
+        const std::int64_t acumulado = bascula.acumulado(instante, CARGAS);
+        if (ahora.estable) reposo = ahora.milesimas;
+        if (acumulado > anterior) {
+            EXPECT_TRUE(ahora.descargando && !antes.descargando);
+            EXPECT_EQ(acumulado - anterior, reposo);
+        }
+        if (acumulado < anterior) {
+            EXPECT_EQ(acumulado, 0);
+        }
+        if (acumulado != anterior) pasos.push_back(acumulado == 0 ? '0' : '+');
+        anterior = acumulado;
+        antes = ahora;
+    }
+    std::string todos(pasos.begin(), pasos.end());
+    EXPECT_NE(todos.find("0+++0+++0+++0"), std::string::npos) << todos;
+}
+
 }  // namespace
 }  // namespace sorvanel::simulador

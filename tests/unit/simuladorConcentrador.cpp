@@ -135,10 +135,10 @@ TEST_F(SimuladorConcentrador, LasFaltasDeLasPrimerasSesiones) {
 
 TEST_F(SimuladorConcentrador, AusenteCortaYVuelveASuHora) {
     m_red.llega(0s, 1);
-    correr({"--ausente", "2:5,7:8", "--duracion", "9"});
+    correr({"--ausente", "2.01:5.03,7:8", "--duracion", "9"});
     EXPECT_THAT(m_red.m_hechos, ElementsAre("escucha", "calla", "cierra 1", "escucha", "calla", "escucha", "calla"));
     ASSERT_EQ(m_testigo.m_escuchas.size(), 3U);
-    EXPECT_NEAR(static_cast<double>(m_testigo.m_escuchas[1] / 1ms), 5000, 1);
+    EXPECT_NEAR(static_cast<double>(m_testigo.m_escuchas[1] / 1ms), 5030, 1);
     EXPECT_NEAR(static_cast<double>(m_testigo.m_escuchas[2] / 1ms), 8000, 1);
     EXPECT_THAT(m_testigo.m_motivos, ElementsAre("ausente"));
 }

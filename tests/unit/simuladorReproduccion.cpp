@@ -181,6 +181,10 @@ TEST_F(SimuladorReproduccion, LaAvalanchaEsDeMasYAcabaASuHora) {
         correr({"--puertos", "1,2", "--contar", "--ritmo", "10", "--duracion", "3", "--avalancha", "1:1.5"});
     EXPECT_EQ(resumen.total() - resumen.avalancha, 60);
     EXPECT_NEAR(static_cast<double>(resumen.avalancha), 500, 30);
+    const auto enAvalancha = [](const Envio& envio) { return envio.cuando >= 1s && envio.cuando < 1520ms; };
+    const auto fuera = m_emisor.m_envios.size() - static_cast<std::size_t>(std::count_if(
+                                                      m_emisor.m_envios.begin(), m_emisor.m_envios.end(), enAvalancha));
+    EXPECT_NEAR(static_cast<double>(fuera), 50, 1);
     std::vector<int> siguiente(2);
     for (const auto& envio : m_emisor.m_envios)
         ASSERT_EQ(std::stoi(envio.datos.substr(4)), siguiente[envio.indicador]++);

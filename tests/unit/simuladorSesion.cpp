@@ -115,6 +115,12 @@ TEST(SimuladorSesion, QuienHablaAntesDelSaludoNoEsOido) {
     cliente.correr(500ms).m_sesion.alRecibir("REP\r");
     EXPECT_EQ(cliente.correr(5s).texto(), "LIN>");
     EXPECT_EQ(cliente.m_sesion.cuenta().bytesDeMas, 4);
+
+    // Nor is it while the greeting waits to be sent.
+    Cliente otro(UNA);
+    otro.m_sesion.avanzar(0s);
+    otro.m_sesion.alRecibir("REP\r");
+    EXPECT_EQ(otro.m_sesion.cuenta().respuestas, 0);
 }
 
 TEST(SimuladorSesion, CadaMomentoAdmiteSilencioCierreYReinicio) {

@@ -17,7 +17,7 @@ struct Borrador {
     std::string_view opcionDePeso;
 };
 
-// "N:SECONDS", the seconds optional where a default is given.
+// "N:SECONDS"
 std::pair<std::int64_t, std::chrono::milliseconds> leerConPausa(Valor texto, std::int64_t maximo) {
     const auto partes = partir(texto, ':');
     if (partes.size() != 2) throw ErrorUso(entreComillas(texto) + " no tiene la forma N:SEGUNDOS");

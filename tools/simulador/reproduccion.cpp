@@ -1,5 +1,6 @@
 #include "simulador/reproduccion.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <numeric>
@@ -20,6 +21,8 @@ constexpr std::int64_t TRAMASPORMIRADA = 64;
 
 // Flood frames between two looks at the clock.
 constexpr int TRAMASPORRAFAGA = 16;
+// In a flood when those looked at are silent.
+constexpr Instante PAUSASINNADIE = std::chrono::milliseconds{1};
 
 class Reproduccion {
 public:
@@ -54,20 +57,27 @@ private:
         const std::optional<Ventana>& avalancha = m_opciones.avalancha;
         for (Instante ahora = m_reloj.ahora();; ahora = m_reloj.ahora()) {
             if (ahora >= instante) return ahora - instante;
-            if (avalancha && avalancha->contiene(ahora - m_comienzo)) {
-                for (int i = 0; i < TRAMASPORRAFAGA; ++i) desbordar(vence);
-            } else {
+            if (!avalancha || !avalancha->contiene(ahora - m_comienzo)) {
                 m_testigo.alEsperar();
                 const Instante empieza = avalancha ? m_comienzo + avalancha->desde : instante;
                 m_reloj.esperarHasta(empieza > ahora && empieza < instante ? empieza : instante);
+            } else if (!desbordar(vence)) {
+                m_reloj.esperarHasta(std::min(instante, ahora + PAUSASINNADIE));
             }
             if (m_reloj.finPedido()) return m_reloj.ahora() < instante ? Instante{-1} : m_reloj.ahora() - instante;
         }
     }
 
-    void desbordar(Instante vence) {
-        m_resumen.avalancha += jugar(m_siguienteExtra, vence).value_or(0);
-        m_siguienteExtra = (m_siguienteExtra + 1) % m_indicadores.size();
+    // False when nobody had anything to say.
+    bool desbordar(Instante vence) {
+        bool dicho = false;
+        for (int i = 0; i < TRAMASPORRAFAGA; ++i) {
+            const auto enviadas = jugar(m_siguienteExtra, vence);
+            m_siguienteExtra = (m_siguienteExtra + 1) % m_indicadores.size();
+            m_resumen.avalancha += enviadas.value_or(0);
+            dicho |= enviadas.has_value();
+        }
+        return dicho;
     }
 
     // How many good frames went; nothing if it was silent.

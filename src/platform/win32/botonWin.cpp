@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/win32/aspecto.h"
 #include "platform/win32/pictogramas.h"
 #include "platform/win32/textoWin.h"
 
@@ -13,48 +14,10 @@ namespace {
 constexpr const wchar_t* CLASE = L"SorvanelBoton";
 
 // Design pixels.
-constexpr float RADIO = 6, MARGEN = 10, SEPARACION = 7, GROSOR_FOCO = 2, ALTO_TIPICO = 28;
+constexpr float MARGEN = 10, SEPARACION = 7, ALTO_TIPICO = 28;
 constexpr float PARTE_DIBUJO = 0.66F;  // of the button's height
 
-constexpr Color CARA = rgb(0xFC, 0xFD, 0xFE);
-constexpr Color CARA_ENCIMA = rgb(0xE3, 0xF0, 0xFC);
-constexpr Color CARA_PULSADA = rgb(0xBF, 0xDB, 0xF6);
-constexpr Color CARA_INHABIL = rgb(0xEC, 0xEE, 0xF0);
-constexpr Color BORDE = rgb(0xB9, 0xC2, 0xCC);
-constexpr Color BORDE_ENCIMA = rgb(0x5B, 0x9B, 0xD9);
-constexpr Color FOCO = rgb(0x0B, 0x5C, 0xC4);
-constexpr Color LETRA = rgb(0x1F, 0x29, 0x33);
-constexpr Color LETRA_INHABIL = rgb(0x9A, 0xA3, 0xAC);
-constexpr Color VERDE = rgb(0x15, 0x87, 0x3C);
-constexpr Color GRANATE = rgb(0xC4, 0x24, 0x1F);
-constexpr Color AMBAR = rgb(0xB8, 0x66, 0x00);
-constexpr Color PIZARRA = rgb(0x2C, 0x4A, 0x66);
-
-Color tintaDe(Dibujo dibujo) {
-    switch (dibujo) {
-        case Dibujo::marcha:
-        case Dibujo::aceptar:
-            return VERDE;
-        case Dibujo::apagar:
-        case Dibujo::cancelar:
-        case Dibujo::eliminar:
-            return GRANATE;
-        case Dibujo::pausa:
-            return AMBAR;
-        default:
-            return PIZARRA;
-    }
-}
-
-COLORREF aColor(Color color) {
-    return static_cast<COLORREF>(colorPintable(color));
-}
-
-Color caraDe(bool habilitado, bool pulsado, bool encima) {
-    if (!habilitado) return CARA_INHABIL;
-    if (pulsado) return CARA_PULSADA;
-    return encima ? CARA_ENCIMA : CARA;
-}
+using aspecto::aColor;
 
 }  // namespace
 
@@ -75,7 +38,7 @@ BotonWin::~BotonWin() {
 }
 
 int BotonWin::px(float pixelesDeDiseno) const {
-    return m_anfitrion.escala().y.largo(aTwips(pixelesDeDiseno));
+    return aspecto::px(m_anfitrion.escala(), pixelesDeDiseno);
 }
 
 void BotonWin::alCambiarEscala() {
@@ -170,31 +133,16 @@ void BotonWin::pintar(const DRAWITEMSTRUCT& pedido) {
     Lienzo& borrador = m_anfitrion.borrador();
     borrador.alcanzar(ancho, alto);
     if (!borrador.utilizable()) return;
-    const Aspecto aspecto{(pedido.itemState & ODS_SELECTED) != 0, (pedido.itemState & ODS_FOCUS) != 0, m_encima,
-                          m_habilitado};
+    const aspecto::Estado estado{(pedido.itemState & ODS_SELECTED) != 0, (pedido.itemState & ODS_FOCUS) != 0, m_encima,
+                                 m_habilitado};
     const RECT zona{0, 0, ancho, alto};
     borrador.llenar(zona, aColor(m_detras));
-    pintarCara(borrador, zona, aspecto);
-    pintarContenido(borrador, zona, aspecto);
+    aspecto::pintarCara(borrador, zona, m_anfitrion.escala(), estado);
+    pintarContenido(borrador, zona, estado.habilitado);
     BitBlt(pedido.hDC, pedido.rcItem.left, pedido.rcItem.top, ancho, alto, borrador.dc(), 0, 0, SRCCOPY);
 }
 
-// The line first, as a full shape, and the face over it.
-void BotonWin::pintarCara(Lienzo& lienzo, const RECT& zona, const Aspecto& aspecto) const {
-    const auto radio = static_cast<float>(px(RADIO));
-    const auto capa = [&](float grosor, Color color) {
-        const Rectangulo r{grosor, grosor, static_cast<float>(zona.right) - 2 * grosor,
-                           static_cast<float>(zona.bottom) - 2 * grosor};
-        lienzo.pintarForma(zona, aColor(color), [&](Punto p) { return formas::aRedondeado(p, r, radio - grosor); });
-    };
-    Color linea = aspecto.encima || aspecto.pulsado ? BORDE_ENCIMA : BORDE;
-    if (aspecto.foco) linea = FOCO;
-    capa(0, linea);
-    capa(static_cast<float>(px(aspecto.foco ? GROSOR_FOCO : 1)),
-         caraDe(aspecto.habilitado, aspecto.pulsado, aspecto.encima));
-}
-
-void BotonWin::pintarContenido(Lienzo& lienzo, const RECT& zona, const Aspecto& aspecto) const {
+void BotonWin::pintarContenido(Lienzo& lienzo, const RECT& zona, bool habilitado) const {
     HDC dc = lienzo.dc();
     const Fuente& fuente = m_anfitrion.fuenteBoton();
     const auto hecha = m_anfitrion.fuentes().pedir(fuente, m_anfitrion.escala().y.largo(fuente.alto));
@@ -209,12 +157,12 @@ void BotonWin::pintarContenido(Lienzo& lienzo, const RECT& zona, const Aspecto& 
     if (lado > 0) {
         const int y = (zona.bottom - lado) / 2;
         dibujarPictograma(lienzo, m_dibujo, {x, y, x + lado, y + lado},
-                          aColor(aspecto.habilitado ? tintaDe(m_dibujo) : LETRA_INHABIL));
+                          aColor(habilitado ? aspecto::tintaDe(m_dibujo) : aspecto::LETRA_INHABIL));
         x += lado + hueco;
     }
     if (texto > 0) {
         RECT sitio{x, zona.top, std::max<LONG>(zona.right - margen, x), zona.bottom};
-        SetTextColor(dc, aColor(aspecto.habilitado ? LETRA : LETRA_INHABIL));
+        SetTextColor(dc, aColor(habilitado ? aspecto::LETRA : aspecto::LETRA_INHABIL));
         DrawTextW(dc, m_rotulo.data(), static_cast<int>(m_rotulo.size()), &sitio,
                   DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
     }

@@ -33,22 +33,13 @@ public:
     void alPulsar(std::function<void()> accion) override { m_accion = std::move(accion); }
 
 private:
-    // What it looks like for the moment.
-    struct Aspecto {
-        bool pulsado = false;
-        bool foco = false;
-        bool encima = false;
-        bool habilitado = true;
-    };
-
     LRESULT alMensaje(UINT mensaje, WPARAM w, LPARAM l) override;
     bool alTeclear(WPARAM tecla, LPARAM detalle);
     LRESULT teclasPropias(LPARAM mensaje);
     void alMoverRaton();
     void pulsar();
     void pintar(const DRAWITEMSTRUCT& pedido);
-    void pintarCara(Lienzo& lienzo, const RECT& zona, const Aspecto& aspecto) const;
-    void pintarContenido(Lienzo& lienzo, const RECT& zona, const Aspecto& aspecto) const;
+    void pintarContenido(Lienzo& lienzo, const RECT& zona, bool habilitado) const;
     int ladoDibujo() const;
     int anchoTexto(HDC dc, const std::wstring& texto) const;
     int px(float pixelesDeDiseno) const;

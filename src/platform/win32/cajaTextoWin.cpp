@@ -56,9 +56,16 @@ void anadir(std::wstring& texto, char32_t caracter) {
 
 CajaTextoWin::CajaTextoWin(AnfitrionDialogo& anfitrion, IdControl id, int elemento) : ControlDe(anfitrion) {
     crearControl(CLASE, L"EDIT", WS_TABSTOP | ES_AUTOHSCROLL, id, elemento);
+    ponerLetra();
+}
+
+// Alone among the controls it paints its text itself.
+void CajaTextoWin::ponerLetra() {
+    if (hwnd()) SendMessageW(hwnd(), WM_SETFONT, reinterpret_cast<WPARAM>(anfitrion().letra()), FALSE);
 }
 
 void CajaTextoWin::alCambiarEscala() {
+    ponerLetra();
     ControlWin::alCambiarEscala();
     // The font decides where the text stands within the frame.
     if (hwnd()) {

@@ -49,6 +49,7 @@ private:
     std::wstring filtrado(std::wstring_view texto) const;
     std::size_t quedan() const;
     Seleccionado seleccionado() const;
+    void ponerLetra();
     void encoger(RECT& zona) const;
     void pintarMarco();
 

@@ -42,7 +42,6 @@ void ControlWin::crearControl(const wchar_t* clase, const wchar_t* sobre, DWORD 
     molde.id = numero(id, elemento);
     crear(molde);
     m_tabulable = (estilo & WS_TABSTOP) != 0;
-    SendMessageW(hwnd(), WM_SETFONT, reinterpret_cast<WPARAM>(m_anfitrion.letra()), FALSE);
 }
 
 RECT ControlWin::sitio() const {
@@ -54,8 +53,6 @@ void ControlWin::situarVentana() {
 }
 
 void ControlWin::alCambiarEscala() {
-    if (!hwnd()) return;
-    SendMessageW(hwnd(), WM_SETFONT, reinterpret_cast<WPARAM>(m_anfitrion.letra()), FALSE);
     situarVentana();
     invalidar();
 }
@@ -65,7 +62,7 @@ void ControlWin::ponerLugar(const Rectangulo& lugar) {
     m_lugar = lugar;
     situarVentana();
     // What it shows of the ground is another part of it.
-    invalidar();
+    if (m_visible) invalidar();
 }
 
 void ControlWin::ponerVisible(bool visible) {

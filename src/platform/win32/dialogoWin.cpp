@@ -18,6 +18,9 @@ namespace {
 
 constexpr const wchar_t* CLASE = L"SorvanelDialogo";
 
+// To ourselves, before anything is painted.
+constexpr UINT MENSAJE_APILAR = WM_APP + 16;
+
 }  // namespace
 
 DialogoWin::DialogoWin(RecursosDialogo& recursos, Bucle& bucle, HWND propietaria, IdControl id)
@@ -117,6 +120,7 @@ void DialogoWin::mostrar() {
     const bool encima = propietaria && (GetWindowLongPtrW(propietaria, GWL_EXSTYLE) & WS_EX_TOPMOST);
     if (encima) SetWindowPos(hwnd(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     m_mostrado = true;
+    m_orden.apilarMarcos();
     ShowWindow(hwnd(), SW_SHOW);
 }
 
@@ -142,8 +146,14 @@ template <typename Tipo>
 std::unique_ptr<Tipo> DialogoWin::crearUno(IdControl id, int elemento) {
     AnfitrionDialogo& anfitrion = *this;
     auto control = std::make_unique<Tipo>(anfitrion, id, elemento);
+    const bool habia = m_orden.porApilar();
     m_orden.anadir(*control);
+    if (!habia) alAnadir();
     return control;
+}
+
+void DialogoWin::alAnadir() {
+    if (m_orden.porApilar() && hwnd()) PostMessageW(hwnd(), MENSAJE_APILAR, 0, 0);
 }
 
 std::unique_ptr<CajaTexto> DialogoWin::crearCajaTexto(IdControl id, int elemento) {
@@ -183,14 +193,15 @@ std::unique_ptr<Superficie> DialogoWin::crearSuperficie(IdControl id, int elemen
     auto superficie = std::make_unique<SuperficieWin>(anfitrion, id, elemento);
     m_superficies.push_back(superficie.get());
     m_orden.anadir(superficie->hwnd());
+    alAnadir();
     return superficie;
 }
 
 void DialogoWin::baja(ControlWin& control) {
     const RECT sitio = control.sitio();
     const bool marco = control.esMarco() && control.estaVisible();
-    m_orden.quitar(control);
     m_foco.baja(control);
+    m_orden.quitar(control);
     if (marco) tocarDetras(sitio);
 }
 
@@ -316,6 +327,9 @@ LRESULT DialogoWin::alMensajePropio(UINT mensaje, WPARAM w, LPARAM l) {
             return 0;
         case FocoDialogo::MENSAJE_VALIDAR:
             m_foco.validarUno();
+            return 0;
+        case MENSAJE_APILAR:
+            m_orden.apilarMarcos();
             return 0;
         case WM_SYSCOMMAND:
             // What the main window says of the screen saver holds for its tools too.

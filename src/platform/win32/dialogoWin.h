@@ -77,6 +77,7 @@ private:
     void cambiarEscala(const Escala& escala);
     void elegirLetra();
     void situarVentana();
+    void alAnadir();
     void seguirRaton();
     void pedirCierre();
     void alMorir();

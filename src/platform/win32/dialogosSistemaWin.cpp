@@ -2,7 +2,9 @@
 
 #include <commdlg.h>
 
+#include <algorithm>
 #include <cmath>
+#include <string>
 
 #include "platform/win32/manejadores.h"
 #include "platform/win32/textoWin.h"
@@ -31,6 +33,17 @@ LOGFONTW descripcion(const FuenteElegida& fuente) {
     return d;
 }
 
+// The name of the font that the system really takes. Of one that is not installed its dialog would show
+// neither name nor style nor size.
+std::wstring nombreEfectivo(const LOGFONTW& descripcion) {
+    const DCVentana pantalla(nullptr);
+    const FuenteGDI fuente(CreateFontIndirectW(&descripcion));
+    if (!pantalla || !fuente) return descripcion.lfFaceName;
+    const Seleccion seleccion(pantalla.get(), fuente.get());
+    wchar_t nombre[LF_FACESIZE] = {};
+    return GetTextFaceW(pantalla.get(), LF_FACESIZE, nombre) > 0 ? nombre : descripcion.lfFaceName;
+}
+
 }  // namespace
 
 DialogosSistemaWin::DialogosSistemaWin(AvisosWin& avisos) : m_avisos(avisos) {
@@ -51,6 +64,9 @@ Color DialogosSistemaWin::elegirColor(Color inicial) {
 
 bool DialogosSistemaWin::elegirFuente(FuenteElegida& fuente) {
     LOGFONTW letra = descripcion(fuente);
+    const std::wstring propuesto = nombreEfectivo(letra);
+    propuesto.copy(letra.lfFaceName, LF_FACESIZE - 1);
+    letra.lfFaceName[std::min<std::size_t>(propuesto.size(), LF_FACESIZE - 1)] = L'\0';
     const AvisosWin::Apertura apertura(m_avisos);
     CHOOSEFONTW pedido{};
     pedido.lStructSize = sizeof pedido;
@@ -58,7 +74,8 @@ bool DialogosSistemaWin::elegirFuente(FuenteElegida& fuente) {
     pedido.lpLogFont = &letra;
     pedido.Flags = CF_SCREENFONTS | CF_EFFECTS | CF_INITTOLOGFONTSTRUCT | CF_FORCEFONTEXIST | CF_NOVERTFONTS;
     if (!ChooseFontW(&pedido)) return false;
-    fuente.nombre = aUtf8(letra.lfFaceName);
+    // A name that the user left as it was stays what it was.
+    if (propuesto != letra.lfFaceName) fuente.nombre = aUtf8(letra.lfFaceName);
     fuente.puntos = static_cast<float>(pedido.iPointSize) / 10;
     fuente.negrita = letra.lfWeight >= FW_SEMIBOLD;
     fuente.cursiva = letra.lfItalic != 0;

@@ -30,8 +30,10 @@ void FocoDialogo::alRetirar(ControlWin& control) {
 void FocoDialogo::baja(ControlWin& control) {
     std::erase(m_porValidar, &control);
     if (m_actual != &control) return;
-    m_actual = nullptr;
-    if (m_ventana) PostMessageW(m_ventana, MENSAJE_RECUPERAR, 0, 0);
+    // The next in order takes over.
+    m_actual = m_orden.siguiente(&control);
+    if (m_actual == &control) m_actual = nullptr;
+    if (m_ventana && IsWindowVisible(m_ventana)) PostMessageW(m_ventana, MENSAJE_RECUPERAR, 0, 0);
 }
 
 void FocoDialogo::recuperar() {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <utility>
 
 #include "platform/win32/teclas.h"
 
@@ -71,22 +72,27 @@ std::wstring ListaWin::textoDe(int indice) const {
 // The height that the window is given counts the open list; the closed one is as high as its field
 // and what the system puts around it.
 void ListaWin::situarVentana() {
-    if (!hwnd()) return;
+    if (!hwnd() || lugar().vacio()) return;
     const RECT r = sitio();
     const int elemento = px(ALTO_ELEMENTO), alto = r.bottom - r.top;
+    if (std::exchange(m_altoElemento, elemento) != elemento) SendMessageW(hwnd(), CB_SETITEMHEIGHT, 0, elemento);
+    if (std::exchange(m_alto, alto) != alto) ajustarCampo(alto);
     const auto cuantos = static_cast<int>(SendMessageW(hwnd(), CB_GETCOUNT, 0, 0));
-    SendMessageW(hwnd(), CB_SETITEMHEIGHT, 0, elemento);
     const int abierta = alto + std::clamp(cuantos, 1, ELEMENTOS_A_LA_VISTA) * elemento + 2;
     situar({r.left, r.top, r.right, r.top + abierta});
-    SendMessageW(hwnd(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), std::max(alto - m_alrededor, 1));
-    RECT cerrada{};
-    GetWindowRect(hwnd(), &cerrada);
-    const int sobra = cerrada.bottom - cerrada.top - alto;
-    // What is around the field is known once it has been seen; a system that takes the height of the
-    // open list for the closed one's is not believed.
-    if (sobra == 0 || std::abs(sobra) > px(12)) return;
-    m_alrededor += sobra;
-    SendMessageW(hwnd(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), std::max(alto - m_alrededor, 1));
+}
+
+void ListaWin::ajustarCampo(int alto) {
+    for (int vez = 0; vez < 2; ++vez) {
+        SendMessageW(hwnd(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), std::max(alto - m_alrededor, 1));
+        RECT cerrada{};
+        GetWindowRect(hwnd(), &cerrada);
+        const int sobra = cerrada.bottom - cerrada.top - alto;
+        // What is around the field is known once it has been seen. A height that is far off is none of
+        // the closed list.
+        if (sobra == 0 || std::abs(sobra) > px(12)) return;
+        m_alrededor += sobra;
+    }
 }
 
 // The system may still be at work with its list: told when it has done.

@@ -27,13 +27,16 @@ private:
     void alDibujar(const DRAWITEMSTRUCT& pedido);
     void pintar(Lienzo& lienzo, const RECT& zona) override;
     void situarVentana() override;
+    void ajustarCampo(int alto);
     bool desplegada() const;
     std::wstring textoDe(int indice) const;
 
     Color m_fondo = BLANCO;
     bool m_encima = false;
-    int m_alrededor = 6;  // what the system adds to the height of the field, device pixels
-    int m_sabido = -1;    // the index that the owner knows
+    int m_alto = 0;          // of the closed list, device pixels
+    int m_altoElemento = 0;  // the same
+    int m_alrededor = 6;     // what the system adds to the height of the field, device pixels
+    int m_sabido = -1;       // the index that the owner knows
     std::function<bool(Tecla)> m_alPulsarTecla;
 };
 

@@ -15,9 +15,10 @@ void poner(HWND ventana, HWND debajoDe) {
 
 }  // namespace
 
+// A new window lies lowest, and is where it belongs unless there are frames. They go beneath all at
+// once, later: a window with many rows is made of some hundred controls.
 void OrdenControles::colocar(const Puesto& puesto) {
-    // A new window lies lowest, and is where it belongs unless there are frames.
-    if (!m_marcos.empty()) poner(puesto.ventana, m_puestos.empty() ? HWND_TOP : m_puestos.back().ventana);
+    m_porApilar = m_porApilar || !m_marcos.empty();
     m_puestos.push_back(puesto);
 }
 
@@ -26,8 +27,13 @@ void OrdenControles::anadir(ControlWin& control) {
         colocar({control.hwnd(), &control});
         return;
     }
-    poner(control.hwnd(), m_puestos.empty() ? HWND_TOP : m_puestos.back().ventana);
+    m_porApilar = m_porApilar || !m_marcos.empty();
     m_marcos.push_back(&control);
+}
+
+void OrdenControles::apilarMarcos() {
+    m_porApilar = false;
+    for (auto marco = m_marcos.rbegin(); marco != m_marcos.rend(); ++marco) poner((*marco)->hwnd(), HWND_BOTTOM);
 }
 
 void OrdenControles::quitar(HWND ventana) {

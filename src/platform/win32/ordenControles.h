@@ -20,6 +20,11 @@ public:
     void quitar(HWND ventana);
     void quitar(const ControlWin& control);
 
+    // Frames that were made before other things still lie above them: to be put beneath before anything
+    // is painted.
+    bool porApilar() const { return m_porApilar; }
+    void apilarMarcos();
+
     // Those first, each after the label that came before it; the others keep their order.
     void ordenar(std::span<ControlWin* const> primero);
 
@@ -46,6 +51,7 @@ private:
     void apilar() const;
 
     std::vector<Puesto> m_puestos;
+    bool m_porApilar = false;
     std::vector<ControlWin*> m_marcos;  // the lowest first
 };
 

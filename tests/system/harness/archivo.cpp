@@ -28,10 +28,12 @@ Archivo abrir(const std::wstring& ruta, DWORD acceso, DWORD modo) {
 std::string leerArchivo(const std::wstring& ruta) {
     const Archivo archivo = abrir(ruta, GENERIC_READ, OPEN_EXISTING);
     if (!archivo) return {};
-    std::string bytes(GetFileSize(archivo.get(), nullptr), '\0');
-    DWORD leidos = 0;
-    ReadFile(archivo.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &leidos, nullptr);
-    bytes.resize(leidos);
+    // To its end, not by its size: some files of the system have none.
+    std::string bytes;
+    std::array<char, 65536> trozo{};
+    for (DWORD leidos = 0;
+         ReadFile(archivo.get(), trozo.data(), static_cast<DWORD>(trozo.size()), &leidos, nullptr) && leidos > 0;)
+        bytes.append(trozo.data(), leidos);
     return bytes;
 }
 

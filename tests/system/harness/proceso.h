@@ -22,6 +22,8 @@ public:
     // The exit code, once it has ended; nothing if it is still alive after that many milliseconds.
     std::optional<DWORD> esperarFin(int milisegundos) const;
     void matar();
+    // How many graphic objects it holds; 0 where the system does not tell.
+    DWORD objetosGDI() const { return GetGuiResources(m_proceso, GR_GDIOBJECTS); }
 
     // Its top-level windows, hidden ones too.
     std::vector<HWND> ventanas() const;

@@ -48,11 +48,16 @@ void pulsar(HWND ventana) {
     PostMessageW(ventana, WM_LBUTTONUP, 0, centro);
 }
 
-void teclear(HWND ventana, int teclaVirtual) {
+HWND foco(HWND ventana) {
     GUITHREADINFO hilo{};
     hilo.cbSize = sizeof hilo;
     GetGUIThreadInfo(GetWindowThreadProcessId(ventana, nullptr), &hilo);
-    const HWND destino = hilo.hwndFocus ? hilo.hwndFocus : ventana;
+    return hilo.hwndFocus;
+}
+
+void teclear(HWND ventana, int teclaVirtual) {
+    const HWND enfocada = foco(ventana);
+    const HWND destino = enfocada != nullptr ? enfocada : ventana;
     const auto codigo = static_cast<LPARAM>(MapVirtualKeyW(static_cast<UINT>(teclaVirtual), MAPVK_VK_TO_VSC)) << 16;
     constexpr LPARAM soltada = 0xC0000001L;
     PostMessageW(destino, WM_KEYDOWN, static_cast<WPARAM>(teclaVirtual), codigo | 1);

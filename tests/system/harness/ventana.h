@@ -17,6 +17,8 @@ RECT lugar(HWND ventana);  // virtual screen, device pixels
 bool seVe(HWND ventana);
 // As the mouse would, in the middle; returns at once.
 void pulsar(HWND ventana);
+// What has the focus in that window's program; null for nothing.
+HWND foco(HWND ventana);
 // As the keyboard would, to whatever has the focus in that window's program; returns at once.
 void teclear(HWND ventana, int teclaVirtual);
 

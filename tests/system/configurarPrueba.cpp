@@ -1,0 +1,223 @@
+// What an operator does with the tools: the real controls are pressed, then the file and the screen
+// are read.
+
+#include <gmock/gmock.h>
+
+#include "harness/configuracion.h"
+#include "harness/emisorUDP.h"
+#include "harness/esperar.h"
+#include "harness/fotografia.h"
+#include "harness/programa.h"
+#include "harness/trama.h"
+#include "harness/ventana.h"
+#include "harness/ventanaHerramienta.h"
+
+namespace sorvanel::pruebas {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+class Configurar : public testing::Test {
+protected:
+    // Starts with that file and goes into configuration.
+    void configurar(const std::string& ini) {
+        original = ini;
+        programa.escribirINI(ini);
+        programa.arrancar();
+        ASSERT_TRUE(programa.esperarVisible(IdControl::botPau));
+        programa.pulsar(IdControl::botPau);
+        ASSERT_TRUE(programa.esperarVisible(IdControl::botCfg));
+        programa.pulsar(IdControl::botCfg);
+        ASSERT_TRUE(programa.esperarVisible(IdControl::botOk));
+    }
+    bool esperarINI(const std::string& trozo) {
+        return esperar([&] { return programa.leerINI().find(trozo) != std::string::npos; });
+    }
+    bool abrir(IdControl boton, const VentanaHerramienta& herramienta) {
+        programa.pulsar(boton);
+        return herramienta.esperarAbierta();
+    }
+
+    int puerto = puertosLibres(2);
+    std::string dosVisores = Configuracion().reticula(2, 1).visor(puerto, 1, 1).visor(puerto + 1, 2, 1);
+    std::string original;
+    Programa programa;
+    VentanaHerramienta visores{programa, IdControl::cfgVisor};
+    VentanaHerramienta contexto{programa, IdControl::cfgContexto};
+    VentanaHerramienta mensaje{programa, IdControl::cfgMensaje};
+};
+
+// From nothing to a live weight, as someone does who has never seen the program.
+TEST_F(Configurar, DeLaNadaAUnPesoVivo) {
+    programa.arrancar();
+    ASSERT_TRUE(programa.esperarVisible(IdControl::botVisores));
+    ASSERT_TRUE(abrir(IdControl::botVisores, visores));
+    visores.pulsar(IdControl::botNvo);
+    ASSERT_TRUE(visores.esperarControl(IdControl::txPort, 1));
+    visores.escribir(IdControl::txPort, 1, std::to_string(puerto));
+    visores.escribir(IdControl::txEtq, 1, "Tolva nº 1 €");
+    visores.escribir(IdControl::txUbi, 1, "1;1");
+    ASSERT_TRUE(visores.esperarTexto(IdControl::txUbi, 1, "1,1"));
+    visores.tecla(IdControl::txUbi, 1, VK_RETURN);
+    // The display is there before anything is accepted.
+    ASSERT_TRUE(programa.esperarTexto(IdControl::picCap, 1, "Tolva\u00a0nº\u00a01\u00a0€"));
+    EXPECT_TRUE(programa.seVe(IdControl::picRep, 1));
+    programa.pulsar(IdControl::botOk);
+    ASSERT_TRUE(programa.esperarVisible(IdControl::botRun));
+    EXPECT_TRUE(visores.esperarCerrada());
+    programa.pulsar(IdControl::botRun);
+    ASSERT_TRUE(programa.esperarVisible(IdControl::botPau));
+    EmisorUDP indicador;
+    EXPECT_TRUE(esperar([&] {
+        indicador.enviar(puerto, trama(12000));
+        return programa.texto(IdControl::picRep, 1) == "12";
+    }));
+    EXPECT_THAT(programa.leerINI(), HasSubstr("Etiqueta=Tolva\xa0n\xba\xa0"
+                                              "1\xa0\x80\r\n"));
+    EXPECT_TRUE(programa.terminar());
+}
+
+TEST_F(Configurar, UnaEntradaInvalidaSeDiceYCancelarDevuelveCadaByte) {
+    configurar(dosVisores);
+    ASSERT_TRUE(abrir(IdControl::botVisores, visores));
+    ASSERT_TRUE(visores.esperarControl(IdControl::txPort, 2));
+    const struct {
+        IdControl campo;
+        std::string texto;
+        std::string guardado;
+        const char* aviso;
+    } casos[] = {
+        {IdControl::txPort, std::to_string(puerto), std::to_string(puerto + 1),
+         "Valor de 'port' posiblemente duplicado"},
+        {IdControl::txUbi, "1,1", "2,1", "La ubicación entrada no es correcta o está duplicada"},
+        {IdControl::txUbi, "3,1", "2,1", "La ubicación entrada no es correcta o está duplicada"},
+    };
+    for (const auto& caso : casos) {
+        visores.escribir(caso.campo, 2, caso.texto);
+        ASSERT_TRUE(visores.esperarTexto(caso.campo, 2, caso.texto));
+        visores.tecla(caso.campo, 2, VK_RETURN);
+        EXPECT_EQ(programa.caja().esperarTexto(), caso.aviso);
+        EXPECT_TRUE(programa.caja().cerrar());
+        EXPECT_EQ(visores.texto(caso.campo, 2), caso.texto) << "what was typed stays";
+        // Accepting asks again, and refuses.
+        programa.pulsar(IdControl::botOk);
+        EXPECT_EQ(programa.caja().esperarTexto(), caso.aviso);
+        EXPECT_TRUE(programa.caja().cerrar());
+        EXPECT_NE(visores.ventana(), nullptr);
+        visores.tecla(caso.campo, 2, VK_ESCAPE);
+        ASSERT_TRUE(visores.esperarTexto(caso.campo, 2, caso.guardado));
+    }
+    visores.escribir(IdControl::txEtq, 2, "Otra");
+    visores.tecla(IdControl::txEtq, 2, VK_RETURN);
+    ASSERT_TRUE(esperarINI("Etiqueta=Otra"));
+    programa.pulsar(IdControl::botCan);
+    EXPECT_TRUE(visores.esperarCerrada());
+    EXPECT_TRUE(esperar([&] { return programa.leerINI() == original; })) << programa.leerINI();
+    EXPECT_TRUE(programa.seVe(IdControl::botOk)) << "still configuring";
+}
+
+TEST_F(Configurar, NuevoYEliminarRenumeranElArchivoYLaPantalla) {
+    configurar(dosVisores);
+    ASSERT_TRUE(abrir(IdControl::botVisores, visores));
+    visores.pulsar(IdControl::botNvo);
+    ASSERT_TRUE(visores.esperarControl(IdControl::txPort, 3));
+    EXPECT_TRUE(esperarINI("[VISOR_3]"));
+    // Select the first, and delete it.
+    visores.tecla(IdControl::txEtq, 1, VK_RETURN);
+    visores.pulsar(IdControl::botElim);
+    EXPECT_TRUE(esperar([&] { return programa.leerINI().find("[VISOR_3]") == std::string::npos; }));
+    EXPECT_TRUE(visores.esperarTexto(IdControl::txPort, 1, std::to_string(puerto + 1)));
+    EXPECT_TRUE(esperar([&] { return programa.control(IdControl::picRep, 3) == nullptr; }));
+}
+
+TEST_F(Configurar, ElDisenoDeLaParrillaSeVeYSeGuardaEnseguida) {
+    configurar(dosVisores);
+    ASSERT_TRUE(abrir(IdControl::botDise, contexto));
+    for (const char* filas : {"3", "4", "5"}) {
+        contexto.pulsar(IdControl::imRwP);
+        ASSERT_TRUE(contexto.esperarTexto(IdControl::lbRow, 0, filas));
+    }
+    EXPECT_TRUE(esperarINI("FilasColumnas=5x1"));
+    contexto.pulsar(IdControl::imGrVM);
+    EXPECT_TRUE(esperarINI("gruesoVertical=3"));
+    contexto.escribir(IdControl::txRatio, 0, "4x5");
+    EXPECT_TRUE(esperarINI("ratioAlturas=0")) << "the letter never reaches the box";
+    EXPECT_EQ(contexto.texto(IdControl::txRatio), "45");
+    // The system's own colour window.
+    contexto.pulsar(IdControl::frColorRet);
+    HWND colores = nullptr;
+    ASSERT_TRUE(esperar([&] {
+        colores = programa.caja().ventana();
+        return colores != nullptr && GetDlgItem(colores, 706) != nullptr;
+    }));
+    EXPECT_FALSE(IsWindowEnabled(contexto.ventana()));
+    for (const auto& [id, valor] : {std::pair{706, L"255"}, {707, L"128"}, {708, L"0"}}) {
+        SendMessageW(GetDlgItem(colores, id), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(valor));
+    }
+    PostMessageW(colores, WM_COMMAND, IDOK, 0);
+    EXPECT_TRUE(esperarINI("colorReticula=0080FF"));
+    EXPECT_TRUE(esperar([&] { return Fotografia(programa.control(IdControl::picRep)).cuantos(0x0080FF) > 1000; }));
+    // The button toggles.
+    programa.pulsar(IdControl::botDise);
+    EXPECT_TRUE(contexto.esperarCerrada());
+}
+
+TEST_F(Configurar, ElMensajeSeVeMientrasSeEscribe) {
+    configurar(dosVisores);
+    ASSERT_TRUE(abrir(IdControl::botMensaje, mensaje));
+    EXPECT_FALSE(seVe(mensaje.control(IdControl::txTexto)));
+    mensaje.pulsar(IdControl::lbUsar);
+    ASSERT_TRUE(mensaje.esperarControl(IdControl::txTexto));
+    mensaje.escribir(IdControl::txTexto, 0, "Atención");
+    EXPECT_TRUE(programa.esperarTexto(IdControl::picMsg, 0, "Atención"));
+    EXPECT_TRUE(programa.seVe(IdControl::picMsg));
+    EXPECT_TRUE(esperarINI("Texto=Atenci\xf3n"));
+    mensaje.pulsar(IdControl::imVelP);
+    EXPECT_TRUE(esperarINI("Velocidad=5"));
+    const Fotografia antes(programa.control(IdControl::picMsg));
+    EXPECT_TRUE(esperar([&] { return !(Fotografia(programa.control(IdControl::picMsg)) == antes); })) << "it moves";
+    mensaje.pulsar(IdControl::ckUsar);
+    EXPECT_TRUE(programa.esperarOculto(IdControl::picMsg));
+    EXPECT_TRUE(esperarINI("EnUso=No"));
+    // Another tool takes its place.
+    ASSERT_TRUE(abrir(IdControl::botDise, contexto));
+    EXPECT_TRUE(mensaje.esperarCerrada());
+}
+
+TEST_F(Configurar, LasAsasMuevenLaParrillaConElTeclado) {
+    configurar(dosVisores);
+    programa.pulsar(IdControl::botSize);
+    ASSERT_TRUE(programa.esperarVisible(IdControl::imDrgXY));
+    const RECT antes = lugar(programa.control(IdControl::imDrgXY));
+    const HWND asa = programa.control(IdControl::imDrgXY);
+    pulsar(asa);
+    ASSERT_TRUE(esperar([&] { return foco(asa) == asa; }));
+    for (int i = 0; i < 10; ++i) teclear(asa, VK_RIGHT);
+    EXPECT_TRUE(esperar([&] { return lugar(asa).left == antes.left + 10; }));
+    EXPECT_TRUE(esperar([&] { return programa.leerINI().find("Posicion=") != std::string::npos; }));
+    programa.pulsar(IdControl::botCan);
+    EXPECT_TRUE(programa.esperarOculto(IdControl::imDrgXY));
+    EXPECT_TRUE(esperar([&] { return programa.leerINI() == original; }));
+}
+
+TEST_F(Configurar, ElPanelParticularCambiaUnSoloVisor) {
+    configurar(dosVisores);
+    ASSERT_TRUE(abrir(IdControl::botVisores, visores));
+    visores.pulsar(IdControl::imFoco, 2);
+    ASSERT_TRUE(visores.esperarControl(IdControl::ckFmt));
+    visores.pulsar(IdControl::botElim);
+    EXPECT_EQ(programa.caja().esperarTexto(), "Debe cerrar la ventana de diseño particular");
+    EXPECT_TRUE(programa.caja().cerrar());
+    visores.pulsar(IdControl::ckFmt);
+    ASSERT_TRUE(visores.esperarControl(IdControl::txFmt));
+    visores.escribir(IdControl::txFmt, 0, "0.00");
+    EXPECT_TRUE(esperarINI("formatoPeso=0.00"));
+    visores.pulsar(IdControl::imDesf);
+    EXPECT_TRUE(esperar([&] { return !seVe(visores.control(IdControl::ckFmt)); }));
+    const std::string ini = programa.leerINI();
+    EXPECT_THAT(ini.substr(0, ini.find("[VISOR_2]")), Not(HasSubstr("formatoPeso=0.00")));
+}
+
+}  // namespace
+}  // namespace sorvanel::pruebas
