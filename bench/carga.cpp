@@ -18,8 +18,9 @@ std::string configuracion(int visores) {
     for (int n = 1; n <= visores; ++n) {
         const std::string numero = std::to_string(n);
         ini += "[VISOR_" + numero + "]\r\nProtocolo=Tessel\r\nModoBulk=4\r\nPort=" + std::to_string(9000 + n) +
-               "\r\nEtiqueta=Tolva " + numero + "\r\nformatoPeso=0000.0\r\nUbicacion=" +
-               std::to_string((n - 1) / 8 + 1) + "," + std::to_string((n - 1) % 8 + 1) + "\r\n";
+               "\r\nEtiqueta=Tolva " + numero +
+               "\r\nformatoPeso=0000.0\r\nUbicacion=" + std::to_string((n - 1) / 8 + 1) + "," +
+               std::to_string((n - 1) % 8 + 1) + "\r\n";
     }
     return ini;
 }

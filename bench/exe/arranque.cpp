@@ -57,7 +57,8 @@ double hastaVerlo(const RECT& donde, Arrancar arrancar, Turno turno) {
 
 Arranque arranqueDesnudo() {
     Desnudo desnudo(Desnudo::Modo::ventana);
-    const double tiempo = hastaVerlo(zona(1), [&] { desnudo.arrancar(); }, [] {});
+    const double tiempo = hastaVerlo(
+        zona(1), [&] { desnudo.arrancar(); }, [] {});
     desnudo.esperarVentana();
     return {tiempo, desnudo.observado().segundosCPU() * 1000};
 }
@@ -82,10 +83,9 @@ struct Serie {
 };
 
 std::string deVerde(std::string ajustes) {
-    return ajustes + std::string(pruebas::Configuracion()
-                                     .seccion("VISORES")
-                                     .clave("textoPeso", "00FF00")
-                                     .clave("fondoPeso", "000000"));
+    return ajustes +
+           std::string(
+               pruebas::Configuracion().seccion("VISORES").clave("textoPeso", "00FF00").clave("fondoPeso", "000000"));
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
-// A usual busy hall: 64 displays of the concentrator at 20 readings a second each, and the message scrolls meanwhile. The
-// processor's share beside the paused program's; whether the message keeps its speed and its pace; and whether either
-// depends on how long the message is.
+// A usual busy hall: 64 displays of the concentrator at 20 readings a second each, and the message scrolls meanwhile.
+// The processor's share beside the paused program's; whether the message keeps its speed and its pace; and whether
+// either depends on how long the message is.
 
 #include <algorithm>
 #include <atomic>
@@ -101,7 +101,8 @@ void medirUna(int caracteres, Cifras& cifras) {
         desplazamiento.mirar();
         Sleep(1);
     }));
-    if (desplazamiento.segundos() < SEGUNDOS_EN_MARCHA / 10) throw std::runtime_error("the message is not seen to move");
+    if (desplazamiento.segundos() < SEGUNDOS_EN_MARCHA / 10)
+        throw std::runtime_error("the message is not seen to move");
     cifras.velocidad.push_back(desplazamiento.pixelesPorSegundo());
     cifras.pausa.push_back(desplazamiento.peorPausa());
     cifras.entreMiradas.push_back(desplazamiento.entreMiradas());

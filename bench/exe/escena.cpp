@@ -13,8 +13,8 @@
 
 namespace sorvanel::medidas {
 
-using pruebas::Programa;
 using pruebas::Proceso;
+using pruebas::Programa;
 
 std::string ajustes(int tessel, int puerto, int pavona, int concentrador) {
     pruebas::Configuracion configuracion;
@@ -76,7 +76,7 @@ void aRitmo(int turnos, double porSegundo, const std::function<void(int)>& turno
 
 std::vector<int> sinMostrar(const Programa& programa, int visores, const std::string& esperado,
                             const std::function<void()>& repetir) {
-    constexpr double CADA = 0.3, PLAZO = 20;  // seconds
+    constexpr double CADA = 0.3, PLAZO = 30;  // seconds
     std::vector<int> faltan(static_cast<std::size_t>(visores));
     std::iota(faltan.begin(), faltan.end(), 1);
     const double fin = ahora() + PLAZO;

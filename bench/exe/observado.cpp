@@ -32,9 +32,9 @@ std::string leerDeLinux(const std::string& ruta) {
     std::wstring nombre = L"Z:" + pruebas::ancho(ruta);
     for (wchar_t& letra : nombre)
         if (letra == L'/') letra = L'\\';
-    const HANDLE archivo = CreateFileW(nombre.c_str(), GENERIC_READ,
-                                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
-                                       FILE_ATTRIBUTE_NORMAL, nullptr);
+    const HANDLE archivo =
+        CreateFileW(nombre.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     std::string bytes;
     if (archivo == INVALID_HANDLE_VALUE) return bytes;
     std::array<char, 16384> trozo{};
@@ -134,8 +134,8 @@ long manejadores(HANDLE proceso) {
     std::vector<char> lista(1U << 20U);
     ULONG hacenFalta = 0;
     while (true) {
-        const NTSTATUS resultado = NtQuerySystemInformation(MANEJADORES_DE_TODOS, lista.data(),
-                                                            static_cast<ULONG>(lista.size()), &hacenFalta);
+        const NTSTATUS resultado =
+            NtQuerySystemInformation(MANEJADORES_DE_TODOS, lista.data(), static_cast<ULONG>(lista.size()), &hacenFalta);
         if (resultado >= 0) break;
         if (lista.size() > 64U << 20U) throw std::runtime_error("no list of handles");
         lista.resize(lista.size() * 2);

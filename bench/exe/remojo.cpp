@@ -1,8 +1,8 @@
 // remojo [--lecturas N] [--minutos N]: a long run of the real program, shortened. 32 displays on ports of their own and
 // 32 of the concentrator, the message scrolling, and readings as fast as all of them are shown: the next lot goes only
-// when every display says the last value of this one, so none can be dropped unseen. Now and then everybody falls silent,
-// and the concentrator hangs up. What the program holds after the first minute and at the end is compared.
-// Ends with 0; with 1 when it grew, lost a reading or did not end well, with 2 for bad usage.
+// when every display says the last value of this one, so none can be dropped unseen. Now and then everybody falls
+// silent, and the concentrator hangs up. What the program holds after the first minute and at the end is compared. Ends
+// with 0; with 1 when it grew, lost a reading or did not end well, with 2 for bad usage.
 
 #include <cstdio>
 #include <cstdlib>
@@ -48,8 +48,9 @@ Recursos mirar(const Observado& programa) {
 }
 
 void escribir(const char* cuando, double segundos, long long lecturas, const Recursos& r) {
-    std::printf("%-9s %7.0f s %11lld readings   private %7lld KiB, resident %7lld KiB, GDI %4ld, USER %4ld, handles %4ld\n",
-                cuando, segundos, lecturas, r.privada, r.residente, r.gdi, r.user, r.manejadores);
+    std::printf(
+        "%-9s %7.0f s %11lld readings   private %7lld KiB, resident %7lld KiB, GDI %4ld, USER %4ld, handles %4ld\n",
+        cuando, segundos, lecturas, r.privada, r.residente, r.gdi, r.user, r.manejadores);
     std::fflush(stdout);
 }
 
@@ -89,7 +90,8 @@ public:
             enviar();
         }
         m_lecturas += static_cast<long long>(RONDAS_POR_TANDA) * (TESSEL + PAVONA);
-        const std::vector<int> faltan = sinMostrar(m_programa, TESSEL + PAVONA, std::to_string(m_valor), [this] { enviar(); });
+        const std::vector<int> faltan =
+            sinMostrar(m_programa, TESSEL + PAVONA, std::to_string(m_valor), [this] { enviar(); });
         if (!faltan.empty()) fallar(faltan);
         if (descartados(m_puerto, TESSEL) > 0) throw std::runtime_error("the system dropped frames");
         ++m_tandas;
@@ -103,6 +105,8 @@ public:
 private:
     void abrirSesion() {
         if (!m_concentrador.abrirSesion()) throw std::runtime_error("no session with the concentrator");
+        // At once: a session without a reading in its first second is begun anew.
+        enviar();
     }
 
     [[noreturn]] void fallar(const std::vector<int>& faltan) const {

@@ -28,8 +28,8 @@ struct Definicion {
 
 // In tab order: the tools from left to right, then the control of the run.
 constexpr std::array<Definicion, 10> BOTONES{{
-    {IdControl::botDise, Dibujo::parrilla, "Diseño de parrilla y formatos", "Diseño de parrilla y formatos", true, false,
-     false},
+    {IdControl::botDise, Dibujo::parrilla, "Diseño de parrilla y formatos", "Diseño de parrilla y formatos", true,
+     false, false},
     {IdControl::botVisores, Dibujo::visores, "Definir visores", "Definir visores", true, false, false},
     {IdControl::botSize, Dibujo::tamano, "Tamaño y posición de parrilla", "Tamaño y posición de parrilla", true, false,
      false},
@@ -46,10 +46,14 @@ constexpr std::size_t HERRAMIENTAS = 4;
 
 bool visibleEn(const Definicion& definicion, Estado estado) {
     switch (estado) {
-        case Estado::configurando: return definicion.enConfiguracion;
-        case Estado::pausa: return definicion.enPausa;
-        case Estado::marcha: return definicion.enMarcha;
-        case Estado::iniciando: break;
+        case Estado::configurando:
+            return definicion.enConfiguracion;
+        case Estado::pausa:
+            return definicion.enPausa;
+        case Estado::marcha:
+            return definicion.enMarcha;
+        case Estado::iniciando:
+            break;
     }
     return false;
 }
@@ -73,9 +77,13 @@ Boton& BarraBotones::boton(IdControl id) {
     return *m_botones[i];
 }
 
-void BarraBotones::alPulsar(IdControl id, std::function<void()> accion) { boton(id).alPulsar(std::move(accion)); }
+void BarraBotones::alPulsar(IdControl id, std::function<void()> accion) {
+    boton(id).alPulsar(std::move(accion));
+}
 
-void BarraBotones::version(const std::string& texto) { m_version = texto; }
+void BarraBotones::version(const std::string& texto) {
+    m_version = texto;
+}
 
 void BarraBotones::disponer(float ancho, float alto) {
     m_picBot->colocar({0, alto - ALTO_BARRA, ancho, ALTO_BARRA});
@@ -155,9 +163,9 @@ void BarraBotones::estado(Estado estado) {
 }
 
 void BarraBotones::refrescar() {
-    for (const IdControl id : {IdControl::botDise, IdControl::botVisores, IdControl::botMensaje, IdControl::botOk,
-                               IdControl::botCan, IdControl::botPau, IdControl::botRun, IdControl::botCfg,
-                               IdControl::botOff}) {
+    for (const IdControl id :
+         {IdControl::botDise, IdControl::botVisores, IdControl::botMensaje, IdControl::botOk, IdControl::botCan,
+          IdControl::botPau, IdControl::botRun, IdControl::botCfg, IdControl::botOff}) {
         boton(id).refrescar();
     }
     m_picBot->refrescar();

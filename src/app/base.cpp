@@ -32,7 +32,9 @@ base::base(const Entorno& entorno, Formulario& formulario, FabricaDialogos& dial
     m_formulario.oyente(this);
 }
 
-base::~base() { m_formulario.oyente(nullptr); }
+base::~base() {
+    m_formulario.oyente(nullptr);
+}
 
 void base::unirBotones() {
     m_barra.alPulsar(IdControl::botOff, [this] { m_formulario.cerrar(); });
@@ -183,7 +185,9 @@ void base::unloadCfgSize() {
     refrescos();
 }
 
-void base::montarParrilla() { m_montaje.montarParrilla(); }
+void base::montarParrilla() {
+    m_montaje.montarParrilla();
+}
 
 void base::montarVisores() {
     // What cannot be placed is told when the configuration is accepted.
@@ -192,7 +196,9 @@ void base::montarVisores() {
     m_montaje.montarVisores(errores);
 }
 
-void base::montarMensaje() { m_montaje.montarMensaje(); }
+void base::montarMensaje() {
+    m_montaje.montarMensaje();
+}
 
 void base::desmontarMesa() {
     m_montaje.desmontar();
@@ -249,7 +255,9 @@ void base::avisar(const std::string& errores) {
     if (!errores.empty()) m_entorno.avisos.critico(errores);
 }
 
-void base::refrescos() { m_barra.refrescar(); }
+void base::refrescos() {
+    m_barra.refrescar();
+}
 
 void base::alMoverRaton(ZonaRaton zona) {
     const bool enMarcha = m_estado == Estado::marcha && zona != ZonaRaton::barra;

@@ -11,7 +11,9 @@ Montaje::Montaje(const Entorno& entorno, Formulario& formulario, EnlaceCompartid
       m_picRep(formulario.crearSuperficie(IdControl::picRep, 0)),
       m_picMsg(formulario.crearSuperficie(IdControl::picMsg, 0)) {}
 
-Montaje::~Montaje() { soltar(); }
+Montaje::~Montaje() {
+    soltar();
+}
 
 void Montaje::dimensionar(float ancho, float alto) {
     m_picRep->colocar({0, 0, ancho, alto});

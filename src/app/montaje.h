@@ -60,7 +60,7 @@ private:
     Formulario& m_formulario;
     EnlaceCompartido& m_compartido;
     const BarraBotones& m_barra;
-    std::unique_ptr<Superficie> m_picRep;                  // element 0: the whole area above the bar
+    std::unique_ptr<Superficie> m_picRep;  // element 0: the whole area above the bar
     std::unique_ptr<Superficie> m_picMsg;
     std::vector<std::unique_ptr<Superficie>> m_picReps;  // elements 1 to n, a display each
     std::vector<std::unique_ptr<Superficie>> m_picCaps;

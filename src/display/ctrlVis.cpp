@@ -26,26 +26,25 @@ ctrlVis::ctrlVis(const Entorno& entorno) {
         const std::string port = ini.leer("Port");
         if (port.empty()) break;
         m_visores.push_back({numeroInicial(port), com.valDflt(ini, "ModoBulk", MODO_BULK_OMISION),
-                             std::string(recortar(ini.leer("Etiqueta"))), std::string(recortar(ini.leer("Ubicacion")))});
+                             std::string(recortar(ini.leer("Etiqueta"))),
+                             std::string(recortar(ini.leer("Ubicacion")))});
     }
 }
 
 bool ctrlVis::portExiste(std::int32_t port, std::int16_t modoBulk) const {
-    return port > 0 && std::any_of(m_visores.begin(), m_visores.end(), [&](const Guardado& v) {
-               return v.port == port && v.modoBulk == modoBulk;
-           });
+    return port > 0 && std::any_of(m_visores.begin(), m_visores.end(),
+                                   [&](const Guardado& v) { return v.port == port && v.modoBulk == modoBulk; });
 }
 
 bool ctrlVis::etiquetaExiste(std::string_view etiqueta) const {
-    return !etiqueta.empty() && std::any_of(m_visores.begin(), m_visores.end(),
-                                            [&](const Guardado& v) { return v.etiqueta == etiqueta; });
+    return !etiqueta.empty() &&
+           std::any_of(m_visores.begin(), m_visores.end(), [&](const Guardado& v) { return v.etiqueta == etiqueta; });
 }
 
 bool ctrlVis::ubicacionExiste(std::string_view ubicacion) const {
     const std::string_view buscada = recortar(ubicacion);
     return !buscada.empty() && buscada != "0,0" &&
-           std::any_of(m_visores.begin(), m_visores.end(),
-                       [&](const Guardado& v) { return v.ubicacion == buscada; });
+           std::any_of(m_visores.begin(), m_visores.end(), [&](const Guardado& v) { return v.ubicacion == buscada; });
 }
 
 }  // namespace sorvanel

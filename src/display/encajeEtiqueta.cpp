@@ -88,7 +88,9 @@ Fuente fuenteDe(float alto) {
     return fuente;
 }
 
-float aPixelEntero(float twips) { return std::floor(twips / TWIPS_POR_PIXEL) * TWIPS_POR_PIXEL; }
+float aPixelEntero(float twips) {
+    return std::floor(twips / TWIPS_POR_PIXEL) * TWIPS_POR_PIXEL;
+}
 
 // The lines one below the other: their widths, and the ink of the whole.
 struct Bloque {

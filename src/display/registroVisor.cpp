@@ -16,7 +16,9 @@ std::string minusculas(std::string texto) {
     return texto;
 }
 
-bool esDigito(char c) { return c >= '0' && c <= '9'; }
+bool esDigito(char c) {
+    return c >= '0' && c <= '9';
+}
 
 // One digit each, as the grid has no more than eight rows and columns.
 void leerUbicacion(const std::string& texto, RegistroVisor& registro) {

@@ -11,6 +11,8 @@ constexpr std::int16_t MODO_BULK_OMISION = 4;
 constexpr std::int16_t MODO_BULK_MAXIMO = 5;
 
 // The section of the settings file that holds display n.
-inline std::string seccionVisor(int n) { return "VISOR_" + std::to_string(n); }
+inline std::string seccionVisor(int n) {
+    return "VISOR_" + std::to_string(n);
+}
 
 }  // namespace sorvanel

@@ -68,7 +68,9 @@ bool visor::definir(Parrilla& parrilla, Superficie& etiqueta, Superficie& peso) 
     return true;
 }
 
-bool visor::ubicado() const { return definido() && m_registro.fila != 0 && m_registro.columna != 0 && m_ubicado; }
+bool visor::ubicado() const {
+    return definido() && m_registro.fila != 0 && m_registro.columna != 0 && m_ubicado;
+}
 
 bool visor::ubicar(std::int16_t fila, std::int16_t columna) {
     if (!definido()) return error("El visor #@ no ha sido previamente definido", m_numero);
@@ -126,9 +128,15 @@ void visor::mostrarNada() {
 void visor::pintarTodo() {
     m_pintura->pintarEtiqueta();
     switch (m_muestra) {
-        case Muestra::nada: m_pintura->limpiarPeso(); break;
-        case Muestra::peso: m_pintura->pintarPeso(m_trama, pavona()); break;
-        case Muestra::sinDatos: m_pintura->pintarSinDatos(pavona()); break;
+        case Muestra::nada:
+            m_pintura->limpiarPeso();
+            break;
+        case Muestra::peso:
+            m_pintura->pintarPeso(m_trama, pavona());
+            break;
+        case Muestra::sinDatos:
+            m_pintura->pintarSinDatos(pavona());
+            break;
     }
 }
 
@@ -146,8 +154,7 @@ void visor::Run(bool marcha) {
 bool visor::arrancar() {
     if (!ubicado()) return error("El visor #@ está desubicado", m_numero);
     if (pavona()) {
-        return m_pavona.enMarcha(*this) ? sinError()
-                                        : error("Port @ inadecuado. Posiblemente en uso", m_registro.port);
+        return m_pavona.enMarcha(*this) ? sinError() : error("Port @ inadecuado. Posiblemente en uso", m_registro.port);
     }
     return m_tessel.enMarcha(*this) ? sinError() : error("Error en reconexión TCP/IP", m_numero);
 }
@@ -162,7 +169,9 @@ void visor::parar() {
     sinError();
 }
 
-bool visor::frWsk_refrescoPeso(std::string_view linea) { return recibir(linea); }
+bool visor::frWsk_refrescoPeso(std::string_view linea) {
+    return recibir(linea);
+}
 
 bool visor::mmTCP_refrescoPeso(std::int16_t primero, std::int16_t segundo, std::string_view carga) {
     const bool paraTodos = primero < 1 && carga.empty();

@@ -83,8 +83,12 @@ public:
     // The value in force: the own one, else the design's.
     std::int16_t anchoEtiquetaEfv() const { return m_registro.anchoEtiqueta.value_or(m_diseno.anchoEtiqueta()); }
     std::int16_t ajusteEtiquetaEfv() const { return m_registro.ajusteEtiqueta.value_or(m_diseno.ajusteEtiqueta()); }
-    Color colorFondoEtiquetaEfv() const { return m_registro.colorFondoEtiqueta.value_or(m_diseno.colorFondoEtiqueta()); }
-    Color colorTextoEtiquetaEfv() const { return m_registro.colorTextoEtiqueta.value_or(m_diseno.colorTextoEtiqueta()); }
+    Color colorFondoEtiquetaEfv() const {
+        return m_registro.colorFondoEtiqueta.value_or(m_diseno.colorFondoEtiqueta());
+    }
+    Color colorTextoEtiquetaEfv() const {
+        return m_registro.colorTextoEtiqueta.value_or(m_diseno.colorTextoEtiqueta());
+    }
     Color colorFondoPesoEfv() const { return m_registro.colorFondoPeso.value_or(m_diseno.colorFondoPeso()); }
     Color colorTextoPesoEfv() const { return m_registro.colorTextoPeso.value_or(m_diseno.colorTextoPeso()); }
     const std::string& formatoPesoEfv() const;

@@ -24,7 +24,9 @@ bool visor::guardarComo(std::int16_t n) {
     return true;
 }
 
-void visor::guardar() const { guardarRegistroVisor(m_entorno, m_numero, m_registro); }
+void visor::guardar() const {
+    guardarRegistroVisor(m_entorno, m_numero, m_registro);
+}
 
 void visor::guardarSiIdentificado() const {
     if (identificado()) guardar();

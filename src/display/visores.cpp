@@ -18,7 +18,9 @@ Visores::~Visores() {
     while (!m_visores.empty()) m_visores.pop_back();
 }
 
-std::unique_ptr<visor> Visores::crear() const { return std::make_unique<visor>(m_entorno, m_compartido); }
+std::unique_ptr<visor> Visores::crear() const {
+    return std::make_unique<visor>(m_entorno, m_compartido);
+}
 
 visor* Visores::nuevo(std::int32_t port, const std::string& caption) {
     const bool repetido = std::any_of(m_visores.begin(), m_visores.end(), [&](const auto& v) {

@@ -11,11 +11,15 @@ namespace sorvanel {
 
 namespace {
 
-bool esColor(Color color) { return color >= 0; }
+bool esColor(Color color) {
+    return color >= 0;
+}
 
 }  // namespace
 
-Parrilla::Parrilla(const Entorno& entorno) : m_entorno(entorno), m_pantalla(entorno) { cargar(); }
+Parrilla::Parrilla(const Entorno& entorno) : m_entorno(entorno), m_pantalla(entorno) {
+    cargar();
+}
 
 bool Parrilla::definir(Superficie& lienzo, VentanaParrilla& ventana) {
     m_lienzo = lienzo.hasDC() ? &lienzo : nullptr;
@@ -29,7 +33,9 @@ bool Parrilla::indefinir() {
     return true;
 }
 
-bool Parrilla::definida() const { return m_lienzo != nullptr && m_lienzo->hasDC(); }
+bool Parrilla::definida() const {
+    return m_lienzo != nullptr && m_lienzo->hasDC();
+}
 
 void Parrilla::recargar() {
     m_pantalla = oScreen(m_entorno);

@@ -27,7 +27,9 @@ Fracciones leerFracciones(std::string_view texto, double omision) {
     return {uno.value_or(omision), dos.value_or(omision)};
 }
 
-bool esDigito(char c) { return c >= '0' && c <= '9'; }
+bool esDigito(char c) {
+    return c >= '0' && c <= '9';
+}
 
 void leerFilasColumnas(std::string_view texto, AjustesParrilla& ajustes) {
     ajustes.filas = 4;

@@ -7,7 +7,9 @@ frWsk::frWsk(Fabrica& fabrica, const Reloj& reloj)
     m_tim->alTic([this] { avisarSilencio(); });
 }
 
-frWsk::~frWsk() { m_enMarcha = false; }
+frWsk::~frWsk() {
+    m_enMarcha = false;
+}
 
 bool frWsk::enMarcha(SuscriptorPeso& visor) {
     m_wsk->cerrar();

@@ -128,6 +128,8 @@ enum class IdControl : int {
     marco = 3200,
 };
 
-constexpr int numero(IdControl id, int elemento = 0) { return static_cast<int>(id) + elemento; }
+constexpr int numero(IdControl id, int elemento = 0) {
+    return static_cast<int>(id) + elemento;
+}
 
 }  // namespace sorvanel

@@ -73,8 +73,8 @@ public:
 class Lista : public Control {
 public:
     virtual void elementos(std::span<const std::string_view> textos) = 0;
-    virtual int indice() const = 0;        // from 0; -1 for none
-    virtual void indice(int indice) = 0;   // alElegir is not told
+    virtual int indice() const = 0;       // from 0; -1 for none
+    virtual void indice(int indice) = 0;  // alElegir is not told
     virtual void colorFondo(Color color) = 0;
     virtual void alElegir(std::function<void()> accion) = 0;
     virtual void alPulsarTecla(std::function<bool(Tecla)> accion) = 0;

@@ -103,7 +103,6 @@ public:
 // put; when the one that has it goes, the nearest takes over.
 class Formulario : public FormaVentana {
 public:
-
     virtual void oyente(OyenteFormulario* oyente) = 0;
     // Covers exactly that monitor, task bar too, and takes its scale.
     virtual void cubrir(const Monitor& monitor) = 0;

@@ -6,7 +6,9 @@ namespace sorvanel {
 // monitor scale; only the Windows side knows how many device pixels that is.
 constexpr float TWIPS_POR_PIXEL = 15.0F;
 
-constexpr float aTwips(float pixeles) { return pixeles * TWIPS_POR_PIXEL; }
+constexpr float aTwips(float pixeles) {
+    return pixeles * TWIPS_POR_PIXEL;
+}
 
 struct Punto {
     float x = 0;

@@ -9,7 +9,9 @@ namespace {
 constexpr const char* SECCION = "MONITORES";
 constexpr const char* CLAVE = "EnUso";
 
-float enTwips(std::int32_t pixeles, float twipsPorPixel) { return static_cast<float>(pixeles) * twipsPorPixel; }
+float enTwips(std::int32_t pixeles, float twipsPorPixel) {
+    return static_cast<float>(pixeles) * twipsPorPixel;
+}
 
 }  // namespace
 

@@ -145,8 +145,11 @@ TEST(Mono, LoQueHagaElMonoElArchivoYLaPantallaDicenLoMismo) {
     for (const ULONGLONG fin = GetTickCount64() + static_cast<ULONGLONG>(segundos) * 1000; GetTickCount64() < fin;
          ++pasos) {
         mono.paso();
-        ASSERT_TRUE(programa.proceso().vivo()) << "seed " << semilla << ", step " << pasos << mono.huella();
-        ASSERT_TRUE(responde(programa.ventana())) << "seed " << semilla << ", step " << pasos << mono.huella();
+        if (responde(programa.ventana())) continue;
+        // It may have walked to the button that ends the program: then that ends well, and it goes on.
+        ASSERT_EQ(programa.proceso().esperarFin(PLAZO), 0U)
+            << "seed " << semilla << ", step " << pasos << mono.huella();
+        programa.arrancar();
     }
     RecordProperty("pasos", pasos);
 

@@ -31,11 +31,16 @@ struct Banco {
     }
     std::string visibles() {
         std::string lista;
-        for (const auto& [id, nombre] :
-             {std::pair{IdControl::botDise, "Dise "}, {IdControl::botVisores, "Visores "}, {IdControl::botSize, "Size "},
-              {IdControl::botMensaje, "Mensaje "}, {IdControl::botCfg, "Cfg "}, {IdControl::botRun, "Run "},
-              {IdControl::botPau, "Pau "}, {IdControl::botOff, "Off "}, {IdControl::botOk, "Ok "},
-              {IdControl::botCan, "Can "}}) {
+        for (const auto& [id, nombre] : {std::pair{IdControl::botDise, "Dise "},
+                                         {IdControl::botVisores, "Visores "},
+                                         {IdControl::botSize, "Size "},
+                                         {IdControl::botMensaje, "Mensaje "},
+                                         {IdControl::botCfg, "Cfg "},
+                                         {IdControl::botRun, "Run "},
+                                         {IdControl::botPau, "Pau "},
+                                         {IdControl::botOff, "Off "},
+                                         {IdControl::botOk, "Ok "},
+                                         {IdControl::botCan, "Can "}}) {
             if (formulario.boton(id)->visible) lista += nombre;
         }
         return lista;
@@ -209,10 +214,18 @@ TEST(base, unaSolaHerramientaAbierta) {
         const char* abiertas;
     };
     const Paso pasos[] = {
-        {IdControl::botDise, "contexto "}, {IdControl::botDise, ""},          {IdControl::botVisores, "visor "},
-        {IdControl::botSize, "tamano "},   {IdControl::botMensaje, "mensaje "}, {IdControl::botDise, "contexto "},
-        {IdControl::botSize, "tamano "},   {IdControl::botSize, ""},          {IdControl::botVisores, "visor "},
-        {IdControl::botMensaje, "mensaje "}, {IdControl::botVisores, "visor "}, {IdControl::botDise, "contexto "},
+        {IdControl::botDise, "contexto "},
+        {IdControl::botDise, ""},
+        {IdControl::botVisores, "visor "},
+        {IdControl::botSize, "tamano "},
+        {IdControl::botMensaje, "mensaje "},
+        {IdControl::botDise, "contexto "},
+        {IdControl::botSize, "tamano "},
+        {IdControl::botSize, ""},
+        {IdControl::botVisores, "visor "},
+        {IdControl::botMensaje, "mensaje "},
+        {IdControl::botVisores, "visor "},
+        {IdControl::botDise, "contexto "},
         {IdControl::botOk, ""},
     };
     for (const Paso& paso : pasos) {
@@ -242,7 +255,8 @@ TEST(base, unaEntradaInvalidaImpideAceptarYCambiarDeHerramienta) {
 }
 
 TEST(base, cancelarDevuelveCadaByteConCadaHerramientaAbierta) {
-    for (const IdControl boton : {IdControl::botDise, IdControl::botVisores, IdControl::botSize, IdControl::botMensaje}) {
+    for (const IdControl boton :
+         {IdControl::botDise, IdControl::botVisores, IdControl::botSize, IdControl::botMensaje}) {
         Banco t(DOS_VISORES);
         t.formulario.pulsar(IdControl::botPau);
         t.formulario.pulsar(IdControl::botCfg);
@@ -300,8 +314,9 @@ TEST(base, laBandaDelMensajeVaConLaMarcha) {
     EXPECT_TRUE(banda->visible());
     EXPECT_EQ(banda->lugar().abajo(), 736 * 15.0F) << "on the bar";
     t.e.reloj.avanzar(200);
-    EXPECT_NE(std::find_if(banda->lineas().begin(), banda->lineas().end(),
-                           [](const std::string& l) { return l.find("Hola") != std::string::npos && l.find("imprimir") == 0; }),
+    EXPECT_NE(std::find_if(
+                  banda->lineas().begin(), banda->lineas().end(),
+                  [](const std::string& l) { return l.find("Hola") != std::string::npos && l.find("imprimir") == 0; }),
               banda->lineas().end());
     t.formulario.pulsar(IdControl::botPau);
     banda->olvidar();

@@ -13,7 +13,9 @@ constexpr float ANCHO = 15360;
 constexpr float ALTO = 11520;
 constexpr float ALTO_UTIL = ALTO - 480;
 
-Rectangulo zona(const Parrilla& p) { return {p.Left(), p.Top(), p.Width(), p.Height()}; }
+Rectangulo zona(const Parrilla& p) {
+    return {p.Left(), p.Top(), p.Width(), p.Height()};
+}
 
 TEST(Parrilla, sinSeccionTieneLosValoresDeOmision) {
     EntornoDoble e;
@@ -134,12 +136,11 @@ TEST(Parrilla, lasCeldasYLasLineasLlenanLaZona) {
     EXPECT_FALSE(p.Dimensiones(1, 1, 3, 1));
 
     p.pintarReticula();
-    EXPECT_EQ(lienzo.lineas(), (std::vector<std::string>{
-                                   "colorFondo #FFFFFF", "limpiar #FFFFFF", "caja 0 0 15360 11040 #808080",
-                                   "caja 0 0 30 11040 #FF0000", "caja 5110 0 30 11040 #FF0000",
-                                   "caja 10220 0 30 11040 #FF0000", "caja 15330 0 30 11040 #FF0000",
-                                   "caja 0 0 15360 15 #FF0000", "caja 0 5512.5 15360 15 #FF0000",
-                                   "caja 0 11025 15360 15 #FF0000"}));
+    EXPECT_EQ(lienzo.lineas(),
+              (std::vector<std::string>{
+                  "colorFondo #FFFFFF", "limpiar #FFFFFF", "caja 0 0 15360 11040 #808080", "caja 0 0 30 11040 #FF0000",
+                  "caja 5110 0 30 11040 #FF0000", "caja 10220 0 30 11040 #FF0000", "caja 15330 0 30 11040 #FF0000",
+                  "caja 0 0 15360 15 #FF0000", "caja 0 5512.5 15360 15 #FF0000", "caja 0 11025 15360 15 #FF0000"}));
     lienzo.olvidar();
     p.fondoCelda(NEGRO, 1, 1);
     p.fondoCelda(NEGRO, 9, 1);

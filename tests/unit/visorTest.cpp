@@ -359,8 +359,9 @@ TEST(visor, laEtiquetaRepetidaSeNiega) {
 
 TEST(ctrlVis, preguntaALoGuardado) {
     EntornoDoble e;
-    e.ini("[VISOR_1]\r\nPort=3001\r\nModoBulk=2\r\nEtiqueta=  Tolva \r\nUbicacion=2,1\r\n"
-          "[VISOR_2]\r\nPort=0\r\nUbicacion=0,0\r\n[VISOR_4]\r\nPort=3004\r\n");
+    e.ini(
+        "[VISOR_1]\r\nPort=3001\r\nModoBulk=2\r\nEtiqueta=  Tolva \r\nUbicacion=2,1\r\n"
+        "[VISOR_2]\r\nPort=0\r\nUbicacion=0,0\r\n[VISOR_4]\r\nPort=3004\r\n");
     const ctrlVis c(e.entorno);
     EXPECT_TRUE(c.portExiste(3001, 2));
     EXPECT_FALSE(c.portExiste(3001, 4)) << "another bulk mode may share the port";

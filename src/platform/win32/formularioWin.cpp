@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "../packaging/recursos.h"
+#include "platform/win32/recursos.h"
 #include "platform/win32/textoWin.h"
 
 namespace sorvanel {
