@@ -20,7 +20,7 @@ public:
     void disponer(float ancho, float alto);
     void estado(Estado estado);
     void version(const std::string& texto);
-    void alPulsar(IdControl boton, std::function<void()> accion);
+    void alPulsar(IdControl id, std::function<void()> accion);
     void refrescar();
 
     // The bar's place in the window.

@@ -41,7 +41,7 @@ void leerFilasColumnas(std::string_view texto, AjustesParrilla& ajustes) {
     comun::limitar(ajustes.columnas, comun::MAXCOLS, 1);
 }
 
-Color leerColorAplicacion(std::string texto) {
+Color leerColorAplicacion(const std::string& texto) {
     std::string minusculas = texto;
     std::transform(minusculas.begin(), minusculas.end(), minusculas.begin(),
                    [](unsigned char c) { return static_cast<char>(std::tolower(c)); });

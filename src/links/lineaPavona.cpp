@@ -28,27 +28,18 @@ std::int16_t dosCifras(std::string_view texto) {
 
 // Blanks around it, a sign, and digits, its points left out.
 std::optional<std::int64_t> leerSinPuntos(std::string_view texto) {
+    const std::size_t inicio = texto.find_first_not_of(" .");
+    if (inicio == std::string_view::npos) return std::nullopt;
+    texto = texto.substr(inicio, texto.find_last_not_of(" .") - inicio + 1);
+    const bool negativo = texto.front() == '-';
+    if (negativo || texto.front() == '+') texto.remove_prefix(1);
     std::int64_t valor = 0;
-    bool negativo = false;
     bool hayCifra = false;
-    bool terminado = false;
-    bool haySigno = false;
     for (const char c : texto) {
         if (c == '.') continue;
-        if (c == ' ') {
-            terminado = hayCifra;
-            if (haySigno && !hayCifra) return std::nullopt;
-        } else if (terminado) {
-            return std::nullopt;
-        } else if (esDigito(c)) {
-            valor = valor * 10 + (c - '0');
-            hayCifra = true;
-        } else if ((c == '-' || c == '+') && !hayCifra && !haySigno) {
-            negativo = c == '-';
-            haySigno = true;
-        } else {
-            return std::nullopt;
-        }
+        if (!esDigito(c)) return std::nullopt;
+        valor = valor * 10 + (c - '0');
+        hayCifra = true;
     }
     if (!hayCifra) return std::nullopt;
     return negativo ? -valor : valor;

@@ -193,7 +193,7 @@ float clsMsg::avanceDebido() {
     const auto pixel = m_franja.pixel();
     const auto objetivo = [&] { return static_cast<float>(ahora - m_inicio) * paso / INTERVALO; };
     float debido = objetivo() - m_recorrido;
-    if (debido > paso * (OLVIDO / INTERVALO)) {
+    if (debido > paso * static_cast<float>(OLVIDO) / INTERVALO) {
         m_inicio = ahora - INTERVALO;
         m_recorrido = 0;
         debido = paso;

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <span>
+#include <utility>
 
 #include "platform/formaVentana.h"
 #include "platform/geometria.h"
@@ -13,7 +14,7 @@ namespace sorvanel {
 class Transpa {
 public:
     // For a window that covers that monitor.
-    explicit Transpa(const Monitor& monitor) : m_monitor(monitor) {}
+    explicit Transpa(Monitor monitor) : m_monitor(std::move(monitor)) {}
 
     // Keeps the union of the rectangles (twips from the window's corner). Without a list the window is
     // whole again; a list of none leaves its shape as it is.

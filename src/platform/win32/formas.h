@@ -80,13 +80,13 @@ inline float aArcoAbierto(Punto p, Punto centro, float radio, float grados) {
 
 // The covered share of a pixel, 0 to 256, whose centre has that distance in pixels.
 inline std::uint32_t cobertura(float distancia) {
-    return static_cast<std::uint32_t>(std::clamp(0.5F - distancia, 0.0F, 1.0F) * 256 + 0.5F);
+    return static_cast<std::uint32_t>(std::lround(std::clamp(0.5F - distancia, 0.0F, 1.0F) * 256));
 }
 
 // How many pixels of the same row, this one included, are surely as this one is: all free or all
 // covered. No edge can come nearer than a pixel a step.
 inline std::int32_t iguales(float distancia) {
-    return std::max(static_cast<std::int32_t>(std::abs(distancia) + 0.5F), std::int32_t{1});
+    return std::max(static_cast<std::int32_t>(std::lround(std::abs(distancia))), std::int32_t{1});
 }
 
 // One pixel, 0x00RRGGBB, after `parte` (0 to 256) of it was painted over.
