@@ -32,8 +32,10 @@ ejecutar_finales() {
     exit "$codigo"
 }
 trap ejecutar_finales EXIT
-trap 'exit 130' INT
-trap 'exit 143' TERM HUP
+# Said aloud: a run that ends without its last line should tell who ended it.
+trap 'error "stopped by SIGINT"; exit 130' INT
+trap 'error "stopped by SIGTERM"; exit 143' TERM
+trap 'error "stopped by SIGHUP"; exit 129' HUP
 
 # One run a tree at a time: two would share the build folder and the Wine prefix. What is started
 # in the background must close descriptor 9, or it would keep the lock.

@@ -115,7 +115,7 @@ std::string ArchivosWin::unir(const std::string& carpeta, const std::string& nom
     constexpr const char* BARRAS = "\\/";
     const std::size_t fin = carpeta.find_last_not_of(BARRAS);
     const std::size_t inicio = nombre.find_first_not_of(BARRAS);
-    const std::string resto = inicio == std::string::npos ? "" : nombre.substr(inicio);
+    std::string resto = inicio == std::string::npos ? "" : nombre.substr(inicio);
     if (carpeta.empty()) return resto;
     return carpeta.substr(0, fin == std::string::npos ? 0 : fin + 1) + '\\' + resto;
 }

@@ -17,7 +17,7 @@ public:
     bool validar() override;
 
     std::string texto() const override;
-    void texto(const std::string& texto) override;
+    void texto(const std::string& nuevo) override;
     void colorFondo(Color color) override;
     void longitudMaxima(int caracteres) override;
     bool alInicio() const override;
@@ -39,8 +39,8 @@ private:
     LRESULT atenderMarco(UINT mensaje, WPARAM w, LPARAM l);
     void alNotificar(UINT aviso) override;
     // True: the key is not the box's.
-    bool alTeclear(WPARAM tecla);
-    LRESULT alCaracter(WPARAM unidad, LPARAM l);
+    bool alTeclear(WPARAM virtual_);
+    LRESULT alCaracter(WPARAM w, LPARAM l);
     LRESULT insertar(char32_t caracter, LPARAM l);
     void pegar();
     // The user's text, wherever from: filtered, and no longer than there is room for.

@@ -23,7 +23,7 @@ private:
     LRESULT alRaton(UINT mensaje, WPARAM w, LPARAM l);
     void alNotificar(UINT aviso) override;
     void alElegido();
-    bool alTeclear(WPARAM tecla);
+    bool alTeclear(WPARAM virtual_);
     void alDibujar(const DRAWITEMSTRUCT& pedido);
     void pintar(Lienzo& lienzo, const RECT& zona) override;
     void situarVentana() override;

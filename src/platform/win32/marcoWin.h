@@ -15,7 +15,7 @@ public:
     void pintarSobre(Lienzo& lienzo, const RECT& parte) const;
 
     void colorFondo(Color color) override;
-    void colocar(const Rectangulo& lugar) override;
+    void colocar(const Rectangulo& nuevo) override;
     void mostrar(bool visible) override;
 
 private:

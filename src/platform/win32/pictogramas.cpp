@@ -37,8 +37,8 @@ std::array<Punto, 32> engranaje() {
     std::array<Punto, 32> borde;
     for (std::size_t i = 0; i < borde.size(); ++i) {
         const auto [parte, radio] = PERFIL[i % PERFIL.size()];
-        const float diente = static_cast<float>(i / PERFIL.size());
-        const float angulo = (diente + parte) * std::numbers::pi_v<float> / 4;
+        const std::size_t diente = i / PERFIL.size();
+        const float angulo = (static_cast<float>(diente) + parte) * std::numbers::pi_v<float> / 4;
         borde[i] = {12 + radio * std::sin(angulo), 12 - radio * std::cos(angulo)};
     }
     return borde;

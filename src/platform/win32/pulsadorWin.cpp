@@ -91,13 +91,9 @@ bool PulsadorWin::alTeclear(UINT mensaje, WPARAM tecla, LPARAM detalle) {
     constexpr LPARAM REPETIDA = 1 << 30;
     if (tecla != VK_SPACE && tecla != VK_RETURN) return false;
     const bool baja = mensaje == WM_KEYDOWN, primera = !(detalle & REPETIDA);
-    if (baja && m_repite) {
-        actuarSiPulsable();
-    } else if (baja && primera && tecla == VK_RETURN) {
-        actuarSiPulsable();
-    } else if (!baja && tecla == VK_SPACE && m_tecla && !m_repite) {
-        actuarSiPulsable();
-    }
+    const bool alBajar = m_repite || (primera && tecla == VK_RETURN);
+    const bool alSoltar = tecla == VK_SPACE && m_tecla && !m_repite;
+    if (baja ? alBajar : alSoltar) actuarSiPulsable();
     if (tecla == VK_SPACE && std::exchange(m_tecla, baja) != m_tecla) invalidar();
     return true;
 }
