@@ -54,7 +54,9 @@ public:
     void imprimir(float, float, std::string_view texto, Color) override { benchmark::DoNotOptimize(texto.data()); }
     void caja(const Rectangulo& zona, Color) override { benchmark::DoNotOptimize(zona.x); }
     void poligono(std::span<const Punto> vertices, Color) override { benchmark::DoNotOptimize(vertices.data()); }
-    void desplazar(int) override {}
+    void imprimirEn(const Rectangulo&, float, float, std::string_view, Color) override {}
+    void desplazar(float) override {}
+    float pixel() const override { return TWIPS_POR_PIXEL; }
     void leyenda(std::string_view texto) override { benchmark::DoNotOptimize(texto.data()); }
     void refrescar() override {}
 

@@ -43,6 +43,10 @@ SALIDA="$RAIZ/build/remojo.txt"
 wine "$OBRA/bench/exe/remojo.exe" "$@" </dev/null >"$SALIDA" 2>&1 &
 REMOJO=$!
 al_terminar remojo_parar
-remojo_parar() { kill "$REMOJO" 2>/dev/null; }
+remojo_parar() { [[ -z $REMOJO ]] || kill "$REMOJO" 2>/dev/null; }
 tail -n +1 -F --pid="$REMOJO" "$SALIDA" 2>/dev/null
 wait "$REMOJO"
+CODIGO=$?
+REMOJO= # its number may be another's by now
+((CODIGO <= 2)) || error "the measuring program itself ended with code $CODIGO"
+exit "$CODIGO"

@@ -91,7 +91,7 @@ muestra_iniciar() {
     al_terminar muestra_parar
     # The sixth stays silent: so that is seen too.
     wine "$OBRA/windows/tools/simulador/simulador.exe" --puertos "$puerto-$((puerto + 4))" \
-        --capacidad 6000,60000,1500,50,60000 --division 5,20,0.5,0.005,20 --semilla 7 \
+        --capacidad 6000,9000,1500,50,60000 --division 5,5,0.5,0.005,20 --semilla 7 \
         </dev/null >"$OBRA/simulador.salida" 2>&1 9>&- &
     SIMULADOR=$!
     wine "$OBRA/windows/src/Sorvanel.exe" </dev/null >"$OBRA/sorvanel.salida" 2>&1 9>&- &

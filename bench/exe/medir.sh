@@ -32,6 +32,10 @@ nota "load of the machine before it begins: $(cut -d' ' -f1-3 /proc/loadavg), on
 wine "$OBRA/windows/bench/exe/medir.exe" "$@" </dev/null >"$OBRA/medidas.txt" 2>&1 9>&- &
 MEDIDOR=$!
 al_terminar medidor_parar
-medidor_parar() { kill "$MEDIDOR" 2>/dev/null; }
+medidor_parar() { [[ -z $MEDIDOR ]] || kill "$MEDIDOR" 2>/dev/null; }
 tail -n +1 -F --pid="$MEDIDOR" "$OBRA/medidas.txt" 2>/dev/null 9>&-
 wait "$MEDIDOR"
+CODIGO=$?
+MEDIDOR= # its number may be another's by now
+((CODIGO <= 2)) || error "the measuring program itself ended with code $CODIGO"
+exit "$CODIGO"
