@@ -53,7 +53,7 @@ public:
         m_oyentes.clear();
         m_donde.clear();
         for (const auto& host : m_escucha) {
-            const std::string motivo = escuchar(host, m_oyentes.empty());
+            std::string motivo = escuchar(host, m_oyentes.empty());
             if (motivo.empty()) continue;
             m_oyentes.clear();
             return motivo;
