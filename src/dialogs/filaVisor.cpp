@@ -143,7 +143,7 @@ void FilaVisor::colocar(const Rectangulo& marco, const ColumnasFila& columnas) {
         c.colocar({celda.x + (celda.ancho - celda.alto) / 2, celda.y, celda.alto, celda.alto});
     };
     m_frVis->colocar(marco);
-    poner(*m_lbVis, ColumnasFila::numero);
+    poner(*m_lbVis, ColumnasFila::orden);
     ponerImagen(*m_imPtc, ColumnasFila::protocolo);
     poner(*m_txPort, ColumnasFila::port);
     poner(*m_lbPav, ColumnasFila::marca);

@@ -38,7 +38,7 @@ public:
 // Where the columns stand, twips from the row's left edge: the same for all rows and their headings.
 class ColumnasFila {
 public:
-    enum Columna { numero, protocolo, port, marca, modo, etiqueta, ubicacion, diseno, CUANTAS };
+    enum Columna { orden, protocolo, port, marca, modo, etiqueta, ubicacion, diseno, CUANTAS };
     static constexpr std::array<std::string_view, CUANTAS> TITULOS{"N.º",       "Enlace",   "Port",      "",
                                                                    "Modo bulk", "Etiqueta", "Ubicación", "Diseño"};
 
