@@ -56,7 +56,8 @@ paso "include rules find what is planted" scripts/comprobar-inclusiones.py --pru
 paso "format" formato
 
 titulo "Unit tests, with sanitizers"
-previo "build, native" construir nativo && pruebas "unit tests" nativo -j "$(nproc)"
+previo "build, native" construir nativo &&
+    pruebas_juntas "unit tests" nativo "$OBRA/nativo/tests/unit/pruebas_unidad"
 
 titulo "System tests, the real program"
 previo "build, Windows" construir windows && pruebas_de_sistema
