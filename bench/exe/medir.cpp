@@ -1,5 +1,5 @@
-// medir [--veces N] [arranque] [caudal] [banda] [reconexion]: prints the figures of those parts, or of all. Ends
-// with 0; with 1 when a figure shows a fault or could not be had, with 2 for bad usage.
+// medir [--veces N] [arranque] [caudal] [banda] [reconexion] [herramienta]: prints the figures of those parts, or of
+// all. Ends with 0; with 1 when a figure shows a fault or could not be had, with 2 for bad usage.
 
 #include <cstdio>
 #include <cstdlib>
@@ -23,7 +23,8 @@ struct Parte {
 constexpr Parte PARTES[] = {{"arranque", medirArranque, 7},
                             {"caudal", medirCaudal, 3},
                             {"banda", medirBanda, 2},
-                            {"reconexion", medirReconexion, 5}};
+                            {"reconexion", medirReconexion, 5},
+                            {"herramienta", medirHerramienta, 3}};
 
 bool ejecutar(const Parte& parte, int veces) {
     try {
@@ -35,7 +36,7 @@ bool ejecutar(const Parte& parte, int veces) {
 }
 
 int uso() {
-    std::puts("medir [--veces N] [arranque] [caudal] [banda] [reconexion]");
+    std::puts("medir [--veces N] [arranque] [caudal] [banda] [reconexion] [herramienta]");
     return 2;
 }
 

@@ -8,5 +8,6 @@ bool medirArranque(int veces);
 bool medirCaudal(int veces);
 bool medirBanda(int veces);
 bool medirReconexion(int veces);
+bool medirHerramienta(int veces);
 
 }  // namespace sorvanel::medidas

@@ -98,7 +98,7 @@ std::unique_ptr<Superficie> FormularioWin::crearSuperficie(IdControl id, int ele
     auto superficie = std::make_unique<SuperficieWin>(anfitrion, id, elemento);
     // Directly below the lowest of what must lie above it, else below the buttons and handles.
     const int propia = altura(id, elemento);
-    HWND debajoDe = apilar();
+    HWND debajoDe = masBajo();
     int masBaja = std::numeric_limits<int>::max();
     for (const SuperficieWin* otra : m_superficies) {
         const int suya = altura(GetDlgCtrlID(otra->hwnd()));
@@ -221,9 +221,8 @@ void FormularioWin::ordenarBotones() {
     apilar();
 }
 
-// Buttons first, then handles, from the top: the system's Tab key follows that order too. Answers
-// with the lowest of them, below which the surfaces lie.
-HWND FormularioWin::apilar() const {
+// Buttons first, then handles, from the top: the system's Tab key follows that order too.
+void FormularioWin::apilar() const {
     HWND encima = HWND_TOP;
     const auto poner = [&encima](HWND ventana) {
         SetWindowPos(ventana, encima, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
@@ -231,7 +230,12 @@ HWND FormularioWin::apilar() const {
     };
     for (const BotonWin* boton : m_botones) poner(boton->hwnd());
     for (const AsaWin* asa : m_asas) poner(asa->hwnd());
-    return encima;
+}
+
+// The lowest of the buttons and handles, below which the surfaces lie.
+HWND FormularioWin::masBajo() const {
+    if (!m_asas.empty()) return m_asas.back()->hwnd();
+    return m_botones.empty() ? HWND_TOP : m_botones.back()->hwnd();
 }
 
 void FormularioWin::alCambiarControl() {

@@ -66,7 +66,8 @@ private:
     void cambiarEscala(const Escala& escala);
     bool ponerPuntero() const;
     void ordenarBotones();
-    HWND apilar() const;
+    void apilar() const;
+    HWND masBajo() const;
     void recuperarFoco();
 
     Escala m_escala;

@@ -1,0 +1,106 @@
+// From the click on the tool's button until the displays' dialog stands with its rows: with 64 displays beside with
+// one. And how long a key holds the program up while it edits one of 64.
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "escena.h"
+#include "harness/emisorUDP.h"
+#include "harness/esperar.h"
+#include "harness/ventana.h"
+#include "harness/ventanaHerramienta.h"
+#include "partes.h"
+#include "tabla.h"
+
+namespace sorvanel::medidas {
+namespace {
+
+constexpr int FILAS_A_LA_VISTA = 8;
+constexpr int APERTURAS = 5;  // of each program
+constexpr int TECLAS = 200;
+constexpr UINT PLAZO = 10000;  // milliseconds
+
+void alDia(HWND ventana) {
+    DWORD_PTR respuesta = 0;
+    // Answered only when what was sent and posted before is done, painting too once it is asked for.
+    RedrawWindow(ventana, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    if (SendMessageTimeoutW(ventana, WM_NULL, 0, 0, SMTO_NORMAL, PLAZO, &respuesta) == 0)
+        throw std::runtime_error("the tool does not answer");
+}
+
+class Taller {
+public:
+    explicit Taller(int visores)
+        : m_ultimaFila(visores < FILAS_A_LA_VISTA ? visores : FILAS_A_LA_VISTA),
+          m_programa(ajustes(visores, pruebas::puertosLibres(VISORES), 0, 0)) {
+        arrancarEnMarcha(m_programa);
+        m_programa.pulsar(IdControl::botPau);
+        if (!m_programa.esperarVisible(IdControl::botCfg)) throw std::runtime_error("the program does not pause");
+        m_programa.pulsar(IdControl::botCfg);
+        if (!m_programa.esperarVisible(IdControl::botVisores)) throw std::runtime_error("it does not configure");
+    }
+
+    // Milliseconds until it is there and painted.
+    double abrir() {
+        const double inicio = ahora();
+        m_programa.pulsar(IdControl::botVisores);
+        if (!pruebas::esperar([this] { return pruebas::seVe(m_herramienta.control(IdControl::txPort, m_ultimaFila)); }))
+            throw std::runtime_error("the tool does not open");
+        alDia(m_herramienta.ventana());
+        return (ahora() - inicio) * 1000;
+    }
+
+    void cerrar() {
+        m_programa.pulsar(IdControl::botVisores);
+        if (!m_herramienta.esperarCerrada()) throw std::runtime_error("the tool does not close");
+    }
+
+    // Milliseconds that each key of a caption took until the program was ready for the next.
+    std::vector<double> teclear() {
+        const HWND caja = m_herramienta.control(IdControl::txEtq, 1);
+        pruebas::pulsar(caja);
+        std::vector<double> cada;
+        for (int i = 0; i < TECLAS; ++i) {
+            // Each caption is left again, which saves it.
+            const bool fin = i % 10 == 9;
+            const double inicio = ahora();
+            SendMessageW(caja, fin ? WM_KEYDOWN : WM_CHAR, fin ? VK_RETURN : static_cast<WPARAM>('a' + i % 26), 1);
+            cada.push_back((ahora() - inicio) * 1000);
+            Sleep(5);
+        }
+        return cada;
+    }
+
+private:
+    int m_ultimaFila;
+    pruebas::Programa m_programa;
+    pruebas::VentanaHerramienta m_herramienta{m_programa, IdControl::cfgVisor};
+};
+
+}  // namespace
+
+bool medirHerramienta(int veces) {
+    std::vector<double> conUno, conMuchos, teclas, peores;
+    for (int vuelta = 0; vuelta < veces; ++vuelta) {
+        Taller uno(1);
+        Taller muchos(VISORES);
+        for (int i = 0; i < APERTURAS; ++i) {
+            conUno.push_back(uno.abrir());
+            uno.cerrar();
+            conMuchos.push_back(muchos.abrir());
+            muchos.cerrar();
+        }
+        muchos.abrir();
+        const std::vector<double> cada = muchos.teclear();
+        teclas.push_back(mediana(cada));
+        peores.push_back(mayor(cada));
+    }
+    titulo("The displays' dialog");
+    fila("opening with 64 displays, beside 1", conMuchos, conUno, "ms");
+    fila("a key in it, with 64 displays", teclas, "ms");
+    fila("the slowest of " + std::to_string(TECLAS) + " keys", peores, "ms");
+    return true;
+}
+
+}  // namespace sorvanel::medidas
