@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
 # A long run of the real Sorvanel.exe under Wine, shortened: ten million readings of both families, as fast as it
 # shows them. Fails when it then holds more memory, graphic objects, window objects or handles than after the first
-# minute, when a reading is lost, or when a display shows an old weight in a silence.
+# minute; when one of the 64 displays does not come to say the last value of a lot of a hundred without its being sent
+# again, or the system threw a datagram away (both are counted as lost); or when a display says a weight in a silence.
+# The values before a lot's last one are not looked at.
 #   bench/remojo.sh [--lecturas N] [--minutos N]
 # With --minutos it runs that long instead. What is counted under Wine, which answers 0 where Windows tells:
 #   private, resident   RssAnon + VmSwap, and VmRSS, of the process, as Linux tells them (KiB)

@@ -1,9 +1,7 @@
 #include "escena.h"
 
 #include <algorithm>
-#include <numeric>
 #include <stdexcept>
-#include <vector>
 
 #include "desnudo.h"
 #include "harness/archivo.h"
@@ -71,26 +69,6 @@ void aRitmo(int turnos, double porSegundo, const std::function<void(int)>& turno
     for (int i = 0; i < turnos; ++i) {
         while (ahora() < inicio + i / porSegundo) Sleep(1);
         turno(i);
-    }
-}
-
-std::vector<int> sinMostrar(const Programa& programa, int visores, const std::string& esperado,
-                            const std::function<void()>& repetir) {
-    constexpr double CADA = 0.3, PLAZO = 30;  // seconds
-    std::vector<int> faltan(static_cast<std::size_t>(visores));
-    std::iota(faltan.begin(), faltan.end(), 1);
-    const double fin = ahora() + PLAZO;
-    double siguiente = ahora() + CADA;
-    while (true) {
-        std::erase_if(faltan, [&](int i) {
-            if (ahora() > siguiente) {
-                repetir();
-                siguiente = ahora() + CADA;
-            }
-            return programa.texto(IdControl::picRep, i) == esperado;
-        });
-        if (faltan.empty() || ahora() > fin) return faltan;
-        Sleep(1);
     }
 }
 

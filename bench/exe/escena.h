@@ -5,7 +5,6 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "harness/programa.h"
 #include "observado.h"
@@ -30,10 +29,6 @@ double ahora();
 // Calls `turno` with 0, 1, 2 ... at that rate in each second, without drift; as late as it must, never early.
 void aRitmo(int turnos, double porSegundo, const std::function<void(int)>& turno);
 
-// Which of the displays, the first so many, do not come to say that in time. A display forgets its weight after a
-// second of silence, and asking all of them may take longer: `repetir` must send the last readings once more.
-std::vector<int> sinMostrar(const pruebas::Programa& programa, int visores, const std::string& esperado,
-                            const std::function<void()>& repetir);
 // Starts it and waits until its run button says that it runs.
 void arrancarEnMarcha(pruebas::Programa& programa);
 

@@ -22,7 +22,7 @@ struct Parte {
 
 constexpr Parte PARTES[] = {{"arranque", medirArranque, 7},
                             {"caudal", medirCaudal, 3},
-                            {"banda", medirBanda, 2},
+                            {"banda", medirBanda, 3},
                             {"reconexion", medirReconexion, 5},
                             {"herramienta", medirHerramienta, 3}};
 

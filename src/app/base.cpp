@@ -126,10 +126,7 @@ void base::entrarEnConfiguracion() {
 
 // The order is fixed; a tool that refuses keeps those after it open.
 void base::aceptar() {
-    if (m_cfgContexto->cargado() && !m_cfgContexto->Descargar(false)) return;
-    if (m_cfgVisor->cargado() && !m_cfgVisor->Descargar(false)) return;
-    if (m_modoTamano) unloadCfgSize();
-    if (m_cfgMensaje->cargado() && !m_cfgMensaje->Descargar(false)) return;
+    if (!cerrarHerramientas(false)) return;
     m_montaje.desmontar();
     std::string errores;
     construir(errores);
@@ -146,11 +143,12 @@ void base::cancelar() {
 }
 
 bool base::cerrarHerramientas(bool descartar, const Herramienta* menosEsta) {
+    const auto cerrar = [&](Herramienta& una) {
+        return &una == menosEsta || !una.cargado() || una.Descargar(descartar) || descartar;
+    };
+    if (!cerrar(*m_cfgContexto) || !cerrar(*m_cfgVisor)) return false;
     if (m_modoTamano) unloadCfgSize();
-    for (Herramienta* una : {m_cfgContexto.get(), m_cfgVisor.get(), m_cfgMensaje.get()}) {
-        if (una != menosEsta && una->cargado() && !una->Descargar(descartar) && !descartar) return false;
-    }
-    return true;
+    return cerrar(*m_cfgMensaje);
 }
 
 void base::alternar(Herramienta& pedida) {
@@ -228,8 +226,13 @@ void base::alCambiarMonitores() {
     if (m_estado == Estado::iniciando || m_descargado) return;
     const oScreen pantalla(m_entorno);
     // Between two monitors there may be none for a while: what stands, stands.
-    if (pantalla.numMonitores() == 0 || pantalla.monitor() == m_monitor) return;
-    redisponer();
+    if (pantalla.numMonitores() == 0) return;
+    if (pantalla.monitor() == m_monitor) {
+        // Meanwhile the system may have put the window elsewhere.
+        m_formulario.cubrir(m_monitor);
+    } else {
+        redisponer();
+    }
 }
 
 void base::redisponer() {
@@ -252,7 +255,7 @@ void base::estado(Estado nuevo) {
 }
 
 void base::avisar(const std::string& errores) {
-    if (!errores.empty()) m_entorno.avisos.critico(errores);
+    if (!errores.empty()) m_entorno.avisos.critico(errores.substr(0, errores.find_last_not_of('\n') + 1));
 }
 
 void base::refrescos() {

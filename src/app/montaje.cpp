@@ -67,13 +67,24 @@ void Montaje::vaciar() {
     parrilla.pintarAplicacion();
 }
 
-void Montaje::redisponer() {
-    if (!m_parrilla) {
-        vaciar();
+// Cuts the window to what is seen, also where only the message is there.
+void Montaje::darForma() {
+    if (m_parrilla) {
+        m_parrilla->darForma();
         return;
     }
-    m_parrilla->recargar();
-    m_parrilla->pintarReticula();
+    Parrilla parrilla(m_entorno);
+    parrilla.definir(*m_picRep, *this);
+    parrilla.darForma();
+}
+
+void Montaje::redisponer() {
+    if (m_parrilla) {
+        m_parrilla->recargar();
+        m_parrilla->pintarReticula();
+    } else {
+        vaciar();
+    }
     if (m_visores) m_visores->reubicar();
     if (m_mensaje) m_mensaje->redisponer();
 }
@@ -90,11 +101,11 @@ Rectangulo Montaje::franjaInferior() const {
 void Montaje::acoplar(float alto) {
     const Rectangulo barra = m_barra.lugar();
     m_picMsg->colocar({0, barra.y - alto, barra.ancho, alto});
-    if (m_parrilla) m_parrilla->darForma();
+    darForma();
 }
 
 void Montaje::alMostrarFranja(bool) {
-    if (m_parrilla) m_parrilla->darForma();
+    darForma();
 }
 
 }  // namespace sorvanel

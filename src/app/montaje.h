@@ -55,6 +55,7 @@ private:
     void acoplar(float alto) override;
     void alMostrarFranja(bool visible) override;
     void soltar();
+    void darForma();
 
     const Entorno& m_entorno;
     Formulario& m_formulario;

@@ -1,8 +1,6 @@
 #include "config/almacenPerfil.h"
 
-#include <optional>
 #include <utility>
-#include <vector>
 
 #include "config/perfilINI.h"
 
@@ -86,7 +84,8 @@ void AlmacenPerfil::cambiar(const std::string& ruta, Cambio cambio) {
 
 void AlmacenPerfil::refrescar(const std::string& ruta) {
     Ficha& f = ficha(ruta);
-    if (f.estado == Ficha::Estado::limpia && (f.ilegible || m_archivos.sello(ruta) != f.sello)) {
+    if (f.estado == Ficha::Estado::limpia && ruta != m_escribiendo &&
+        (f.ilegible || m_archivos.sello(ruta) != f.sello)) {
         leerDisco(ruta, f);
     }
 }
@@ -96,6 +95,7 @@ void AlmacenPerfil::alFallar(std::function<void(const std::string& ruta)> aviso)
 }
 
 bool AlmacenPerfil::pendiente() const {
+    if (!m_escribiendo.empty()) return true;
     for (const auto& [ruta, f] : m_fichas) {
         if (f->estado == Ficha::Estado::pendiente) {
             return true;
@@ -105,52 +105,79 @@ bool AlmacenPerfil::pendiente() const {
 }
 
 void AlmacenPerfil::ocio(bool colaVacia) {
-    guardarSi([&](const Ficha& f) {
-        return f.estado == Ficha::Estado::pendiente && (colaVacia || m_reloj.ahora() - f.desde >= RETRASO_MAXIMO);
-    });
+    recoger(m_archivos.terminado());
+    const std::int64_t ahora = m_reloj.ahora();
+    const bool descansado = ahora - m_empezado >= RETRASO_MAXIMO;
+    for (auto& [ruta, f] : m_fichas) {
+        if (!m_escribiendo.empty()) break;
+        const bool toca = (colaVacia && descansado) || ahora - f->desde >= RETRASO_MAXIMO;
+        if (f->estado == Ficha::Estado::pendiente && toca) empezar(ruta, *f);
+    }
+    avisar();
 }
 
 bool AlmacenPerfil::volcar() {
-    return guardarSi([](const Ficha& f) { return f.estado != Ficha::Estado::limpia; });
-}
-
-// The notices come last: whoever is told may use the store again.
-bool AlmacenPerfil::guardarSi(const std::function<bool(const Ficha&)>& toca) {
+    asentar();
     bool bien = true;
-    std::vector<std::string> avisos;
     for (auto& [ruta, f] : m_fichas) {
-        if (!toca(*f) || guardar(ruta, *f)) {
-            continue;
-        }
-        bien = false;
-        if (!f->avisada) {
-            f->avisada = true;
-            avisos.push_back(ruta);
-        }
+        if (f->estado == Ficha::Estado::limpia) continue;
+        anotar(ruta, *f, legible(ruta, *f) && m_archivos.reemplazar(ruta, f->perfil.bytes()));
+        bien = bien && f->estado == Ficha::Estado::limpia;
     }
-    for (const std::string& ruta : avisos) {
-        if (m_aviso) {
-            m_aviso(ruta);
-        }
-    }
+    avisar();
     return bien;
 }
 
-bool AlmacenPerfil::guardar(const std::string& ruta, Ficha& ficha) {
+bool AlmacenPerfil::legible(const std::string& ruta, Ficha& ficha) {
     if (ficha.ilegible) {
         leerDisco(ruta, ficha);
     }
-    if (ficha.ilegible || !m_archivos.reemplazar(ruta, ficha.perfil.bytes())) {
-        ficha.estado = Ficha::Estado::fallida;
-        return false;
+    return !ficha.ilegible;
+}
+
+void AlmacenPerfil::empezar(const std::string& ruta, Ficha& ficha) {
+    if (!legible(ruta, ficha)) {
+        anotar(ruta, ficha, false);
+        return;
     }
-    ficha.sello = m_archivos.sello(ruta);
+    // What is written from now on waits for the next time.
     ficha.estado = Ficha::Estado::limpia;
-    ficha.avisada = false;
-    return true;
+    m_escribiendo = ruta;
+    m_empezado = m_reloj.ahora();
+    m_archivos.reemplazarAparte(ruta, ficha.perfil.bytes());
+    recoger(m_archivos.terminado());
+}
+
+// How the write beside the one thread ended; empty while it has not.
+void AlmacenPerfil::recoger(std::optional<bool> bien) {
+    if (!bien || m_escribiendo.empty()) return;
+    const std::string ruta = std::exchange(m_escribiendo, {});
+    Ficha& f = ficha(ruta);
+    const Ficha::Estado despues = f.estado;
+    anotar(ruta, f, *bien);
+    if (despues == Ficha::Estado::pendiente) f.estado = despues;
+}
+
+void AlmacenPerfil::anotar(const std::string& ruta, Ficha& ficha, bool bien) {
+    if (bien) {
+        ficha.sello = m_archivos.sello(ruta);
+        ficha.estado = Ficha::Estado::limpia;
+        ficha.avisada = false;
+        return;
+    }
+    ficha.estado = Ficha::Estado::fallida;
+    if (!std::exchange(ficha.avisada, true)) m_porAvisar.push_back(ruta);
+}
+
+// Last of all: whoever is told may use the store again.
+void AlmacenPerfil::avisar() {
+    for (const std::string& ruta : std::exchange(m_porAvisar, {})) {
+        if (m_aviso) m_aviso(ruta);
+    }
 }
 
 void AlmacenPerfil::olvidar(const std::string& ruta) {
+    if (m_escribiendo == ruta) asentar();
     m_fichas.erase(ruta);
 }
 

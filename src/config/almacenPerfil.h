@@ -5,8 +5,10 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/archivos.h"
 #include "platform/sistema.h"
@@ -16,9 +18,9 @@ namespace sorvanel {
 class PerfilINI;
 
 // The settings files in memory. A write is seen by every reader at once; the file follows in one
-// replacement, when the program has nothing else to do or 100 ms later at the latest (the program
-// asks through ocio()), and when volcar() is called. So an operation that writes many keys is one
-// replacement of the file, and nobody who types or drags waits for the disk.
+// replacement beside the one thread, when the program has nothing else to do or 100 ms later at the
+// latest (the program asks through ocio()), and when volcar() is called. So an operation that writes
+// many keys is one replacement of the file, and nobody who types or drags waits for the disk.
 class AlmacenPerfil {
 public:
     static constexpr std::int64_t RETRASO_MAXIMO = 100;  // milliseconds
@@ -42,12 +44,15 @@ public:
     // and the values stay in memory, to be tried again at the next write. The notice may call back.
     void alFallar(std::function<void(const std::string& ruta)> aviso);
 
-    // Whether ocio() has something to write. What failed does not count until the next write.
+    // Whether ocio() has something to write or to wait for. What failed does not count until the next write.
     bool pendiente() const;
-    // Called between two messages: writes what is pending if the queue is empty or it is time.
+    // Called between two messages: begins to write what is pending if the queue is empty or it is time, and
+    // takes in how the last write ended. While much is written, one begins each 100 ms.
     void ocio(bool colaVacia);
-    // Writes what is not yet on the disk, also what failed before. False when it failed.
+    // Waits until all is on the disk, also what failed before. False when it failed.
     bool volcar();
+    // Waits for the write that is under way: what is put on the disk afterwards stays.
+    void asentar() { recoger(m_archivos.esperar()); }
     // Forgets what is held of that file, pending writes too: the next reader reads the disk.
     void olvidar(const std::string& ruta);
 
@@ -58,12 +63,18 @@ private:
     Ficha& ficha(const std::string& ruta);
     void leerDisco(const std::string& ruta, Ficha& ficha);
     void cambiar(const std::string& ruta, Cambio cambio);
-    bool guardar(const std::string& ruta, Ficha& ficha);
-    bool guardarSi(const std::function<bool(const Ficha&)>& toca);
+    bool legible(const std::string& ruta, Ficha& ficha);
+    void empezar(const std::string& ruta, Ficha& ficha);
+    void recoger(std::optional<bool> bien);
+    void anotar(const std::string& ruta, Ficha& ficha, bool bien);
+    void avisar();
 
     Archivos& m_archivos;
     const Reloj& m_reloj;
     std::map<std::string, std::unique_ptr<Ficha>> m_fichas;
+    std::string m_escribiendo;  // the path of what is being written beside the one thread; empty for none
+    std::int64_t m_empezado = -RETRASO_MAXIMO;
+    std::vector<std::string> m_porAvisar;
     std::function<void(const std::string&)> m_aviso;
 };
 

@@ -89,6 +89,7 @@ bool comun::hacerCopiaDeINI() const {
 
 bool comun::restaurarCopiaDeINI() const {
     const std::string ini = rutaINI();
+    m_entorno.perfil.asentar();
     const std::optional<std::string> contenido = m_entorno.archivos.leer(rutaCopia());
     if (!contenido || !m_entorno.archivos.reemplazar(ini, *contenido)) {
         return false;

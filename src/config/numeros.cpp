@@ -146,6 +146,14 @@ std::optional<double> leerNumero(std::string_view texto) {
     return std::isfinite(valor) ? std::optional(valor) : std::nullopt;
 }
 
+std::optional<float> leerReal(std::string_view texto) {
+    const std::optional<double> valor = leerNumero(texto);
+    if (!valor || std::abs(*valor) > std::numeric_limits<float>::max()) {
+        return std::nullopt;
+    }
+    return static_cast<float>(*valor);
+}
+
 std::optional<std::int16_t> leerEntero16(std::string_view texto) {
     return aEntero<std::int16_t>(leerNumero(texto));
 }

@@ -11,6 +11,8 @@ namespace sorvanel {
 // separator ("," or "."), an exponent, blanks; all but the digits may be missing.
 
 std::optional<double> leerNumero(std::string_view texto);
+// The same as a float; nothing when it is too large for one.
+std::optional<float> leerReal(std::string_view texto);
 // Rounded to the nearest whole number, halves to even; nothing when it does not fit its type.
 std::optional<std::int16_t> leerEntero16(std::string_view texto);
 std::optional<std::int32_t> leerEntero32(std::string_view texto);

@@ -1,5 +1,6 @@
 #include "dialogs/cfgContexto.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <string>
@@ -368,7 +369,9 @@ void cfgContexto::alCambiarRatio() {
 
 // What the design accepted, which may not be what was typed.
 void cfgContexto::mostrarRatio() {
-    m_c->txRatio->texto(std::to_string(std::lround(m_diseño->ratioAlturas() * 100)));
+    // A file may hold anything; the box has three digits.
+    constexpr float MAYOR = 9.99F;
+    m_c->txRatio->texto(std::to_string(std::lround(std::clamp(m_diseño->ratioAlturas(), 0.0F, MAYOR) * 100)));
 }
 
 void cfgContexto::pintarPrevia() {

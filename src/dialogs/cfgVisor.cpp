@@ -45,6 +45,7 @@ void cfgVisor::montar() {
     m_actual = 0;
     m_conDiseno = 0;
     m_foco.reset();
+    m_vista.reset();
     mesa().montarVisores();
 }
 
@@ -58,6 +59,7 @@ void cfgVisor::crearControles() {
     m_c->botElim = taller().botonTexto(IdControl::botElim, 0, TEXTO_ELIMINAR, "Eliminar el visor elegido");
     m_c->botElim->dibujo(Dibujo::eliminar);
     m_c->botElim->alPulsar([this] { eliminar(); });
+    m_c->botElim->habilitar(false);
     m_c->lbPag = taller().rotulo(IdControl::lbPag, 0, {});
     m_c->lbPag->ajuste(Ajuste::derecha);
     m_c->imSubir = taller().botonImagen(IdControl::imSubir, 0, Dibujo::subir, "Visores anteriores");
@@ -83,21 +85,29 @@ void cfgVisor::alMostrar() {
     m_c->botNvo->enfocar();
 }
 
-Pieza cfgVisor::disposicion(bool conPanel) {
+cfgVisor::Vista cfgVisor::vista() {
+    return {m_conDiseno != 0, hayPavona(), pagina().cuantos() > PaginaVisores::FILAS || pagina().primera() > 1};
+}
+
+// What is seen only at times has room only then.
+Pieza cfgVisor::disposicion(const Vista& vista) {
+    m_vista = vista;
     Rejilla barra;
     barra.estirar(2);
     barra.poner(0, 0, pieza(*m_c->botNvo, taller().botonTexto(TEXTO_NUEVO, true)));
     barra.poner(0, 1, pieza(*m_c->botElim, taller().botonTexto(TEXTO_ELIMINAR, true)));
     barra.poner(0, 2, aLoAncho(pieza(*m_c->lbPag, taller().texto(MUESTRA_PAGINA))));
-    barra.poner(0, 3, pieza(*m_c->imSubir, taller().botonImagen()));
-    barra.poner(0, 4, pieza(*m_c->imBajar, taller().botonImagen()));
+    if (vista.paginas) {
+        barra.poner(0, 3, pieza(*m_c->imSubir, taller().botonImagen()));
+        barra.poner(0, 4, pieza(*m_c->imBajar, taller().botonImagen()));
+    }
     Rejilla izquierda(HUECO, HUECO);
-    izquierda.poner(0, 0, pagina().comoPieza());
+    izquierda.poner(0, 0, pagina().comoPieza(vista.pavona));
     izquierda.poner(1, 0, barra.comoPieza());
-    izquierda.poner(2, 0, m_c->pavona->comoPieza());
+    if (vista.pavona) izquierda.poner(2, 0, m_c->pavona->comoPieza());
     Rejilla todo(HUECO, HUECO);
     todo.poner(0, 0, izquierda.comoPieza());
-    if (conPanel) todo.poner(0, 1, m_c->panel->comoPieza());
+    if (vista.panel) todo.poner(0, 1, m_c->panel->comoPieza());
     return todo.comoPieza();
 }
 
@@ -135,6 +145,15 @@ void cfgVisor::avisar(std::string_view texto) {
     entorno().cola.despues([&avisos = entorno().avisos, texto = std::string(texto)] { avisos.informacion(texto); });
 }
 
+// The row's own port is emptied: what it says now does not matter.
+bool cfgVisor::puedeAlternar(const FilaVisor& fila) {
+    return m_foco == Foco{fila.numero(), CampoVisor::port} || validar();
+}
+
+void cfgVisor::alElegirFila(FilaVisor& fila) {
+    irA(fila.numero());
+}
+
 void cfgVisor::alEnfocar(FilaVisor& fila, CampoVisor campo) {
     m_foco = Foco{fila.numero(), campo};
     seleccionar(fila.numero());
@@ -150,7 +169,7 @@ void cfgVisor::mover(FilaVisor& fila, CampoVisor campo, Tecla tecla) {
 
 void cfgVisor::alCambiarProtocolo(FilaVisor& fila) {
     irA(fila.numero(), CampoVisor::port);
-    m_c->pavona->mostrar(hayPavona());
+    actualizar();
 }
 
 // ---- selection and page ----
@@ -181,8 +200,14 @@ void cfgVisor::irA(std::int16_t n, CampoVisor campo) {
     if (otra) actualizar();
 }
 
+void cfgVisor::irA(std::int16_t n) {
+    const auto foco = campoConFoco();
+    irA(n, foco && foco->campo != CampoVisor::modo ? foco->campo : CampoVisor::port);
+}
+
 void cfgVisor::seleccionar(std::int16_t n) {
     m_actual = n;
+    m_c->botElim->habilitar(true);
     pagina().elegida(n);
     if (m_conDiseno != 0 && m_conDiseno != n) abrirPanel(n);
 }
@@ -193,15 +218,15 @@ void cfgVisor::paginar(std::int16_t paso) {
     const std::int16_t primera = pagina().primera();
     const bool hayMas = paso > 0 ? pagina().ultima() < cuantos : primera > 1;
     if (!hayMas) return;
+    if (!validar()) return;
     const auto foco = campoConFoco();
-    if (foco && !pagina().fila(foco->fila).validar(foco->campo)) return;
     const int tope = std::max(cuantos - PaginaVisores::FILAS + 1, 1);
     pagina().primera(static_cast<std::int16_t>(std::clamp(primera + paso, 1, std::max(tope, int{primera}))));
     pagina().desplegar();
     const std::int16_t destino = std::clamp(m_actual, pagina().primera(), pagina().ultima());
     if (m_actual != 0 && destino != m_actual) {
         // A panel that moves may hide what has the focus.
-        if (foco || m_conDiseno != 0) {
+        if (foco || m_c->panel->tieneFoco()) {
             irA(destino, foco ? foco->campo : CampoVisor::port);
         } else {
             seleccionar(destino);
@@ -213,11 +238,12 @@ void cfgVisor::paginar(std::int16_t paso) {
 void cfgVisor::actualizar() {
     pagina().recoger();
     m_c->lbPag->texto(pagina().texto());
-    const bool varias = pagina().cuantos() > PaginaVisores::FILAS || pagina().primera() > 1;
-    m_c->imSubir->mostrar(varias);
-    m_c->imBajar->mostrar(varias);
-    m_c->pavona->mostrar(hayPavona());
+    const Vista ahora = vista();
+    m_c->imSubir->mostrar(ahora.paginas);
+    m_c->imBajar->mostrar(ahora.paginas);
+    m_c->pavona->mostrar(ahora.pavona);
     ordenarTeclado();
+    if (m_vista && *m_vista != ahora) redisponer();
 }
 
 void cfgVisor::ordenarTeclado() {
@@ -231,7 +257,9 @@ void cfgVisor::ordenarTeclado() {
 
 // ---- making and deleting ----
 
+// The press may have come without the focus: then the field where that is has not been asked.
 void cfgVisor::nuevo() {
+    if (!validar()) return;
     if (mesa().nuevoVisor() == nullptr) {
         avisar(NO_CABEN_MAS);
         return;
@@ -241,7 +269,7 @@ void cfgVisor::nuevo() {
 }
 
 void cfgVisor::eliminar() {
-    if (m_actual == 0) return;
+    if (m_actual == 0 || !validar()) return;
     if (m_conDiseno != 0) {
         avisar(PANEL_ABIERTO);
         return;
@@ -258,6 +286,7 @@ void cfgVisor::eliminar() {
     m_foco.reset();
     pagina().elegida(0);
     m_c->botNvo->enfocar();
+    m_c->botElim->habilitar(false);
     actualizar();
 }
 
@@ -265,9 +294,8 @@ void cfgVisor::eliminar() {
 
 void cfgVisor::alPedirDiseno(FilaVisor& fila) {
     const std::int16_t n = fila.numero();
-    const auto foco = campoConFoco();
     const bool sigueAlFoco = m_conDiseno != 0 && m_conDiseno != n;
-    irA(n, foco && foco->campo != CampoVisor::modo ? foco->campo : CampoVisor::port);
+    irA(n);
     if (!sigueAlFoco) abrirPanel(n);
 }
 
@@ -285,8 +313,7 @@ void cfgVisor::abrirPanel(std::int16_t n) {
 void cfgVisor::cerrarPanel() {
     if (m_conDiseno == 0) return;
     m_c->panel->guardar(*uno(m_conDiseno));
-    // What has the focus may be on the panel, which goes.
-    if (!campoConFoco()) irA(m_conDiseno, CampoVisor::port);
+    if (m_c->panel->tieneFoco()) irA(m_conDiseno, CampoVisor::port);
     m_conDiseno = 0;
     pagina().ensanchada(0);
     m_c->panel->abierto(false);

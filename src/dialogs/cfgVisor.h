@@ -28,13 +28,21 @@ private:
     struct Foco {
         std::int16_t fila;
         CampoVisor campo;
+        bool operator==(const Foco&) const = default;
+    };
+    // What there is room for.
+    struct Vista {
+        bool panel = true;
+        bool pavona = true;
+        bool paginas = true;
+        bool operator==(const Vista&) const = default;
     };
 
     void montar() override;
     void crearControles() override;
     void rellenar() override;
-    Pieza disposicion() override { return disposicion(m_conDiseno != 0); }
-    Pieza disposicionMayor() override { return disposicion(true); }
+    Pieza disposicion() override { return disposicion(vista()); }
+    Pieza disposicionMayor() override { return disposicion(Vista{}); }
     void alMostrar() override;
     bool validar() override;
     void soltar() override;
@@ -42,18 +50,23 @@ private:
     visor& visorDe(const FilaVisor& fila) override;
     bool cabeEnParrilla(const Ubicacion& ubicacion) override;
     void rechazar(std::string_view motivo) override;
+    bool puedeAlternar(const FilaVisor& fila) override;
     void alEnfocar(FilaVisor& fila, CampoVisor campo) override;
+    void alElegirFila(FilaVisor& fila) override;
     void mover(FilaVisor& fila, CampoVisor campo, Tecla tecla) override;
     void alCambiarProtocolo(FilaVisor& fila) override;
     void alPedirDiseno(FilaVisor& fila) override;
 
-    Pieza disposicion(bool conPanel);
+    Vista vista();
+    Pieza disposicion(const Vista& vista);
     PaginaVisores& pagina();
     // The display of that number; null when there is none.
     visor* uno(std::int16_t n) { return mesa().visores().uno(n); }
     bool hayPavona();
 
     void irA(std::int16_t n, CampoVisor campo);
+    // The row's field of the kind that has the focus now.
+    void irA(std::int16_t n);
     void seleccionar(std::int16_t n);
     // The row's field that has the focus now.
     std::optional<Foco> campoConFoco();
@@ -71,6 +84,7 @@ private:
     std::int16_t m_actual = 0;     // the selected display; 0: none
     std::int16_t m_conDiseno = 0;  // the one whose panel is open; 0: closed
     std::optional<Foco> m_foco;    // the row's field that had the focus last
+    std::optional<Vista> m_vista;  // how it is laid out; nothing before the first time
     std::unique_ptr<Controles> m_c;
 };
 

@@ -15,6 +15,14 @@ constexpr const char* HOST_OMISION = "localhost";
 constexpr std::int32_t PORT_OMISION = 9084;
 constexpr int CIFRAS_PORT = 5;
 
+// A name that was pasted may bring some along; with them it is no host's.
+std::string sinBlancos(const std::string& texto) {
+    constexpr const char* BLANCOS = " \t";
+    const auto inicio = texto.find_first_not_of(BLANCOS);
+    if (inicio == std::string::npos) return {};
+    return texto.substr(inicio, texto.find_last_not_of(BLANCOS) - inicio + 1);
+}
+
 }  // namespace
 
 ConexionPavona::ConexionPavona(TallerDialogo& taller, const Entorno& entorno) : m_taller(taller), m_entorno(entorno) {
@@ -23,7 +31,8 @@ ConexionPavona::ConexionPavona(TallerDialogo& taller, const Entorno& entorno) : 
     m_rotuloHost = taller.rotulo("Equipo");
     m_txPavHost = taller.cajaTexto(IdControl::txPavHost, 0, "Equipo de la conexión Pavona",
                                    "Nombre o dirección IP del concentrador");
-    m_txPavHost->alCambiar([this] { comun(m_entorno).abrir(SECCION).escribir("Host", m_txPavHost->texto()); });
+    m_txPavHost->alCambiar(
+        [this] { comun(m_entorno).abrir(SECCION).escribir("Host", sinBlancos(m_txPavHost->texto())); });
     m_rotuloPort = taller.rotulo("Port");
     m_txPavPort = taller.cajaTexto(IdControl::txPavPort, 0, "Port de la conexión Pavona", "Port TCP del concentrador");
     m_txPavPort->longitudMaxima(CIFRAS_PORT);

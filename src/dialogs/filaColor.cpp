@@ -24,11 +24,10 @@ void FilaColor::mostrar(bool visible) {
 }
 
 void FilaColor::elegir() {
-    const Color inicial = colorPintable(m_datos.actual());
-    const Color elegido = m_sistema.elegirColor(inicial);
-    if (elegido == inicial) return;
-    color(elegido);
-    m_datos.alElegir(elegido);
+    const auto elegido = m_sistema.elegirColor(colorPintable(m_datos.actual()));
+    if (!elegido) return;
+    color(*elegido);
+    m_datos.alElegir(*elegido);
 }
 
 Pieza FilaColor::piezaBoton() {

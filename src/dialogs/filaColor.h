@@ -9,7 +9,7 @@
 namespace sorvanel {
 
 // A button with its colour frame beside it. Both open the system's colour choice with the colour that
-// there is now; cancelled, or left as it was, nothing is written.
+// there is now; cancelled, nothing is written.
 class FilaColor {
 public:
     struct Datos {
@@ -20,7 +20,7 @@ public:
         std::string texto;
         // What the choice begins with.
         std::function<Color()> actual;
-        // A colour was chosen; the frame shows it already.
+        // A colour was chosen, be it the one that there was; the frame shows it already.
         std::function<void(Color)> alElegir;
     };
 

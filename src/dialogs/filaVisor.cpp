@@ -1,6 +1,7 @@
 #include "dialogs/filaVisor.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "dialogs/textosVisor.h"
 
@@ -17,11 +18,13 @@ constexpr const char* UBICACION_RECHAZADA = "La ubicación entrada no es correct
 
 // The widest that the boxes usually hold; more can be typed.
 constexpr std::string_view MUESTRA_NUMERO = "#64";
-constexpr std::string_view MUESTRA_PORT = "0000/00";
-constexpr std::string_view MUESTRA_ETIQUETA = "0000000000000000";
+constexpr std::string_view MUESTRA_PORT = "000/00";
+constexpr std::string_view MUESTRA_ETIQUETA = "Báscula de camión";
 constexpr std::string_view MUESTRA_UBICACION = "00,00";
 // The form in which an address is typed.
-constexpr const char* MARCA_PAVONA = "AA/BB";
+constexpr const char* MARCA_PAVONA = "A/B";
+
+constexpr const char* SUGERENCIA_ETIQUETA = "Texto que acompaña al peso";
 
 constexpr float ENTRE_COLUMNAS = aTwips(6);
 constexpr float BORDE_FILA = aTwips(5);
@@ -35,14 +38,18 @@ constexpr Color COLOR_MARCA = rgb(0x5A, 0x65, 0x70);
 
 // ---- columns ----
 
-ColumnasFila::ColumnasFila(const TallerDialogo& taller) : m_altoControl(taller.botonImagen().alto) {
+ColumnasFila::ColumnasFila(const TallerDialogo& taller, bool conMarca) : m_altoControl(taller.botonImagen().alto) {
     m_anchos = {
         taller.texto(MUESTRA_NUMERO).ancho,        taller.botonImagen().ancho, taller.cajaTexto(MUESTRA_PORT).ancho,
         taller.texto(MARCA_PAVONA).ancho,          taller.lista(MODOS).ancho,  taller.cajaTexto(MUESTRA_ETIQUETA).ancho,
         taller.cajaTexto(MUESTRA_UBICACION).ancho, taller.botonImagen().ancho};
+    for (std::size_t i = 0; i < m_anchos.size(); ++i) {
+        if (!TITULOS[i].empty()) m_anchos[i] = std::max(m_anchos[i], taller.texto(TITULOS[i]).ancho);
+    }
+    // As wide as a gap is wide, but negative, a column takes no room.
+    if (!conMarca) m_anchos[etiqueta] += std::exchange(m_anchos[marca], -ENTRE_COLUMNAS) + ENTRE_COLUMNAS;
     float x = BORDE_FILA;
     for (std::size_t i = 0; i < m_anchos.size(); ++i) {
-        m_anchos[i] = std::max(m_anchos[i], taller.texto(TITULOS[i]).ancho);
         m_x[i] = x;
         x += m_anchos[i] + ENTRE_COLUMNAS;
     }
@@ -51,15 +58,17 @@ ColumnasFila::ColumnasFila(const TallerDialogo& taller) : m_altoControl(taller.b
 }
 
 Rectangulo ColumnasFila::lugar(Columna columna, const Rectangulo& fila, float alto) const {
-    return {fila.x + m_x[columna], fila.y + (fila.alto - alto) / 2, m_anchos[columna], alto};
+    return {fila.x + m_x[columna], fila.y + (fila.alto - alto) / 2, std::max(m_anchos[columna], 0.0F), alto};
 }
 
 // ---- making ----
 
 FilaVisor::FilaVisor(TallerDialogo& taller, TablaVisores& tabla, std::int16_t numero)
-    : m_tabla(tabla), m_numero(numero) {
+    : m_taller(taller), m_tabla(tabla), m_numero(numero) {
     m_frVis = taller.marco(IdControl::frVis, numero, "Visor " + std::to_string(numero));
+    m_frVis->alPulsar([this] { m_tabla.alElegirFila(*this); });
     m_lbVis = taller.rotulo(IdControl::lbVis, numero, "#" + std::to_string(numero));
+    m_lbVis->alPulsar([this] { m_tabla.alElegirFila(*this); });
     crearCajas(taller);
     crearImagenes(taller);
     elegida(false);
@@ -70,14 +79,15 @@ FilaVisor::FilaVisor(TallerDialogo& taller, TablaVisores& tabla, std::int16_t nu
 void FilaVisor::crearCajas(TallerDialogo& taller) {
     const std::string visor = "Visor " + std::to_string(m_numero) + ": ";
     m_txPort = taller.cajaTexto(IdControl::txPort, m_numero, visor + "port",
-                                "Port del visor; en la familia Pavona, su dirección AA/BB");
+                                "Port del visor; en la familia Pavona, su dirección A/B, como en 12/3");
     m_txPort->filtro([this](char32_t c) { return filtroPort(c, pavona()); });
     m_lbPav = taller.rotulo(IdControl::lbPav, m_numero, MARCA_PAVONA);
     m_lbPav->colorTexto(COLOR_MARCA);
     m_lstModo = taller.lista(IdControl::lstModo, m_numero, MODOS, visor + "modo bulk",
                              "Qué lectura muestra un visor de la familia Pavona");
-    m_txEtq = taller.cajaTexto(IdControl::txEtq, m_numero, visor + "etiqueta", "Texto que acompaña al peso");
+    m_txEtq = taller.cajaTexto(IdControl::txEtq, m_numero, visor + "etiqueta", SUGERENCIA_ETIQUETA);
     m_txEtq->filtro(filtroEtiqueta);
+    m_txEtq->alCambiar([this] { sugerirEtiqueta(); });
     m_txUbi = taller.cajaTexto(IdControl::txUbi, m_numero, visor + "ubicación",
                                "Fila y columna de la parrilla, como en 2,1; vacía, el visor no se ve");
     m_txUbi->filtro(filtroUbicacion);
@@ -97,7 +107,7 @@ void FilaVisor::unir(CajaTexto& caja, CampoVisor campo) {
 
 void FilaVisor::crearImagenes(TallerDialogo& taller) {
     const std::string visor = "Visor " + std::to_string(m_numero) + ": ";
-    m_imPtc = taller.botonImagen(IdControl::imPtc, m_numero, Dibujo::tessel, visor + "familia de enlace");
+    m_imPtc = taller.botonImagen(IdControl::imPtc, m_numero, Dibujo::tessel, {});
     m_imPtc->alPulsar([this] { alternarProtocolo(); });
     m_imFoco = taller.botonImagen(IdControl::imFoco, m_numero, Dibujo::diseno, visor + "diseño particular");
     m_imFoco->alPulsar([this] { m_tabla.alPedirDiseno(*this); });
@@ -113,13 +123,23 @@ void FilaVisor::rellenar() {
     m_txEtq->texto(v.caption());
     m_txUbi->texto(textoUbicacion(v.ubicacion()));
     mostrarProtocolo();
+    sugerirEtiqueta();
 }
 
 void FilaVisor::mostrarProtocolo() {
+    const std::string nombre = "Visor " + std::to_string(m_numero) + ": familia " + (pavona() ? "Pavona" : "Tessel");
     m_imPtc->dibujo(pavona() ? Dibujo::pavona : Dibujo::tessel);
-    m_imPtc->sugerencia(pavona() ? "Familia Pavona: conexión común. Pulse para pasar a Tessel"
-                                 : "Familia Tessel: port propio. Pulse para pasar a Pavona");
+    m_imPtc->nombre(nombre);
+    m_imPtc->sugerencia(nombre + (pavona() ? ", conexión común. Pulse para pasar a Tessel"
+                                           : ", port propio. Pulse para pasar a Pavona"));
     m_lbPav->mostrar(m_visible && pavona());
+}
+
+// The whole caption where the box cannot show it.
+void FilaVisor::sugerirEtiqueta() {
+    const std::string texto = m_txEtq->texto();
+    const bool cabe = m_anchoEtq <= 0 || m_taller.cajaTexto(texto).ancho <= m_anchoEtq;
+    m_txEtq->sugerencia(cabe ? SUGERENCIA_ETIQUETA : texto);
 }
 
 void FilaVisor::mostrar(bool visible) {
@@ -151,6 +171,8 @@ void FilaVisor::colocar(const Rectangulo& marco, const ColumnasFila& columnas) {
     poner(*m_txEtq, ColumnasFila::etiqueta);
     poner(*m_txUbi, ColumnasFila::ubicacion);
     ponerImagen(*m_imFoco, ColumnasFila::diseno);
+    const float ancho = columnas.lugar(ColumnasFila::etiqueta, marco, columnas.altoControl()).ancho;
+    if (std::exchange(m_anchoEtq, ancho) != ancho) sugerirEtiqueta();
 }
 
 void FilaVisor::elegida(bool si) {
@@ -224,6 +246,7 @@ void FilaVisor::restaurar(CampoVisor campo) {
             break;
         case CampoVisor::etiqueta:
             m_txEtq->texto(v.caption());
+            sugerirEtiqueta();
             break;
         case CampoVisor::ubicacion:
             m_txUbi->texto(textoUbicacion(v.ubicacion()));
@@ -233,6 +256,7 @@ void FilaVisor::restaurar(CampoVisor campo) {
 
 // The number means something else in the other family: it is entered anew.
 void FilaVisor::alternarProtocolo() {
+    if (!m_tabla.puedeAlternar(*this)) return;
     visor& v = visorPropio();
     v.protocolo(static_cast<std::int16_t>(PROTOCOLO_TESSEL + PROTOCOLO_PAVONA - v.protocolo()));
     m_txPort->texto({});

@@ -28,7 +28,12 @@ public:
     // A field was left, or to be left, with something that the display did not take.
     virtual void rechazar(std::string_view motivo) = 0;
 
+    // No, and told why, while another field holds something that its display did not take.
+    virtual bool puedeAlternar(const FilaVisor& fila) = 0;
+
     virtual void alEnfocar(FilaVisor& fila, CampoVisor campo) = 0;
+    // The row was clicked where none of its fields is.
+    virtual void alElegirFila(FilaVisor& fila) = 0;
     // Move to another field or row, once the field is valid.
     virtual void mover(FilaVisor& fila, CampoVisor campo, Tecla tecla) = 0;
     virtual void alCambiarProtocolo(FilaVisor& fila) = 0;
@@ -43,8 +48,9 @@ public:
                                                                    "Modo bulk", "Etiqueta", "Ubicación", "Diseño"};
 
     ColumnasFila() = default;
-    // Measured with the texts that stand in them.
-    explicit ColumnasFila(const TallerDialogo& taller);
+    // Measured with the texts that stand in them. Without the mark of the concentrator's family the
+    // caption has its room too.
+    ColumnasFila(const TallerDialogo& taller, bool conMarca);
 
     float ancho() const { return m_ancho; }
     float alto() const { return m_alto; }  // of one row
@@ -96,6 +102,7 @@ private:
     void restaurar(CampoVisor campo);
     void alternarProtocolo();
     void mostrarProtocolo();
+    void sugerirEtiqueta();
     bool pavona() const { return visorPropio().protocolo() == PROTOCOLO_PAVONA; }
     visor& visorPropio() const { return m_tabla.visorDe(*this); }
 
@@ -104,6 +111,7 @@ private:
     bool validarUbicacion();
     bool rechazar(std::string_view motivo);
 
+    TallerDialogo& m_taller;
     TablaVisores& m_tabla;
     const std::int16_t m_numero;
     bool m_rellena = false;
@@ -115,6 +123,7 @@ private:
     std::unique_ptr<Rotulo> m_lbPav;
     std::unique_ptr<Lista> m_lstModo;
     std::unique_ptr<CajaTexto> m_txEtq;
+    float m_anchoEtq = 0;
     std::unique_ptr<CajaTexto> m_txUbi;
     std::unique_ptr<BotonImagen> m_imFoco;
 };

@@ -89,8 +89,8 @@ std::string PaginaVisores::texto() const {
 
 // ---- layout ----
 
-Pieza PaginaVisores::comoPieza() {
-    m_columnas = ColumnasFila(m_taller);
+Pieza PaginaVisores::comoPieza(bool conMarca) {
+    m_columnas = ColumnasFila(m_taller, conMarca);
     m_altoTitulos = m_taller.texto(ColumnasFila::TITULOS[0]).alto + 2 * ENTRE_FILAS;
     const float alto = m_altoTitulos + static_cast<float>(FILAS) * (m_columnas.alto() + ENTRE_FILAS);
     return {{m_columnas.ancho() + 2 * RELLENO, alto + 2 * RELLENO},

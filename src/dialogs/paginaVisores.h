@@ -50,7 +50,8 @@ public:
     // Which displays are seen, in words.
     std::string texto() const;
 
-    Pieza comoPieza();
+    // With or without the column of the concentrator's mark.
+    Pieza comoPieza(bool conMarca);
     void anadirTeclado(std::vector<Control*>& orden);
 
 private:

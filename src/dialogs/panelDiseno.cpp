@@ -1,5 +1,6 @@
 #include "dialogs/panelDiseno.h"
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <string>
@@ -25,14 +26,14 @@ struct Casilla {
 
 // In the order of the properties.
 constexpr std::array<Casilla, 8> CASILLAS{{
-    {IdControl::ckWid, "Ancho de la etiqueta"},
-    {IdControl::ckAdj, "Ajuste de la etiqueta"},
-    {IdControl::ckTxEt, "Texto de la etiqueta"},
-    {IdControl::ckFdEt, "Fondo de la etiqueta"},
+    {IdControl::ckWid, "Ancho de etiqueta"},
+    {IdControl::ckAdj, "Ajuste de etiqueta"},
+    {IdControl::ckTxEt, "Texto de etiqueta"},
+    {IdControl::ckFdEt, "Fondo de etiqueta"},
     {IdControl::ckTxPe, "Texto del peso"},
     {IdControl::ckFdPe, "Fondo del peso"},
     {IdControl::ckFmt, "Formato del peso"},
-    {IdControl::ckRat, "Altura de la etiqueta (%)"},
+    {IdControl::ckRat, "Altura de etiqueta (%)"},
 }};
 
 struct ColorPropio {
@@ -125,13 +126,15 @@ void PanelDiseno::crearTextos() {
     m_txFmt = m_taller.cajaTexto(IdControl::txFmt, 0, CASILLAS[formato].texto,
                                  "# cifra que puede faltar, 0 cifra que siempre se ve, . separador decimal");
     m_txFmt->alCambiar([this] { cambiar([this](visor& v) { v.formatoPeso(m_txFmt->texto()); }); });
-    m_txRatio = m_taller.cajaTexto(IdControl::txRatio, 0, "Altura de la etiqueta, tanto por ciento de la del peso",
-                                   "De 10 a 100 por ciento de la altura del peso");
+    m_txRatio =
+        m_taller.cajaTexto(IdControl::txRatio, 0, "Altura de la etiqueta, tanto por ciento de la del peso",
+                           "Tanto por ciento de la altura del peso: menos de 10 vale como 10, más de 100 como 100");
     m_txRatio->longitudMaxima(CIFRAS_RATIO);
     m_txRatio->filtro(filtroNumerico);
-    m_txRatio->alCambiar([this] { cambiar([this](visor& v) { v.ratioAlturas(leerRatio(m_txRatio->texto())); }); });
+    m_txRatio->alCambiar([this] { alCambiarRatio(); });
+    // Shows what the display accepted.
     m_txRatio->alValidar([this] {
-        mostrarRatio();
+        if (const visor* const v = m_datos.actual()) mostrarRatio(textoRatioEntero(ratioDe(*v)));
         return true;
     });
 }
@@ -142,13 +145,26 @@ float PanelDiseno::ratioDe(const visor& v) const {
     return v.ratioAlturas().value_or(m_diseño.ratioAlturas());
 }
 
-// Shows what the display accepted.
-void PanelDiseno::mostrarRatio() {
-    if (const visor* const v = m_datos.actual()) m_txRatio->texto(textoRatioEntero(ratioDe(*v)));
+void PanelDiseno::mostrarRatio(std::string texto) {
+    m_txRatio->texto(texto);
+    m_ratioMostrado = std::move(texto);
+}
+
+// While the box is empty, on the way from one number to another, the display keeps what it has.
+void PanelDiseno::alCambiarRatio() {
+    m_ratioMostrado.clear();
+    const auto leido = leerRatio(m_txRatio->texto());
+    if (leido) cambiar([&](visor& v) { v.ratioAlturas(leido); });
+}
+
+// A finer share than the box tells is not rounded by being looked at.
+float PanelDiseno::ratioElegido(const visor& v) const {
+    const std::string texto = m_txRatio->texto();
+    return texto == m_ratioMostrado ? ratioDe(v) : leerRatio(texto).value_or(ratioDe(v));
 }
 
 void PanelDiseno::cargar(std::int16_t numero, const visor& v) {
-    m_titulo->texto("Diseño particular del visor #" + std::to_string(numero));
+    m_titulo->texto("Diseño particular #" + std::to_string(numero));
     casilla(ancho).marcada(v.anchoEtiqueta().has_value());
     m_ancho->valor(v.anchoEtiqueta().value_or(m_diseño.anchoEtiqueta()));
     casilla(ajuste).marcada(v.ajusteEtiqueta().has_value());
@@ -162,7 +178,7 @@ void PanelDiseno::cargar(std::int16_t numero, const visor& v) {
     casilla(formato).marcada(!v.formatoPeso().empty());
     m_txFmt->texto(v.formatoPeso().empty() ? m_diseño.formatoPeso() : v.formatoPeso());
     casilla(ratio).marcada(v.ratioAlturas().has_value());
-    m_txRatio->texto(textoRatio(ratioDe(v), m_entorno.programa.separadorDecimal()));
+    mostrarRatio(textoRatio(ratioDe(v), m_entorno.programa.separadorDecimal()));
     mostrarPropios();
     pintarPrevia();
 }
@@ -179,13 +195,7 @@ void PanelDiseno::guardar(visor& v) const {
     }
     const std::string texto = propio(formato) ? m_txFmt->texto() : std::string();
     if (texto != v.formatoPeso()) v.formatoPeso(texto);
-    // A finer share than the box tells is not rounded by being looked at.
-    const bool igual = v.ratioAlturas() && textoRatioEntero(*v.ratioAlturas()) == m_txRatio->texto();
-    if (!propio(ratio)) {
-        poner(v, &visor::ratioAlturas, &visor::ratioAlturas, std::optional<float>());
-    } else if (!igual) {
-        poner(v, &visor::ratioAlturas, &visor::ratioAlturas, std::optional(leerRatio(m_txRatio->texto())));
-    }
+    poner(v, &visor::ratioAlturas, &visor::ratioAlturas, propio(ratio) ? std::optional(ratioElegido(v)) : std::nullopt);
 }
 
 void PanelDiseno::cambiar(const std::function<void(visor&)>& cambio) {
@@ -230,9 +240,9 @@ void PanelDiseno::mostrarPropios() {
 Pieza PanelDiseno::comoPieza() {
     Rejilla cabecera;
     cabecera.estirar(0);
-    cabecera.poner(0, 0, aLoAncho(pieza(*m_titulo, m_taller.textoGrupo("Diseño particular del visor #64"))));
+    cabecera.poner(0, 0, aLoAncho(pieza(*m_titulo, m_taller.textoGrupo("Diseño particular #64"))));
     cabecera.poner(0, 1, pieza(*m_imDesf, m_taller.botonImagen()));
-    Rejilla filas(HUECO, ENTRE_FILAS);
+    Rejilla filas(SEPARACION, ENTRE_FILAS);
     filas.poner(0, 0, cabecera.comoPieza(), 2);
     for (std::size_t i = 0; i < CUANTAS; ++i) {
         filas.poner(static_cast<int>(i) + 1, 0, pieza(*m_casillas[i], m_taller.casilla(CASILLAS[i].texto)));
@@ -267,6 +277,12 @@ void PanelDiseno::anadirTeclado(std::vector<Control*>& orden) const {
     }
     poner(formato, {m_txFmt.get()});
     poner(ratio, {m_txRatio.get()});
+}
+
+bool PanelDiseno::tieneFoco() const {
+    std::vector<Control*> controles;
+    anadirTeclado(controles);
+    return std::any_of(controles.begin(), controles.end(), [](const Control* c) { return c->tieneFoco(); });
 }
 
 }  // namespace sorvanel

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "dialogs/filaColor.h"
@@ -36,6 +37,8 @@ public:
 
     Pieza comoPieza();
     void anadirTeclado(std::vector<Control*>& orden) const;
+    // Whether the keyboard is somewhere on it.
+    bool tieneFoco() const;
 
 private:
     enum Propiedad { ancho, ajuste, textoEtiqueta, fondoEtiqueta, textoPeso, fondoPeso, formato, ratio, CUANTAS };
@@ -48,8 +51,11 @@ private:
     CasillaMarca& casilla(Propiedad p) const { return *m_casillas[p]; }
     bool propio(Propiedad p) const { return casilla(p).marcada(); }
     void mostrarPropios();
-    void mostrarRatio();
+    void mostrarRatio(std::string texto);
+    void alCambiarRatio();
+    // Its own, or the shared one.
     float ratioDe(const visor& v) const;
+    float ratioElegido(const visor& v) const;
     void cambiar(const std::function<void(visor&)>& cambio);
     void pintarPrevia();
 
@@ -69,6 +75,7 @@ private:
     std::array<std::unique_ptr<FilaColor>, COLORES> m_colores;
     std::unique_ptr<CajaTexto> m_txFmt;
     std::unique_ptr<CajaTexto> m_txRatio;
+    std::string m_ratioMostrado;  // as long as the user leaves it, it stands for the exact ratio
     std::unique_ptr<VistaPrevia> m_previa;
 };
 

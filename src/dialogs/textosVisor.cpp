@@ -13,9 +13,7 @@ namespace {
 constexpr char SEPARADOR_PORT = '/';
 constexpr char SEPARADOR_UBICACION = ',';
 constexpr std::int32_t BASE_DIRECCION = 100;
-constexpr float CIEN = 100;
-// Nearer to a whole number than this, a percentage is one: what stands between comes from rounding.
-constexpr float CASI_ENTERO = 0.001F;
+constexpr double CIEN = 100;
 
 // Also one that fits no type: whoever uses it decides what is too large.
 std::optional<double> leerMitad(std::string_view texto) {
@@ -69,14 +67,15 @@ char32_t filtroUbicacion(char32_t caracter) {
     return filtroNumerico(caracter);
 }
 
+// From the decimals that the ratio is written with: the product of the binary number would show more.
 std::string textoRatio(float ratio, std::string_view separador) {
-    const float porCiento = ratio * CIEN;
-    const float entero = std::round(porCiento);
-    return textoDeReal(std::abs(porCiento - entero) < CASI_ENTERO ? entero : porCiento, separador);
+    const double escrito = leerNumero(textoDeReal(ratio, ".")).value_or(0);
+    return textoDeReal(static_cast<float>(escrito * CIEN), separador);
 }
 
-float leerRatio(std::string_view texto) {
-    return static_cast<float>(leerNumero(texto).value_or(0) / CIEN);
+std::optional<float> leerRatio(std::string_view texto) {
+    const auto porCiento = leerNumero(texto);
+    return porCiento ? std::optional(static_cast<float>(*porCiento / CIEN)) : std::nullopt;
 }
 
 }  // namespace sorvanel

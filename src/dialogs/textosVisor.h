@@ -30,9 +30,9 @@ constexpr char32_t filtroEtiqueta(char32_t caracter) {
     return caracter == U' ' ? U'\u00A0' : caracter;
 }
 
-// Percent, of a whole number without decimals.
+// Percent, with no more decimals than the ratio has.
 std::string textoRatio(float ratio, std::string_view separador);
-// 0 for what is no number.
-float leerRatio(std::string_view texto);
+// Nothing for what is no number, as for an empty box.
+std::optional<float> leerRatio(std::string_view texto);
 
 }  // namespace sorvanel

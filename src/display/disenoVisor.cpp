@@ -28,7 +28,7 @@ diseñoVisor::diseñoVisor(const Entorno& entorno) : m_entorno(entorno) {
     m_colorFondoPeso = color("fondoPeso", "FFFFFF");
     m_colorTextoPeso = color("textoPeso", "000000");
     m_formatoPeso = com.valDflt(ini, "formatoPeso", "####0");
-    m_ratioAlturas = static_cast<float>(leerNumero(ini.leer("ratioAlturas")).value_or(RATIO_OMISION));
+    m_ratioAlturas = leerReal(ini.leer("ratioAlturas")).value_or(RATIO_OMISION);
 }
 
 void diseñoVisor::guardar() const {

@@ -38,11 +38,6 @@ std::optional<Color> leerColor(const AccesorINI& ini, const char* clave) {
     return valor ? std::optional(colorPintable(*valor)) : std::nullopt;
 }
 
-std::optional<float> leerReal(const AccesorINI& ini, const char* clave) {
-    const auto valor = leerNumero(ini.leer(clave));
-    return valor ? std::optional(static_cast<float>(*valor)) : std::nullopt;
-}
-
 template <typename T, typename Texto>
 void escribirPropio(AccesorINI& ini, const char* clave, const std::optional<T>& valor, Texto texto) {
     if (valor) {
@@ -71,7 +66,7 @@ RegistroVisor leerRegistroVisor(const Entorno& entorno, int n) {
     registro.colorTextoEtiqueta = leerColor(ini, "textoEtiqueta");
     registro.colorFondoPeso = leerColor(ini, "fondoPeso");
     registro.colorTextoPeso = leerColor(ini, "textoPeso");
-    registro.ratioAlturas = leerReal(ini, "ratioAlturas");
+    registro.ratioAlturas = leerReal(ini.leer("ratioAlturas"));
     return registro;
 }
 

@@ -32,6 +32,10 @@ visor* Visores::nuevo(std::int32_t port, const std::string& caption) {
     creado->caption(caption);
     creado->protocolo(PROTOCOLO_TESSEL);
     creado->modoBulk(MODO_BULK_OMISION);
+    // The file may go on behind a gap. Those displays are dead, and nobody has seen them: the new one
+    // must not wake them by closing the gap. Without its port the next one stays dead; all else that the
+    // file says of it is kept until that number is given.
+    comun(m_entorno).abrir(seccionVisor(cuantos() + 2)).borrarClave("Port");
     m_visores.push_back(std::move(creado));
     m_visores.back()->guardarComo(cuantos());
     return m_visores.back().get();

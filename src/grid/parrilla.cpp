@@ -130,9 +130,13 @@ void Parrilla::cambiarZona(const Rectangulo& zona) {
 }
 
 void Parrilla::mover(const Rectangulo& zona) {
+    // An edge on the screen's own is told as a sum, which may come out a trifle beyond it.
     const bool dentro = zona.x >= 0 && zona.y >= 0 && zona.ancho >= 0 && zona.alto >= 0 &&
-                        zona.derecha() <= m_pantalla.Width() && zona.abajo() <= m_pantalla.Height();
-    if (dentro && zona != m_zona) cambiarZona(zona);
+                        zona.derecha() <= m_pantalla.Width() + 1 && zona.abajo() <= m_pantalla.Height() + 1;
+    if (!dentro) return;
+    const Rectangulo cabe{zona.x, zona.y, std::min(zona.ancho, m_pantalla.Width() - zona.x),
+                          std::min(zona.alto, m_pantalla.Height() - zona.y)};
+    if (cabe != m_zona) cambiarZona(cabe);
 }
 
 float Parrilla::anchoCelda() const {

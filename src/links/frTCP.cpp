@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "config/comun.h"
+#include "links/pausaVigilancia.h"
 
 namespace sorvanel {
 
@@ -51,9 +52,7 @@ bool frTCP::enMarcha(SuscriptorPeso& visor) {
         // Already while connecting, so that the displays show that there is no data.
         m_tim->habilitado(true);
     }
-    m_suscriptores.push_back({&visor, static_cast<std::int16_t>(visor.port() / 100),
-                              static_cast<std::int16_t>(visor.port() % 100), visor.modoBulk(),
-                              m_entorno.reloj.ahora()});
+    m_suscriptores.push_back({&visor, m_entorno.reloj.ahora()});
     return true;
 }
 
@@ -124,7 +123,8 @@ void frTCP::tic() {
     repartir(nullptr);
     switch (m_estado) {
         case Estado::conectando:
-            if (m_entorno.reloj.ahora() - m_inicioConexion >= ESPERA_CONEXION) conectar();
+            // Asked once a beat, and no beat is exact: the nearest one counts.
+            if (m_entorno.reloj.ahora() - m_inicioConexion >= ESPERA_CONEXION - VIGILANCIA / 2) conectar();
             break;
         case Estado::esperaLinea:
         case Estado::esperaSegundo:
@@ -188,7 +188,12 @@ void frTCP::atender(std::string_view aviso, Estado siguiente, std::string_view r
 }
 
 void frTCP::entregarLineas() {
-    m_tim->habilitado(false);
+    if (repartirLineas()) vigilarSilencios();
+}
+
+// False when the session is no longer there.
+bool frTCP::repartirLineas() {
+    const PausaVigilancia pausa(*m_tim, [this] { return enSesion(); });
     std::size_t inicio = 0;
     while (inicio < m_bufer.size()) {
         const std::size_t fin = m_bufer.find('\r', inicio);
@@ -196,14 +201,13 @@ void frTCP::entregarLineas() {
         const std::string_view linea = std::string_view(m_bufer).substr(inicio, entera ? fin - inicio : fin);
         const bool tomada = entregar(linea);
         // A display may have closed the link, even opened it again: the buffer is gone with it.
-        if (m_estado != Estado::abierta && m_estado != Estado::leyendo) return;
+        if (!enSesion()) return false;
         // What has no end yet is kept, unless it was a whole reading already.
         if (!entera && !tomada) break;
         inicio = entera ? fin + 1 : m_bufer.size();
     }
     m_bufer.erase(0, inicio);
-    m_tim->habilitado(true);
-    vigilarSilencios();
+    return true;
 }
 
 bool frTCP::entregar(std::string_view linea) {

@@ -44,9 +44,6 @@ public:
 private:
     struct Suscripcion {
         SuscriptorPeso* visor;
-        std::int16_t primero;
-        std::int16_t segundo;
-        std::int16_t modoBulk;
         std::int64_t ultimaAceptada;
     };
 
@@ -65,7 +62,9 @@ private:
     void normalizarFinales(std::size_t desde);
     void atender(std::string_view aviso, Estado siguiente, std::string_view respuesta);
     void entregarLineas();
+    bool repartirLineas();
     bool entregar(std::string_view linea);
+    bool enSesion() const { return m_estado == Estado::abierta || m_estado == Estado::leyendo; }
     void avisar(std::size_t& i, const LecturaPavona* lectura);
     void repartir(const LecturaPavona* lectura);
     void vigilarSilencios();

@@ -1,5 +1,7 @@
 #include "links/frWsk.h"
 
+#include "links/pausaVigilancia.h"
+
 namespace sorvanel {
 
 frWsk::frWsk(Fabrica& fabrica, const Reloj& reloj)
@@ -57,14 +59,13 @@ void frWsk::entregarLineas() {
 }
 
 void frWsk::entregar(std::string_view linea) {
-    m_tim->habilitado(false);
+    const PausaVigilancia pausa(*m_tim, [this] { return m_enMarcha; });
     if (m_visor->frWsk_refrescoPeso(linea)) {
         m_ultimaAceptada = m_reloj.ahora();
     } else if (m_reloj.ahora() - m_ultimaAceptada >= PACIENCIA) {
         avisarSilencio();
         m_ultimaAceptada = m_reloj.ahora();
     }
-    if (m_enMarcha) m_tim->habilitado(true);
 }
 
 void frWsk::avisarSilencio() {

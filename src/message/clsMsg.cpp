@@ -89,10 +89,14 @@ void clsMsg::medirTexto() {
     }
 }
 
-void clsMsg::reiniciar() {
+void clsMsg::limpiarFranja() {
     m_franja.colorFondo(m_ajustes.colorFondo);
     m_franja.limpiar();
     m_siguiente = 0;
+}
+
+void clsMsg::reiniciar() {
+    limpiarFranja();
     m_posicion = m_franja.lugar().ancho;
     m_recorrido = 0;
     m_inicio = m_entorno.reloj.ahora();
@@ -129,6 +133,17 @@ void clsMsg::mostrarDeNuevo() {
     }
 }
 
+// The text or a colour is another. What scrolls goes on from where it is, so that whoever types sees it.
+void clsMsg::retocar() {
+    if (!m_tim->habilitado() || m_posicion + m_anchoTexto <= 0) {
+        mostrarDeNuevo();
+        return;
+    }
+    m_tim->habilitado(!m_tramos.empty());
+    limpiarFranja();
+    imprimirEntrantes(0);
+}
+
 void clsMsg::redisponer() {
     aplicarFuente(m_ajustes.fuente);
     medirTexto();
@@ -146,19 +161,19 @@ void clsMsg::texto(const std::string& texto) {
     m_ajustes.texto = texto;
     medirTexto();
     m_franja.leyenda(texto);
-    mostrarDeNuevo();
+    retocar();
     guardar();
 }
 
 void clsMsg::colorFondo(Color color) {
     m_ajustes.colorFondo = colorPintable(color);
-    mostrarDeNuevo();
+    retocar();
     guardar();
 }
 
 void clsMsg::colorTexto(Color color) {
     m_ajustes.colorTexto = colorPintable(color);
-    mostrarDeNuevo();
+    retocar();
     guardar();
 }
 

@@ -57,6 +57,8 @@ private:
     void medirTexto();
     void mostrarFranja();
     void mostrarDeNuevo();
+    void retocar();
+    void limpiarFranja();
     void reiniciar();
     void pintarQuieto();
     float avanceDebido();

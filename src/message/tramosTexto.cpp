@@ -1,8 +1,8 @@
 #include "message/tramosTexto.h"
 
-#include <algorithm>
-#include <array>
-#include <cstdint>
+#include <cstddef>
+
+#include "message/marcasUnicode.h"
 
 namespace sorvanel {
 
@@ -40,33 +40,22 @@ Caracter leerCaracter(std::string_view texto) {
     return {codigo, largo};
 }
 
-// Accents and marks that are drawn on the character before them.
-bool seUneAlAnterior(char32_t c) {
-    struct Rango {
-        char32_t desde;
-        char32_t hasta;
-    };
-    constexpr std::array<Rango, 12> RANGOS{{{0x0300, 0x036F},
-                                            {0x0483, 0x0489},
-                                            {0x0591, 0x05C7},
-                                            {0x064B, 0x065F},
-                                            {0x1AB0, 0x1AFF},
-                                            {0x1DC0, 0x1DFF},
-                                            {0x200C, 0x200D},
-                                            {0x20D0, 0x20FF},
-                                            {0xFE00, 0xFE0F},
-                                            {0xFE20, 0xFE2F},
-                                            {0x1F3FB, 0x1F3FF},
-                                            {0xE0020, 0xE01EF}}};
-    return std::any_of(RANGOS.begin(), RANGOS.end(), [&](const Rango& r) { return c >= r.desde && c <= r.hasta; });
-}
-
 bool esBandera(char32_t c) {
     return c >= 0x1F1E6 && c <= 0x1F1FF;
 }
 
 bool esBlanco(char32_t c) {
     return c == ' ' || c == '\t' || c == 0x3000;
+}
+
+// The first character from there on that is no blank; 0 for none.
+char32_t siguienteLetra(std::string_view texto) {
+    while (!texto.empty()) {
+        const Caracter c = leerCaracter(texto);
+        if (!esBlanco(c.codigo)) return c.codigo;
+        texto.remove_prefix(c.bytes);
+    }
+    return 0;
 }
 
 }  // namespace
@@ -77,13 +66,18 @@ std::vector<std::string_view> cortarEnTramos(std::string_view texto) {
     std::size_t i = 0;
     int caracteres = 0;
     char32_t anterior = 0;
+    char32_t ultimaLetra = 0;
     bool banderaAbierta = false;
     while (i < texto.size()) {
         const Caracter c = leerCaracter(texto.substr(i));
         const bool pareja = esBandera(c.codigo) && banderaAbierta;
         const bool unido = seUneAlAnterior(c.codigo) || anterior == UNION || pareja;
         const bool lleno = caracteres >= CARACTERES_POR_TRAMO || esBlanco(anterior);
-        if (i > inicio && lleno && !unido) {
+        // The system orders the words of such a script among themselves only when it gets them together.
+        const auto frase = [&] {
+            return vaDeDerechaAIzquierda(ultimaLetra) && vaDeDerechaAIzquierda(siguienteLetra(texto.substr(i)));
+        };
+        if (i > inicio && lleno && !unido && !frase()) {
             tramos.push_back(texto.substr(inicio, i - inicio));
             inicio = i;
             caracteres = 0;
@@ -91,6 +85,7 @@ std::vector<std::string_view> cortarEnTramos(std::string_view texto) {
         if (!unido) ++caracteres;
         banderaAbierta = esBandera(c.codigo) && !pareja;
         anterior = c.codigo;
+        if (!unido && !esBlanco(c.codigo)) ultimaLetra = c.codigo;
         i += c.bytes;
     }
     if (i > inicio) tramos.push_back(texto.substr(inicio));

@@ -26,6 +26,13 @@ public:
     // Replaces (or makes) the file in one step: whatever happens meanwhile, the old content or the
     // new one is there, whole and on the disk.
     virtual bool reemplazar(const std::string& ruta, std::string_view contenido) = 0;
+    // The same beside the one thread, which goes on meanwhile; one at a time: the one before must have been
+    // fetched by terminado() or esperar().
+    virtual void reemplazarAparte(const std::string& ruta, std::string contenido) = 0;
+    // How it ended, once; empty while it is under way and when there is none.
+    virtual std::optional<bool> terminado() = 0;
+    // As terminado(), but waits for it.
+    virtual std::optional<bool> esperar() = 0;
     virtual std::optional<SelloArchivo> sello(const std::string& ruta) = 0;
     virtual bool borrar(const std::string& ruta) = 0;
     // True also when the folder was there already.

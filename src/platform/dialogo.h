@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -76,6 +77,7 @@ public:
     virtual int indice() const = 0;       // from 0; -1 for none
     virtual void indice(int indice) = 0;  // alElegir is not told
     virtual void colorFondo(Color color) = 0;
+    // The user chose one, be it the one that was shown.
     virtual void alElegir(std::function<void()> accion) = 0;
     virtual void alPulsarTecla(std::function<bool(Tecla)> accion) = 0;
 };
@@ -127,6 +129,8 @@ public:
 class Marco : public Control {
 public:
     virtual void colorFondo(Color color) = 0;
+    // Told with the press. Without a handler that drags the window.
+    virtual void alPulsar(std::function<void()> accion) = 0;
 };
 
 class OyenteDialogo {
@@ -182,8 +186,8 @@ struct FuenteElegida {
 class DialogosSistema {
 public:
     virtual ~DialogosSistema() = default;
-    // The initial colour when the user cancels.
-    virtual Color elegirColor(Color inicial) = 0;
+    // Nothing when the user cancels; the initial colour can be chosen like any other.
+    virtual std::optional<Color> elegirColor(Color inicial) = 0;
     // False when the user cancels; then nothing is changed.
     virtual bool elegirFuente(FuenteElegida& fuente) = 0;
 };

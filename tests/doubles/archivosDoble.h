@@ -1,11 +1,12 @@
 #pragma once
 
-#include <cstddef>
+#include <functional>
 #include <map>
 #include <optional>
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/archivos.h"
 
@@ -14,50 +15,47 @@ namespace sorvanel {
 // A disk in memory. Paths are joined with '/'.
 class ArchivosDoble : public Archivos {
 public:
-    // What a test may set.
     bool fallarEscritura = false;          // reemplazar() answers false and changes nothing
     bool fallarLectura = false;            // leer() answers empty, also for what is there
     std::set<std::string> rutasQueFallan;  // the same as fallarEscritura, for these alone
+    bool aparteLento = false;              // what is replaced beside the one thread ends when
+                                           // it is waited for
 
-    // What a test may look at.
     int reemplazos = 0;  // successful ones
     int intentos = 0;    // all of them
     int lecturas = 0;
     std::set<std::string> carpetas;
 
-    // Another program writes the file: no replacement is counted, the stamp changes.
+    // Another program writes the file: no replacement is counted, the stamp
+    // changes.
     void poner(const std::string& ruta, std::string contenido) { m_archivos[ruta] = {std::move(contenido), ++m_hora}; }
     void quitar(const std::string& ruta) { m_archivos.erase(ruta); }
-    bool existe(const std::string& ruta) const { return m_archivos.count(ruta) != 0; }
-    // Empty for a missing file.
+    bool existe(const std::string& ruta) const { return m_archivos.contains(ruta); }
     std::string contenido(const std::string& ruta) const {
-        const auto it = m_archivos.find(ruta);
-        return it == m_archivos.end() ? std::string() : it->second.contenido;
+        return existe(ruta) ? m_archivos.at(ruta).contenido : std::string();  // empty for a missing file
     }
-    std::size_t cuantos() const { return m_archivos.size(); }
 
     std::optional<std::string> leer(const std::string& ruta) override {
         ++lecturas;
-        if (fallarLectura || !existe(ruta)) {
-            return std::nullopt;
-        }
-        return contenido(ruta);
+        return fallarLectura || !existe(ruta) ? std::nullopt : std::optional(contenido(ruta));
     }
     bool reemplazar(const std::string& ruta, std::string_view nuevo) override {
         ++intentos;
-        if (fallarEscritura || rutasQueFallan.count(ruta) != 0) {
-            return false;
-        }
+        if (fallarEscritura || rutasQueFallan.contains(ruta)) return false;
         ++reemplazos;
         poner(ruta, std::string(nuevo));
         return true;
     }
+    void reemplazarAparte(const std::string& ruta, std::string nuevo) override {
+        m_aparte = [this, ruta, nuevo = std::move(nuevo)] { return reemplazar(ruta, nuevo); };
+    }
+    std::optional<bool> terminado() override { return aparteLento ? std::nullopt : esperar(); }
+    std::optional<bool> esperar() override {
+        return m_aparte ? std::optional(std::exchange(m_aparte, nullptr)()) : std::nullopt;
+    }
     std::optional<SelloArchivo> sello(const std::string& ruta) override {
-        const auto it = m_archivos.find(ruta);
-        if (it == m_archivos.end()) {
-            return std::nullopt;
-        }
-        return SelloArchivo{it->second.contenido.size(), it->second.hora};
+        if (!existe(ruta)) return std::nullopt;
+        return SelloArchivo{contenido(ruta).size(), m_archivos.at(ruta).hora};
     }
     bool borrar(const std::string& ruta) override { return m_archivos.erase(ruta) != 0; }
     bool crearCarpeta(const std::string& ruta) override {
@@ -75,6 +73,7 @@ private:
     };
     std::map<std::string, Archivo> m_archivos;
     std::uint64_t m_hora = 0;
+    std::function<bool()> m_aparte;
 };
 
 }  // namespace sorvanel

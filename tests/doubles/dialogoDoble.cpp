@@ -2,43 +2,9 @@
 
 #include <algorithm>
 
+#include "config/codificacion.h"
+
 namespace sorvanel {
-
-namespace {
-
-std::u32string deUtf8(std::string_view texto) {
-    std::u32string salida;
-    for (std::size_t i = 0; i < texto.size();) {
-        const auto primero = static_cast<unsigned char>(texto[i]);
-        const std::size_t largo = primero < 0x80U ? 1 : primero < 0xE0U ? 2 : primero < 0xF0U ? 3 : 4;
-        char32_t letra = largo == 1 ? primero : primero & (0xFFU >> (largo + 1));
-        for (std::size_t k = 1; k < largo && i + k < texto.size(); ++k) {
-            letra = letra << 6U | (static_cast<unsigned char>(texto[i + k]) & 0x3FU);
-        }
-        salida += letra;
-        i += largo;
-    }
-    return salida;
-}
-
-std::string aUtf8(const std::u32string& texto) {
-    std::string salida;
-    for (const char32_t c : texto) {
-        if (c < 0x80) {
-            salida += static_cast<char>(c);
-            continue;
-        }
-        const int resto = c < 0x800 ? 1 : c < 0x10000 ? 2 : 3;
-        salida += static_cast<char>((0xFF00U >> static_cast<unsigned>(resto + 1) & 0xFFU) |
-                                    c >> static_cast<unsigned>(6 * resto));
-        for (int k = resto - 1; k >= 0; --k) {
-            salida += static_cast<char>(0x80U | (c >> static_cast<unsigned>(6 * k) & 0x3FU));
-        }
-    }
-    return salida;
-}
-
-}  // namespace
 
 // ---- focus ----
 
@@ -100,14 +66,22 @@ bool ControlComun::irA() {
     return estado->foco == this;
 }
 
+bool ControlComun::usar(bool conFoco, const std::function<bool()>& accion) {
+    const auto estado = m_estado;
+    if (conFoco ? !irA() : !alcanzable()) return false;
+    const bool hecho = accion();
+    estado->asentar();
+    return hecho;
+}
+
 // ---- text box ----
 
 std::string CajaTextoDoble::texto() const {
-    return aUtf8(m_texto);
+    return deWindows1252(m_texto);
 }
 
 void CajaTextoDoble::texto(const std::string& texto) {
-    m_texto = deUtf8(texto);
+    m_texto = aWindows1252(texto);
     m_desde = m_hasta = 0;
 }
 
@@ -116,17 +90,16 @@ void CajaTextoDoble::seleccionarTodo() {
     m_hasta = m_texto.size();
 }
 
-bool CajaTextoDoble::insertar(const std::u32string& texto) {
-    std::u32string pasa;
-    for (const char32_t c : texto) {
-        const char32_t queda = m_filtro ? m_filtro(c) : c;
-        if (queda != 0) pasa += queda;
+bool CajaTextoDoble::insertar(std::string_view octetos) {
+    std::string pasa;
+    for (const char c : octetos) {
+        const char32_t caracter = static_cast<unsigned char>(c);
+        const char32_t queda = m_filtro ? m_filtro(caracter) : caracter;
+        if (queda != 0) pasa += static_cast<char>(queda);
     }
-    if (m_maxima > 0) {
-        const std::size_t quedan = m_texto.size() - (m_hasta - m_desde);
-        pasa.resize(std::min(
-            pasa.size(), static_cast<std::size_t>(m_maxima) - std::min(quedan, static_cast<std::size_t>(m_maxima))));
-    }
+    const std::size_t quedan = m_texto.size() - (m_hasta - m_desde);
+    const auto maxima = static_cast<std::size_t>(m_maxima);
+    if (maxima > 0) pasa.resize(std::min(pasa.size(), maxima - std::min(quedan, maxima)));
     if (pasa.empty()) return false;
     m_texto.replace(m_desde, m_hasta - m_desde, pasa);
     m_desde = m_hasta = m_desde + pasa.size();
@@ -135,29 +108,25 @@ bool CajaTextoDoble::insertar(const std::u32string& texto) {
 }
 
 bool CajaTextoDoble::escribir(std::string_view texto) {
-    const auto estado = m_estado;
-    if (!conFoco() && !irA()) return false;
-    for (const char32_t c : deUtf8(texto)) {
-        if (std::find(estado->creados.begin(), estado->creados.end(), this) == estado->creados.end()) break;
-        insertar({c});
-    }
-    estado->asentar();
-    return true;
+    return usarConFoco([&, estado = m_estado] {
+        for (const char c : aWindows1252(texto)) {
+            if (std::find(estado->creados.begin(), estado->creados.end(), this) == estado->creados.end()) break;
+            insertar({&c, 1});
+        }
+        return true;
+    });
 }
 
 bool CajaTextoDoble::pegar(std::string_view texto) {
-    const auto estado = m_estado;
-    if (!conFoco() && !irA()) return false;
-    insertar(deUtf8(texto));
-    estado->asentar();
-    return true;
+    return usarConFoco([&] {
+        insertar(aWindows1252(texto));
+        return true;
+    });
 }
 
 bool CajaTextoDoble::reescribir(std::string_view texto) {
-    const auto estado = m_estado;
     if (!conFoco() && !irA()) return false;
-    const bool habia = !m_texto.empty();
-    m_texto.clear();
+    const bool habia = !std::exchange(m_texto, {}).empty();
     m_desde = m_hasta = 0;
     if (habia && texto.empty()) avisar(m_alCambiar);
     return texto.empty() || escribir(texto);
@@ -173,13 +142,12 @@ void CajaTextoDoble::mover(Tecla tecla) {
 }
 
 bool CajaTextoDoble::pulsar(Tecla tecla) {
-    const auto estado = m_estado;
-    if (!conFoco() && !irA()) return false;
-    const auto accion = m_alPulsarTecla;
-    const bool tomada = accion && accion(tecla);
-    if (!tomada) mover(tecla);
-    estado->asentar();
-    return tomada;
+    return usarConFoco([&] {
+        const auto accion = m_alPulsarTecla;
+        const bool tomada = accion && accion(tecla);
+        if (!tomada) mover(tecla);
+        return tomada;
+    });
 }
 
 bool CajaTextoDoble::validar() {
@@ -187,98 +155,30 @@ bool CajaTextoDoble::validar() {
     return !accion || accion();
 }
 
-// ---- what is pressed or chosen ----
-
-bool CasillaMarcaDoble::pulsar() {
-    const auto estado = m_estado;
-    if (!irA()) return false;
-    m_marcada = !m_marcada;
-    const bool hecho = avisar(m_alPulsar);
-    estado->asentar();
-    return hecho;
-}
+// ---- list ----
 
 bool ListaDoble::elegir(int indice) {
-    const auto estado = m_estado;
-    if (!irA() || indice < 0 || indice >= static_cast<int>(textos.size())) return false;
-    m_indice = indice;
-    const bool hecho = avisar(m_alElegir);
-    estado->asentar();
-    return hecho;
+    if (!vale(indice)) return false;
+    return usar(true, [&] {
+        m_indice = indice;
+        return avisar(m_alElegir);
+    });
 }
 
 bool ListaDoble::pulsar(Tecla tecla) {
-    const auto estado = m_estado;
-    if (!conFoco() && !irA()) return false;
-    const auto accion = m_alPulsarTecla;
-    const bool tomada = accion && accion(tecla);
-    estado->asentar();
-    return tomada;
-}
-
-bool RotuloDoble::pulsar() {
-    const auto estado = m_estado;
-    const bool hecho = alcanzable() && avisar(m_alPulsar);
-    estado->asentar();
-    return hecho;
-}
-
-bool BotonImagenDoble::pulsar() {
-    const auto estado = m_estado;
-    const bool hecho = alcanzable() && avisar(m_alPulsar);
-    estado->asentar();
-    return hecho;
-}
-
-bool BotonImagenDoble::pulsarConTeclado() {
-    return irA() && pulsar();
-}
-
-bool MarcoColorDoble::pulsar() {
-    const auto estado = m_estado;
-    if (!irA()) return false;
-    const bool hecho = avisar(m_alPulsar);
-    estado->asentar();
-    return hecho;
-}
-
-bool BotonTextoDoble::pulsar() {
-    const auto estado = m_estado;
-    if (!irA()) return false;
-    const bool hecho = avisar(m_alPulsar);
-    estado->asentar();
-    return hecho;
+    return usarConFoco([&] {
+        const auto accion = m_alPulsarTecla;
+        return accion && accion(tecla);
+    });
 }
 
 // ---- window ----
-
-namespace {
-
-// The surface that is handed out takes itself off the list when it goes.
-class SuperficieAnotada : public SuperficieDoble {
-public:
-    SuperficieAnotada(std::shared_ptr<EstadoDialogo> estado, int clave) : m_estado(std::move(estado)), m_clave(clave) {
-        m_estado->superficies[clave] = this;
-    }
-    ~SuperficieAnotada() override { m_estado->superficies.erase(m_clave); }
-
-private:
-    std::shared_ptr<EstadoDialogo> m_estado;
-    int m_clave;
-};
-
-}  // namespace
 
 FormularioDialogoDoble::FormularioDialogoDoble() {
     Fuente fuente;
     fuente.alto = 180;
     m_regla.fuente(fuente);
     m_fondo.fuente(fuente);
-}
-
-SuperficieDoble* FormularioDialogoDoble::superficie(IdControl id, int elemento) {
-    const auto it = m_estado->superficies.find(numero(id, elemento));
-    return it == m_estado->superficies.end() ? nullptr : it->second;
 }
 
 std::vector<ControlComun*> FormularioDialogoDoble::recorrido() const {
@@ -309,39 +209,11 @@ void FormularioDialogoDoble::pedirCierre() {
     estado->asentar();
 }
 
-std::unique_ptr<CajaTexto> FormularioDialogoDoble::crearCajaTexto(IdControl id, int elemento) {
-    return std::make_unique<CajaTextoDoble>(m_estado, numero(id, elemento));
-}
-std::unique_ptr<CasillaMarca> FormularioDialogoDoble::crearCasilla(IdControl id, int elemento) {
-    return std::make_unique<CasillaMarcaDoble>(m_estado, numero(id, elemento));
-}
-std::unique_ptr<Lista> FormularioDialogoDoble::crearLista(IdControl id, int elemento) {
-    return std::make_unique<ListaDoble>(m_estado, numero(id, elemento));
-}
-std::unique_ptr<Rotulo> FormularioDialogoDoble::crearRotulo(IdControl id, int elemento) {
-    return std::make_unique<RotuloDoble>(m_estado, numero(id, elemento));
-}
-std::unique_ptr<BotonImagen> FormularioDialogoDoble::crearBotonImagen(IdControl id, int elemento) {
-    return std::make_unique<BotonImagenDoble>(m_estado, numero(id, elemento));
-}
-std::unique_ptr<MarcoColor> FormularioDialogoDoble::crearMarcoColor(IdControl id, int elemento) {
-    return std::make_unique<MarcoColorDoble>(m_estado, numero(id, elemento));
-}
-std::unique_ptr<BotonTexto> FormularioDialogoDoble::crearBotonTexto(IdControl id, int elemento) {
-    return std::make_unique<BotonTextoDoble>(m_estado, numero(id, elemento));
-}
-std::unique_ptr<Marco> FormularioDialogoDoble::crearMarco(IdControl id, int elemento) {
-    return std::make_unique<MarcoDoble>(m_estado, numero(id, elemento));
-}
-std::unique_ptr<Superficie> FormularioDialogoDoble::crearSuperficie(IdControl id, int elemento) {
-    return std::make_unique<SuperficieAnotada>(m_estado, numero(id, elemento));
-}
+// ---- choices ----
 
-// ---- makers ----
-
-Color DialogosSistemaDoble::elegirColor(Color inicial) {
+std::optional<Color> DialogosSistemaDoble::elegirColor(Color inicial) {
     coloresIniciales.push_back(inicial);
-    if (colores.empty()) return inicial;
+    if (colores.empty()) return std::nullopt;
     const Color elegido = colores.front();
     colores.pop_front();
     return elegido;
@@ -353,32 +225,6 @@ bool DialogosSistemaDoble::elegirFuente(FuenteElegida& fuente) {
     fuente = fuentes.front();
     fuentes.pop_front();
     return true;
-}
-
-FormularioDialogoDoble* FabricaDialogosDoble::dialogo(IdControl id) const {
-    const auto it = m_dialogos->find(numero(id));
-    return it == m_dialogos->end() ? nullptr : it->second;
-}
-
-namespace {
-
-class FormularioAnotado : public FormularioDialogoDoble {
-public:
-    using Registro = std::shared_ptr<std::map<int, FormularioDialogoDoble*>>;
-    FormularioAnotado(Registro registro, int clave) : m_registro(std::move(registro)), m_clave(clave) {
-        (*m_registro)[clave] = this;
-    }
-    ~FormularioAnotado() override { m_registro->erase(m_clave); }
-
-private:
-    Registro m_registro;
-    int m_clave;
-};
-
-}  // namespace
-
-std::unique_ptr<FormularioDialogo> FabricaDialogosDoble::crearDialogo(IdControl id) {
-    return std::make_unique<FormularioAnotado>(m_dialogos, numero(id));
 }
 
 }  // namespace sorvanel

@@ -27,7 +27,6 @@ class ControlComun;
 // What a window and its controls share; it outlives a window that closes itself from a handler.
 struct EstadoDialogo {
     std::map<int, ControlComun*> controles;
-    std::map<int, SuperficieDoble*> superficies;
     std::vector<ControlComun*> creados;  // alive, in the order of making
     std::vector<Control*> orden;
     ControlComun* foco = nullptr;
@@ -82,6 +81,9 @@ protected:
     void fijarActivo(bool si);
     // Calls a copy, since the handler may destroy its control.
     static bool avisar(std::function<void()> accion);
+    // The user does something to it, for which it needs the focus or not.
+    bool usar(bool conFoco, const std::function<bool()>& accion);
+    bool usarConFoco(const std::function<bool()>& accion) { return (conFoco() || irA()) && usar(false, accion); }
 
     std::shared_ptr<EstadoDialogo> m_estado;
     std::function<void()> m_alRecibirFoco;
@@ -140,10 +142,10 @@ protected:
     bool validar() override;
 
 private:
-    bool insertar(const std::u32string& texto);
+    bool insertar(std::string_view octetos);
     void mover(Tecla tecla);
 
-    std::u32string m_texto;
+    std::string m_texto;  // Windows-1252: a byte is a character
     std::size_t m_desde = 0;
     std::size_t m_hasta = 0;
     int m_maxima = 0;  // 0: any
@@ -153,49 +155,82 @@ private:
     std::function<bool()> m_alValidar;
 };
 
-class CasillaMarcaDoble : public ControlDoble<CasillaMarca> {
+// What is pressed. A click leaves the focus where it is, unless the kind takes it; when what the focus
+// has left then takes it back, the press is lost.
+template <typename T, bool TOMA_FOCO = false>
+class PulsableDoble : public ControlDoble<T> {
 public:
-    using ControlDoble::ControlDoble;
+    using ControlDoble<T>::ControlDoble;
+    bool pulsar() {
+        return this->usar(TOMA_FOCO, [this] { return alPulsado(); });
+    }
+    bool pulsarConTeclado() {
+        return this->usar(true, [this] { return alPulsado(); });
+    }
+    // As a screen reader does it: the focus stays, so nothing is asked before.
+    bool pulsarDesdeFuera() {
+        return this->usar(false, [this] { return alPulsado(); });
+    }
+    void alPulsar(std::function<void()> accion) override { m_alPulsar = std::move(accion); }
+
+protected:
+    virtual bool alPulsado() { return ControlComun::avisar(m_alPulsar); }
+
+private:
+    std::function<void()> m_alPulsar;
+};
+
+class CasillaMarcaDoble : public PulsableDoble<CasillaMarca, true> {
+public:
+    using PulsableDoble::PulsableDoble;
     std::string rotulo;
-    bool pulsar();
 
     bool marcada() const override { return m_marcada; }
     void marcada(bool si) override { m_marcada = si; }
     void texto(const std::string& texto) override { rotulo = texto; }
-    void alPulsar(std::function<void()> accion) override { m_alPulsar = std::move(accion); }
+
+protected:
+    bool alPulsado() override {
+        m_marcada = !m_marcada;
+        return PulsableDoble::alPulsado();
+    }
 
 private:
     bool m_marcada = false;
-    std::function<void()> m_alPulsar;
 };
 
 class ListaDoble : public ControlDoble<Lista> {
 public:
     using ControlDoble::ControlDoble;
     std::vector<std::string> textos;
+    // Also the one that is shown already.
     bool elegir(int indice);
     bool pulsar(Tecla tecla);
 
-    void elementos(std::span<const std::string_view> nuevos) override { textos.assign(nuevos.begin(), nuevos.end()); }
+    void elementos(std::span<const std::string_view> nuevos) override {
+        textos.assign(nuevos.begin(), nuevos.end());
+        m_indice = -1;
+    }
     int indice() const override { return m_indice; }
-    void indice(int indice) override { m_indice = indice; }
+    void indice(int indice) override { m_indice = vale(indice) ? indice : -1; }
     void colorFondo(Color color) override { fondo = color; }
     void alElegir(std::function<void()> accion) override { m_alElegir = std::move(accion); }
     void alPulsarTecla(std::function<bool(Tecla)> accion) override { m_alPulsarTecla = std::move(accion); }
 
 private:
+    bool vale(int indice) const { return indice >= 0 && indice < static_cast<int>(textos.size()); }
+
     int m_indice = -1;
     std::function<void()> m_alElegir;
     std::function<bool(Tecla)> m_alPulsarTecla;
 };
 
-class RotuloDoble : public ControlDoble<Rotulo> {
+class RotuloDoble : public PulsableDoble<Rotulo> {
 public:
-    using ControlDoble::ControlDoble;
+    using PulsableDoble::PulsableDoble;
     Fuente letra;
     Color tinta = NEGRO;
     Ajuste comoAjusta = Ajuste::izquierda;
-    bool pulsar();
 
     void texto(const std::string& texto) override { m_texto = texto; }
     std::string texto() const override { return m_texto; }
@@ -203,70 +238,77 @@ public:
     void ajuste(Ajuste ajuste) override { comoAjusta = ajuste; }
     void colorTexto(Color color) override { tinta = color; }
     void colorFondo(Color color) override { fondo = color; }
-    void alPulsar(std::function<void()> accion) override { m_alPulsar = std::move(accion); }
 
 protected:
     bool enfocable() const override { return false; }
 
 private:
     std::string m_texto;
-    std::function<void()> m_alPulsar;
 };
 
-class BotonImagenDoble : public ControlDoble<BotonImagen> {
+class BotonImagenDoble : public PulsableDoble<BotonImagen> {
 public:
-    using ControlDoble::ControlDoble;
+    using PulsableDoble::PulsableDoble;
     Dibujo imagen = Dibujo::ninguno;
     bool repite = false;
-    // The mouse; the focus stays where it is.
-    bool pulsar();
-    bool pulsarConTeclado();
 
     void dibujo(Dibujo dibujo) override { imagen = dibujo; }
-    void alPulsar(std::function<void()> accion) override { m_alPulsar = std::move(accion); }
     void repetir(bool si) override { repite = si; }
-
-private:
-    std::function<void()> m_alPulsar;
 };
 
-class MarcoColorDoble : public ControlDoble<MarcoColor> {
+class MarcoColorDoble : public PulsableDoble<MarcoColor> {
 public:
-    using ControlDoble::ControlDoble;
-    bool pulsar();
+    using PulsableDoble::PulsableDoble;
 
     void color(Color color) override { m_color = color; }
     Color color() const override { return m_color; }
-    void alPulsar(std::function<void()> accion) override { m_alPulsar = std::move(accion); }
 
 private:
     Color m_color = BLANCO;
-    std::function<void()> m_alPulsar;
 };
 
-class BotonTextoDoble : public ControlDoble<BotonTexto> {
+class BotonTextoDoble : public PulsableDoble<BotonTexto, true> {
 public:
-    using ControlDoble::ControlDoble;
+    using PulsableDoble::PulsableDoble;
     std::string rotulo;
     Dibujo imagen = Dibujo::ninguno;
-    // A press takes the focus; when what it left takes it back, the press is lost.
-    bool pulsar();
 
     void texto(const std::string& texto) override { rotulo = texto; }
     void dibujo(Dibujo dibujo) override { imagen = dibujo; }
-    void alPulsar(std::function<void()> accion) override { m_alPulsar = std::move(accion); }
-
-private:
-    std::function<void()> m_alPulsar;
 };
 
-class MarcoDoble : public ControlDoble<Marco> {
+class MarcoDoble : public PulsableDoble<Marco> {
 public:
-    using ControlDoble::ControlDoble;
+    using PulsableDoble::PulsableDoble;
     void colorFondo(Color color) override { fondo = color; }
 
 protected:
     bool enfocable() const override { return false; }
+};
+
+// What was handed out and is still there, by its number.
+template <typename T>
+struct Anotados : std::map<int, T*> {
+    T* uno(int clave) const {
+        const auto it = this->find(clave);
+        return it == this->end() ? nullptr : it->second;
+    }
+};
+template <typename T>
+using Registro = std::shared_ptr<Anotados<T>>;
+
+// Takes itself off the list when it goes.
+template <typename T>
+class Anotado : public T {
+public:
+    Anotado(Registro<T> registro, int clave) : m_registro(std::move(registro)), m_clave(clave) {
+        (*m_registro)[clave] = this;
+    }
+    ~Anotado() override { m_registro->erase(m_clave); }
+
+private:
+    Registro<T> m_registro;
+    int m_clave;
 };
 
 class FormularioDialogoDoble : public FormularioDialogo {
@@ -291,7 +333,7 @@ public:
     BotonTextoDoble* boton(IdControl id, int elemento = 0) { return buscar<BotonTextoDoble>(id, elemento); }
     MarcoDoble* marco(IdControl id, int elemento = 0) { return buscar<MarcoDoble>(id, elemento); }
     ControlComun* control(IdControl id, int elemento = 0) { return buscar<ControlComun>(id, elemento); }
-    SuperficieDoble* superficie(IdControl id, int elemento = 0);
+    SuperficieDoble* superficie(IdControl id, int elemento = 0) { return m_superficies->uno(numero(id, elemento)); }
     // The id (with its element) of what has the focus, 0 for none.
     int foco() const { return m_estado->foco != nullptr ? m_estado->foco->clave() : 0; }
     // Controls alive, and those that the keyboard reaches, in its order.
@@ -316,18 +358,26 @@ public:
     void ocultar() override { visible = false; }
     Superficie& fondo() override { return m_fondo; }
     MedidaTexto medir(std::string_view texto) const override { return m_regla.medir(texto); }
-    std::unique_ptr<CajaTexto> crearCajaTexto(IdControl id, int elemento) override;
-    std::unique_ptr<CasillaMarca> crearCasilla(IdControl id, int elemento) override;
-    std::unique_ptr<Lista> crearLista(IdControl id, int elemento) override;
-    std::unique_ptr<Rotulo> crearRotulo(IdControl id, int elemento) override;
-    std::unique_ptr<BotonImagen> crearBotonImagen(IdControl id, int elemento) override;
-    std::unique_ptr<MarcoColor> crearMarcoColor(IdControl id, int elemento) override;
-    std::unique_ptr<BotonTexto> crearBotonTexto(IdControl id, int elemento) override;
-    std::unique_ptr<Marco> crearMarco(IdControl id, int elemento) override;
-    std::unique_ptr<Superficie> crearSuperficie(IdControl id, int elemento) override;
+    std::unique_ptr<CajaTexto> crearCajaTexto(IdControl id, int n) override { return crear<CajaTextoDoble>(id, n); }
+    std::unique_ptr<CasillaMarca> crearCasilla(IdControl id, int n) override { return crear<CasillaMarcaDoble>(id, n); }
+    std::unique_ptr<Lista> crearLista(IdControl id, int n) override { return crear<ListaDoble>(id, n); }
+    std::unique_ptr<Rotulo> crearRotulo(IdControl id, int n) override { return crear<RotuloDoble>(id, n); }
+    std::unique_ptr<BotonImagen> crearBotonImagen(IdControl id, int n) override {
+        return crear<BotonImagenDoble>(id, n);
+    }
+    std::unique_ptr<MarcoColor> crearMarcoColor(IdControl id, int n) override { return crear<MarcoColorDoble>(id, n); }
+    std::unique_ptr<BotonTexto> crearBotonTexto(IdControl id, int n) override { return crear<BotonTextoDoble>(id, n); }
+    std::unique_ptr<Marco> crearMarco(IdControl id, int n) override { return crear<MarcoDoble>(id, n); }
+    std::unique_ptr<Superficie> crearSuperficie(IdControl id, int n) override {
+        return std::make_unique<Anotado<SuperficieDoble>>(m_superficies, numero(id, n));
+    }
     void ordenTeclado(std::span<Control* const> orden) override { m_estado->orden.assign(orden.begin(), orden.end()); }
 
 private:
+    template <typename T>
+    std::unique_ptr<T> crear(IdControl id, int elemento) {
+        return std::make_unique<T>(m_estado, numero(id, elemento));
+    }
     template <typename T>
     T* buscar(IdControl id, int elemento) {
         const auto it = m_estado->controles.find(numero(id, elemento));
@@ -335,6 +385,7 @@ private:
     }
 
     std::shared_ptr<EstadoDialogo> m_estado = std::make_shared<EstadoDialogo>();
+    Registro<SuperficieDoble> m_superficies = std::make_shared<Anotados<SuperficieDoble>>();
     SuperficieDoble m_fondo;
     SuperficieDoble m_regla;
 };
@@ -347,7 +398,7 @@ public:
     std::vector<Color> coloresIniciales;
     std::vector<FuenteElegida> fuentesIniciales;
 
-    Color elegirColor(Color inicial) override;
+    std::optional<Color> elegirColor(Color inicial) override;
     bool elegirFuente(FuenteElegida& fuente) override;
 };
 
@@ -356,14 +407,15 @@ public:
     DialogosSistemaDoble eleccion;
 
     // Null while that window is not there.
-    FormularioDialogoDoble* dialogo(IdControl id) const;
+    FormularioDialogoDoble* dialogo(IdControl id) const { return m_dialogos->uno(numero(id)); }
 
-    std::unique_ptr<FormularioDialogo> crearDialogo(IdControl id) override;
+    std::unique_ptr<FormularioDialogo> crearDialogo(IdControl id) override {
+        return std::make_unique<Anotado<FormularioDialogoDoble>>(m_dialogos, numero(id));
+    }
     DialogosSistema& sistema() override { return eleccion; }
 
 private:
-    using Registro = std::map<int, FormularioDialogoDoble*>;
-    std::shared_ptr<Registro> m_dialogos = std::make_shared<Registro>();
+    Registro<FormularioDialogoDoble> m_dialogos = std::make_shared<Anotados<FormularioDialogoDoble>>();
 };
 
 }  // namespace sorvanel

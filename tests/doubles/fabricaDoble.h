@@ -1,8 +1,6 @@
 #pragma once
 
-#include <cstdint>
 #include <memory>
-#include <set>
 #include <vector>
 
 #include "doubles/relojDoble.h"
@@ -25,29 +23,18 @@ public:
     RedDoble& red() { return *m_red; }
 
     const std::vector<ZocaloDoble*>& zocalos() const { return m_red->zocalos; }
-    const std::vector<TemporizadorDoble*>& temporizadores() const { return m_reloj.temporizadores(); }
     // The youngest alive; null when there is none.
     ZocaloDoble* ultimoZocalo() const { return zocalos().empty() ? nullptr : zocalos().back(); }
     TemporizadorDoble* ultimoTemporizador() const {
-        return temporizadores().empty() ? nullptr : temporizadores().back();
+        const auto& vivos = m_reloj.temporizadores();
+        return vivos.empty() ? nullptr : vivos.back();
     }
     // The one bound to that port; null when there is none.
     ZocaloDoble* enPuerto(std::int32_t puerto) const {
         for (ZocaloDoble* z : zocalos()) {
-            if (puerto != 0 && z->puerto() == puerto) {
-                return z;
-            }
+            if (puerto != 0 && z->puerto() == puerto) return z;
         }
         return nullptr;
-    }
-    std::set<std::int32_t> puertosEnlazados() const {
-        std::set<std::int32_t> puertos;
-        for (const ZocaloDoble* z : zocalos()) {
-            if (z->puerto() != 0) {
-                puertos.insert(z->puerto());
-            }
-        }
-        return puertos;
     }
 
 private:

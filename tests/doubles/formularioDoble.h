@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <functional>
 #include <map>
 #include <memory>
@@ -19,7 +18,6 @@ public:
     bool visible = false;
     bool activo = true;
     std::string textoRotulo;
-    std::string textoNombre;
     Rectangulo lugar;
     std::function<void()> accion;
 
@@ -28,7 +26,7 @@ public:
     void habilitar(bool si) override { activo = si; }
     void dibujo(Dibujo) override {}
     void rotulo(const std::string& texto) override { textoRotulo = texto; }
-    void nombre(const std::string& texto) override { textoNombre = texto; }
+    void nombre(const std::string&) override {}
     void colorDetras(Color) override {}
     float anchoRotulo(const std::string& texto) const override { return 100.0F * static_cast<float>(texto.size()); }
     void refrescar() override {}
@@ -39,15 +37,15 @@ class AsaDoble : public Asa {
 public:
     bool visible = false;
     Rectangulo lugar;
-    std::string textoNombre;
     OyenteAsa* quienOye = nullptr;
 
     void colocar(const Rectangulo& nuevo) override { lugar = nuevo; }
     void mostrar(bool si) override { visible = si; }
-    void nombre(const std::string& texto) override { textoNombre = texto; }
+    void nombre(const std::string&) override {}
     void oyente(OyenteAsa* oyente) override { quienOye = oyente; }
 
-    // As a hand does it: the handle follows the mouse, which stays where it took it.
+    // As a hand does it: the handle follows the mouse, which stays where it took
+    // it.
     void arrastrar(float dx, float dy) {
         quienOye->alPulsarAsa({100, 100});
         quienOye->alMoverAsa({100 + dx, 100 + dy});
@@ -55,8 +53,7 @@ public:
     }
 };
 
-// A form without a window: it keeps its surfaces and buttons where a test can find them, and plays
-// what the user and the system do to it.
+// A form without a window: it keeps its controls where a test can find them.
 class FormularioDoble : public Formulario {
 public:
     Monitor cubierto;
@@ -91,7 +88,6 @@ public:
     SuperficieDoble* superficie(IdControl id, int elemento = 0) { return buscar(m_superficies, numero(id, elemento)); }
     BotonDoble* boton(IdControl id) { return buscar(m_botones, numero(id)); }
     AsaDoble* asa(IdControl id) { return buscar(m_asas, numero(id)); }
-    std::size_t superficies() const { return m_superficies.size(); }
     // False when the button cannot be seen or does nothing.
     bool pulsar(IdControl id) {
         BotonDoble* b = boton(id);
@@ -122,8 +118,7 @@ private:
     }
     template <typename T>
     static T* buscar(Registro<T>& registro, int clave) {
-        const auto it = registro.find(clave);
-        return it == registro.end() ? nullptr : it->second;
+        return registro.contains(clave) ? registro.at(clave) : nullptr;
     }
 
     Registro<SuperficieDoble> m_superficies;

@@ -23,10 +23,12 @@ public:
     };
 
     std::int64_t ahora() const override { return m_estado->ahora; }
-    // Moves the clock and runs each tick that falls due, in the order of their times (of two at
-    // the same moment, the older timer first); during a tick the clock stands at its time.
+    // Moves the clock and runs each tick that falls due, in the order of their
+    // times (of two at the same moment, the older timer first); during a tick the
+    // clock stands at its time.
     void avanzar(std::int64_t milisegundos);
-    // Moves the clock alone: as when the thread was busy and no tick came through.
+    // Moves the clock alone: as when the thread was busy and no tick came
+    // through.
     void saltar(std::int64_t milisegundos) { m_estado->ahora += milisegundos; }
 
     const std::vector<TemporizadorDoble*>& temporizadores() const { return m_estado->temporizadores; }
@@ -42,8 +44,6 @@ public:
         m_estado->temporizadores.push_back(this);
     }
     ~TemporizadorDoble() override { std::erase(m_estado->temporizadores, this); }
-    TemporizadorDoble(const TemporizadorDoble&) = delete;
-    TemporizadorDoble& operator=(const TemporizadorDoble&) = delete;
 
     void intervalo(int milisegundos) override {
         m_intervalo = std::max(1, milisegundos);
@@ -56,19 +56,13 @@ public:
     bool habilitado() const override { return m_habilitado; }
     void alTic(std::function<void()> accion) override { m_accion = std::move(accion); }
 
-    int intervalo() const { return m_intervalo; }
     std::int64_t vence() const { return m_vence; }
-    // One tick now, as if its time had come. False when it is disabled. The tick may destroy the
-    // timer.
+    // One tick now, as if its time had come. False when it is disabled. The tick
+    // may destroy the timer.
     bool disparar() {
-        if (!m_habilitado) {
-            return false;
-        }
+        if (!m_habilitado) return false;
         empezar();
-        const std::function<void()> accion = m_accion;
-        if (accion) {
-            accion();
-        }
+        if (const auto accion = m_accion) accion();
         return true;
     }
 
@@ -92,9 +86,7 @@ inline void RelojDoble::avanzar(std::int64_t milisegundos) {
                 primero = t;
             }
         }
-        if (primero == nullptr) {
-            break;
-        }
+        if (primero == nullptr) break;
         estado->ahora = std::max(estado->ahora, primero->vence());
         primero->disparar();
     }

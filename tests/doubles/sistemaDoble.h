@@ -30,38 +30,27 @@ public:
 class MonitoresDoble : public SistemaMonitores {
 public:
     std::vector<Monitor> lista{{{0, 0, 1024, 768}, {0, 0, 1024, 728}, true, "\\\\.\\DISPLAY1", 15, 15}};
-    int enumeraciones = 0;
 
-    std::vector<Monitor> enumerar() override {
-        ++enumeraciones;
-        return lista;
-    }
+    std::vector<Monitor> enumerar() override { return lista; }
 };
 
 class CursorDoble : public Cursor {
 public:
     PuntoPixel punto;
-    std::vector<PuntoPixel> movimientos;  // by the program
 
     PuntoPixel posicion() const override { return punto; }
-    void posicion(PuntoPixel nuevo) override {
-        punto = nuevo;
-        movimientos.push_back(nuevo);
-    }
+    void posicion(PuntoPixel nuevo) override { punto = nuevo; }
 };
 
 class AvisosDoble : public Avisos {
 public:
     std::vector<std::string> textos;
-    std::function<void(const std::string&)> alMostrar;  // what happens while the box is open
-
     std::vector<std::string> informaciones;
+    std::function<void(const std::string&)> alMostrar;  // what happens while the box is open
 
     void critico(const std::string& texto) override {
         textos.push_back(texto);
-        if (alMostrar) {
-            alMostrar(texto);
-        }
+        if (alMostrar) alMostrar(texto);
     }
     void informacion(const std::string& texto) override { informaciones.push_back(texto); }
 };
@@ -72,24 +61,14 @@ public:
     void despues(std::function<void()> accion) override { m_acciones.push_back(std::move(accion)); }
 
     std::size_t pendientes() const { return m_acciones.size(); }
-    // False when there was none.
-    bool ejecutarUna() {
-        if (m_acciones.empty()) {
-            return false;
-        }
-        const std::function<void()> accion = std::move(m_acciones.front());
-        m_acciones.pop_front();
-        accion();
-        return true;
-    }
     // All of them, also those posted meanwhile. False when they never end.
     bool ejecutar() {
-        for (int i = 0; i < 10'000; ++i) {
-            if (!ejecutarUna()) {
-                return true;
-            }
+        for (int i = 0; i < 10'000 && !m_acciones.empty(); ++i) {
+            const std::function<void()> accion = std::move(m_acciones.front());
+            m_acciones.pop_front();
+            accion();
         }
-        return false;
+        return m_acciones.empty();
     }
 
 private:
@@ -99,12 +78,7 @@ private:
 class ReposoDoble : public Reposo {
 public:
     bool impedido = false;
-    std::vector<bool> llamadas;
-
-    void impedir(bool si) override {
-        impedido = si;
-        llamadas.push_back(si);
-    }
+    void impedir(bool si) override { impedido = si; }
 };
 
 }  // namespace sorvanel

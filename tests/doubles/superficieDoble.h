@@ -1,21 +1,26 @@
 #pragma once
 
+#include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/superficie.h"
 
 namespace sorvanel {
 
-// A surface that writes each call as a line of text: "caja 0 0 100 50 #FFFFFF". Colours are written as
-// red, green, blue; lengths are twips. Several surfaces may share one log, each with a name in front.
+// A surface that writes each call as a line of text: "caja 0 0 100 50 #FFFFFF".
+// Colours are written as red, green, blue; lengths are twips. Several surfaces
+// may share one log, each with a name in front.
 //
-// Its fonts are simple: of the font's height a digit takes 0.5, "." "," and blanks 0.25, "i" and "l" 0.2,
-// a capital 0.7, any other character 0.6. A line is 1.2 high; ink reaches from 0.25 to 0.95, up to 0.1
-// for what is not ASCII, down to 1.15 for a tail.
+// Its fonts are simple: of the font's height a digit takes 0.5, "." "," and
+// blanks 0.25, "i" and "l" 0.2, a capital 0.7, any other character 0.6. A line
+// is 1.2 high; ink reaches from 0.25 to 0.95, up to 0.1 for what is not ASCII,
+// down to 1.15 for a tail.
 class SuperficieDoble : public Superficie {
 public:
-    explicit SuperficieDoble(std::string nombre = {}, std::vector<std::string>* diario = nullptr);
+    explicit SuperficieDoble(std::string nombre = {}, std::vector<std::string>* diario = nullptr)
+        : m_nombre(std::move(nombre)), m_diario(diario != nullptr ? diario : &m_propio) {}
 
     const std::vector<std::string>& lineas() const { return *m_diario; }
     void olvidar() { m_diario->clear(); }
@@ -30,27 +35,49 @@ public:
     // Nothing is measured any more: every text has size zero.
     void sinFuentes(bool si) { m_sinFuentes = si; }
 
-    void colocar(const Rectangulo& lugar) override;
+    void colocar(const Rectangulo& lugar) override {
+        m_lugar = lugar;
+        anotar("colocar " + enPalabras(lugar));
+    }
     Rectangulo lugar() const override { return m_lugar; }
-    void mostrar(bool visible) override;
+    void mostrar(bool visible) override {
+        m_visible = visible;
+        anotar(visible ? "mostrar" : "ocultar");
+    }
     bool visible() const override { return m_visible; }
     bool hasDC() const override { return m_conDC; }
-    void colorFondo(Color color) override;
+    void colorFondo(Color color) override {
+        m_fondo = color;
+        anotar("colorFondo " + enPalabras(color));
+    }
     Color colorFondo() const override { return m_fondo; }
-    void limpiar() override;
+    void limpiar() override { anotar("limpiar " + enPalabras(m_fondo)); }
     void fuente(const Fuente& fuente) override;
     MedidaTexto medir(std::string_view texto) const override;
-    void imprimir(float x, float y, std::string_view texto, Color color) override;
-    void caja(const Rectangulo& zona, Color color) override;
+    void imprimir(float x, float y, std::string_view texto, Color color) override {
+        anotar("imprimir " + enPalabras({x, y}, texto, color));
+    }
+    void imprimirEn(const Rectangulo& zona, float x, float y, std::string_view texto, Color color) override {
+        anotar("imprimirEn " + enPalabras(zona) + ": " + enPalabras({x, y}, texto, color));
+    }
+    void caja(const Rectangulo& zona, Color color) override {
+        anotar("caja " + enPalabras(zona) + ' ' + enPalabras(color));
+    }
     void poligono(std::span<const Punto> vertices, Color color) override;
-    void imprimirEn(const Rectangulo& zona, float x, float y, std::string_view texto, Color color) override;
-    void desplazar(float twips) override;
+    void desplazar(float twips) override { anotar("desplazar " + numero(twips)); }
     float pixel() const override { return m_pixel; }
-    void leyenda(std::string_view texto) override;
-    void refrescar() override;
+    void leyenda(std::string_view texto) override {
+        m_leyenda = texto;
+        anotar("leyenda \"" + m_leyenda + '"');
+    }
+    void refrescar() override { anotar("refrescar"); }
 
 private:
-    void anotar(const std::string& linea);
+    static std::string numero(float valor);
+    static std::string enPalabras(Color color);
+    static std::string enPalabras(const Rectangulo& r);
+    static std::string enPalabras(Punto lugar, std::string_view texto, Color color);
+    void anotar(const std::string& linea) { m_diario->push_back(m_nombre.empty() ? linea : m_nombre + ": " + linea); }
 
     std::string m_nombre;
     std::vector<std::string> m_propio;
@@ -61,10 +88,7 @@ private:
     std::string m_leyenda;
     int m_fuentesPuestas = 0;
     float m_pixel = TWIPS_POR_PIXEL;
-    bool m_visible = false;
-    bool m_conDC = true;
-    bool m_ajustada = false;
-    bool m_sinFuentes = false;
+    bool m_visible = false, m_conDC = true, m_ajustada = false, m_sinFuentes = false;
 };
 
 }  // namespace sorvanel

@@ -22,24 +22,21 @@ struct RedDoble {
     std::vector<ZocaloDoble*> zocalos;  // alive, in the order they were made
     std::set<std::int32_t> ocupados;    // ports that another program holds
     bool fallarConectar = false;        // conectar() answers false
-    int creados = 0;
 };
 
-// A socket played by the test: it records what is asked of it and tells what the test says.
+// A socket played by the test: it records what is asked of it and tells what
+// the test says.
 class ZocaloDoble : public Zocalo {
 public:
     ZocaloDoble(OyenteZocalo& oyente, std::shared_ptr<RedDoble> red) : m_oyente(oyente), m_red(std::move(red)) {
         m_red->zocalos.push_back(this);
-        ++m_red->creados;
     }
     ~ZocaloDoble() override { std::erase(m_red->zocalos, this); }
-    ZocaloDoble(const ZocaloDoble&) = delete;
-    ZocaloDoble& operator=(const ZocaloDoble&) = delete;
 
-    // "cerrar", "protocolo UDP", "enlazar 3001", "conectar equipo:9084", "enviar REP\r": in order.
+    // "cerrar", "protocolo UDP", "enlazar 3001", "conectar equipo:9084", "enviar
+    // REP\r": in order.
     std::vector<std::string> llamadas;
     std::string enviado;            // all that was sent
-    bool fallarEnvio = false;       // enviar() answers false
     std::size_t lecturaMaxima = 0;  // bytes that one TCP read gives at most; 0: all there is
 
     // ---- what the socket is asked ----
@@ -54,90 +51,67 @@ public:
     bool enlazar(std::int32_t puerto) override {
         llamadas.push_back("enlazar " + std::to_string(puerto));
         soltar();
-        if (puerto < 0 || puerto > 65535 || (puerto != 0 && tomado(puerto))) {
-            return false;
-        }
+        if (puerto < 0 || puerto > 65535 || (puerto != 0 && tomado(puerto))) return false;
         m_puerto = puerto;
-        while (m_puerto == 0 || (puerto == 0 && tomado(m_puerto))) {
-            m_puerto = m_puerto == 0 ? 49152 : m_puerto + 1;
-        }
+        while (m_puerto == 0 || (puerto == 0 && tomado(m_puerto))) m_puerto = m_puerto == 0 ? 49152 : m_puerto + 1;
         return true;
     }
     bool conectar(const std::string& host, std::int32_t puerto) override {
         llamadas.push_back("conectar " + host + ":" + std::to_string(puerto));
         soltar();
-        if (host.empty() || puerto < 1 || puerto > 65535 || m_red->fallarConectar) {
-            return false;
-        }
+        if (host.empty() || puerto < 1 || puerto > 65535 || m_red->fallarConectar) return false;
         m_conectando = true;
         return true;
     }
     bool enviar(std::string_view datos) override {
         llamadas.push_back("enviar " + std::string(datos));
-        if (!m_conectado || fallarEnvio) {
-            return false;
-        }
+        if (!m_conectado) return false;
         enviado += datos;
         return true;
     }
     std::size_t leer(std::string& destino) override {
-        if (m_entrada.empty()) {
-            return 0;
-        }
+        if (m_entrada.empty()) return 0;
         std::string& primero = m_entrada.front();
         const bool aTrozos = m_protocolo == ProtocoloZocalo::TCP && lecturaMaxima != 0;
         const std::size_t n = aTrozos ? std::min(lecturaMaxima, primero.size()) : primero.size();
         destino.append(primero, 0, n);
         primero.erase(0, n);
-        if (primero.empty()) {
-            m_entrada.pop_front();
-        }
+        if (primero.empty()) m_entrada.pop_front();
         return n;
     }
 
     // ---- what the test says; each answers whether the listener was told ----
     // The attempt to connect succeeded.
     bool conectado() {
-        if (!m_conectando) {
-            return false;
-        }
+        if (!m_conectando) return false;
         m_conectando = false;
         m_conectado = true;
         m_oyente.alConectar();
         return true;
     }
-    // Bytes (for UDP, one datagram) arrive; told until they are read or a call reads nothing.
+    // Bytes (for UDP, one datagram) arrive; told until they are read or a call
+    // reads nothing.
     bool llegar(std::string datos) {
-        if (m_puerto == 0 && !m_conectado) {
-            return false;
-        }
+        if (m_puerto == 0 && !m_conectado) return false;
         m_entrada.push_back(std::move(datos));
         const std::weak_ptr<int> vivo = m_vivo;
         std::size_t antes = 0;
         do {
             antes = porLeer();
-            const std::size_t piezas = m_entrada.size();
             m_oyente.alLlegarDatos();
-            if (vivo.expired() || (m_entrada.size() == piezas && porLeer() == antes)) {
-                break;
-            }
-        } while (!m_entrada.empty());
+        } while (!vivo.expired() && !m_entrada.empty() && porLeer() != antes);
         return true;
     }
     // An attempt or a connection failed.
     bool fallar() {
-        if (!abierto()) {
-            return false;
-        }
+        if (!abierto()) return false;
         m_conectando = m_conectado = false;
         m_oyente.alFallar();
         return true;
     }
     // The other side closed.
     bool cerrarse() {
-        if (!m_conectado) {
-            return false;
-        }
+        if (!m_conectado) return false;
         m_conectado = false;
         m_oyente.alCerrarse();
         return true;
@@ -160,16 +134,14 @@ private:
         m_entrada.clear();
     }
     bool tomado(std::int32_t puerto) const {
-        return m_red->ocupados.count(puerto) != 0 ||
+        return m_red->ocupados.contains(puerto) ||
                std::any_of(m_red->zocalos.begin(), m_red->zocalos.end(), [&](const ZocaloDoble* z) {
                    return z != this && z->m_puerto == puerto && z->m_protocolo == m_protocolo;
                });
     }
     std::size_t porLeer() const {
-        std::size_t suma = 0;
-        for (const std::string& pieza : m_entrada) {
-            suma += pieza.size();
-        }
+        std::size_t suma = m_entrada.size();  // an empty datagram is read too
+        for (const std::string& pieza : m_entrada) suma += pieza.size();
         return suma;
     }
 

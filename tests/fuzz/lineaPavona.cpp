@@ -5,7 +5,6 @@
 
 #include <charconv>
 #include <cmath>
-#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
@@ -16,10 +15,9 @@ namespace {
 bool cumple(const std::string& linea, const std::string& patron) {
     if (linea.size() != patron.size()) return false;
     for (std::size_t i = 0; i < patron.size(); ++i) {
-        const std::string clases = patron[i] == '#' ? "0123456789" : patron[i] == 'c' ? "C-" : "D-";
-        const bool libre = patron[i] == '?';
-        const bool fijo = patron[i] == '/' || patron[i] == ' ';
-        if (fijo ? linea[i] != patron[i] : !libre && clases.find(linea[i]) == std::string::npos) return false;
+        const std::string propia(1, patron[i]);
+        const std::string clase = propia == "#" ? "0123456789" : propia == "c" ? "C-" : propia == "d" ? "D-" : propia;
+        if (propia != "?" && clase.find(linea[i]) == std::string::npos) return false;
     }
     return true;
 }
@@ -37,9 +35,8 @@ std::optional<std::int64_t> entero(std::string texto) {
 
 std::string grupo(std::int64_t milesimas) {
     char texto[32];
-    std::snprintf(texto, sizeof texto, "%+09lld", static_cast<long long>(milesimas));
-    const std::string escrito = texto;
-    return escrito.size() > 9 ? "+--------" : escrito;
+    const int largo = std::snprintf(texto, sizeof texto, "%+09lld", static_cast<long long>(milesimas));
+    return largo > 9 ? "+--------" : texto;
 }
 
 std::optional<std::string> oraculo(const std::string& linea) {

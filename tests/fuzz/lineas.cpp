@@ -1,29 +1,16 @@
 // What the network brings, in datagrams of any cut, is handed over in the same lines as if it had
 // come in one piece, and nothing is kept that has no end.
 
-#include <cstdint>
+#include <algorithm>
 #include <cstdlib>
-#include <string>
-#include <vector>
 
 #include "doubles/entornoDoble.h"
+#include "doubles/suscriptorDoble.h"
 #include "links/frWsk.h"
 
 namespace {
 
 using namespace sorvanel;
-
-class Anotador : public SuscriptorPeso {
-public:
-    std::vector<std::string> lineas;
-    std::int32_t port() const override { return 3001; }
-    std::int16_t modoBulk() const override { return 0; }
-    bool frWsk_refrescoPeso(std::string_view linea) override {
-        lineas.emplace_back(linea);
-        return true;
-    }
-    bool mmTCP_refrescoPeso(std::int16_t, std::int16_t, std::string_view) override { return false; }
-};
 
 std::vector<std::string> cortar(const std::string& todo) {
     std::vector<std::string> lineas;
@@ -38,16 +25,15 @@ std::vector<std::string> cortar(const std::string& todo) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t largo) {
     EntornoDoble e;
-    Anotador visor;
+    SuscriptorDoble visor;
     frWsk enlace(e.fabrica, e.reloj);
     if (!enlace.enMarcha(visor)) std::abort();
-    ZocaloDoble& zocalo = *e.fabrica.ultimoZocalo();
     std::string todo;
     // Each datagram's length is the byte before it.
     for (std::size_t i = 0; i < largo;) {
         const std::size_t trozo = std::min<std::size_t>(datos[i] + std::size_t{1}, largo - i - 1);
         const std::string datagrama(reinterpret_cast<const char*>(datos) + i + 1, trozo);
-        zocalo.llegar(datagrama);
+        e.fabrica.ultimoZocalo()->llegar(datagrama);
         todo += datagrama;
         i += trozo + 1;
     }

@@ -2,11 +2,9 @@
 // stays in a state that agrees with its socket and its timer, tells subscribers only, all of them the
 // same, and keeps nothing that has no end.
 
+#include <algorithm>
 #include <array>
-#include <cstdint>
 #include <cstdlib>
-#include <string>
-#include <vector>
 
 #include "doubles/entornoDoble.h"
 #include "links/frTCP.h"
@@ -65,7 +63,7 @@ public:
         while (m_datos != m_fin) {
             for (VisorFuzz& v : m_visores) v.avisos = 0;
             m_cabida = 1;
-            paso(*m_datos++);
+            paso(*m_datos++ % 16);
             comprobar();
         }
         terminar();
@@ -95,74 +93,39 @@ private:
             v.lecturas.clear();
         }
     }
-    void paso(std::uint8_t orden) {
+    std::string octetos(int n) {
+        std::string texto;
+        for (; n > 0 && m_datos != m_fin; --n) texto += static_cast<char>(octeto());
+        return texto;
+    }
+    void paso(int orden) {
         const std::uint8_t cual = octeto();
-        switch (orden % 16) {
-            case 0: {
-                std::string texto;
-                for (int n = cual; n > 0 && m_datos != m_fin; --n) texto += static_cast<char>(octeto());
-                llegar(texto);
-                break;
-            }
-            case 1:
-                llegarCortado("LIN>");
-                break;
-            case 2:
-                llegarCortado("XXX>");
-                break;
-            case 3:
-            case 4:
-                llegarCortado(lectura(++m_leidas) + ((cual & 1U) != 0 ? "\r\n" : "\r"));
-                break;
-            case 5:
-                llegar(std::string(cual * 32U, 'x'));
-                break;
-            case 6:
-                zocalo().conectado();
-                break;
-            case 7:
-                zocalo().fallar();
-                break;
-            case 8:
-                zocalo().cerrarse();
-                break;
-            case 9:
-                m_cabida = 60;
-                m_e.reloj.avanzar(cual * 50);
-                break;
-            case 10:
-                m_e.reloj.saltar(cual * 100);
-                break;
-            case 11:
-                suscribir(m_visores[cual % m_visores.size()]);
-                break;
-            case 12:
-                m_visores[cual % m_visores.size()].cerrarAlOir = true;
-                break;
-            case 13:
-                m_visores[cual % m_visores.size()].toma = (cual & 8U) != 0;
-                break;
-            case 14:
-                m_e.fabrica.red().fallarConectar = (cual & 1U) != 0;
-                break;
-            default:
-                tarde(cual);
-                break;
-        }
+        VisorFuzz& visor = m_visores[cual % m_visores.size()];
+        if (orden == 0) return llegar(octetos(cual));
+        if (orden == 1) return llegarCortado("LIN>");
+        if (orden == 2) return llegarCortado("XXX>");
+        if (orden <= 4) return llegarCortado(lectura(++m_leidas) + ((cual & 1U) != 0 ? "\r\n" : "\r"));
+        if (orden == 5) return llegar(std::string(cual * 32U, 'x'));
+        if (orden == 6) zocalo().conectado();
+        if (orden == 7) zocalo().fallar();
+        if (orden == 8) zocalo().cerrarse();
+        if (orden == 9) avanzar(cual * 50);
+        if (orden == 10) m_e.reloj.saltar(cual * 100);
+        if (orden == 11) suscribir(visor);
+        if (orden == 12) visor.cerrarAlOir = true;
+        if (orden == 13) visor.toma = (cual & 8U) != 0;
+        if (orden == 14) m_e.fabrica.red().fallarConectar = (cual & 1U) != 0;
+        if (orden == 15 && !zocalo().abierto()) tarde(cual % 3);
+    }
+    void avanzar(int milisegundos) {
+        m_cabida = 60;
+        m_e.reloj.avanzar(milisegundos);
     }
     // Messages that were under way when the socket was closed.
-    void tarde(std::uint8_t cual) {
-        if (zocalo().abierto()) return;
-        switch (cual % 3) {
-            case 0:
-                zocalo().oyente().alConectar();
-                break;
-            case 1:
-                zocalo().oyente().alLlegarDatos();
-                break;
-            default:
-                if (m_enlace.estado() == Estado::cerrado) zocalo().oyente().alCerrarse();
-        }
+    void tarde(int cual) {
+        if (cual == 0) return zocalo().oyente().alConectar();
+        if (cual == 1) return zocalo().oyente().alLlegarDatos();
+        if (m_enlace.estado() == Estado::cerrado) zocalo().oyente().alCerrarse();
     }
     bool alguien() const {
         return std::any_of(m_visores.begin(), m_visores.end(), [](const VisorFuzz& v) { return v.suscrito; });

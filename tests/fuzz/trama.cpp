@@ -1,7 +1,6 @@
 // Any bytes as a weight frame: what is accepted means exactly what its characters say.
 #include "display/trama.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <string>

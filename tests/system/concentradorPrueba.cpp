@@ -104,6 +104,30 @@ TEST_F(Pavona, UnaSesionLlegaALaPantalla) {
     EXPECT_TRUE(concentrador->esperarDespedida());
 }
 
+TEST_F(Pavona, PorLaOtraVersionDeIP) {
+    concentrador = std::make_unique<Concentrador>(0, AF_INET6);
+    Configuracion configuracion = visoresPavona({305});
+    programa.escribirINI(con(configuracion, "::1", std::to_string(concentrador->puerto())));
+    programa.arrancar();
+    ASSERT_TRUE(concentrador->abrirSesion());
+    EXPECT_TRUE(leeAlDecir(lineaPavona(305, "--", "12.5"), 1, "12.5"));
+}
+
+// One that takes whoever comes and hangs up at once must not be called in a busy circle.
+TEST_F(Pavona, AQuienCuelgaEnseguidaNoSeLeLlamaSinDescanso) {
+    arrancar(visoresPavona({305}));
+    int llamadas = 0;
+    const ULONGLONG fin = GetTickCount64() + 2500;
+    while (GetTickCount64() < fin)
+        if (concentrador->tomarCliente(100)) {
+            ++llamadas;
+            concentrador->despedir();
+        }
+    EXPECT_GE(llamadas, 3);
+    EXPECT_LE(llamadas, 40) << "some ten a second";
+    EXPECT_TRUE(lee(1, SIN_DATOS));
+}
+
 TEST_F(Pavona, LasMarcasDeCargaYDescarga) {
     arrancarYAbrir({305});
     const HWND visor = programa.control(IdControl::picRep, 1);

@@ -3,50 +3,16 @@
 
 #include <gmock/gmock.h>
 
-#include "harness/configuracion.h"
-#include "harness/emisorUDP.h"
-#include "harness/esperar.h"
+#include "configurar.h"
 #include "harness/fotografia.h"
-#include "harness/programa.h"
 #include "harness/trama.h"
 #include "harness/ventana.h"
-#include "harness/ventanaHerramienta.h"
 
 namespace sorvanel::pruebas {
 namespace {
 
 using testing::HasSubstr;
 using testing::Not;
-
-class Configurar : public testing::Test {
-protected:
-    // Starts with that file and goes into configuration.
-    void configurar(const std::string& ini) {
-        original = ini;
-        programa.escribirINI(ini);
-        programa.arrancar();
-        ASSERT_TRUE(programa.esperarVisible(IdControl::botPau));
-        programa.pulsar(IdControl::botPau);
-        ASSERT_TRUE(programa.esperarVisible(IdControl::botCfg));
-        programa.pulsar(IdControl::botCfg);
-        ASSERT_TRUE(programa.esperarVisible(IdControl::botOk));
-    }
-    bool esperarINI(const std::string& trozo) {
-        return esperar([&] { return programa.leerINI().find(trozo) != std::string::npos; });
-    }
-    bool abrir(IdControl boton, const VentanaHerramienta& herramienta) {
-        programa.pulsar(boton);
-        return herramienta.esperarAbierta();
-    }
-
-    int puerto = puertosLibres(2);
-    std::string dosVisores = Configuracion().reticula(2, 1).visor(puerto, 1, 1).visor(puerto + 1, 2, 1);
-    std::string original;
-    Programa programa;
-    VentanaHerramienta visores{programa, IdControl::cfgVisor};
-    VentanaHerramienta contexto{programa, IdControl::cfgContexto};
-    VentanaHerramienta mensaje{programa, IdControl::cfgMensaje};
-};
 
 // From nothing to a live weight, as someone does who has never seen the program.
 TEST_F(Configurar, DeLaNadaAUnPesoVivo) {
@@ -134,11 +100,14 @@ TEST_F(Configurar, NuevoYEliminarRenumeranElArchivoYLaPantalla) {
 TEST_F(Configurar, ElDisenoDeLaParrillaSeVeYSeGuardaEnseguida) {
     configurar(dosVisores);
     ASSERT_TRUE(abrir(IdControl::botDise, contexto));
-    for (const char* filas : {"3", "4", "5"}) {
-        contexto.pulsar(IdControl::imRwP);
-        ASSERT_TRUE(contexto.esperarTexto(IdControl::lbRow, 0, filas));
-    }
-    EXPECT_TRUE(esperarINI("FilasColumnas=5x1"));
+    contexto.pulsar(IdControl::imRwP);
+    ASSERT_TRUE(contexto.esperarTexto(IdControl::lbRow, 0, "3"));
+    EXPECT_TRUE(esperarINI("FilasColumnas=3x1"));
+    // Held, it goes on to the end.
+    PostMessageW(contexto.control(IdControl::imRwP), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(3, 3));
+    EXPECT_TRUE(contexto.esperarTexto(IdControl::lbRow, 0, "8"));
+    PostMessageW(contexto.control(IdControl::imRwP), WM_LBUTTONUP, 0, MAKELPARAM(3, 3));
+    EXPECT_TRUE(esperarINI("FilasColumnas=8x1"));
     contexto.pulsar(IdControl::imGrVM);
     EXPECT_TRUE(esperarINI("gruesoVertical=3"));
     contexto.escribir(IdControl::txRatio, 0, "4x5");

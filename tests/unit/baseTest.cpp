@@ -126,7 +126,7 @@ TEST(base, losErroresVanJuntosYLosDemasYaCorren) {
     ASSERT_EQ(t.e.avisos.textos.size(), 1U);
     EXPECT_EQ(t.e.avisos.textos[0],
               "Visor #3: Ubicación no compatible con la retícula\nError en reconexión TCP/IP\n"
-              "Port 1203 inadecuado. Posiblemente en uso\n");
+              "Port 1203 inadecuado. Posiblemente en uso");
     EXPECT_TRUE(corriaYa) << "a box that nobody answers must not hold up the others";
     EXPECT_EQ(t.b->estado(), Estado::marcha);
     EXPECT_NE(t.e.ini().find("Protocolo=Pavona"), std::string::npos);
@@ -186,12 +186,14 @@ TEST(base, unMonitorQueCambiaRedisponeSinPararNada) {
     EXPECT_EQ(t.leyenda(1), "12");
     EXPECT_EQ(t.e.fabrica.zocalos(), leidas) << "the links are the same";
     EXPECT_EQ(t.b->estado(), Estado::marcha);
+    t.formulario.superficie(IdControl::picRep, 1)->olvidar();
     const int veces = t.formulario.veces;
     t.formulario.quienOye->alCambiarMonitores();
-    EXPECT_EQ(t.formulario.veces, veces) << "nothing changed, nothing moves";
+    EXPECT_EQ(t.formulario.veces, veces + 1) << "the window may have been taken elsewhere meanwhile";
     t.e.monitores.lista.clear();
     t.formulario.quienOye->alCambiarMonitores();
-    EXPECT_EQ(t.formulario.veces, veces) << "no monitor for a while: it stays";
+    EXPECT_EQ(t.formulario.veces, veces + 1) << "no monitor for a while: it stays";
+    EXPECT_TRUE(t.formulario.superficie(IdControl::picRep, 1)->lineas().empty()) << "nothing is laid out anew";
     EXPECT_EQ(t.leyenda(1), "12");
 }
 
@@ -324,6 +326,26 @@ TEST(base, laBandaDelMensajeVaConLaMarcha) {
     EXPECT_TRUE(banda->lineas().empty());
     t.formulario.pulsar(IdControl::botCfg);
     EXPECT_FALSE(banda->visible());
+}
+
+// There is no grid then, only what the file says of it.
+TEST(base, conElMensajeAbiertoLaVentanaDejaVerSuFranja) {
+    Banco t(
+        "[RETICULA]\r\nPosicion=0,25;0,25\r\nDimensiones=0,5;0,5\r\ncolorAplicacion=Transparente\r\n"
+        "[VISOR_1]\r\nPort=3001\r\n");
+    t.formulario.pulsar(IdControl::botPau);
+    t.formulario.pulsar(IdControl::botCfg);
+    t.formulario.pulsar(IdControl::botMensaje);
+    const auto techo = [&] { return t.formulario.forma.back().top; };
+    EXPECT_EQ(techo(), 736) << "the bar alone";
+    t.dialogos.dialogo(IdControl::cfgMensaje)->casilla(IdControl::ckUsar)->pulsar();
+    const SuperficieDoble* franja = t.formulario.superficie(IdControl::picMsg);
+    EXPECT_NEAR(static_cast<float>(techo()), franja->lugar().y / 15, 0.5F);
+    t.e.monitores.lista[0].area = {0, 0, 1920, 1080};
+    t.formulario.quienOye->alCambiarMonitores();
+    EXPECT_EQ(franja->lugar().ancho, 1920 * 15.0F);
+    EXPECT_EQ(franja->lugar().abajo(), (1080 - 32) * 15.0F) << "on the bar, which has moved";
+    EXPECT_NEAR(static_cast<float>(techo()), franja->lugar().y / 15, 0.5F);
 }
 
 TEST(base, cerrarDesmontaYNoVuelveAConstruir) {

@@ -427,5 +427,34 @@ TEST(clsMsg, loQueCambiaSeVeAlMomento) {
     EXPECT_EQ(b.franja().cuantas("imprimir"), 0U) << "an empty text draws nothing";
 }
 
+TEST(clsMsg, loQueSeTecleaSeVeDondeEstaElTexto) {
+    Banco b("Hola");
+    b.marcha();
+    b.e.reloj.avanzar(400);
+    const struct {
+        std::function<void(clsMsg&)> cambio;
+        const char* queda;
+    } CASOS[] = {
+        {[](clsMsg& m) { m.texto("Hola a"); }, "imprimirEn 0 0 6000 255: 4070 0 \"a\" #FFFFFF"},
+        {[](clsMsg& m) { m.colorTexto(ROJO); }, "imprimirEn 0 0 6000 255: 4070 0 \"a\" #FF0000"},
+        {[](clsMsg& m) { m.colorFondo(BLANCO); }, "imprimirEn 0 0 6000 255: 3600 0 \"Hola \" #FF0000"},
+    };
+    for (const auto& caso : CASOS) {
+        b.olvidar();
+        caso.cambio(*b.msg);
+        EXPECT_EQ(b.franja().cuantas(caso.queda), 1U) << ::testing::PrintToString(b.franja().lineas());
+    }
+    b.olvidar();
+    b.e.reloj.avanzar(10);
+    EXPECT_EQ(b.franja().desplazado, 60) << "and goes on from there";
+    b.msg->texto("");
+    EXPECT_FALSE(b.tim().habilitado());
+    b.msg->texto("n");
+    b.olvidar();
+    b.e.reloj.avanzar(10);
+    ASSERT_EQ(b.franja().impresiones.size(), 1U);
+    EXPECT_EQ(b.franja().impresiones[0].x, ANCHO - 60) << "a new one comes in from the edge";
+}
+
 }  // namespace
 }  // namespace sorvanel

@@ -2,32 +2,22 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-
 namespace sorvanel {
 namespace {
 
 // 100, 125, 150, 175, 200 and 225 %.
 constexpr float ESCALAS[] = {15.0F, 12.0F, 10.0F, 60.0F / 7, 7.5F, 20.0F / 3};
 
-TEST(Eje, redondea) {
-    struct {
-        float escala;
-        double twips;
-        std::int32_t pixel;
-    } const casos[] = {
-        {15, 0, 0},          {15, 15, 1},
-        {15, 7.4, 0},        {15, 7.6, 1},
-        {15, 7.5, 0},  // half to even
-        {15, 22.5, 2},       {15, -7.5, 0},
-        {15, -22.5, -2},     {15, -15, -1},
-        {10, 15, 2},         {10, 45, 4},
-        {7.5F, 15, 2},       {12, 480, 40},
-        {0, 30, 2},          {-3, 30, 2},  // a monitor that tells nonsense is at 100 %
-        {15, 1e30, 1 << 24}, {15, -1e30, -(1 << 24)},
-    };
-    for (const auto& caso : casos) {
-        EXPECT_EQ(Eje(caso.escala).aPixel(caso.twips), caso.pixel) << caso.escala << " " << caso.twips;
+TEST(Eje, redondeaLasMitadesAlPar) {
+    const std::map<float, std::map<double, std::int32_t>> casos = {
+        {15.0F, {{0, 0}, {15, 1}, {7.4, 0}, {7.5, 0}, {7.6, 1}, {22.5, 2}, {-7.5, 0}, {-22.5, -2}, {-15, -1}}},
+        {15.1F, {{1e30, 1 << 24}, {-1e30, -(1 << 24)}}},
+        {10.0F, {{15, 2}, {45, 4}}},
+        {7.5F, {{15, 2}}},
+        {0.0F, {{30, 2}}},  // a monitor that tells nonsense is at 100 %
+        {-3.0F, {{30, 2}}}};
+    for (const auto& [escala, puntos] : casos) {
+        for (const auto& [twips, pixel] : puntos) EXPECT_EQ(Eje(escala).aPixel(twips), pixel) << escala << " " << twips;
     }
     EXPECT_EQ(Eje(15).largo(0), 1);
     EXPECT_EQ(Eje(7.5F).largo(30), 4);
@@ -63,8 +53,8 @@ TEST(Escala, lasVecinasNoDejanHueco) {
     }
 }
 
-// A box painted in a surface that lies anywhere covers the pixels that the same box would cover on
-// the form: also the last row and column.
+// A box painted in a surface that lies anywhere covers the pixels that it would cover on the form; and
+// what is told in whole pixels comes back as as many: a picture that moves by them leaves no seam.
 TEST(Escala, loPintadoDentroCoincideConElBorde) {
     for (const float twips : ESCALAS) {
         const Escala escala(twips, twips);
@@ -75,18 +65,10 @@ TEST(Escala, loPintadoDentroCoincideConElBorde) {
             EXPECT_EQ(dentro, (RectPixel{0, 0, fuera.right - fuera.left, fuera.bottom - fuera.top}))
                 << twips << " " << i;
         }
-    }
-}
-
-// What is told in whole pixels of the monitor comes back as as many: a picture that moves by them
-// and what is painted later meet without a seam.
-TEST(Eje, losPixelesVuelvenEnteros) {
-    for (const float twips : ESCALAS) {
-        const Eje eje(twips);
         for (std::int32_t pixel = -4000; pixel <= 4000; ++pixel) {
-            const float exacto = eje.aTwips(1) * static_cast<float>(pixel);
-            ASSERT_EQ(eje.aPixel(static_cast<double>(exacto)), pixel) << twips;
-            ASSERT_EQ(eje.aPixel(static_cast<double>(eje.aTwips(pixel))), pixel) << twips;
+            const float exacto = escala.x.aTwips(1) * static_cast<float>(pixel);
+            ASSERT_EQ(escala.x.aPixel(static_cast<double>(exacto)), pixel) << twips;
+            ASSERT_EQ(escala.x.aPixel(static_cast<double>(escala.x.aTwips(pixel))), pixel) << twips;
         }
     }
 }

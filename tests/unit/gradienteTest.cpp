@@ -1,108 +1,63 @@
+#include "dialogs/gradiente.h"
+
 #include <gtest/gtest.h>
 
-#include <cstdio>
-
-#include "dialogs/gradiente.h"
 #include "doubles/superficieDoble.h"
 
 namespace sorvanel {
 namespace {
 
-constexpr Rectangulo LUGAR{300, 450, 6000, 4515};
+using Lineas = std::vector<std::string>;
+constexpr auto VERTICAL = ModoGradiente::vertical, HORIZONTAL = ModoGradiente::horizontal;
 
-struct Banda {
-    Rectangulo zona;
-    Color color = 0;
-};
-
-// What was painted, in its order; a line that is no box fails.
-std::vector<Banda> bandas(SuperficieDoble& s) {
-    std::vector<Banda> todas;
-    for (const std::string& linea : s.lineas()) {
-        Banda b;
-        unsigned rojo = 0, verde = 0, azul = 0;
-        const int leidos = std::sscanf(linea.c_str(), "caja %f %f %f %f #%2x%2x%2x", &b.zona.x, &b.zona.y,
-                                       &b.zona.ancho, &b.zona.alto, &rojo, &verde, &azul);
-        EXPECT_EQ(leidos, 7) << linea;
-        b.color = rgb(static_cast<int>(rojo), static_cast<int>(verde), static_cast<int>(azul));
-        todas.push_back(b);
-    }
+// What is painted on a picture of 6000 by 4500 twips.
+template <typename Pintar>
+Lineas pintado(Pintar pintar, float pixel = TWIPS_POR_PIXEL) {
+    SuperficieDoble s;
+    s.pixel(pixel);
+    s.colocar({300, 450, 6000, 4500});
     s.olvidar();
-    return todas;
+    pintar(s);
+    return s.lineas();
 }
 
-SuperficieDoble& enSuLugar(SuperficieDoble& s) {
-    s.colocar(LUGAR);
-    s.olvidar();
-    return s;
+Gradiente deClaroAOscuro(int grado, int profundidad, ModoGradiente modo) {
+    Gradiente g;
+    g.colorAclarado(rgb(250, 240, 230));
+    g.color(rgb(50, 140, 230));
+    g.Grado(grado);
+    g.Profundidad(profundidad);
+    g.modo(modo);
+    return g;
 }
 
 TEST(Gradiente, cubreTodaLaSuperficieDelTonoClaroAlOscuro) {
-    struct Caso {
+    const Lineas filas = {"caja 0 0 6000 1500 #FAF0E6", "caja 0 1500 6000 1500 #96BEE6",
+                          "caja 0 3000 6000 1500 #328CE6"};
+    const Lineas columnas = {"caja 0 0 3000 4500 #FAF0E6", "caja 3000 0 3000 4500 #96BEE6"};
+    const Lineas una = {"caja 0 0 6000 4500 #FAF0E6"};
+    const struct {
         int grado, profundidad;
         ModoGradiente modo;
-        std::size_t bandas;
-        Color primero, ultimo;
-    };
-    const Color claro = rgb(250, 240, 230), oscuro = rgb(50, 140, 230);
-    const Color medio = rgb(150, 190, 230);
-    const Caso casos[] = {
-        {16, 100, ModoGradiente::vertical, 16, claro, oscuro},  {7, 100, ModoGradiente::horizontal, 7, claro, oscuro},
-        {5, 50, ModoGradiente::vertical, 5, claro, medio},      {5, 0, ModoGradiente::vertical, 5, claro, claro},
-        {1, 100, ModoGradiente::vertical, 1, claro, claro},     {0, 100, ModoGradiente::vertical, 1, claro, claro},
-        {999, 200, ModoGradiente::vertical, 64, claro, oscuro}, {9, -5, ModoGradiente::horizontal, 9, claro, claro},
-    };
-    for (const Caso& c : casos) {
-        SCOPED_TRACE(c.grado * 1000 + c.profundidad);
-        SuperficieDoble s;
-        Gradiente g;
-        g.colorAclarado(claro);
-        g.color(oscuro);
-        g.Grado(c.grado);
-        g.Profundidad(c.profundidad);
-        g.modo(c.modo);
-        g.PintarGradiente(enSuLugar(s));
-        const std::vector<Banda> todas = bandas(s);
-        ASSERT_EQ(todas.size(), c.bandas);
-        EXPECT_EQ(todas.front().color, c.primero);
-        EXPECT_EQ(todas.back().color, c.ultimo);
-        const bool vertical = c.modo == ModoGradiente::vertical;
-        float hasta = 0;
-        for (const Banda& b : todas) {
-            EXPECT_NEAR(vertical ? b.zona.y : b.zona.x, hasta, 1) << "a gap or an overlap";
-            EXPECT_NEAR(vertical ? b.zona.ancho : b.zona.alto, vertical ? LUGAR.ancho : LUGAR.alto, 1);
-            hasta = vertical ? b.zona.abajo() : b.zona.derecha();
-        }
-        EXPECT_NEAR(hasta, vertical ? LUGAR.alto : LUGAR.ancho, 1);
+        Lineas pintado;
+    } casos[] = {{3, 100, VERTICAL, filas}, {3, 200, VERTICAL, filas}, {2, 50, HORIZONTAL, columnas},
+                 {1, 100, HORIZONTAL, una}, {0, 100, VERTICAL, una},   {-5, -5, VERTICAL, una}};
+    for (const auto& c : casos) {
+        const Gradiente g = deClaroAOscuro(c.grado, c.profundidad, c.modo);
+        EXPECT_EQ(pintado([&](Superficie& s) { g.PintarGradiente(s); }), c.pintado) << c.grado << " " << c.profundidad;
     }
-}
-
-TEST(Gradiente, laVerticalNoMiraElModo) {
-    SuperficieDoble s;
-    Gradiente g;
-    g.modo(ModoGradiente::horizontal);
-    g.PintarGradienteVertical(enSuLugar(s));
-    const std::vector<Banda> todas = bandas(s);
-    EXPECT_NEAR(todas.front().zona.ancho, LUGAR.ancho, 1);
-    EXPECT_LT(todas.front().zona.alto, LUGAR.alto);
+    const Gradiente g = deClaroAOscuro(3, 100, HORIZONTAL);
+    EXPECT_EQ(pintado([&](Superficie& s) { g.PintarGradienteVertical(s); }), filas) << "whatever its mode";
+    const Gradiente demasiadas = deClaroAOscuro(999, -5, VERTICAL);
+    const Lineas muchas = pintado([&](Superficie& s) { demasiadas.PintarGradiente(s); });
+    EXPECT_EQ(muchas.size(), 64U);
+    EXPECT_EQ(muchas.back(), "caja 0 4429.69 6000 70.31 #FAF0E6");
 }
 
 TEST(Gradiente, elContornoEsDeUnPixelYQuedaDentro) {
-    for (const float pixel : {15.0F, 7.5F}) {
-        SuperficieDoble s;
-        s.pixel(pixel);
-        Gradiente().PintarContorno(enSuLugar(s));
-        float area = 0;
-        for (const Banda& b : bandas(s)) {
-            EXPECT_GE(b.zona.x, 0);
-            EXPECT_GE(b.zona.y, 0);
-            EXPECT_LE(b.zona.derecha(), LUGAR.ancho);
-            EXPECT_LE(b.zona.abajo(), LUGAR.alto);
-            area += b.zona.ancho * b.zona.alto;
-        }
-        const float dentro = (LUGAR.ancho - 2 * pixel) * (LUGAR.alto - 2 * pixel);
-        EXPECT_NEAR(area, LUGAR.ancho * LUGAR.alto - dentro, 1000);
-    }
+    EXPECT_EQ(pintado([](Superficie& s) { Gradiente().PintarContorno(s); }, 7.5F),
+              (Lineas{"caja 0 0 6000 7.5 #8E9CAA", "caja 0 4492.5 6000 7.5 #8E9CAA", "caja 0 7.5 7.5 4485 #8E9CAA",
+                      "caja 5992.5 7.5 7.5 4485 #8E9CAA"}));
 }
 
 }  // namespace

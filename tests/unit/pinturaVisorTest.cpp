@@ -5,23 +5,24 @@
 
 #include <cmath>
 #include <limits>
-#include <string>
-#include <vector>
 
 #include "doubles/superficieDoble.h"
 
 namespace sorvanel {
-
-using testing::Each;
-using testing::ElementsAre;
-using testing::Not;
-using testing::StartsWith;
-
 namespace {
 
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
 using Lineas = std::vector<std::string>;
 
 const Rectangulo CELDA{150, 300, 12000, 3000};
+// What the weight's surface shows in that cell beside a caption of two digits.
+const std::string BORRADO = "caja 0 0 6975 3000 #FFFFFF", COLUMNA = "caja 6975 0 1519.5 3000 #FFFFFF";
+const std::string ARRIBA = "poligono 7278.9,1402.68 8190.6,1402.68 7734.75,645 #000000";
+const std::string ABAJO = "poligono 7278.9,1609.32 8190.6,1609.32 7734.75,2367 #000000";
+constexpr MarcasVisor E{true, false, false}, C{false, true, false}, D{false, false, true}, TODAS{true, true, true};
 
 AspectoVisor aspectoCon(int anchoEtiqueta, const char* formato = "0000.0", const char* etiqueta = "T1") {
     AspectoVisor aspecto;
@@ -34,6 +35,9 @@ AspectoVisor aspectoCon(int anchoEtiqueta, const char* formato = "0000.0", const
 
 class PinturaVisorTest : public testing::Test {
 protected:
+    bool encajar(int anchoEtiqueta = 2, const char* formato = "0000.0", const Rectangulo& celda = CELDA) {
+        return m_pintura.encajar(celda, aspectoCon(anchoEtiqueta, formato));
+    }
     Lineas peso(std::int32_t milesimas, bool pavona = false, MarcasVisor marcas = {}) {
         m_peso.olvidar();
         m_pintura.pintarPeso({marcas.E, marcas.C, marcas.D, milesimas}, pavona);
@@ -49,36 +53,24 @@ protected:
         m_pintura.pintarEtiqueta();
         return m_etiqueta.lineas();
     }
-
-    // Whether digits of that height, their marks and the caption would find room.
-    bool cabria(float letra, const Rectangulo& celda, const AspectoVisor& aspecto) {
-        SuperficieDoble regla;
-        regla.ajustada(true);
-        Fuente fuente;
-        fuente.alto = letra * aspecto.ratioAlturas;
-        regla.fuente(fuente);
-        const int ceros = aspecto.anchoEtiqueta > 0 ? aspecto.anchoEtiqueta + 1 : 0;
-        const float etiqueta = static_cast<float>(ceros) * regla.medir("0").ancho;
-        fuente.alto = letra;
-        regla.fuente(fuente);
-        const float peso = regla.medir("9999.00").ancho + 1.35F * regla.medir("0").ancho;
-        return etiqueta + peso <= celda.ancho && 0.7F * letra <= 0.88F * celda.alto;
-    }
-
     SuperficieDoble m_etiqueta, m_peso;
     PinturaVisor m_pintura{m_etiqueta, m_peso};
 };
 
-}  // namespace
-
 TEST_F(PinturaVisorTest, ReparteLaCelda) {
-    ASSERT_TRUE(m_pintura.encajar(CELDA, aspectoCon(2)));
+    ASSERT_TRUE(encajar());
     EXPECT_EQ(m_etiqueta.lugar(), (Rectangulo{150, 300, 3505.5F, 3000}));
     EXPECT_EQ(m_peso.lugar(), (Rectangulo{3655.5F, 300, 8494.5F, 3000}));
     EXPECT_TRUE(m_pintura.hayEtiqueta());
-    EXPECT_EQ(m_etiqueta.colorFondo(), rgb(0, 0, 255));
-    EXPECT_EQ(m_peso.lineas().back(), "leyenda \"\"");
-    ASSERT_TRUE(m_pintura.encajar(CELDA, aspectoCon(0)));
+    const Lineas antes = peso(1234567), etiquetaAntes = etiqueta();
+    // What does not fit changes nothing.
+    ASSERT_FALSE(m_pintura.encajar({0, 0, 90, 90}, aspectoCon(0, "0", "another")));
+    EXPECT_EQ(m_peso.lugar(), (Rectangulo{3655.5F, 300, 8494.5F, 3000}));
+    EXPECT_EQ(m_peso.fuente().alto, 2460);
+    EXPECT_EQ(peso(1234567), antes);
+    EXPECT_EQ(etiqueta(), etiquetaAntes);
+
+    ASSERT_TRUE(encajar(0));
     EXPECT_EQ(m_etiqueta.lugar().ancho, 0);
     EXPECT_EQ(m_peso.lugar(), CELDA);
     EXPECT_FALSE(m_pintura.hayEtiqueta());
@@ -88,45 +80,40 @@ TEST_F(PinturaVisorTest, ReparteLaCelda) {
 // of it and may take 0.88 of the cell; the widest weight with the marks takes 3.425 of it, and the caption
 // (n + 1) / 2 of its ratio.
 TEST_F(PinturaVisorTest, LetraMasGrandeQueCabe) {
-    const struct {
-        const char* nombre;
+    constexpr float USUAL = 0.95F, NO_ES_NUMERO = std::numeric_limits<float>::quiet_NaN();
+    struct Caso {
         float ancho, alto;
         int anchoEtiqueta;
         float ratio;
-        const char* formato;
+        std::string formato;
         float letra;  // 0: the cell holds no display
-    } casos[] = {
-        {"usual", 12000, 3000, 2, 0.95F, "####0", 2460},
-        {"another format, same digits", 12000, 3000, 2, 0.95F, "0000.0", 2460},
-        {"very wide", 60000, 1500, 2, 0.95F, "####0", 1875},
-        {"very tall", 1500, 30000, 2, 0.95F, "####0", 300},
-        {"no caption", 12000, 30000, 0, 0.95F, "####0", 3495},
-        {"widest caption", 12000, 30000, 6, 1, "####0", 1725},
-        {"caption beyond bounds", 12000, 30000, 99, 1, "####0", 1725},
-        {"ratio above bounds", 12000, 30000, 6, 7, "####0", 1725},
-        {"ratio below bounds", 12000, 30000, 6, -1, "####0", 3165},
-        {"ratio no number", 12000, 30000, 6, std::numeric_limits<float>::quiet_NaN(), "####0", 3165},
-        {"long format", 12000, 30000, 0, 0.95F, "0.000", 2700},
-        {"format with a tail", 12000, 2000, 0, 0.95F, "0 g", 1590},
-        {"just large enough", 873, 150, 2, 0.95F, "####0", 180},
-        {"too narrow", 872, 150, 2, 0.95F, "####0", 0},
-        {"too low", 30000, 140, 2, 0.95F, "####0", 0},
-        {"many decimals", 12000, 3000, 0, 0.95F, "0.00000000000000000000000000000000000000000000000000", 420},
-        {"no width", 0, 3000, 2, 0.95F, "####0", 0},
-        {"negative", -150, -3000, 2, 0.95F, "####0", 0},
     };
-    for (const auto& caso : casos) {
-        AspectoVisor aspecto = aspectoCon(caso.anchoEtiqueta, caso.formato);
-        aspecto.ratioAlturas = caso.ratio;
-        m_peso.fuente(Fuente{});
-        const int antes = m_peso.fuentesPuestas();
-        const bool cabe = m_pintura.encajar({0, 0, caso.ancho, caso.alto}, aspecto);
-        EXPECT_EQ(cabe, caso.letra > 0) << caso.nombre;
-        if (cabe) {
-            EXPECT_EQ(m_peso.fuente().alto, caso.letra) << caso.nombre;
+    const std::vector<Caso> grupos[] = {
+        {{12000, 3000, 2, USUAL, "####0", 2460}, {12000, 3000, 2, USUAL, "0000.0", 2460}},
+        {{60000, 1500, 2, USUAL, "####0", 1875}, {1500, 30000, 2, USUAL, "####0", 300}},
+        {{12000, 30000, 0, USUAL, "####0", 3495}, {12000, 30000, 6, 1, "####0", 1725}},
+        // Caption and ratio beyond their bounds.
+        {{12000, 30000, 99, 1, "####0", 1725}, {12000, 30000, 6, 7, "####0", 1725}},
+        {{12000, 30000, 6, -1, "####0", 3165}, {12000, 30000, 6, NO_ES_NUMERO, "####0", 3165}},
+        // Long formats, and one with a tail.
+        {{12000, 30000, 0, USUAL, "0.000", 2700}, {12000, 2000, 0, USUAL, "0 g", 1590}},
+        {{12000, 3000, 0, USUAL, "0." + std::string(50, '0'), 420}},
+        // Just large enough, and too small.
+        {{873, 150, 2, USUAL, "####0", 180}, {872, 150, 2, USUAL, "####0", 0}, {30000, 140, 2, USUAL, "####0", 0}},
+        {{0, 3000, 2, USUAL, "####0", 0}, {-150, -3000, 2, USUAL, "####0", 0}}};
+    for (const std::vector<Caso>& grupo : grupos) {
+        for (const Caso& caso : grupo) {
+            SCOPED_TRACE(testing::Message() << caso.ancho << " " << caso.alto << " " << caso.formato);
+            AspectoVisor aspecto = aspectoCon(caso.anchoEtiqueta, caso.formato.c_str());
+            aspecto.ratioAlturas = caso.ratio;
+            const int antes = m_peso.fuentesPuestas();
+            const bool cabe = m_pintura.encajar({0, 0, caso.ancho, caso.alto}, aspecto);
+            EXPECT_EQ(cabe ? m_peso.fuente().alto : 0, caso.letra);
+            EXPECT_LE(m_peso.fuentesPuestas() - antes, 12);
         }
-        EXPECT_LE(m_peso.fuentesPuestas() - antes, 12) << caso.nombre;
     }
+    m_peso.sinFuentes(true);  // nothing can be measured
+    EXPECT_FALSE(encajar());
 }
 
 // Hinted type makes jumps: whatever it does, nothing is cut and the digits stand in the middle.
@@ -140,16 +127,25 @@ TEST_F(PinturaVisorTest, ElEncajeSeCompruebaConMedidasReales) {
                 const auto encaje = encajarVisor(m_peso, {0, 0, ancho, alto}, aspecto, "9999.00");
                 if (!encaje) continue;
                 ++encajadas;
+                const auto mide = [&](float letra, const char* texto) {
+                    Fuente fuente;
+                    fuente.alto = letra;
+                    m_peso.fuente(fuente);
+                    return m_peso.medir(texto).ancho;
+                };
+                // A step larger it would not fit.
+                const float mayor = encaje->fuentePeso.alto + std::max(15.0F, encaje->fuentePeso.alto / 50);
+                const auto ceros = static_cast<float>(anchoEtiqueta > 0 ? anchoEtiqueta + 1 : 0);
+                const float pide =
+                    ceros * mide(mayor * aspecto.ratioAlturas, "0") + mide(mayor, "9999.00") + 1.35F * mide(mayor, "0");
+                EXPECT_TRUE(pide > ancho || 0.7F * mayor > 0.88F * alto);
                 m_peso.fuente(encaje->fuentePeso);
-                const MedidaTexto muestra = m_peso.medir("9999.00");
-                EXPECT_GE(encaje->derecha, muestra.ancho);
+                EXPECT_GE(encaje->derecha, m_peso.medir("9999.00").ancho);
                 EXPECT_GE(encaje->anchoPeso - encaje->derecha, encaje->anchoCero - 0.1F);
                 EXPECT_EQ(encaje->anchoCero, m_peso.medir("0").ancho);
                 EXPECT_NEAR(encaje->tintaSuperior, alto - encaje->tintaInferior, TWIPS_POR_PIXEL);
                 EXPECT_GE(encaje->tintaSuperior, 0);
                 EXPECT_GE(encaje->tintaInferior - encaje->tintaSuperior, aTwips(8));
-                EXPECT_FALSE(cabria(encaje->fuentePeso.alto + std::max(15.0F, encaje->fuentePeso.alto / 50),
-                                    {0, 0, ancho, alto}, aspecto));
                 if (encaje->anchoEtiqueta <= 0) continue;
                 const EncajeEtiqueta& etiqueta = encaje->etiqueta;
                 m_peso.fuente(etiqueta.fuente);
@@ -168,122 +164,84 @@ TEST_F(PinturaVisorTest, ElEncajeSeCompruebaConMedidasReales) {
     EXPECT_GT(encajadas, 100);
 }
 
-TEST_F(PinturaVisorTest, SinMedidasNoCabeNada) {
-    m_peso.sinFuentes(true);
-    EXPECT_FALSE(m_pintura.encajar(CELDA, aspectoCon(2)));
-    EXPECT_THAT(peso(1000), ElementsAre());
+TEST_F(PinturaVisorTest, PesoALaDerecha) {
+    EXPECT_THAT(peso(1000), ElementsAre()) << "not before it has a place";
     EXPECT_THAT(sinDatos(), ElementsAre());
     EXPECT_THAT(etiqueta(), ElementsAre());
-}
-
-TEST_F(PinturaVisorTest, LoQueNoCabeNoCambiaNada) {
-    ASSERT_TRUE(m_pintura.encajar(CELDA, aspectoCon(2)));
-    const Lineas antes = peso(1234567);
-    const Lineas etiquetaAntes = etiqueta();
-    ASSERT_FALSE(m_pintura.encajar({0, 0, 90, 90}, aspectoCon(0, "0", "another")));
-    EXPECT_EQ(m_peso.lugar(), (Rectangulo{3655.5F, 300, 8494.5F, 3000}));
-    EXPECT_EQ(m_peso.fuente().alto, 2460);
-    EXPECT_EQ(peso(1234567), antes);
-    EXPECT_EQ(etiqueta(), etiquetaAntes);
-}
-
-TEST_F(PinturaVisorTest, PesoALaDerecha) {
-    ASSERT_TRUE(m_pintura.encajar(CELDA, aspectoCon(2)));
-    EXPECT_THAT(peso(1234567),
-                ElementsAre("caja 0 0 6975 3000 #FFFFFF", "imprimir 210 30 \"1234.6\" #000000", "leyenda \"1234.6\""));
-    EXPECT_THAT(peso(12345),
-                ElementsAre("caja 0 0 6975 3000 #FFFFFF", "imprimir 210 30 \"0012.3\" #000000", "leyenda \"0012.3\""));
     // With room to spare the digits leave the edge, but not further than the marks can follow.
-    ASSERT_TRUE(m_pintura.encajar({0, 0, 12000, 1500}, aspectoCon(0)));
+    ASSERT_TRUE(encajar(0, "0000.0", {0, 0, 12000, 1500}));
     EXPECT_EQ(peso(0).at(0), "caja 0 0 9930 1500 #FFFFFF");
-    ASSERT_TRUE(m_pintura.encajar({0, 0, 7000, 1500}, aspectoCon(0)));
+    ASSERT_TRUE(encajar(0, "0000.0", {0, 0, 7000, 1500}));
     EXPECT_EQ(peso(0).at(0), "caja 0 0 5580 1500 #FFFFFF");
-    ASSERT_TRUE(m_pintura.encajar(CELDA, aspectoCon(2, "####")));
-    EXPECT_THAT(peso(0), ElementsAre("caja 0 0 6975 3000 #FFFFFF", "leyenda \"\""));
-    EXPECT_THAT(peso(7000),
-                ElementsAre("caja 0 0 6975 3000 #FFFFFF", "imprimir 5745 30 \"7\" #000000", "leyenda \"7\""));
-}
-
-TEST_F(PinturaVisorTest, CincoRayasRojasDondeIrianLasCifras) {
-    ASSERT_TRUE(m_pintura.encajar(CELDA, aspectoCon(2)));
-    EXPECT_THAT(sinDatos(), ElementsAre("caja 0 0 6975 3000 #FFFFFF", "caja 6052.5 750 615 1500 #FF0000",
-                                        "caja 4822.5 750 615 1500 #FF0000", "caja 3592.5 750 615 1500 #FF0000",
-                                        "caja 2362.5 750 615 1500 #FF0000", "caja 1132.5 750 615 1500 #FF0000",
-                                        "leyenda \"-----\""));
-}
-
-// A heavier weight than the cell was fitted for never passes for a light one.
-TEST_F(PinturaVisorTest, PesoCortado) {
-    ASSERT_TRUE(m_pintura.encajar(CELDA, aspectoCon(2)));
+    ASSERT_TRUE(encajar(2, "####"));
+    EXPECT_THAT(peso(0), ElementsAre(BORRADO, "leyenda \"\""));
+    EXPECT_THAT(peso(7000), ElementsAre(BORRADO, "imprimir 5745 30 \"7\" #000000", "leyenda \"7\""));
+    ASSERT_TRUE(encajar());
+    EXPECT_THAT(peso(12345), ElementsAre(BORRADO, "imprimir 210 30 \"0012.3\" #000000", "leyenda \"0012.3\""));
+    // A heavier weight than the cell was fitted for never passes for a light one.
     EXPECT_THAT(peso(99999900),
-                ElementsAre("caja 0 0 6975 3000 #FFFFFF", "imprimir 1440 30 \"999.9\" #000000",
+                ElementsAre(BORRADO, "imprimir 1440 30 \"999.9\" #000000",
                             "poligono 138.38,1506 968.62,932 968.62,2080 #FF0000", "leyenda \"99999.9\""));
-    // Wide literals are cut between characters, not inside one.
-    ASSERT_TRUE(m_pintura.encajar(CELDA, aspectoCon(2, "\"\u20ac\u20ac\"0")));
-    EXPECT_THAT(peso(99999000).at(1), testing::HasSubstr("\"99999\""));
+    // Five red dashes where the digits would be.
+    EXPECT_THAT(sinDatos(), ElementsAre(BORRADO, "caja 6052.5 750 615 1500 #FF0000", "caja 4822.5 750 615 1500 #FF0000",
+                                        "caja 3592.5 750 615 1500 #FF0000", "caja 2362.5 750 615 1500 #FF0000",
+                                        "caja 1132.5 750 615 1500 #FF0000", "leyenda \"-----\""));
+    ASSERT_TRUE(encajar(2, "\"\u20ac\u20ac\"0"));
+    EXPECT_THAT(peso(99999000).at(1), HasSubstr("\"99999\"")) << "cut between characters, not inside one";
 }
 
 TEST_F(PinturaVisorTest, MarcasDeCadaFamilia) {
-    ASSERT_TRUE(m_pintura.encajar(CELDA, aspectoCon(2)));
-    const std::string columna = "caja 6975 0 1519.5 3000 #FFFFFF";
-    const std::string arriba = "poligono 7278.9,1402.68 8190.6,1402.68 7734.75,645 #000000";
-    const std::string abajo = "poligono 7278.9,1609.32 8190.6,1609.32 7734.75,2367 #000000";
+    ASSERT_TRUE(encajar());
     const struct {
+        bool pavona;
         MarcasVisor marcas;
-        Lineas pavona, tessel;
-        const char* leyendaPavona;
-        const char* leyendaTessel;
-    } casos[] = {
-        {{false, true, false}, {columna, arriba}, {columna}, "0001.0 C", "0001.0"},
-        {{false, false, true}, {columna, abajo}, {columna}, "0001.0 D", "0001.0"},
-        {{true, true, true}, {columna, arriba, abajo}, {}, "0001.0 C D", "0001.0 E"},
-    };
+        Lineas pintado;
+        const char* leyenda;
+    } casos[] = {{true, C, {COLUMNA, ARRIBA}, "0001.0 C"},
+                 {true, D, {COLUMNA, ABAJO}, "0001.0 D"},
+                 {true, TODAS, {COLUMNA, ARRIBA, ABAJO}, "0001.0 C D"},
+                 {true, E, {}, "0001.0"},
+                 {false, C, {}, "0001.0"},
+                 {false, D, {}, "0001.0"}};
     for (const auto& caso : casos) {
         m_pintura.limpiarPeso();
-        const Lineas pavona = peso(1000, true, caso.marcas);
-        EXPECT_EQ(Lineas(pavona.begin() + 2, pavona.end() - 1), caso.pavona);
-        EXPECT_EQ(m_peso.textoLeyenda(), caso.leyendaPavona);
-        const Lineas tessel = peso(1000, false, caso.marcas);
-        if (!caso.marcas.E) {
-            EXPECT_EQ(Lineas(tessel.begin() + 2, tessel.end() - 1), caso.tessel);
-        }
-        EXPECT_EQ(m_peso.textoLeyenda(), caso.leyendaTessel);
+        const Lineas todo = peso(1000, caso.pavona, caso.marcas);
+        EXPECT_EQ(Lineas(todo.begin() + 2, todo.end() - 1), caso.pintado);
+        EXPECT_EQ(m_peso.textoLeyenda(), caso.leyenda);
     }
     // The E plate stays within its column and is drawn with the letter cut out.
     m_pintura.limpiarPeso();
-    const Lineas e = peso(1000, false, {true, false, false});
+    const Lineas e = peso(1000, false, TODAS);
     ASSERT_GT(e.size(), 5U);
-    EXPECT_EQ(e[2], columna);
-    EXPECT_EQ(e[3].substr(e[3].size() - 7), "#000000");
-    EXPECT_THAT(Lineas(e.begin() + 4, e.end() - 1), Each(testing::EndsWith("#FFFFFF")));
+    EXPECT_EQ(m_peso.textoLeyenda(), "0001.0 E");
+    EXPECT_EQ(e[2], COLUMNA);
+    EXPECT_THAT(e[3], testing::EndsWith("#000000"));
+    EXPECT_THAT(Lineas(e.begin() + 4, e.end() - 1), testing::Each(testing::EndsWith("#FFFFFF")));
 }
 
 TEST_F(PinturaVisorTest, LasMarcasSoloSePintanSiCambian) {
-    ASSERT_TRUE(m_pintura.encajar(CELDA, aspectoCon(2)));
-    const std::string columna = "caja 6975 0 1519.5 3000 #FFFFFF";
-    const MarcasVisor cargando{false, true, false};
-    EXPECT_THAT(peso(1000, true), Not(testing::Contains(columna)));
-    EXPECT_THAT(peso(2000, true, cargando), testing::Contains(columna));
-    EXPECT_THAT(peso(3000, true, cargando), Not(testing::Contains(columna)));
-    EXPECT_THAT(sinDatos(true), testing::Contains(columna));
-    EXPECT_THAT(sinDatos(true), Not(testing::Contains(columna)));
-    EXPECT_THAT(peso(3000, true, cargando), testing::Contains(columna));
-    m_pintura.limpiarPeso();
-    EXPECT_THAT(peso(3000, false, {true, false, false}), testing::Contains(columna));
-    EXPECT_THAT(sinDatos(false), testing::Contains(columna));
+    ASSERT_TRUE(encajar());
+    EXPECT_THAT(peso(1000, true), Not(Contains(COLUMNA)));
+    EXPECT_THAT(peso(2000, true, C), Contains(COLUMNA));
+    EXPECT_THAT(peso(3000, true, C), Not(Contains(COLUMNA)));
+    EXPECT_THAT(sinDatos(true), Contains(COLUMNA));
+    EXPECT_THAT(sinDatos(true), Not(Contains(COLUMNA)));
+    EXPECT_THAT(peso(3000, true, C), Contains(COLUMNA));
     m_pintura.limpiarPeso();
     EXPECT_EQ(m_peso.lineas().back(), "leyenda \"\"");
-    EXPECT_THAT(peso(3000, true, cargando), testing::Contains(columna));
-    ASSERT_TRUE(m_pintura.encajar(CELDA, aspectoCon(2)));
-    EXPECT_THAT(peso(3000, true), Not(testing::Contains(columna)));
+    EXPECT_THAT(peso(3000, false, E), Contains(COLUMNA));
+    EXPECT_THAT(sinDatos(false), Contains(COLUMNA));
+    EXPECT_THAT(peso(3000, true, C), Contains(COLUMNA));
+    ASSERT_TRUE(encajar());
+    EXPECT_THAT(peso(3000, true), Not(Contains(COLUMNA)));
 }
 
 TEST_F(PinturaVisorTest, OtrosColoresSinMoverNada) {
     AspectoVisor aspecto = aspectoCon(2);
     m_pintura.aspecto(aspecto);
     EXPECT_THAT(m_peso.lineas(), ElementsAre());
-    ASSERT_TRUE(m_pintura.encajar(CELDA, aspecto));
-    peso(1000, true, {false, true, false});
+    ASSERT_TRUE(encajar());
+    peso(1000, true, C);
     m_peso.olvidar();
     aspecto.fondoPeso = static_cast<Color>(0xFF000000U) | rgb(0, 128, 0);  // beyond 24 bits
     aspecto.textoPeso = rgb(255, 255, 0);
@@ -291,72 +249,64 @@ TEST_F(PinturaVisorTest, OtrosColoresSinMoverNada) {
     m_pintura.aspecto(aspecto);
     EXPECT_THAT(m_peso.lineas(), ElementsAre("colorFondo #008000"));
     // The marks are the same and yet of the old colours.
-    EXPECT_THAT(peso(1000, true, {false, true, false}),
+    EXPECT_THAT(peso(1000, true, C),
                 ElementsAre("caja 0 0 6975 3000 #008000", "imprimir 210 30 \"0001.0\" #FFFF00",
                             "caja 6975 0 1519.5 3000 #008000",
                             "poligono 7278.9,1402.68 8190.6,1402.68 7734.75,645 #FFFF00", "leyenda \"0001.0 C\""));
 }
 
 TEST_F(PinturaVisorTest, Etiqueta) {
+    const Rectangulo baja{0, 0, 60000, 1500};
     const struct {
         const char* etiqueta;
         int ajuste;
+        Rectangulo celda;
         const char* linea;
         float letra;
-    } casos[] = {
-        {"12", 0, "imprimir 584.25 105 \"12\" #FFFFFF", 2337},
-        {"12", 1, "imprimir 584.25 105 \"12\" #FFFFFF", 2337},
-        {"1", 0, "imprimir 584.25 105 \"1\" #FFFFFF", 2337},
-        {"1", 1, "imprimir 1752.75 105 \"1\" #FFFFFF", 2337},
-        {"1", 2, "imprimir 1168.5 105 \"1\" #FFFFFF", 2337},
-        {"1", 9, "imprimir 1168.5 105 \"1\" #FFFFFF", 2337},
-        {"BASCULA", 0, "imprimir 584.25 1215 \"BASCULA\" #FFFFFF", 465},
-    };
+    } casos[] = {{"12", 0, CELDA, "imprimir 584.25 105 \"12\" #FFFFFF", 2337},
+                 {"12", 1, CELDA, "imprimir 584.25 105 \"12\" #FFFFFF", 2337},
+                 {"1", 0, CELDA, "imprimir 584.25 105 \"1\" #FFFFFF", 2337},
+                 {"1", 1, CELDA, "imprimir 1752.75 105 \"1\" #FFFFFF", 2337},
+                 {"1", 2, CELDA, "imprimir 1168.5 105 \"1\" #FFFFFF", 2337},
+                 {"1", 9, CELDA, "imprimir 1168.5 105 \"1\" #FFFFFF", 2337},
+                 {"BASCULA", 0, CELDA, "imprimir 584.25 1215 \"BASCULA\" #FFFFFF", 465},
+                 {"", 0, CELDA, "leyenda \"\"", 2337},
+                 // Accents and tails are not cut: the line moves, and the type shrinks where that does not help.
+                 {"\u00c1", 0, baja, " -120 \"", 1650},
+                 {"\u00c1y", 0, baja, " -75 \"", 1335}};
     for (const auto& caso : casos) {
         AspectoVisor aspecto = aspectoCon(2, "####0", caso.etiqueta);
         aspecto.ajusteEtiqueta = caso.ajuste;
-        ASSERT_TRUE(m_pintura.encajar(CELDA, aspecto));
+        ASSERT_TRUE(m_pintura.encajar(caso.celda, aspecto));
         EXPECT_EQ(m_etiqueta.fuente().alto, caso.letra) << caso.etiqueta;
-        EXPECT_THAT(etiqueta(),
-                    ElementsAre("limpiar #0000FF", "leyenda \"" + std::string(caso.etiqueta) + '"', caso.linea));
+        const Lineas lineas = etiqueta();
+        EXPECT_EQ(lineas.at(0), "limpiar #0000FF");
+        EXPECT_EQ(lineas.at(1), "leyenda \"" + std::string(caso.etiqueta) + '"');
+        EXPECT_THAT(lineas.back(), HasSubstr(caso.linea));
     }
-    // Accents and tails are not cut: the line moves, and the type shrinks where that does not help.
-    ASSERT_TRUE(m_pintura.encajar({0, 0, 60000, 1500}, aspectoCon(2, "####0", "\u00c1")));
-    EXPECT_EQ(m_etiqueta.fuente().alto, 1650);
-    EXPECT_THAT(etiqueta().back(), testing::HasSubstr(" -120 "));
-    ASSERT_TRUE(m_pintura.encajar({0, 0, 60000, 1500}, aspectoCon(2, "####0", "\u00c1y")));
-    EXPECT_EQ(m_etiqueta.fuente().alto, 1335);
-    EXPECT_THAT(etiqueta().back(), testing::HasSubstr(" -75 "));
-    ASSERT_TRUE(m_pintura.encajar(CELDA, aspectoCon(2, "####0", "")));
-    EXPECT_THAT(etiqueta(), ElementsAre("limpiar #0000FF", "leyenda \"\""));
 }
 
 // A long caption takes more lines where it can then be read from farther away, and never loses a word.
 TEST_F(PinturaVisorTest, LaEtiquetaLargaSeParte) {
-    const struct {
-        const char* etiqueta;
-        std::vector<std::string> lineas;
-    } casos[] = {
-        {"Silo", {"Silo"}},
-        {"B\u00e1scula\u00a0de\u00a0camiones", {"B\u00e1scula\u00a0de", "camiones"}},
-        {"Tolva norte de mezcla", {"Tolva", "norte de", "mezcla"}},
-        {"Superlargasinblancos", {"Superlargasinblancos"}},
-        {"a b c d e f g h i j k l m", {"a b c d e f g h i j k l m"}},
-        {"\u00a0 \u00a0", {"\u00a0 \u00a0"}},
-    };
-    for (const auto& caso : casos) {
-        const auto encaje = encajarVisor(m_peso, CELDA, aspectoCon(2, "####0", caso.etiqueta), "9999");
+    for (const Lineas& partes : {Lineas{"Silo"},
+                                 {"B\u00e1scula de", "camiones"},
+                                 {"Tolva", "norte de", "mezcla"},
+                                 {"Superlargasinblancos"},
+                                 {"a b c d e f g h i j k l m"},
+                                 {"\u00a0 \u00a0"}}) {
+        std::string texto = partes[0];
+        for (std::size_t i = 1; i < partes.size(); ++i) texto += (i == 1 ? "\u00a0" : " ") + partes[i];
+        const auto encaje = encajarVisor(m_peso, CELDA, aspectoCon(2, "####0", texto.c_str()), "9999");
         ASSERT_TRUE(encaje);
-        std::vector<std::string> textos;
+        Lineas textos;
         for (const LineaEtiqueta& linea : encaje->etiqueta.lineas) textos.push_back(linea.texto);
-        EXPECT_EQ(textos, caso.lineas);
+        EXPECT_EQ(textos, partes);
     }
 }
 
 // Running weights change neither place nor size: the end of each text is the same, and no font is set.
 TEST_F(PinturaVisorTest, LasCifrasNoSaltan) {
-    ASSERT_TRUE(m_pintura.encajar(CELDA, aspectoCon(3, "####0.0")));
-    const float letra = m_peso.fuente().alto;
+    ASSERT_TRUE(encajar(3, "####0.0"));
     const int fuentes = m_peso.fuentesPuestas();
     const std::string texto = peso(0).at(0);
     for (std::int32_t milesimas = 1; milesimas < 9'999'000; milesimas = milesimas * 3 + 1) {
@@ -365,12 +315,11 @@ TEST_F(PinturaVisorTest, LasCifrasNoSaltan) {
         char cifras[32] = "";
         ASSERT_EQ(std::sscanf(lineas.at(1).c_str(), "imprimir %f %f \"%31[^\"]", &x, &y, cifras), 3);
         EXPECT_EQ(lineas[0], texto);
-        EXPECT_THAT(
-            lineas[0],
-            StartsWith("caja 0 0 " + std::to_string(static_cast<int>(std::lround(x + m_peso.medir(cifras).ancho)))));
+        const auto derecha = static_cast<int>(std::lround(x + m_peso.medir(cifras).ancho));
+        EXPECT_THAT(texto, testing::StartsWith("caja 0 0 " + std::to_string(derecha)));
     }
-    EXPECT_EQ(m_peso.fuente().alto, letra);
     EXPECT_EQ(m_peso.fuentesPuestas(), fuentes);
 }
 
+}  // namespace
 }  // namespace sorvanel

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <iterator>
+#include <regex>
 #include <sstream>
 
 #include "simulador/concentrador.h"
@@ -10,259 +11,292 @@ namespace sorvanel::simulador {
 namespace {
 
 using namespace std::chrono_literals;
+using namespace std::string_literals;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::StartsWith;
 
-class RelojDeRed : public Reloj {
-public:
+using Trozo = std::pair<std::int64_t, std::string>;  // milliseconds, what went in one piece
+
+const std::string UNA = "--direcciones 12/3 --contar --decimales 3 --ritmo 10 ";
+const std::string ABIERTA = "LIN>XXX>";
+
+std::string linea(int n) {
+    std::string cifras = std::to_string(n);
+    cifras.insert(0, 7 - cifras.size(), '0');
+    return "12/03 -- " + cifras.insert(4, 1, '.') + " 0000.000\r";
+}
+
+// The clock, the network and the one who is told, all three. Clients come and speak at moments told beforehand, and
+// answer the greeting as soon as they have all of it; what is sent to them is kept.
+class SimuladorConcentrador : public testing::Test, public Reloj, public Red, public TestigoConcentrador {
+protected:
+    ResumenConcentrador correr(const std::string& argumentos) {
+        std::istringstream texto(argumentos);
+        const auto opciones =
+            leerOpcionesConcentrador(std::vector<std::string>{std::istream_iterator<std::string>(texto), {}});
+        m_saludo = opciones.faltas.saludo;
+        m_enviado.clear();
+        m_trozos.clear();
+        m_hechos.clear();
+        m_ahora = {};
+        m_vueltas = 0;
+        return m_resumen = Concentrador(opciones, 5, *this, *this, *this).correr();
+    }
+    // What the one client of a run is told.
+    std::string sesion(const std::string& argumentos) {
+        llega(0s, 1);
+        correr(argumentos);
+        return m_enviado[1];
+    }
+    void llega(Instante cuando, std::int64_t conexion) { ocurre(cuando, conexion, Suceso::Tipo::Llega); }
+    void ocurre(Instante cuando, std::int64_t conexion, Suceso::Tipo tipo, const std::string& datos = {}) {
+        m_guion.insert({cuando, {tipo, conexion, datos}});
+    }
+
     Instante ahora() override { return m_ahora; }
     void esperarHasta(Instante instante) override { m_ahora = std::max(m_ahora, instante); }
-    bool finPedido() override { return m_fin && m_ahora - 1000h >= *m_fin; }
-
-    Instante m_ahora = 1000h;
-    std::optional<Instante> m_fin;
-};
-
-// Clients come and speak at moments told beforehand; what is sent to them is kept.
-class RedDePrueba : public Red {
-public:
-    explicit RedDePrueba(RelojDeRed& reloj) : m_reloj(reloj) {}
+    bool finPedido() override { return m_fin && m_ahora >= *m_fin; }
 
     std::string escuchar() override {
-        ++m_intentos;
-        if (m_ocupadaHasta && m_reloj.m_ahora - 1000h < *m_ocupadaHasta) return "está en uso";
-        m_hechos.push_back("escucha");
-        return {};
+        m_hechos.push_back(m_ahora < m_ocupadaHasta ? "ocupado" : "escucha");
+        return m_ahora < m_ocupadaHasta ? "está en uso" : "";
     }
-    void dejarDeEscuchar() override { m_hechos.push_back("calla"); }
+    void dejarDeEscuchar() override {
+        m_hechos.push_back("calla");
+        m_ocupadaHasta = m_ocupadaLuego;
+    }
     std::string donde() const override { return "aquí"; }
     void esperar(Instante cuanto, bool acepta, std::vector<Suceso>& sucesos) override {
         EXPECT_GE(cuanto, 0ms);
-        Instante hasta = m_reloj.m_ahora + cuanto;
-        if (!m_guion.empty()) hasta = std::min(hasta, std::max(m_reloj.m_ahora, 1000h + m_guion.begin()->first));
+        ++m_vueltas;
+        Instante hasta = m_ahora + cuanto;
+        if (!m_guion.empty()) hasta = std::min(hasta, m_guion.begin()->first);
         // Each turn takes some time, so that nothing can go round without end.
-        m_reloj.m_ahora = std::max(hasta, m_reloj.m_ahora + 10us);
-        while (!m_guion.empty() && 1000h + m_guion.begin()->first <= m_reloj.m_ahora) {
+        m_ahora = std::max(hasta, m_ahora + m_vuelta);
+        for (; !m_guion.empty() && m_guion.begin()->first <= m_ahora; m_guion.erase(m_guion.begin()))
             if (acepta || m_guion.begin()->second.tipo != Suceso::Tipo::Llega)
                 sucesos.push_back(m_guion.begin()->second);
-            m_guion.erase(m_guion.begin());
-        }
     }
     std::size_t enviar(std::int64_t conexion, std::string_view datos) override {
+        EXPECT_LT(datos.size(), Sesion::CABIDA + 100);
+        if (m_atasco.contiene(m_ahora)) return 0;
         const std::size_t cuantos = std::min(datos.size(), m_cabe);
         m_enviado[conexion] += datos.substr(0, cuantos);
+        m_trozos.emplace_back(m_ahora / 1ms, datos.substr(0, cuantos));
+        if (m_responde && m_enviado[conexion] == m_saludo) ocurre(m_ahora, conexion, Suceso::Tipo::Datos, "REP\r");
         return cuantos;
     }
     void cerrar(std::int64_t conexion) override { m_hechos.push_back("cierra " + std::to_string(conexion)); }
     void reiniciar(std::int64_t conexion) override { m_hechos.push_back("reinicia " + std::to_string(conexion)); }
 
-    void llega(Instante cuando, std::int64_t conexion) {
-        m_guion.insert({cuando, {Suceso::Tipo::Llega, conexion, "alguien"}});
-        m_guion.insert({cuando + 10ms, {Suceso::Tipo::Datos, conexion, "REP\r"}});
-    }
-
-    RelojDeRed& m_reloj;
-    std::multimap<Instante, Suceso> m_guion;
-    std::map<std::int64_t, std::string> m_enviado;
-    std::vector<std::string> m_hechos;
-    std::optional<Instante> m_ocupadaHasta;
-    std::size_t m_cabe = 1'000'000;
-    int m_intentos = 0;
-};
-
-class TestigoMudo : public TestigoConcentrador {
-public:
-    void alEscuchar(Instante cuando, const std::string&) override { m_escuchas.push_back(cuando); }
+    void alEscuchar(Instante cuando, const std::string&) override { m_escuchas.push_back(cuando / 1ms); }
     void alCallar(Instante) override {}
-    void alFallar(Instante, const std::string&) override { ++m_fallos; }
+    void alFallar(Instante, const std::string&) override {}
     void alLlegar(Instante, std::int64_t, const std::string&) override {}
     void alRecibir(Instante, std::int64_t, std::string_view) override {}
-    void alEnviar(Instante, std::int64_t, std::string_view datos) override { m_bytes += datos.size(); }
+    void alEnviar(Instante, std::int64_t, std::string_view) override {}
     void alTerminar(Instante, std::int64_t, std::string_view motivo, const CuentaSesion&) override {
         m_motivos.emplace_back(motivo);
     }
 
-    std::vector<Instante> m_escuchas;
-    std::vector<std::string> m_motivos;
-    std::size_t m_bytes = 0;
-    int m_fallos = 0;
+    Instante m_ahora{}, m_vuelta = 10us, m_ocupadaHasta{}, m_ocupadaLuego{};
+    std::optional<Instante> m_fin;
+    Ventana m_atasco;
+    std::size_t m_cabe = 1'000'000;
+    bool m_responde = true;
+    std::string m_saludo;
+    std::multimap<Instante, Suceso> m_guion;
+    std::map<std::int64_t, std::string> m_enviado;
+    std::vector<Trozo> m_trozos;
+    std::vector<std::string> m_hechos, m_motivos;
+    std::vector<std::int64_t> m_escuchas;  // milliseconds
+    int m_vueltas = 0;
+    ResumenConcentrador m_resumen;
 };
 
-class SimuladorConcentrador : public testing::Test {
-protected:
-    ResumenConcentrador correr(const std::vector<std::string>& argumentos) {
-        const auto opciones = leerOpcionesConcentrador(argumentos);
-        return Concentrador(opciones, 5, m_red, m_reloj, m_testigo).correr();
-    }
-
-    RelojDeRed m_reloj;
-    RedDePrueba m_red{m_reloj};
-    TestigoMudo m_testigo;
-};
-
-TEST_F(SimuladorConcentrador, CadaClienteRecibeLoMismoDesdeSuPrincipio) {
-    m_red.llega(1s, 1);
-    m_red.llega(1500ms, 2);
-    const auto resumen = correr({"--tramas", "5", "--duracion", "4", "--semilla", "1"});
-    EXPECT_EQ(m_red.m_enviado[1], m_red.m_enviado[2]);
-    EXPECT_EQ(m_red.m_enviado[1].size(), 8U + 4 * 5 * 27);
-    EXPECT_EQ(resumen.sesiones, 2);
-    EXPECT_EQ(resumen.cuenta.lineas, 40);
-    EXPECT_EQ(m_testigo.m_bytes, 2 * m_red.m_enviado[1].size());
-    EXPECT_THAT(m_red.m_hechos, ElementsAre("escucha", "calla"));
-    EXPECT_THAT(textoResumen(resumen), HasSubstr("Enviadas: 40 lecturas en 4.000 s (10.0 por segundo)\n"));
+TEST_F(SimuladorConcentrador, SaludaEsperaRepYDaLecturas) {
+    sesion(UNA + "--duracion 0.25");
+    EXPECT_THAT(m_trozos, ElementsAre(Trozo{0, "LIN>"}, Trozo{0, "XXX>"}, Trozo{100, linea(0)}, Trozo{200, linea(1)}));
+    sesion(UNA + "--duracion 0.05 --pegada");
+    EXPECT_THAT(m_trozos, ElementsAre(Trozo{0, "LIN>"}, Trozo{0, "XXX>" + linea(0)}));
+    sesion(UNA + "--duracion 0.35 --saludo Hola\\r\\nLIN> --segundo \\x00XXX> --trozos 5:0.2");
+    EXPECT_THAT(m_trozos,
+                ElementsAre(Trozo{0, "Hola\r"}, Trozo{200, "\nLIN>"}, Trozo{200, "\0XXX>"s}, Trozo{300, linea(0)}));
+    // The prompt goes alone even where it cannot go at once; nor is there anything to do meanwhile.
+    m_atasco = {1ms, 500ms};
+    m_responde = false;
+    ocurre(2ms, 1, Suceso::Tipo::Datos, "REP\r");
+    sesion(UNA + "--duracion 0.65");
+    EXPECT_THAT(m_trozos, ElementsAre(Trozo{0, "LIN>"}, Trozo{502, "XXX>"}, Trozo{602, linea(0)}));
+    EXPECT_LT(m_vueltas, 30);
 }
 
-TEST_F(SimuladorConcentrador, UnEnvioAMediasSigueDondeQuedo) {
-    m_red.m_cabe = 5;
-    m_red.llega(0s, 1);
-    correr({"--direcciones", "12/3", "--contar", "--decimales", "0", "--tramas", "2", "--cierra", "lecturas:2",
-            "--sesiones", "1"});
-    EXPECT_EQ(m_red.m_enviado[1], "LIN>XXX>12/03 -- 00000000 00000000\r12/03 -- 00000001 00000000\r");
-    EXPECT_THAT(m_red.m_hechos, ElementsAre("escucha", "cierra 1", "calla"));
+TEST_F(SimuladorConcentrador, SoloValeRepConSuRetornoYTrasElSaludo) {
+    struct Caso {
+        std::vector<std::string> respuestas;
+        bool abre;
+        int inesperadas, deMas;
+        std::string opciones;
+        Ventana atasco;
+    };
+    const Caso casos[] = {{{"R", "EP", "\r"}, true, 0, 0, "", {}},
+                          {{"REP"}, false, 0, 0, "", {}},
+                          {{"REP\n"}, false, 0, 0, "", {}},
+                          {{"rep\r"}, false, 1, 0, "", {}},
+                          {{"REPX\r", "REP\r"}, true, 1, 0, "", {}},
+                          {{"REP\r\n"}, true, 0, 1, "", {}},
+                          {{"REP\r", "abc"}, true, 0, 3, "", {}},
+                          {{std::string(5000, 'a')}, false, 0, 5000, "", {}},
+                          {{"REP\r"}, false, 0, 4, "--enmudece saludo:1", {}},
+                          {{"REP\r"}, false, 0, 4, "", {0ms, 600ms}}};
+    m_responde = false;
+    for (const auto& caso : casos) {
+        SCOPED_TRACE(testing::PrintToString(caso.respuestas));
+        m_atasco = caso.atasco;
+        for (const auto& respuesta : caso.respuestas) ocurre(500ms, 1, Suceso::Tipo::Datos, respuesta);
+        const std::string dicho = sesion(UNA + "--duracion 2 " + caso.opciones);
+        EXPECT_TRUE(caso.abre ? dicho.starts_with(ABIERTA + linea(0)) : dicho == "LIN>") << dicho;
+        EXPECT_EQ(m_resumen.cuenta.inesperadas, caso.inesperadas);
+        EXPECT_EQ(m_resumen.cuenta.bytesDeMas, caso.deMas);
+    }
+}
+
+TEST_F(SimuladorConcentrador, CadaMomentoAdmiteSilencioCierreYReinicio) {
+    const std::string tras2 = ABIERTA + linea(0) + linea(1), sana = sesion(UNA + "--duracion 10");
+    const std::pair<std::string, std::string> casos[] = {
+        {"saludo", ""}, {"rep", "LIN>"}, {"abierta", ABIERTA}, {"lecturas:2", tras2}, {"media:2", tras2}};
+    const std::pair<std::string, std::string> faltas[] = {
+        {"--enmudece ", "calla"}, {"--cierra ", "cierra 1"}, {"--reinicia ", "reinicia 1"}};
+    for (const auto& [momento, antes] : casos) {
+        for (const auto& [falta, hecho] : faltas) {
+            SCOPED_TRACE(falta + momento);
+            const std::string dicho = sesion(UNA + "--duracion 60 " + falta + momento);
+            EXPECT_EQ(m_hechos[1], hecho);
+            EXPECT_LT(m_vueltas, 650);
+            ASSERT_THAT(dicho, StartsWith(antes));
+            const std::string media = dicho.substr(antes.size());
+            EXPECT_EQ(media.empty(), momento != "media:2");
+            EXPECT_TRUE(linea(2).starts_with(media) && media.size() < linea(2).size() - 1) << media;
+        }
+        // A silence that ends delays and changes nothing.
+        EXPECT_THAT(sana, StartsWith(sesion(UNA + "--duracion 10 --enmudece " + momento + ":2.5"))) << momento;
+        EXPECT_GT(m_resumen.cuenta.lineas, 60) << momento;
+        std::int64_t hueco = m_trozos[0].first;
+        for (std::size_t i = 1; i < m_trozos.size(); ++i)
+            hueco = std::max(hueco, m_trozos[i].first - m_trozos[i - 1].first);
+        EXPECT_NEAR(static_cast<double>(hueco), momento == "abierta" ? 2600 : 2500, 1) << momento;
+    }
+    EXPECT_EQ(sesion(UNA + "--enmudece rep:1,media:1:2 --cierra lecturas:2 --fin crlf --sesiones 1"),
+              ABIERTA + linea(0) + "\n" + linea(1) + "\n");
+    EXPECT_EQ(m_resumen.tiempo / 1ms, 3100);
+}
+
+TEST_F(SimuladorConcentrador, LoQueSobraNoQuitaNingunaLectura) {
+    const std::regex buena("\n?(12/03 -- [0-9]{4}\\.[0-9]{3} 0000\\.000\r)");
+    const std::pair<std::string, int> casos[] = {{"--malas 3", 33},
+                                                 {"--malas 4:media,direccion", 25},
+                                                 {"--basura 2", 50},
+                                                 {"--partir 2:0.01", 0},
+                                                 {"--malas 5 --basura 5 --partir 5:0.03 --fin crlf", 40}};
+    for (const auto& [faltas, defectuosas] : casos) {
+        SCOPED_TRACE(faltas);
+        std::istringstream dicho(sesion(UNA + faltas + " --tramas 100 --duracion 20").substr(ABIERTA.size()));
+        int buenas = 0;
+        std::smatch partes;
+        for (std::string trozo; std::getline(dicho, trozo, '\r');)
+            if (trozo += '\r'; std::regex_match(trozo, partes, buena) && partes[1] == linea(buenas)) ++buenas;
+        EXPECT_EQ(buenas, 100);
+        EXPECT_EQ(m_resumen.cuenta.lineas, 100);
+        EXPECT_EQ(m_resumen.cuenta.defectuosas, defectuosas);
+    }
+}
+
+TEST_F(SimuladorConcentrador, CadaDireccionCuentaPorSuUltimaCifra) {
+    EXPECT_EQ(sesion("--direcciones 1/1,99/99,0/7 --contar --decimales 0,2,0. --tramas 2 --acumulado 7 --marcas CD "
+                     "--duracion 5"),
+              ABIERTA +
+                  "01/01 CD 00000000 00000007\r99/99 CD 00000.00 00007.00\r00/07 CD 0000000. 0000007.\r"
+                  "01/01 CD 00000001 00000007\r99/99 CD 00000.01 00007.00\r00/07 CD 0000001. 0000007.\r");
+    EXPECT_THAT(m_motivos, ElementsAre("fin de la ejecución"));
+}
+
+TEST_F(SimuladorConcentrador, LoDichoEsLoMismoParaTodosYSiempre) {
+    const std::string argumentos =
+        "--direcciones 12/1-12/8 --ciclo 5 --marcas azar --pausas azar:2:1 --tramas 300 --duracion 60";
+    llega(1500ms, 2);
+    const std::string dicho = sesion(argumentos);
+    EXPECT_GT(dicho.size(), 20'000U);
+    EXPECT_TRUE(m_enviado[2] == dicho);
+    EXPECT_EQ(m_resumen.sesiones, 2);
+    EXPECT_THAT(textoResumen(m_resumen), StartsWith("Sesiones: 2, abiertas con REP: 2\nEnviadas: "));
+    m_vuelta = 370ms;
+    m_cabe = 1'000;
+    EXPECT_TRUE(sesion(argumentos) == dicho);
+}
+
+TEST_F(SimuladorConcentrador, NiSinSitioNiEnAvalanchaSePierdeNada) {
+    const auto seguidas = [](const std::string& dicho) {
+        int n = 0;
+        for (std::size_t i = ABIERTA.size(); i < dicho.size(); i += 27)
+            if (dicho.substr(i, 27) == linea(n)) ++n;
+        EXPECT_EQ(dicho.size(), ABIERTA.size() + static_cast<std::size_t>(n) * 27);
+        return n;
+    };
+    m_atasco = {150ms, 5s};
+    seguidas(sesion("--direcciones 12/3 --contar --decimales 3 --ritmo 1000 --duracion 5.1"));
+    EXPECT_EQ(m_resumen.cuenta.retrasos, 1);
+    m_atasco = {};
+    m_vuelta = 100ms;
+    const int n = seguidas(sesion(UNA + "--avalancha 1:2 --duracion 3.2"));
+    EXPECT_EQ(n, m_resumen.cuenta.lineas);
+    EXPECT_GT(m_resumen.cuenta.avalancha, 5'000);
+    EXPECT_NEAR(static_cast<double>(n - m_resumen.cuenta.avalancha), 30, 1);
+    const std::int64_t primera = m_trozos[2].first;
+    for (const auto& [cuando, trozo] : m_trozos)
+        EXPECT_EQ(trozo.size() > 100, cuando >= primera + 1000 && cuando < primera + 2000) << cuando;
 }
 
 TEST_F(SimuladorConcentrador, LasFaltasDeLasPrimerasSesiones) {
-    for (int i = 0; i < 3; ++i) m_red.llega(i * 1s, i + 1);
-    correr({"--saludo", "NO", "--reinicia", "lecturas:1", "--direcciones", "1/1", "--veces", "2", "--duracion", "5"});
-    EXPECT_THAT(m_red.m_enviado[1], testing::StartsWith("NOXXX>"));
-    EXPECT_EQ(m_red.m_enviado[2], m_red.m_enviado[1]);
-    EXPECT_THAT(m_red.m_enviado[3], testing::StartsWith("LIN>XXX>"));
-    EXPECT_GT(m_red.m_enviado[3].size(), 20U * 27);
-    EXPECT_THAT(m_red.m_hechos, ElementsAre("escucha", "reinicia 1", "reinicia 2", "calla"));
-    EXPECT_THAT(m_testigo.m_motivos, ElementsAre("reiniciada", "reiniciada", "fin de la ejecución"));
+    for (int i = 0; i < 3; ++i) llega(i * 1s, i + 1);
+    m_responde = false;
+    for (int i = 0; i < 3; ++i) ocurre(i * 1s + 10ms, i + 1, Suceso::Tipo::Datos, "REP\r");
+    correr("--saludo NO --reinicia lecturas:1 --direcciones 1/1 --veces 2 --duracion 5");
+    EXPECT_THAT(m_enviado[1], StartsWith("NOXXX>"));
+    EXPECT_EQ(m_enviado[2], m_enviado[1]);
+    EXPECT_THAT(m_enviado[3], StartsWith(ABIERTA));
+    EXPECT_GT(m_enviado[3].size(), 20U * 27);
+    EXPECT_THAT(m_hechos, ElementsAre("escucha", "reinicia 1", "reinicia 2", "calla"));
+    EXPECT_THAT(m_motivos, ElementsAre("reiniciada", "reiniciada", "fin de la ejecución"));
 }
 
-TEST_F(SimuladorConcentrador, AusenteCortaYVuelveASuHora) {
-    m_red.llega(0s, 1);
-    correr({"--ausente", "2.01:5.03,7:8", "--duracion", "9"});
-    EXPECT_THAT(m_red.m_hechos, ElementsAre("escucha", "calla", "cierra 1", "escucha", "calla", "escucha", "calla"));
-    ASSERT_EQ(m_testigo.m_escuchas.size(), 3U);
-    EXPECT_NEAR(static_cast<double>(m_testigo.m_escuchas[1] / 1ms), 5030, 1);
-    EXPECT_NEAR(static_cast<double>(m_testigo.m_escuchas[2] / 1ms), 8000, 1);
-    EXPECT_THAT(m_testigo.m_motivos, ElementsAre("ausente"));
+TEST_F(SimuladorConcentrador, ElPuertoFaltaYVuelveASuHora) {
+    llega(0s, 1);
+    correr("--ausente 2.01:5.03,7:8 --duracion 9");
+    EXPECT_THAT(m_hechos, ElementsAre("escucha", "calla", "cierra 1", "escucha", "calla", "escucha", "calla"));
+    EXPECT_THAT(m_escuchas, ElementsAre(0, 5030, 8000));
+    EXPECT_THAT(m_motivos, ElementsAre("ausente"));
+    m_ocupadaHasta = 3s;
+    EXPECT_TRUE(correr("--duracion 9").fallo);
+    EXPECT_THAT(m_hechos, ElementsAre("ocupado", "calla"));
+    // Taken by somebody else meanwhile: tried each fifth of a second.
+    m_ocupadaHasta = {};
+    m_ocupadaLuego = 3s;
+    EXPECT_FALSE(correr("--ausente 1:2 --duracion 4").fallo);
+    EXPECT_NEAR(static_cast<double>(std::count(m_hechos.begin(), m_hechos.end(), "ocupado")), 5, 1);
+    EXPECT_THAT(m_hechos, testing::IsSupersetOf({"escucha", "escucha"}));
 }
 
-TEST_F(SimuladorConcentrador, UnPuertoOcupadoAlPrincipioEsElFinYDespuesSeReintenta) {
-    m_red.m_ocupadaHasta = 1s;
-    EXPECT_TRUE(correr({"--duracion", "9"}).fallo);
-    EXPECT_EQ(m_red.m_intentos, 1);
-
-    m_reloj.m_ahora = 1000h;
-    m_red.m_ocupadaHasta.reset();
-    m_red.m_guion.insert({2s, {Suceso::Tipo::Cabe, 9, {}}});
-    struct Ocupa : RedDePrueba {
-        using RedDePrueba::RedDePrueba;
-        void dejarDeEscuchar() override { m_ocupadaHasta = 3s; }
-    } ocupada(m_reloj);
-    const auto opciones = leerOpcionesConcentrador(std::vector<std::string>{"--ausente", "1:2", "--duracion", "4"});
-    const auto resumen = Concentrador(opciones, 5, ocupada, m_reloj, m_testigo).correr();
-    EXPECT_FALSE(resumen.fallo);
-    // The first time, each fifth of a second while it is taken, and the one that succeeds.
-    EXPECT_NEAR(ocupada.m_intentos, 7, 1);
-    EXPECT_EQ(ocupada.m_hechos.size(), 2U);
-}
-
-TEST_F(SimuladorConcentrador, SinAceptarNoHaySesiones) {
-    m_red.llega(1s, 1);
-    EXPECT_EQ(correr({"--sin-aceptar", "--duracion", "3"}).sesiones, 0);
-    EXPECT_TRUE(m_red.m_enviado.empty());
-}
-
-TEST_F(SimuladorConcentrador, ElClienteQueSeVaYElUsuarioQueTermina) {
-    m_red.llega(0s, 1);
-    m_red.m_guion.insert({1s, {Suceso::Tipo::SeVa, 1, {}}});
-    m_red.m_guion.insert({2s, {Suceso::Tipo::Datos, 1, "tarde"}});
-    m_reloj.m_fin = 3s;
-    const auto resumen = correr({});
-    EXPECT_THAT(m_testigo.m_motivos, ElementsAre("se fue el cliente"));
-    EXPECT_NEAR(static_cast<double>(resumen.tiempo / 1ms), 3000, 100);
-}
-
-TEST(SimuladorVisible, EscribeLoQueNoSeVe) {
-    EXPECT_EQ(visible(std::string("a\r\n\t\\\0\x7F\xE9z", 9)), "a\\r\\n\\t\\\\\\x00\\x7F\\xE9z");
-}
-
-TEST(SimuladorOpcionesConcentrador, LoQueSeEntiende) {
-    using Punto = Etapa::Punto;
-    const auto leer = [](std::vector<std::string> argumentos) { return leerOpcionesConcentrador(argumentos); };
-    EXPECT_EQ(leer({}).puerto, 9084);
-    EXPECT_THAT(leer({}).escucha, ElementsAre("127.0.0.1", "::1"));
-    EXPECT_THAT(leer({"--escucha", "todas"}).escucha, ElementsAre("0.0.0.0", "::"));
-    EXPECT_THAT(leer({"--direcciones", "12/98-13/1,0/5"}).direcciones,
-                ElementsAre(Direccion{12, 98}, Direccion{12, 99}, Direccion{13, 0}, Direccion{13, 1}, Direccion{0, 5}));
-    EXPECT_THAT(leer({"--decimales", "0,0.,2"}).decimales,
-                ElementsAre(Decimales{0, false}, Decimales{0, true}, Decimales{2, false}));
-    EXPECT_EQ(leer({"--saludo", "a\\x4C\\\\"}).faltas.saludo, "aL\\");
-    EXPECT_EQ(leer({"--cierra", "media:0"}).faltas.cierre, (Etapa{Punto::Media, 0}));
-    const auto mudeces = leer({"--enmudece", "rep,lecturas:20:1.5"}).faltas.mudeces;
-    ASSERT_EQ(mudeces.size(), 2U);
-    EXPECT_FALSE(mudeces[0].dura);
-    EXPECT_EQ(mudeces[1].etapa, (Etapa{Punto::Lecturas, 20}));
-    EXPECT_EQ(mudeces[1].dura, 1500ms);
-}
-
-TEST(SimuladorOpcionesConcentrador, LosErroresDicenQueOpcionYPorQue) {
-    struct Caso {
-        std::vector<std::string> argumentos;
-        const char* dice;
-    };
-    const Caso casos[] = {
-        {{"--puertos", "1"}, "opción desconocida"},
-        {{"--puerto", "65536"}, "de 0 a 65535"},
-        {{"--direcciones", "12"}, "dirección como 12/3"},
-        {{"--direcciones", "100/1"}, "de 0 a 99"},
-        {{"--direcciones", "1/5-1/4"}, "al revés"},
-        {{"--direcciones", "1/1-1/2-1/3"}, "intervalo"},
-        {{"--direcciones", "1/1-1/9,1/4"}, "1/4 está dos veces"},
-        {{"--decimales", "5"}, "de 0 a 4"},
-        {{"--decimales", "3", "--capacidad", "10000"}, "--capacidad: la capacidad no cabe"},
-        {{"--decimales", "1,4", "--peso", "1000"}, "los decimales de 12/2"},
-        {{"--decimales", "4", "--peso", "direccion"}, "--peso: el peso no cabe"},
-        {{"--decimales", "4", "--acumulado", "1000", "--peso", "1"}, "--acumulado"},
-        {{"--decimales", "1", "--barrido", "0:10:0.01"}, "el paso no cabe"},
-        {{"--decimales", "3", "--barrido", "0:10000:1"}, "el máximo no cabe"},
-        {{"--marcas", "EXX"}, "no son marcas"},
-        {{"--marcas", "DC"}, "no son marcas"},
-        {{"--fin", "nada"}, "cr, lf o crlf"},
-        {{"--saludo", "a\\q"}, "tras «\\»"},
-        {{"--saludo", "a\\x4"}, "tras «\\»"},
-        {{"--cierra", "luego"}, "no es un momento"},
-        {{"--cierra", "lecturas"}, "falta cuántas"},
-        {{"--cierra", "lecturas:0"}, "--cierra: «0» está fuera de margen"},
-        {{"--cierra", "rep:1"}, "sobra «1»"},
-        {{"--enmudece", "rep:1:2"}, "sobra «2»"},
-        {{"--cierra", "rep", "--reinicia", "rep"}, "no puede ir con --cierra"},
-        {{"--sin-aceptar", "--cierra", "rep"}, "no puede ir con"},
-        {{"--trozos", "2"}, "N:SEGUNDOS"},
-        {{"--malas", "3:rotas"}, "media, larga, direccion, marcas, separador, valor"},
-        {{"--ausente", "5:5"}, "termina antes"},
-        {{"--avalancha", "0:60.001"}, "dura más de 60 segundos"},
-        {{"--callar", "5:1"}, "no hay indicador 5"},
-        {{"--contar", "--peso", "direccion"}, "no puede ir con"},
-    };
-    for (const auto& caso : casos) {
-        const std::string usado = testing::PrintToString(caso.argumentos);
-        try {
-            leerOpcionesConcentrador(caso.argumentos);
-            ADD_FAILURE() << usado << " se acepta";
-        } catch (const ErrorUso& error) {
-            EXPECT_THAT(error.what(), HasSubstr(caso.dice)) << usado;
-        }
-    }
-}
-
-TEST(SimuladorOpcionesConcentrador, LosEjemplosDeLaAyudaSonValidos) {
-    const std::string ayuda{textoAyudaConcentrador()};
-    int ejemplos = 0;
-    for (std::size_t lugar = 0; (lugar = ayuda.find("\n  simulador concentrador", lugar)) != std::string::npos;
-         ++ejemplos) {
-        lugar += 3;
-        std::istringstream texto(ayuda.substr(lugar, ayuda.find('\n', lugar) - lugar));
-        const std::vector<std::string> palabras{std::istream_iterator<std::string>(texto), {}};
-        EXPECT_NO_THROW(leerOpcionesConcentrador(std::span(palabras).subspan(2))) << texto.str();
-    }
-    EXPECT_EQ(ejemplos, 5);
+TEST_F(SimuladorConcentrador, QuienNoEsAceptadoElQueSeVaYElUsuarioQueTermina) {
+    EXPECT_EQ(sesion("--sin-aceptar --duracion 3"), "");
+    EXPECT_EQ(m_resumen.sesiones, 0);
+    ocurre(1s, 1, Suceso::Tipo::SeVa);
+    ocurre(2s, 1, Suceso::Tipo::Datos, "tarde");
+    m_fin = 3s;
+    sesion("");
+    EXPECT_NEAR(static_cast<double>(m_resumen.tiempo / 1ms), 3000, 100);
+    EXPECT_THAT(m_motivos, ElementsAre("se fue el cliente"));
+    EXPECT_EQ(visible("a\r\n\t\\\0\x7F\xE9z"s), "a\\r\\n\\t\\\\\\x00\\x7F\\xE9z");
 }
 
 }  // namespace

@@ -5,134 +5,134 @@
 #include <sstream>
 
 #include "simulador/opciones.h"
+#include "simulador/opcionesConcentrador.h"
 
 namespace sorvanel::simulador {
 namespace {
 
-using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-TEST(SimuladorOpciones, SinNadaSonCuatroBasculasEnEsteEquipo) {
-    const Opciones opciones = leerOpciones({});
-    EXPECT_THAT(opciones.destinos, ElementsAre(Destino{"127.0.0.1", 9001}, Destino{"127.0.0.1", 9002},
-                                               Destino{"127.0.0.1", 9003}, Destino{"127.0.0.1", 9004}));
-    EXPECT_EQ(opciones.ritmo, 10'000);
-    EXPECT_EQ(opciones.peso.modo, OrigenPeso::Modo::Bascula);
-    EXPECT_FALSE(opciones.duracion || opciones.tramas || opciones.semilla);
+std::vector<std::string> palabras(const std::string& orden) {
+    std::istringstream texto(orden);
+    return {std::istream_iterator<std::string>(texto), {}};
+}
+Opciones tessel(const std::string& orden) {
+    return leerOpciones(palabras(orden));
+}
+OpcionesConcentrador pavona(const std::string& orden) {
+    return leerOpcionesConcentrador(palabras(orden));
 }
 
-TEST(SimuladorOpciones, CadaPuertoPuedeTenerSuEquipo) {
+TEST(SimuladorOpciones, LoQueSeEntiende) {
+    const Opciones nada = tessel("");
+    EXPECT_THAT(nada.destinos, ElementsAre(Destino{"127.0.0.1", 9001}, Destino{"127.0.0.1", 9002},
+                                           Destino{"127.0.0.1", 9003}, Destino{"127.0.0.1", 9004}));
+    EXPECT_EQ(nada.peso.modo, OrigenPeso::Modo::Bascula);
+    EXPECT_FALSE(nada.duracion || nada.tramas || nada.semilla);
     // The common host reaches the bare ports wherever it is written.
-    const Opciones opciones = leerOpciones({"--puertos=9001-9002,10.0.0.5:9001,65535", "--destino", "sala"});
-    EXPECT_THAT(opciones.destinos, ElementsAre(Destino{"sala", 9001}, Destino{"sala", 9002}, Destino{"10.0.0.5", 9001},
-                                               Destino{"sala", 65535}));
+    EXPECT_THAT(tessel("--puertos=9001,10.0.0.5:9001,65535 --destino sala").destinos,
+                ElementsAre(Destino{"sala", 9001}, Destino{"10.0.0.5", 9001}, Destino{"sala", 65535}));
+    const Opciones numeros =
+        tessel("--ritmo 0.1 --capacidad 60000,1500.5 --division=20,.5 --semilla 9223372036854775807");
+    EXPECT_EQ(numeros.ritmo, 100);
+    EXPECT_THAT(numeros.peso.capacidades, ElementsAre(60'000'000, 1'500'500));
+    EXPECT_THAT(numeros.peso.divisiones, ElementsAre(20'000, 500));
+    EXPECT_EQ(numeros.semilla, 9223372036854775807U);
+    EXPECT_EQ(tessel("--peso 99999.999").peso.fijo, MAXMILESIMAS);
+    EXPECT_EQ(pavona("").puerto, 9084);
+    EXPECT_THAT(pavona("").escucha, ElementsAre("127.0.0.1", "::1"));
+    EXPECT_THAT(pavona("--escucha todas").escucha, ElementsAre("0.0.0.0", "::"));
+    EXPECT_THAT(pavona("--direcciones 12/98-13/1,0/5").direcciones,
+                ElementsAre(Direccion{12, 98}, Direccion{12, 99}, Direccion{13, 0}, Direccion{13, 1}, Direccion{0, 5}));
 }
 
-TEST(SimuladorOpciones, LosNumerosSonMilesimasExactas) {
-    const Opciones opciones = leerOpciones({"--ritmo", "0.1", "--capacidad", "60000,1500.5", "--division=20,.5",
-                                            "--duracion", "2.25", "--semilla", "9223372036854775807"});
-    EXPECT_EQ(opciones.ritmo, 100);
-    EXPECT_THAT(opciones.peso.capacidades, ElementsAre(60'000'000, 1'500'500));
-    EXPECT_THAT(opciones.peso.divisiones, ElementsAre(20'000, 500));
-    EXPECT_EQ(opciones.duracion, 2250ms);
-    EXPECT_EQ(opciones.semilla, 9223372036854775807U);
-    EXPECT_EQ(leerOpciones({"--peso", "99999.999"}).peso.fijo, MAXMILESIMAS);
-}
+struct Rechazo {
+    const char* orden;
+    const char* dice;
+};
 
-TEST(SimuladorOpciones, SilenciosDeUnoYDeTodos) {
-    const Opciones opciones = leerOpciones({"--callar", "2:5,4:0-1.5", "--pausas", "azar:10:2"});
-    ASSERT_EQ(opciones.silencios.calladas.size(), 2U);
-    const Callada& primera = opciones.silencios.calladas[0];
-    const Callada& segunda = opciones.silencios.calladas[1];
-    EXPECT_EQ(primera.indicador, 1U);
-    EXPECT_EQ(primera.desde, 5s);
-    EXPECT_FALSE(primera.hasta);
-    EXPECT_EQ(segunda.indicador, 3U);
-    EXPECT_EQ(segunda.desde, 0s);
-    EXPECT_EQ(segunda.hasta, 1500ms);
-    ASSERT_TRUE(opciones.silencios.pausas);
-    EXPECT_TRUE(opciones.silencios.pausas->azar);
-    EXPECT_EQ(opciones.silencios.pausas->cada, 10s);
-    EXPECT_EQ(opciones.silencios.pausas->dura, 2s);
-}
+constexpr Rechazo DE_TESSEL[] = {
+    {"--nada", "opción desconocida: «--nada»"},
+    {"--ritmo", "--ritmo necesita un valor"},
+    {"--mostrar=1", "--mostrar no lleva valor"},
+    {"--ritmo 1000.001", "de 0.1 a 1000"},
+    {"--ritmo 1,5", "punto decimal"},
+    {"--ritmo 1.2345", "no es un número"},
+    {"--peso 99999999999999999999", "--peso"},
+    {"--tramas 1e3", "no es un número entero"},
+    {"--puertos 65536", "de 1 a 65535"},
+    {"--puertos 9004-9001", "al revés"},
+    {"--puertos :9001", "falta el equipo"},
+    {"--puertos 9001-9003,9002", "127.0.0.1:9002 está dos veces"},
+    {"--destino sala:9001", "los puertos van en --puertos"},
+    {"--callar 5:1", "no hay indicador 5, solo 4"},
+    {"--callar 1:3-2", "termina antes"},
+    {"--pausas 2:2", "dura más"},
+    {"--barrido 5:0:1", "no deja sitio"},
+    {"--marcas CED", "no son marcas"},
+    {"--peso 1 --contar", "--contar no puede ir con --peso"},
+    {"--malas 2:signo,sigo", "«sigo» no es ninguna de estas clases: letras, signo"},
+    {"--juntar 1", "de 2 a 100"},
+    {"--avalancha 1:62", "dura más de 60 segundos"},
+    {"--capacidad 100,5 --division 10,1", "la del indicador 2"},
+};
 
-TEST(SimuladorOpciones, LaAyudaVaPorDelanteDeLosErrores) {
-    for (const char* pedida : {"--help", "-h", "--ayuda", "/?"})
-        EXPECT_TRUE(leerOpciones({"--nada", pedida}).ayuda) << pedida;
-}
+constexpr Rechazo DE_PAVONA[] = {
+    {"--direcciones 12", "dirección como 12/3"},
+    {"--direcciones 1/5-1/4", "al revés"},
+    {"--direcciones 1/1-1/2-1/3", "intervalo"},
+    {"--direcciones 1/1-1/9,1/4", "1/4 está dos veces"},
+    {"--decimales 5", "de 0 a 4"},
+    {"--decimales 3 --capacidad 10000", "--capacidad: la capacidad no cabe"},
+    {"--decimales 4 --peso direccion", "--peso: el peso no cabe"},
+    {"--decimales 4 --acumulado 1000 --peso 1", "--acumulado"},
+    {"--decimales 1 --barrido 0:10:0.01", "el paso no cabe"},
+    {"--decimales 3 --barrido 0:10000:1", "el máximo no cabe"},
+    {"--marcas DC", "no son marcas"},
+    {"--fin nada", "cr, lf o crlf"},
+    {"--saludo a\\q", "tras «\\»"},
+    {"--cierra luego", "no es un momento"},
+    {"--cierra lecturas", "falta cuántas"},
+    {"--cierra lecturas:0", "--cierra: «0» está fuera de margen"},
+    {"--cierra rep --reinicia rep", "no puede ir con --cierra"},
+    {"--sin-aceptar --cierra rep", "no puede ir con"},
+    {"--trozos 2", "N:SEGUNDOS"},
+    {"--ausente 5:5", "termina antes"},
+};
 
-TEST(SimuladorOpciones, LosErroresDicenQueOpcionYPorQue) {
-    struct Caso {
-        std::vector<std::string> argumentos;
-        const char* dice;
-    };
-    const Caso casos[] = {
-        {{"--nada"}, "opción desconocida: «--nada»"},
-        {{"9001"}, "opción desconocida"},
-        {{"--ritmo"}, "--ritmo necesita un valor"},
-        {{"--ritmo", "--mostrar"}, "--ritmo necesita un valor"},
-        {{"--mostrar=1"}, "--mostrar no lleva valor"},
-        {{"--ritmo", "0.099"}, "de 0.1 a 1000"},
-        {{"--ritmo", "1000.001"}, "de 0.1 a 1000"},
-        {{"--ritmo", "1,5"}, "punto decimal"},
-        {{"--ritmo", "1.2345"}, "no es un número"},
-        {{"--ritmo", "-1"}, "no es un número"},
-        {{"--ritmo", "."}, "no es un número"},
-        {{"--ritmo="}, "no es un número"},
-        {{"--peso", "100000"}, "de 0 a 99999.999"},
-        {{"--peso", "99999999999999999999"}, "--peso"},
-        {{"--tramas", "1e3"}, "no es un número entero"},
-        {{"--tramas", "0"}, "fuera de margen"},
-        {{"--puertos", "0"}, "de 1 a 65535"},
-        {{"--puertos", "65536"}, "de 1 a 65535"},
-        {{"--puertos", "9001,"}, "no es un número entero"},
-        {{"--puertos", "9004-9001"}, "al revés"},
-        {{"--puertos", "10.0.0.5:9001:9002"}, "«9001:9002» no es un número entero"},
-        {{"--puertos", ":9001"}, "falta el equipo"},
-        {{"--puertos", "9001-9003,9002"}, "127.0.0.1:9002 está dos veces"},
-        {{"--destino", "sala:9001"}, "los puertos van en --puertos"},
-        {{"--callar", "5:1"}, "no hay indicador 5, solo 4"},
-        {{"--callar", "0:1"}, "fuera de margen"},
-        {{"--callar", "1"}, "INDICADOR:SEGUNDOS"},
-        {{"--callar", "1:3-2"}, "termina antes"},
-        {{"--pausas", "2"}, "CADA:DURA"},
-        {{"--pausas", "2:2"}, "dura más"},
-        {{"--barrido", "0:1"}, "MÍNIMO:MÁXIMO:PASO"},
-        {{"--barrido", "5:0:1"}, "no deja sitio"},
-        {{"--barrido", "0:5:0"}, "fuera de margen"},
-        {{"--marcas", "CED"}, "no son marcas"},
-        {{"--marcas", "EX"}, "no son marcas"},
-        {{"--peso", "1", "--contar"}, "--contar no puede ir con --peso"},
-        {{"--malas", "0"}, "fuera de margen"},
-        {{"--malas", "2:signo,sigo"}, "«sigo» no es ninguna de estas clases: letras, signo"},
-        {{"--juntar", "1"}, "de 2 a 100"},
-        {{"--avalancha", "1:62"}, "dura más de 60 segundos"},
-        {{"--avalancha", "3"}, "DESDE:HASTA"},
-        {{"--capacidad", "100,5", "--division", "10,1"}, "la del indicador 2"},
-    };
-    for (const auto& caso : casos) {
-        const std::string usado = testing::PrintToString(caso.argumentos);
+template <class Leer>
+void comprobarRechazos(std::span<const Rechazo> rechazos, Leer leer) {
+    for (const auto& [orden, dice] : rechazos) {
         try {
-            leerOpciones(caso.argumentos);
-            ADD_FAILURE() << usado << " se acepta";
+            leer(orden);
+            ADD_FAILURE() << orden << " se acepta";
         } catch (const ErrorUso& error) {
-            EXPECT_THAT(error.what(), HasSubstr(caso.dice)) << usado;
+            EXPECT_THAT(error.what(), HasSubstr(dice)) << orden;
         }
     }
 }
 
-TEST(SimuladorOpciones, LosEjemplosDeLaAyudaSonValidos) {
-    const std::string ayuda{textoAyuda()};
+TEST(SimuladorOpciones, LosErroresDicenQueOpcionYPorQue) {
+    comprobarRechazos(DE_TESSEL, tessel);
+    comprobarRechazos(DE_PAVONA, pavona);
+}
+
+TEST(SimuladorOpciones, LaAyudaVaPorDelanteYSusEjemplosValen) {
+    for (const char* pedida : {"--help", "-h", "--ayuda", "/?"})
+        EXPECT_TRUE(tessel(std::string("--nada ") + pedida).ayuda) << pedida;
     int ejemplos = 0;
-    for (std::size_t lugar = 0; (lugar = ayuda.find("\n  simulador", lugar)) != std::string::npos; ++ejemplos) {
-        lugar += 3;
-        std::istringstream linea(ayuda.substr(lugar, ayuda.find('\n', lugar) - lugar));
-        std::vector<std::string> palabras{std::istream_iterator<std::string>(linea), {}};
-        palabras.erase(palabras.begin());
-        EXPECT_NO_THROW(leerOpciones(palabras)) << linea.str();
-    }
-    EXPECT_EQ(ejemplos, 6);
+    for (const std::string& ayuda : {std::string(textoAyuda()), std::string(textoAyudaConcentrador())})
+        for (std::size_t lugar = 0; (lugar = ayuda.find("\n  simulador", lugar)) != std::string::npos; ++ejemplos) {
+            lugar += std::string("\n  simulador").size();
+            const std::string orden = ayuda.substr(lugar, ayuda.find('\n', lugar) - lugar);
+            if (orden.starts_with(" concentrador")) {
+                EXPECT_NO_THROW(pavona(orden.substr(std::string(" concentrador").size()))) << orden;
+            } else {
+                EXPECT_NO_THROW(tessel(orden)) << orden;
+            }
+        }
+    EXPECT_EQ(ejemplos, 11);
 }
 
 }  // namespace

@@ -33,6 +33,18 @@ TEST(Visores, laPrimeraSeccionSinPuertoTerminaLaCarga) {
     EXPECT_EQ(b.cargar(secciones(70)).cuantos(), 64);
 }
 
+TEST(Visores, unoNuevoNoDespiertaLosQueHabiaTrasElHueco) {
+    Banco b;
+    const std::string tras = "[VISOR_4]\r\nPort=3003\r\nEtiqueta=Viejo\r\n[VISOR_5]\r\nPort=5\r\n";
+    ASSERT_NE(b.cargar(secciones(2) + tras).nuevo(0, ""), nullptr);
+    Visores visores = b.cargar(b.e.ini());
+    EXPECT_EQ(visores.cuantos(), 3);
+    EXPECT_EQ(b.e.valor("VISOR_4", "Etiqueta"), "Viejo") << "until that number is given";
+    ASSERT_NE(visores.nuevo(0, ""), nullptr);
+    EXPECT_EQ(b.cargar(b.e.ini()).cuantos(), 4);
+    EXPECT_EQ(b.e.valor("VISOR_4", "Etiqueta"), "");
+}
+
 TEST(Visores, eliminarCierraElHueco) {
     Banco b;
     Visores visores = b.cargar(secciones(4));

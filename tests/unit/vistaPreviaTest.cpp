@@ -9,7 +9,7 @@
 namespace sorvanel {
 namespace {
 
-// Where the caption was printed last, from its picture's left edge; negative where it was not.
+// Where the text was printed last, from its picture's left edge; negative where it was not.
 float impresaEn(const SuperficieDoble& s) {
     float x = -1;
     for (const std::string& linea : s.lineas()) std::sscanf(linea.c_str(), "imprimir %f", &x);
@@ -26,68 +26,52 @@ protected:
     SuperficieDoble& etiqueta = *formulario.superficie(IdControl::picEjEtq);
     SuperficieDoble& peso = *formulario.superficie(IdControl::picEjVis);
 
-    void pintar(const AspectoPrevia& aspecto) {
+    void SetUp() override { previa.comoPieza().colocar(ZONA); }
+    void pintar(std::int16_t ancho, std::int16_t ajuste, const char* formato = "0") {
         etiqueta.olvidar();
         peso.olvidar();
-        previa.aspecto(aspecto);
-    }
-    float unidad() {
-        return peso.medir("0").ancho;  // while the weight's font was not made smaller
+        previa.aspecto({ancho, ajuste, 0x112233, 0x445566, 0x778899, 0xAABBCC, formato});
     }
 };
 
+// A unit is 210 twips, and the caption's letter 294.
 TEST_F(PreviaTest, laEtiquetaTieneUnaUnidadMasDeAnchoYSeAjusta) {
-    previa.comoPieza().colocar(ZONA);
-    for (std::int16_t ancho = 1; ancho <= 6; ++ancho) {
-        for (std::int16_t ajuste = 0; ajuste <= 2; ++ajuste) {
-            SCOPED_TRACE(ancho * 10 + ajuste);
-            pintar({ancho, ajuste, 0x112233, 0x445566, 0x778899, 0xAABBCC, "0.0"});
-            const float u = unidad();
-            ASSERT_GT(u, 0);
-            EXPECT_FLOAT_EQ(etiqueta.lugar().ancho, static_cast<float>(ancho + 1) * u);
-            EXPECT_FLOAT_EQ(etiqueta.lugar().derecha(), peso.lugar().x);
-            EXPECT_FLOAT_EQ(peso.lugar().derecha(), ZONA.derecha());
-            const float texto = etiqueta.medir(etiqueta.textoLeyenda()).ancho;
-            const float libre = etiqueta.lugar().ancho - texto;
-            const float donde[] = {u / 2, libre - u / 2, libre / 2};
-            EXPECT_NEAR(impresaEn(etiqueta), donde[ajuste], 0.1F);
-            EXPECT_GE(impresaEn(etiqueta), 0);
-            EXPECT_LE(impresaEn(etiqueta) + texto, etiqueta.lugar().ancho) << "cut";
-            EXPECT_EQ(etiqueta.colorFondo(), 0x112233);
-            EXPECT_EQ(peso.colorFondo(), 0x778899);
-            EXPECT_TRUE(etiqueta.visible() && peso.visible());
-        }
+    const struct {
+        std::int16_t ancho, ajuste;
+        float anchoEtiqueta, x;
+    } casos[] = {{1, 0, 420, 105}, {1, 1, 420, 21}, {1, 2, 420, 63}, {6, 0, 1470, 105}, {6, 1, 1470, 1071}};
+    for (const auto& c : casos) {
+        SCOPED_TRACE(c.ancho * 10 + c.ajuste);
+        pintar(c.ancho, c.ajuste);
+        EXPECT_FLOAT_EQ(etiqueta.lugar().ancho, c.anchoEtiqueta);
+        EXPECT_FLOAT_EQ(etiqueta.lugar().derecha(), peso.lugar().x);
+        EXPECT_FLOAT_EQ(peso.lugar().derecha(), ZONA.derecha());
+        EXPECT_NEAR(impresaEn(etiqueta), c.x, 0.1F);
+        EXPECT_EQ(etiqueta.colorFondo(), 0x112233);
+        EXPECT_EQ(peso.colorFondo(), 0x778899);
+        EXPECT_TRUE(etiqueta.visible() && peso.visible());
     }
-}
-
-TEST_F(PreviaTest, sinAnchoNoHayEtiqueta) {
-    previa.comoPieza().colocar(ZONA);
-    pintar({0, 0, BLANCO, NEGRO, BLANCO, NEGRO, "0"});
+    pintar(0, 0);
     EXPECT_FALSE(etiqueta.visible());
     EXPECT_TRUE(peso.visible());
     EXPECT_EQ(peso.lugar(), ZONA);
     EXPECT_LT(impresaEn(etiqueta), 0);
     previa.mostrar(false);
-    pintar({3, 0, BLANCO, NEGRO, BLANCO, NEGRO, "0"});
+    pintar(3, 0);
     EXPECT_FALSE(etiqueta.visible() || peso.visible()) << "painting does not show what is hidden";
 }
 
 TEST_F(PreviaTest, elPesoSigueElFormatoYNoSeCorta) {
-    previa.comoPieza().colocar(ZONA);
-    const struct {
-        const char *formato, *texto;
-    } casos[] = {{"", "9999"},
-                 {"###0,00", "9999.00"},
-                 {"000000", "009999"},
-                 {"0 \"kilogramos netos en la tolva\"", "9999 kilogramos netos en la tolva"}};
-    for (const auto& c : casos) {
-        pintar({6, 2, BLANCO, NEGRO, BLANCO, NEGRO, c.formato});
-        EXPECT_EQ(peso.textoLeyenda(), c.texto);
-        EXPECT_LE(impresaEn(peso) + peso.medir(c.texto).ancho, peso.lugar().ancho) << c.texto;
+    const std::string largo = "0 \"kilogramos netos en la tolva\"";
+    const std::pair<std::string, std::string> casos[] = {
+        {largo, "9999 kilogramos netos en la tolva"}, {"", "9999"}, {"###0,00", "9999.00"}, {"000000", "009999"}};
+    for (const auto& [formato, texto] : casos) {
+        pintar(6, 2, formato.c_str());
+        EXPECT_EQ(peso.textoLeyenda(), texto);
+        EXPECT_LE(impresaEn(peso) + peso.medir(texto).ancho, peso.lugar().ancho) << texto;
+        EXPECT_EQ(peso.fuente().alto < 420, formato == largo) << "after a long one as large as before";
+        EXPECT_FLOAT_EQ(etiqueta.lugar().ancho, 1470);
     }
-    // After a long one the letters are as large as before.
-    pintar({6, 2, BLANCO, NEGRO, BLANCO, NEGRO, "0"});
-    EXPECT_FLOAT_EQ(etiqueta.lugar().ancho, 7 * unidad());
 }
 
 }  // namespace

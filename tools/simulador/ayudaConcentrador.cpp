@@ -8,7 +8,8 @@ std::string_view textoAyudaConcentrador() {
 Uso: simulador concentrador [opciones]
 
 Espera a sus clientes por TCP. A cada uno lo saluda con «LIN>», espera «REP» y un retorno de
-carro, contesta «XXX>» y le envía lecturas: dirección, carga o descarga, peso y acumulado.
+carro, contesta «XXX>» y, una décima de segundo después, le envía lecturas: dirección, carga o
+descarga, peso y acumulado.
 Cada sesión recibe las mismas lecturas desde la primera. Termina con Ctrl+C.
 
 Dónde y cuánto
@@ -42,6 +43,7 @@ Faltas de la sesión. MOMENTO es «saludo» (antes de saludar), «rep» (tras re
   --saludo TEXTO         en vez de LIN>; admite \r \n \t \\ \xHH
   --segundo TEXTO        en vez de XXX>
   --trozos N:SEGUNDOS    los dos avisos de N en N bytes, con esa pausa
+  --pegada               la primera lectura va en un mismo envío con XXX>
   --enmudece LISTA       calla en ese MOMENTO para siempre, o MOMENTO:SEGUNDOS y sigue
   --cierra MOMENTO       cierra la conexión
   --reinicia MOMENTO     la corta (RST); lo último enviado puede perderse

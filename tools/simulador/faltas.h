@@ -38,6 +38,7 @@ struct Faltas {
     std::string segundo = "XXX>";
     std::size_t trozo = 0;  // bytes of a prompt sent at a time; 0 is all
     std::chrono::milliseconds pausaTrozos{};
+    bool pegada = false;  // the first line comes in one piece with the second prompt
     std::vector<Mudez> mudeces;
     std::optional<Etapa> cierre;
     std::optional<Etapa> reinicio;

@@ -55,6 +55,7 @@ constexpr Opcion<Borrador> PROPIAS[] = {
     {"--saludo", true, false, [](Borrador& b, Valor v) { b.opciones.faltas.saludo = leerTexto(v); }},
     {"--segundo", true, false, [](Borrador& b, Valor v) { b.opciones.faltas.segundo = leerTexto(v); }},
     {"--trozos", true, false, ponerTrozos},
+    {"--pegada", false, false, [](Borrador& b, Valor) { b.opciones.faltas.pegada = true; }},
     {"--enmudece", true, false, [](Borrador& b, Valor v) { b.opciones.faltas.mudeces = leerMudeces(v); }},
     {"--cierra", true, false, [](Borrador& b, Valor v) { b.opciones.faltas.cierre = leerEtapa(v); }},
     {"--reinicia", true, false, [](Borrador& b, Valor v) { b.opciones.faltas.reinicio = leerEtapa(v); }},

@@ -12,6 +12,8 @@ namespace {
 constexpr std::string_view RESPUESTA = "REP";
 constexpr std::size_t MAXENTRADA = 4096;
 constexpr Instante MAXRETRASO = std::chrono::seconds{1};
+// A client that takes the prompt and a line in one piece does not find the prompt at its end.
+constexpr Instante TRASAVISO = std::chrono::milliseconds{100};
 
 enum : std::uint64_t { AzarMala = 21, AzarBasura, AzarPartir, AzarMedia };
 
@@ -54,6 +56,7 @@ void Sesion::atender(std::string_view respuesta) {
     encolarEtapa({Etapa::Punto::Rep});
     encolarAviso(m_faltas.segundo);
     encolarEtapa({Etapa::Punto::Abierta});
+    if (!m_faltas.pegada) m_pasos.push_back({Paso::Tipo::Pausa, {}, TRASAVISO});
     encolarEtapa({Etapa::Punto::Media, 0});
 }
 
@@ -76,7 +79,8 @@ bool Sesion::hacer(const Paso& paso, Instante ahora) {
             m_salida += paso.texto;
             break;
         case Paso::Tipo::Pausa:
-            // What was said before it goes first.
+            // What was said before it goes first, and alone.
+            if (!m_salida.empty()) return false;
             if (!m_pausaHasta) m_pausaHasta = ahora + paso.dura;
             if (ahora < *m_pausaHasta) return false;
             m_pausaHasta.reset();
@@ -206,7 +210,11 @@ bool Sesion::enAvalancha(Instante ahora) const {
 std::optional<Instante> Sesion::proximo(Instante ahora) const {
     if (m_muda || m_fin != Fin::Sigue || m_salida.size() >= CABIDA) return std::nullopt;
     if (m_llena) return Instante::min();
-    if (!m_pasos.empty()) return m_pausaHasta ? *m_pausaHasta : Instante::min();
+    if (!m_pasos.empty()) {
+        if (m_pausaHasta) return m_pausaHasta;
+        if (m_pasos.front().tipo == Paso::Tipo::Pausa && !m_salida.empty()) return std::nullopt;
+        return Instante::min();
+    }
     if (m_esperaRespuesta) return std::nullopt;
     if (!m_abierta) return Instante::min();
     if (m_calendario.termina(m_turno)) return std::nullopt;

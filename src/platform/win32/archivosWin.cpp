@@ -1,6 +1,10 @@
 #include "platform/win32/archivosWin.h"
 
 #include <algorithm>
+#include <chrono>
+#include <exception>
+#include <system_error>
+#include <utility>
 
 #include "platform/win32/manejadoresNucleo.h"
 #include "platform/win32/textoWin.h"
@@ -89,6 +93,33 @@ bool ArchivosWin::reemplazar(const std::string& ruta, std::string_view contenido
                       });
     if (!bien) DeleteFileW(temporal.c_str());
     return bien;
+}
+
+void ArchivosWin::reemplazarAparte(const std::string& ruta, std::string contenido) {
+    const auto hacer = [this, ruta, nuevo = std::move(contenido)] { return reemplazar(ruta, nuevo); };
+    try {
+        m_aparte = std::async(std::launch::async, hacer);
+    } catch (const std::system_error&) {
+        // No thread is to be had: then the program waits for once.
+        std::promise<bool> hecho;
+        hecho.set_value(hacer());
+        m_aparte = hecho.get_future();
+    }
+}
+
+std::optional<bool> ArchivosWin::terminado() {
+    if (!m_aparte.valid() || m_aparte.wait_for(std::chrono::seconds(0)) != std::future_status::ready)
+        return std::nullopt;
+    return esperar();
+}
+
+std::optional<bool> ArchivosWin::esperar() {
+    if (!m_aparte.valid()) return std::nullopt;
+    try {
+        return m_aparte.get();
+    } catch (const std::exception&) {
+        return false;  // out of memory: not written
+    }
 }
 
 std::optional<SelloArchivo> ArchivosWin::sello(const std::string& ruta) {

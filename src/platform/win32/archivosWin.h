@@ -1,5 +1,7 @@
 #pragma once
 
+#include <future>
+
 #include "platform/archivos.h"
 
 namespace sorvanel {
@@ -13,11 +15,18 @@ public:
     // By a rename over the old file, which is one step for the file system: a kill or a power cut
     // at any moment leaves one of the two, whole. What is written beside it is called ruta + "~".
     bool reemplazar(const std::string& ruta, std::string_view contenido) override;
+    // On a thread of its own, which is waited for before this goes.
+    void reemplazarAparte(const std::string& ruta, std::string contenido) override;
+    std::optional<bool> terminado() override;
+    std::optional<bool> esperar() override;
     std::optional<SelloArchivo> sello(const std::string& ruta) override;
     // True also when there is no such file.
     bool borrar(const std::string& ruta) override;
     bool crearCarpeta(const std::string& ruta) override;
     std::string unir(const std::string& carpeta, const std::string& nombre) const override;
+
+private:
+    std::future<bool> m_aparte;
 };
 
 }  // namespace sorvanel

@@ -68,12 +68,21 @@ void Bucle::repartir(MSG& mensaje) {
         m_codigo = static_cast<int>(mensaje.wParam);
         return;
     }
+    if (mensaje.message >= WM_MOUSEFIRST && mensaje.message <= WM_MOUSELAST) anunciarRaton(mensaje);
     // By index: a key may close a dialog.
     for (std::size_t i = 0; i < m_dialogos.size(); ++i) {
         if (IsDialogMessageW(m_dialogos[i], &mensaje)) return;
     }
     TranslateMessage(&mensaje);
     DispatchMessageW(&mensaje);
+}
+
+void Bucle::anunciarRaton(const MSG& mensaje) const {
+    for (const HWND dialogo : m_dialogos) {
+        if (!IsChild(dialogo, mensaje.hwnd)) continue;
+        SendMessageW(dialogo, MENSAJE_RATON, 0, reinterpret_cast<LPARAM>(&mensaje));
+        return;
+    }
 }
 
 }  // namespace sorvanel

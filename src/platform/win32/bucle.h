@@ -24,7 +24,10 @@ public:
     explicit Bucle(const RelojWin& reloj) : m_reloj(reloj) {}
 
     void ocio(Ocio ocio) { m_ocio = std::move(ocio); }
-    // Gives that window the keyboard habits of a dialog, until it is taken off.
+    // To a dialog, before a mouse message for one of its children is handed out: the MSG, in lParam.
+    static constexpr UINT MENSAJE_RATON = WM_APP + 32;
+
+    // Gives that window the keyboard habits of a dialog, and MENSAJE_RATON, until it is taken off.
     void anadirDialogo(HWND ventana);
     void quitarDialogo(HWND ventana);
 
@@ -42,6 +45,7 @@ private:
     bool turno();
     void alivio();
     void repartir(MSG& mensaje);
+    void anunciarRaton(const MSG& mensaje) const;
 
     const RelojWin& m_reloj;
     Ocio m_ocio;

@@ -55,13 +55,17 @@ void anadir(std::wstring& texto, char32_t caracter) {
 }  // namespace
 
 CajaTextoWin::CajaTextoWin(AnfitrionDialogo& anfitrion, IdControl id, int elemento) : ControlDe(anfitrion) {
-    crearControl(CLASE, L"EDIT", WS_TABSTOP | ES_AUTOHSCROLL, id, elemento);
+    // A double click selects a word.
+    crearControl(CLASE, L"EDIT", WS_TABSTOP | ES_AUTOHSCROLL, id, elemento, true);
     ponerLetra();
 }
 
-// Alone among the controls it paints its text itself.
+// Alone among the controls it paints its text itself. With a font it takes margins of its own, besides
+// those of the frame.
 void CajaTextoWin::ponerLetra() {
-    if (hwnd()) SendMessageW(hwnd(), WM_SETFONT, reinterpret_cast<WPARAM>(anfitrion().letra()), FALSE);
+    if (!hwnd()) return;
+    SendMessageW(hwnd(), WM_SETFONT, reinterpret_cast<WPARAM>(anfitrion().letra()), FALSE);
+    SendMessageW(hwnd(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
 }
 
 void CajaTextoWin::alCambiarEscala() {

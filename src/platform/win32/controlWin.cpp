@@ -33,10 +33,12 @@ ControlWin::~ControlWin() {
     destruir();
 }
 
-void ControlWin::crearControl(const wchar_t* clase, const wchar_t* sobre, DWORD estilo, IdControl id, int elemento) {
+void ControlWin::crearControl(const wchar_t* clase, const wchar_t* sobre, DWORD estilo, IdControl id, int elemento,
+                              bool dobleClic) {
     MoldeVentana molde;
     molde.clase = clase;
     molde.sobre = sobre;
+    molde.dobleClic = dobleClic;
     molde.estilo = WS_CHILD | WS_CLIPSIBLINGS | estilo;
     molde.padre = m_anfitrion.ventana();
     molde.id = numero(id, elemento);

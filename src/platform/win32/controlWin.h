@@ -40,7 +40,8 @@ public:
 protected:
     explicit ControlWin(AnfitrionDialogo& anfitrion) : m_anfitrion(anfitrion) {}
     // `sobre` null: a window of our own. Of the style only what is special.
-    void crearControl(const wchar_t* clase, const wchar_t* sobre, DWORD estilo, IdControl id, int elemento);
+    void crearControl(const wchar_t* clase, const wchar_t* sobre, DWORD estilo, IdControl id, int elemento,
+                      bool dobleClic = false);
 
     void ponerLugar(const Rectangulo& lugar);
     void ponerVisible(bool visible);

@@ -81,27 +81,24 @@ void DialogoWin::cambiarEscala(const Escala& escala) {
 
 void DialogoWin::tamano(float ancho, float alto) {
     m_fondo.dimensionar(ancho, alto);
-    situarVentana();
+    situarVentana(false);
 }
 
 void DialogoWin::centrarEn(const Monitor& monitor) {
     m_monitor = monitor;
     const Escala nueva(monitor.twipsPorPixelX, monitor.twipsPorPixelY);
     if (!(nueva == m_escala)) cambiarEscala(nueva);
-    const bool mostrado = std::exchange(m_mostrado, false);
-    situarVentana();
-    m_mostrado = mostrado;
+    situarVentana(true);
 }
 
-// In the middle as long as it has not been shown; then it stays where the user has put it, as far as
-// that keeps it on the monitor.
-void DialogoWin::situarVentana() {
+// In the middle, or where it is, as far as that keeps it on the monitor.
+void DialogoWin::situarVentana(bool centrar) {
     if (!hwnd()) return;
     const Rectangulo lugar = m_fondo.lugar();
     const int ancho = m_escala.x.aPixel(lugar.ancho), alto = m_escala.y.aPixel(lugar.alto);
     const RectPixel& area = m_monitor.trabajo;
     int x = (area.left + area.right - ancho) / 2, y = (area.top + area.bottom - alto) / 2;
-    if (m_mostrado) {
+    if (!centrar) {
         RECT actual{};
         GetWindowRect(hwnd(), &actual);
         x = std::min(static_cast<int>(actual.left), area.right - ancho);
@@ -119,13 +116,11 @@ void DialogoWin::mostrar() {
     const HWND propietaria = GetWindow(hwnd(), GW_OWNER);
     const bool encima = propietaria && (GetWindowLongPtrW(propietaria, GWL_EXSTYLE) & WS_EX_TOPMOST);
     if (encima) SetWindowPos(hwnd(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    m_mostrado = true;
     m_orden.apilarMarcos();
     ShowWindow(hwnd(), SW_SHOW);
 }
 
 void DialogoWin::ocultar() {
-    m_mostrado = false;
     if (hwnd()) ShowWindow(hwnd(), SW_HIDE);
 }
 
@@ -198,11 +193,8 @@ std::unique_ptr<Superficie> DialogoWin::crearSuperficie(IdControl id, int elemen
 }
 
 void DialogoWin::baja(ControlWin& control) {
-    const RECT sitio = control.sitio();
-    const bool marco = control.esMarco() && control.estaVisible();
     m_foco.baja(control);
     m_orden.quitar(control);
-    if (marco) tocarDetras(sitio);
 }
 
 void DialogoWin::baja(SuperficieWin& superficie) {
@@ -330,6 +322,9 @@ LRESULT DialogoWin::alMensajePropio(UINT mensaje, WPARAM w, LPARAM l) {
             return 0;
         case MENSAJE_APILAR:
             m_orden.apilarMarcos();
+            return 0;
+        case Bucle::MENSAJE_RATON:
+            m_sugerencias.relevar(*reinterpret_cast<const MSG*>(l));
             return 0;
         case WM_SYSCOMMAND:
             // What the main window says of the screen saver holds for its tools too.

@@ -76,7 +76,7 @@ private:
     LRESULT devolver(HWND control, UINT mensaje, WPARAM w, LPARAM l);
     void cambiarEscala(const Escala& escala);
     void elegirLetra();
-    void situarVentana();
+    void situarVentana(bool centrar);
     void alAnadir();
     void seguirRaton();
     void pedirCierre();
@@ -87,7 +87,6 @@ private:
     OyenteDialogo* m_oyente = nullptr;
     Escala m_escala;
     Monitor m_monitor;
-    bool m_mostrado = false;
     bool m_agarrado = false;  // the button is down on the ground
     POINT m_agarre{};         // where, on the screen
     std::shared_ptr<FuenteWin> m_letra;

@@ -50,7 +50,7 @@ DialogosSistemaWin::DialogosSistemaWin(AvisosWin& avisos) : m_avisos(avisos) {
     m_propios.fill(static_cast<COLORREF>(BLANCO));
 }
 
-Color DialogosSistemaWin::elegirColor(Color inicial) {
+std::optional<Color> DialogosSistemaWin::elegirColor(Color inicial) {
     const AvisosWin::Apertura apertura(m_avisos);
     CHOOSECOLORW pedido{};
     pedido.lStructSize = sizeof pedido;
@@ -59,7 +59,8 @@ Color DialogosSistemaWin::elegirColor(Color inicial) {
     pedido.lpCustColors = m_propios.data();
     pedido.Flags = CC_RGBINIT | CC_FULLOPEN | CC_ANYCOLOR;
     // Cancelled, it may have written into the request all the same.
-    return ChooseColorW(&pedido) ? colorPintable(static_cast<Color>(pedido.rgbResult)) : inicial;
+    if (!ChooseColorW(&pedido)) return std::nullopt;
+    return colorPintable(static_cast<Color>(pedido.rgbResult));
 }
 
 bool DialogosSistemaWin::elegirFuente(FuenteElegida& fuente) {

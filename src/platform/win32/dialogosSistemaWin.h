@@ -13,7 +13,7 @@ class DialogosSistemaWin final : public DialogosSistema {
 public:
     explicit DialogosSistemaWin(AvisosWin& avisos);
 
-    Color elegirColor(Color inicial) override;
+    std::optional<Color> elegirColor(Color inicial) override;
     bool elegirFuente(FuenteElegida& fuente) override;
 
 private:

@@ -17,6 +17,12 @@ void Direccion::puerto(std::uint16_t puerto) {
     }
 }
 
+bool Direccion::interna() const {
+    constexpr std::uint32_t RED_INTERNA = 127;  // its first byte
+    if (familia() == AF_INET6) return IN6_IS_ADDR_LOOPBACK(&reinterpret_cast<const sockaddr_in6*>(&datos)->sin6_addr);
+    return ntohl(reinterpret_cast<const sockaddr_in*>(&datos)->sin_addr.s_addr) >> 24U == RED_INTERNA;
+}
+
 Direcciones buscarDirecciones(const std::string& host, bool soloNumero) {
     ADDRINFOW deseo{};
     deseo.ai_family = AF_UNSPEC;

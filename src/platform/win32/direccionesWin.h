@@ -15,6 +15,8 @@ struct Direccion {
     int tamano = 0;
 
     int familia() const { return datos.ss_family; }
+    // This machine's own.
+    bool interna() const;
     void puerto(std::uint16_t puerto);
 };
 

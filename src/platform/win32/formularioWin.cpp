@@ -1,9 +1,12 @@
 #include "platform/win32/formularioWin.h"
 
+#include <wtsapi32.h>
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
 
+#include "platform/win32/bucle.h"
 #include "platform/win32/recursos.h"
 #include "platform/win32/textoWin.h"
 
@@ -64,6 +67,8 @@ FormularioWin::FormularioWin(const std::string& titulo) : m_fuenteBoton(fuenteIn
         recurso(IDI_SORVANEL, IMAGE_ICON, GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON)));
     crear(molde);
     m_sugerencias.crear(hwnd());
+    // After a locked session other windows may lie above.
+    WTSRegisterSessionNotification(hwnd(), NOTIFY_FOR_THIS_SESSION);
     cambiarEscala(m_escala);
 }
 
@@ -78,10 +83,22 @@ void FormularioWin::cubrir(const Monitor& monitor) {
     const RECT lugar = aRECT(monitor.area);
     // Exactly the monitor's rectangle: so the system keeps the task bar beneath.
     if (hwnd()) {
+        m_sitio = lugar;
         SetWindowPos(hwnd(), HWND_TOP, lugar.left, lugar.top, lugar.right - lugar.left, lugar.bottom - lugar.top,
                      SWP_NOACTIVATE);
     }
     if (!(nueva == m_escala)) cambiarEscala(nueva);
+}
+
+// Neither a key nor the system, which saves windows from monitors that go, takes it off its monitor; when
+// another is to be covered it is told so.
+void FormularioWin::mantenerSitio(WINDOWPOS& cambio) const {
+    constexpr UINT MINIMIZA_O_RESTAURA = 0x8000;
+    if (IsRectEmpty(&m_sitio) || IsIconic(hwnd()) || (cambio.flags & MINIMIZA_O_RESTAURA)) return;
+    cambio.x = m_sitio.left;
+    cambio.y = m_sitio.top;
+    cambio.cx = m_sitio.right - m_sitio.left;
+    cambio.cy = m_sitio.bottom - m_sitio.top;
 }
 
 void FormularioWin::cambiarEscala(const Escala& escala) {
@@ -315,6 +332,20 @@ LRESULT FormularioWin::alMensaje(UINT mensaje, WPARAM w, LPARAM l) {
     }
 }
 
+LRESULT FormularioWin::alOrdenSistema(WPARAM w, LPARAM l) {
+    switch (w & 0xFFF0) {
+        case SC_SCREENSAVE:
+        case SC_MONITORPOWER:
+            return m_reposoImpedido ? 0 : porDefecto(WM_SYSCOMMAND, w, l);
+        case SC_MOVE:
+        case SC_SIZE:
+        case SC_MAXIMIZE:
+            return 0;  // it covers its monitor
+        default:
+            return porDefecto(WM_SYSCOMMAND, w, l);
+    }
+}
+
 LRESULT FormularioWin::alMensajePropio(UINT mensaje, WPARAM w, LPARAM l) {
     switch (mensaje) {
         case WM_ACTIVATE:
@@ -326,9 +357,17 @@ LRESULT FormularioWin::alMensajePropio(UINT mensaje, WPARAM w, LPARAM l) {
         case MENSAJE_FOCO:
             recuperarFoco();
             return 0;
+        case Bucle::MENSAJE_RATON:
+            m_sugerencias.relevar(*reinterpret_cast<const MSG*>(l));
+            return 0;
         case WM_SYSCOMMAND:
-            if (m_reposoImpedido && ((w & 0xFFF0) == SC_SCREENSAVE || (w & 0xFFF0) == SC_MONITORPOWER)) return 0;
+            return alOrdenSistema(w, l);
+        case WM_WINDOWPOSCHANGING:
+            mantenerSitio(*reinterpret_cast<WINDOWPOS*>(l));
             return porDefecto(mensaje, w, l);
+        case WM_WTSSESSION_CHANGE:
+            if (w == WTS_SESSION_UNLOCK || w == WTS_CONSOLE_CONNECT) cambioDeMonitores();
+            return 0;
         case WM_DPICHANGED:  // the size that it suggests is none of a whole monitor
         case WM_DISPLAYCHANGE:
             cambioDeMonitores();
@@ -352,6 +391,7 @@ LRESULT FormularioWin::alMensajePropio(UINT mensaje, WPARAM w, LPARAM l) {
             if (w) descargar();
             return 0;
         case WM_DESTROY:
+            WTSUnRegisterSessionNotification(hwnd());
             m_sugerencias.cerrar();  // the system would take it along and leave us the handle
             PostQuitMessage(0);
             return 0;

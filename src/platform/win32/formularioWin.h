@@ -57,6 +57,8 @@ private:
 
     LRESULT alMensaje(UINT mensaje, WPARAM w, LPARAM l) override;
     LRESULT alMensajePropio(UINT mensaje, WPARAM w, LPARAM l);
+    LRESULT alOrdenSistema(WPARAM w, LPARAM l);
+    void mantenerSitio(WINDOWPOS& cambio) const;
     void pedirActivacion();
     void activar();
     void cambioDeMonitores();
@@ -86,6 +88,7 @@ private:
     std::vector<SuperficieWin*> m_superficies;
     std::vector<BotonWin*> m_botones;  // in keyboard order
     std::vector<AsaWin*> m_asas;
+    RECT m_sitio{};      // of the monitor that it covers, screen pixels; empty before it covers any
     Punto m_ultimoFoco;  // middle of the button that had it
     Puntero m_puntero = Puntero::normal;
     bool m_reposoImpedido = false;

@@ -97,13 +97,18 @@ void ListaWin::ajustarCampo(int alto) {
 
 // The system may still be at work with its list: told when it has done.
 void ListaWin::alNotificar(UINT aviso) {
-    if (aviso == CBN_SELCHANGE || aviso == CBN_CLOSEUP) PostMessageW(hwnd(), MENSAJE_ELEGIDO, 0, 0);
+    if (aviso == CBN_SELENDOK || (aviso == CBN_SELCHANGE && !desplegada())) m_completa = true;
+    if (aviso == CBN_SELENDOK || aviso == CBN_SELCHANGE || aviso == CBN_CLOSEUP)
+        PostMessageW(hwnd(), MENSAJE_ELEGIDO, 0, 0);
     if (aviso == CBN_CLOSEUP || aviso == CBN_DROPDOWN) invalidar();
 }
 
-// While the list is open the user only looks through it.
+// While the list is open the user only looks through it. What was chosen is told also where it is
+// what was shown: that may have stood for something else.
 void ListaWin::alElegido() {
-    if (desplegada() || indice() == m_sabido) return;
+    if (desplegada()) return;
+    const bool completa = std::exchange(m_completa, false);
+    if (!completa && indice() == m_sabido) return;
     m_sabido = indice();
     invalidar();
     actuarSiPulsable();

@@ -33,10 +33,11 @@ private:
 
     Color m_fondo = BLANCO;
     bool m_encima = false;
-    int m_alto = 0;          // of the closed list, device pixels
-    int m_altoElemento = 0;  // the same
-    int m_alrededor = 6;     // what the system adds to the height of the field, device pixels
-    int m_sabido = -1;       // the index that the owner knows
+    int m_alto = 0;           // of the closed list, device pixels
+    int m_altoElemento = 0;   // the same
+    int m_alrededor = 6;      // what the system adds to the height of the field, device pixels
+    int m_sabido = -1;        // the index that the owner knows
+    bool m_completa = false;  // the user has made a choice, which is to be told
     std::function<bool(Tecla)> m_alPulsarTecla;
 };
 

@@ -12,6 +12,10 @@ MarcoWin::MarcoWin(AnfitrionDialogo& anfitrion, IdControl id, int elemento) : Co
     crearControl(CLASE, nullptr, 0, id, elemento);
 }
 
+MarcoWin::~MarcoWin() {
+    if (estaVisible()) anfitrion().tocarDetras(sitio());
+}
+
 void MarcoWin::ponerNombre(const std::wstring& texto) {
     // No tool tip: it would follow the mouse wherever there is nothing else.
     if (hwnd()) SetWindowTextW(hwnd(), texto.c_str());
@@ -52,7 +56,11 @@ void MarcoWin::pintarSobre(Lienzo& lienzo, const RECT& parte) const {
 LRESULT MarcoWin::atender(UINT mensaje, WPARAM w, LPARAM l) {
     switch (mensaje) {
         case WM_LBUTTONDOWN:
-            anfitrion().arrastrar();
+            if (conAccion()) {
+                actuarSiPulsable();
+            } else {
+                anfitrion().arrastrar();
+            }
             return 0;
         case WM_GETDLGCODE:
             return DLGC_STATIC;

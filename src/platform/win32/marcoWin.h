@@ -8,6 +8,7 @@ namespace sorvanel {
 class MarcoWin final : public ControlDe<Marco> {
 public:
     MarcoWin(AnfitrionDialogo& anfitrion, IdControl id, int elemento);
+    ~MarcoWin() override;
 
     bool esMarco() const override { return true; }
     void alCambiarEscala() override;
@@ -17,6 +18,7 @@ public:
     void colorFondo(Color color) override;
     void colocar(const Rectangulo& nuevo) override;
     void mostrar(bool visible) override;
+    void alPulsar(std::function<void()> accion) override { alActuar(std::move(accion)); }
 
 private:
     LRESULT atender(UINT mensaje, WPARAM w, LPARAM l) override;

@@ -19,12 +19,17 @@ void SugerenciasWin::poner(HWND control, const std::wstring& texto) {
     TTTOOLINFOW util{};
     // The size that all versions of the library know.
     util.cbSize = TTTOOLINFOW_V2_SIZE;
-    util.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    util.uFlags = TTF_IDISHWND;
     util.hwnd = m_formulario;
     util.uId = reinterpret_cast<UINT_PTR>(control);
     util.lpszText = copia.data();
     SendMessageW(m_ventana.get(), TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&util));
     if (!texto.empty()) SendMessageW(m_ventana.get(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&util));
+}
+
+void SugerenciasWin::relevar(const MSG& mensaje) {
+    MSG copia = mensaje;
+    if (m_ventana) SendMessageW(m_ventana.get(), TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&copia));
 }
 
 void SugerenciasWin::fuente(HFONT fuente) {

@@ -11,8 +11,9 @@ void VentanaWin::registrar(const MoldeVentana& molde) {
     if (molde.sobre) {
         if (!GetClassInfoExW(nullptr, molde.sobre, &clase)) throw std::runtime_error("GetClassInfoEx");
         m_base = clase.lpfnWndProc;
+        clase.style &= ~static_cast<UINT>(CS_GLOBALCLASS);
         // A second click in quick succession is a click like the first.
-        clase.style &= ~static_cast<UINT>(CS_DBLCLKS | CS_GLOBALCLASS);
+        if (!molde.dobleClic) clase.style &= ~static_cast<UINT>(CS_DBLCLKS);
     } else {
         clase.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     }

@@ -12,6 +12,7 @@ struct MoldeVentana {
     const wchar_t* clase = nullptr;
     // A class of the system whose behaviour is the ground of ours; none when null.
     const wchar_t* sobre = nullptr;
+    bool dobleClic = false;  // the system's control knows what to do with one
     DWORD estilo = 0;
     DWORD estiloExtra = 0;
     const wchar_t* titulo = L"";

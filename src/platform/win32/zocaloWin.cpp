@@ -26,6 +26,9 @@ constexpr ULONG VIVO_CADA = 600;
 // have had a try.
 constexpr UINT PLAZO_TOTAL = 2400;  // milliseconds
 constexpr UINT PLAZO_MINIMO = 250;
+// This machine answers at once or not at all. The system asks itself for two seconds before it says so: too long for a
+// program that is back in the meantime.
+constexpr UINT PLAZO_INTERNO = 400;
 
 bool esPuerto(std::int32_t puerto, std::int32_t primero) {
     return puerto >= primero && puerto <= 65535;
@@ -132,13 +135,13 @@ void ZocaloWin::probar(Direcciones direcciones, std::uint16_t puerto) {
     const UINT plazo = cuantas > 1 ? std::max(PLAZO_TOTAL / cuantas, PLAZO_MINIMO) : 0;
     std::reverse(direcciones.begin(), direcciones.end());
     m_direcciones = std::move(direcciones);
-    m_plazo = plazo;
+    m_plazoPorDireccion = plazo;
     probarSiguiente();
 }
 
 void ZocaloWin::probarSiguiente() {
     Direcciones faltan = std::exchange(m_direcciones, {});
-    const UINT plazo = m_plazo;
+    const UINT plazo = m_plazoPorDireccion;
     while (true) {
         // A number of its own for each attempt, so that nothing late of the last one counts for this.
         cerrar();
@@ -149,6 +152,7 @@ void ZocaloWin::probarSiguiente() {
         if (!intentar(direccion)) continue;
         m_estado = Estado::conectando;
         m_plazo = faltan.empty() ? 0 : plazo;
+        if (direccion.interna()) m_plazo = PLAZO_INTERNO;
         if (m_plazo != 0) SetTimer(m_ventana.hwnd(), m_numero, m_plazo, nullptr);
         m_direcciones = std::move(faltan);
         return;
@@ -174,8 +178,8 @@ void ZocaloWin::alTic() {
     KillTimer(m_ventana.hwnd(), m_numero);
     if (m_estado == Estado::fallado) {
         fallar();
-    } else if (m_estado == Estado::conectando && !m_direcciones.empty()) {
-        probarSiguiente();
+    } else if (m_estado == Estado::conectando) {
+        seguirOFallar();
     }
 }
 
@@ -207,10 +211,16 @@ void ZocaloWin::alTerminarConexion(int codigo) {
     if (m_estado != Estado::conectando) return;
     if (codigo == 0) {
         asegurarConectado();
-    } else if (!m_direcciones.empty()) {
-        probarSiguiente();
     } else {
+        seguirOFallar();
+    }
+}
+
+void ZocaloWin::seguirOFallar() {
+    if (m_direcciones.empty()) {
         fallar();
+    } else {
+        probarSiguiente();
     }
 }
 

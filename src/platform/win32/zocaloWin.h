@@ -57,6 +57,7 @@ private:
 
     void probar(Direcciones direcciones, std::uint16_t puerto);
     void probarSiguiente();
+    void seguirOFallar();
     bool intentar(const Direccion& direccion);
     void prepararUDP();
     void prepararTCP();
@@ -75,9 +76,10 @@ private:
     SocketWin m_socket;
     UINT m_numero = 0;
 
-    Direcciones m_direcciones;  // not tried yet, the next one last
-    UINT m_plazo = 0;           // for one address while others wait, milliseconds
-    std::string m_cola;         // not sent yet
+    Direcciones m_direcciones;     // not tried yet, the next one last
+    UINT m_plazo = 0;              // of this attempt, milliseconds; 0: none
+    UINT m_plazoPorDireccion = 0;  // while others wait
+    std::string m_cola;            // not sent yet
 
     // While "can be read" is handled: whether it was read, and what recv() said last.
     bool m_avisando = false;

@@ -35,19 +35,24 @@ int restante(ULONGLONG fin) {
 
 }  // namespace
 
-Concentrador::Concentrador(int puerto) : m_escucha(socket(AF_INET, SOCK_STREAM, IPPROTO_TCP)) {
-    sockaddr_in propia{};
-    propia.sin_family = AF_INET;
-    propia.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    propia.sin_port = htons(static_cast<u_short>(puerto));
+Concentrador::Concentrador(int puerto, int familia) : m_escucha(socket(familia, SOCK_STREAM, IPPROTO_TCP)) {
+    sockaddr_in6 propia{};  // the port stands at the same place in both
+    propia.sin6_family = static_cast<short>(familia);
+    propia.sin6_port = htons(static_cast<u_short>(puerto));
     int tamano = sizeof propia;
+    if (familia == AF_INET6) {
+        propia.sin6_addr.s6_addr[sizeof propia.sin6_addr - 1] = 1;
+    } else {
+        tamano = sizeof(sockaddr_in);
+        reinterpret_cast<sockaddr_in*>(&propia)->sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    }
     auto* direccion = reinterpret_cast<sockaddr*>(&propia);
     if (bind(m_escucha, direccion, tamano) != 0 || listen(m_escucha, SOMAXCONN) != 0 ||
         getsockname(m_escucha, direccion, &tamano) != 0) {
         closesocket(m_escucha);
         throw std::runtime_error("cannot listen on port " + std::to_string(puerto));
     }
-    m_puerto = ntohs(propia.sin_port);
+    m_puerto = ntohs(propia.sin6_port);
 }
 
 Concentrador::~Concentrador() {

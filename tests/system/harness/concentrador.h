@@ -1,6 +1,7 @@
 #pragma once
 
 #include <winsock2.h>
+#include <ws2tcpip.h>
 
 #include <string>
 #include <string_view>
@@ -13,9 +14,9 @@ namespace sorvanel::pruebas {
 // Every wait ends with its condition, or false when the time is over.
 class Concentrador {
 public:
-    // Listens from now on; 0: on a port that the system chooses. Throws when it cannot be had.
-    // Whoever connects is known to the system, and so not refused, before it is taken here.
-    explicit Concentrador(int puerto = 0);
+    // Listens at this machine's own address of that family from now on; 0: on a port that the system chooses. Throws
+    // when it cannot be had. Whoever connects is known to the system, and so not refused, before it is taken here.
+    explicit Concentrador(int puerto = 0, int familia = AF_INET);
     // Goes as if its program had been killed: client and listener are cut off.
     ~Concentrador();
     Concentrador(const Concentrador&) = delete;

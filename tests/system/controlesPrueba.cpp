@@ -1,0 +1,214 @@
+// The controls as Windows makes them, in the operator's hands: lists, the clipboard, double clicks, the mouse on the
+// handles, tips, the keyboard's order, the system's own windows; and what cancelling takes back of it.
+
+#include <gmock/gmock.h>
+
+#include <array>
+
+#include "configurar.h"
+#include "harness/monitores.h"
+#include "harness/texto.h"
+#include "harness/ventana.h"
+
+namespace sorvanel::pruebas {
+namespace {
+
+using testing::HasSubstr;
+
+using Controles = Configurar;
+
+void alPortapapeles(std::wstring_view texto) {
+    const std::size_t bytes = (texto.size() + 1) * sizeof(wchar_t);
+    const HGLOBAL memoria = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, bytes);
+    texto.copy(static_cast<wchar_t*>(GlobalLock(memoria)), texto.size());
+    GlobalUnlock(memoria);
+    ASSERT_TRUE(esperar([] { return OpenClipboard(nullptr) != FALSE; }));
+    EmptyClipboard();
+    SetClipboardData(CF_UNICODETEXT, memoria);
+    CloseClipboard();
+}
+
+void arrastrar(HWND asa, int x, int y) {
+    PostMessageW(asa, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+    PostMessageW(asa, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(5 + x, 5 + y));
+    PostMessageW(asa, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+}
+
+TEST_F(Controles, UnaListaSeAbreYLoElegidoSeGuarda) {
+    configurar(dosVisores);
+    ASSERT_TRUE(abrir(IdControl::botVisores, visores));
+    ASSERT_TRUE(visores.esperarControl(IdControl::lstModo, 2));
+    const HWND lista = visores.control(IdControl::lstModo, 2);
+    pulsar(lista);
+    ASSERT_TRUE(esperar([&] { return SendMessageW(lista, CB_GETDROPPEDSTATE, 0, 0) != 0; }));
+    teclear(lista, VK_UP);
+    teclear(lista, VK_UP);
+    teclear(lista, VK_RETURN);
+    EXPECT_TRUE(esperarINI("ModoBulk=2"));
+    EXPECT_EQ(SendMessageW(lista, CB_GETCURSEL, 0, 0), 2);
+    // Closed, the arrows are the rows'.
+    visores.tecla(IdControl::lstModo, 2, VK_UP);
+    EXPECT_TRUE(esperar([&] { return foco(lista) == visores.control(IdControl::lstModo, 1); }));
+}
+
+TEST_F(Controles, LoPegadoPasaElMismoFiltroQueLoTecleado) {
+    configurar(dosVisores);
+    ASSERT_TRUE(abrir(IdControl::botVisores, visores));
+    ASSERT_TRUE(visores.esperarControl(IdControl::txPort, 2));
+    for (const auto& [campo, queda] : {std::pair{IdControl::txPort, "192"}, {IdControl::txEtq, "a\u00a019-2\u00a0ñ"}}) {
+        visores.escribir(campo, 2, "");
+        ASSERT_TRUE(visores.esperarTexto(campo, 2, ""));
+        alPortapapeles(L"a 19-2 ñ");
+        PostMessageW(visores.control(campo, 2), WM_PASTE, 0, 0);
+        EXPECT_TRUE(visores.esperarTexto(campo, 2, queda));
+        visores.tecla(campo, 2, VK_RETURN);
+    }
+    EXPECT_TRUE(
+        esperarINI("Etiqueta=a\xa0"
+                   "19-2\xa0\xf1\r\n"));
+    EXPECT_THAT(programa.leerINI(), HasSubstr("Port=192\r\n"));
+}
+
+TEST_F(Controles, UnDobleClicEsUnClicMasEnUnBotonYEligeLaPalabraEnUnaCaja) {
+    configurar(dosVisores);
+    ASSERT_TRUE(abrir(IdControl::botDise, contexto));
+    const HWND mas = contexto.control(IdControl::imCoP);
+    pulsar(mas);
+    pulsar(mas);
+    EXPECT_TRUE(contexto.esperarTexto(IdControl::lbCol, 0, "3"));
+    EXPECT_EQ(GetClassLongPtrW(mas, GCL_STYLE) & CS_DBLCLKS, 0U) << "or the second press would be none";
+    EXPECT_NE(GetClassLongPtrW(contexto.control(IdControl::txFmt), GCL_STYLE) & CS_DBLCLKS, 0U);
+}
+
+TEST_F(Controles, LaOtraFamiliaPideSuPortYSuConexion) {
+    configurar(dosVisores);
+    ASSERT_TRUE(abrir(IdControl::botVisores, visores));
+    ASSERT_TRUE(visores.esperarControl(IdControl::imPtc, 2));
+    visores.pulsar(IdControl::imPtc, 2);
+    ASSERT_TRUE(visores.esperarControl(IdControl::txPavHost));
+    EXPECT_TRUE(visores.esperarTexto(IdControl::txPort, 2, ""));
+    EXPECT_EQ(foco(visores.ventana()), visores.control(IdControl::txPort, 2));
+    visores.escribir(IdControl::txPort, 2, "12/345");
+    visores.tecla(IdControl::txPort, 2, VK_RETURN);
+    EXPECT_TRUE(visores.esperarTexto(IdControl::txPort, 2, "15/45"));
+    visores.tecla(IdControl::txPort, 2, VK_ESCAPE);
+    EXPECT_TRUE(visores.esperarTexto(IdControl::txPort, 2, "1545"));
+    visores.escribir(IdControl::txPavHost, 0, "sala-2");
+    EXPECT_TRUE(esperarINI("Host=sala-2"));
+    visores.escribir(IdControl::txPavPort, 0, "9x5");
+    EXPECT_TRUE(visores.esperarTexto(IdControl::txPavPort, 0, "95"));
+    EXPECT_TRUE(esperarINI("[PAVONA]\r\nHost=sala-2\r\nPort=95\r\n"));
+    EXPECT_THAT(programa.leerINI(), HasSubstr("Protocolo=Pavona\r\n"));
+}
+
+TEST_F(Controles, ElTecladoVaComoLaVistaYCadaControlSeNombra) {
+    configurar(dosVisores);
+    ASSERT_TRUE(abrir(IdControl::botVisores, visores));
+    ASSERT_TRUE(visores.esperarControl(IdControl::imFoco, 2));
+    HWND actual = visores.control(IdControl::imPtc, 1);
+    for (const int fila : {1, 2}) {
+        for (const IdControl id : {IdControl::imPtc, IdControl::txPort, IdControl::lstModo, IdControl::txEtq,
+                                   IdControl::txUbi, IdControl::imFoco}) {
+            EXPECT_EQ(actual, visores.control(id, fila)) << numero(id, fila);
+            actual = GetNextDlgTabItem(visores.ventana(), actual, FALSE);
+        }
+    }
+    for (const IdControl id : {IdControl::imPtc, IdControl::imFoco, IdControl::imSubir, IdControl::imUnload})
+        EXPECT_NE(visores.texto(id, id == IdControl::imPtc || id == IdControl::imFoco ? 1 : 0), "") << numero(id);
+}
+
+TEST_F(Controles, SobreUnBotonApareceSuSugerencia) {
+    configurar(dosVisores);
+    ASSERT_TRUE(abrir(IdControl::botMensaje, mensaje));
+    const auto sugerida = [&] {
+        std::string texto;
+        for (const HWND una : programa.proceso().ventanas()) {
+            std::array<wchar_t, 32> clase{};
+            GetClassNameW(una, clase.data(), static_cast<int>(clase.size()));
+            if (IsWindowVisible(una) && std::wstring_view(clase.data()) == L"tooltips_class32")
+                texto = pruebas::texto(una);
+        }
+        return texto;
+    };
+    for (const HWND control : {programa.control(IdControl::botCan), mensaje.control(IdControl::imUnload)}) {
+        const RECT sitio = lugar(control);
+        SetCursorPos(sitio.left + 4, sitio.top + 4);
+        SetCursorPos((sitio.left + sitio.right) / 2, (sitio.top + sitio.bottom) / 2);
+        EXPECT_TRUE(esperar([&] { return !sugerida().empty() && sugerida() == texto(control); })) << sugerida();
+    }
+    SetCursorPos(5, 5);
+}
+
+TEST_F(Controles, LasAsasSiguenAlRatonYRespetanElMensaje) {
+    configurar(dosVisores + std::string(Configuracion().seccion("MENSAJE").clave("EnUso", "Si")));
+    programa.pulsar(IdControl::botSize);
+    ASSERT_TRUE(programa.esperarVisible(IdControl::imDrgWH));
+    const HWND xy = programa.control(IdControl::imDrgXY), wh = programa.control(IdControl::imDrgWH);
+    const RECT franja = lugar(programa.control(IdControl::picMsg));
+    const RECT pantalla = lugar(programa.ventana());
+    arrastrar(wh, -400, -300);
+    EXPECT_TRUE(esperar([&] { return lugar(wh).right == pantalla.right - 400; }));
+    // Beyond the strip and the screen's edge it stops there.
+    arrastrar(wh, 900, 900);
+    EXPECT_TRUE(esperar([&] { return lugar(wh).bottom == franja.top && lugar(wh).right == pantalla.right; }))
+        << lugar(wh).bottom << " " << franja.top;
+    arrastrar(xy, 200, 100);
+    EXPECT_TRUE(esperar([&] { return lugar(xy).left == pantalla.left + 200 && lugar(xy).top == pantalla.top + 100; }));
+    EXPECT_EQ(lugar(wh).right, pantalla.right) << "the other corner stays";
+    EXPECT_TRUE(esperarINI("Posicion=0"));
+    programa.pulsar(IdControl::botCan);
+    EXPECT_TRUE(esperar([&] { return programa.leerINI() == original; }));
+}
+
+TEST_F(Controles, CancelarDevuelveMonitorTransparenciaYUltimoVisor) {
+    configurar(dosVisores);
+    const RECT antes = lugar(programa.ventana());
+    ASSERT_TRUE(abrir(IdControl::botDise, contexto));
+    contexto.pulsar(monitores().front().primario ? IdControl::imMoP : IdControl::imMoM);
+    ASSERT_TRUE(esperar([&] { return lugar(programa.ventana()).left != antes.left; }));
+    EXPECT_TRUE(esperar([&] {
+        return MonitorFromWindow(contexto.ventana(), MONITOR_DEFAULTTONULL) ==
+               MonitorFromWindow(programa.ventana(), MONITOR_DEFAULTTONULL);
+    })) << "the tool follows";
+    contexto.pulsar(IdControl::ckTrpa);
+    EXPECT_TRUE(esperarINI("colorAplicacion=Transparente"));
+    programa.pulsar(IdControl::botCan);
+    EXPECT_TRUE(contexto.esperarCerrada());
+    EXPECT_TRUE(esperar([&] { return programa.leerINI() == original; }));
+    const auto enSuSitio = [&] {
+        const RECT ahora = lugar(programa.ventana());
+        return EqualRect(&ahora, &antes) != FALSE;
+    };
+    EXPECT_TRUE(esperar(enSuSitio));
+    ASSERT_TRUE(abrir(IdControl::botVisores, visores));
+    for (const int quedan : {1, 0}) {
+        visores.tecla(IdControl::txPort, 1, VK_RETURN);
+        visores.pulsar(IdControl::botElim);
+        ASSERT_TRUE(esperar([&] { return programa.control(IdControl::picRep, quedan + 1) == nullptr; }));
+    }
+    programa.pulsar(IdControl::botOk);
+    ASSERT_TRUE(programa.esperarVisible(IdControl::botCfg)) << "without displays too";
+    EXPECT_EQ(programa.leerINI().find("[VISOR_"), std::string::npos);
+}
+
+TEST_F(Controles, LaFuenteDelMensajeSeEligeEnLaVentanaDelSistema) {
+    configurar(dosVisores +
+               std::string(Configuracion().seccion("MENSAJE").clave("EnUso", "Si").clave("Texto", "Hola")));
+    ASSERT_TRUE(abrir(IdControl::botMensaje, mensaje));
+    const LONG antes = lugar(programa.control(IdControl::picMsg)).top;
+    mensaje.pulsar(IdControl::botFont);
+    constexpr int TAMANO = 1138, SUBRAYADO = 1041;
+    HWND fuentes = nullptr;
+    ASSERT_TRUE(esperar([&] {
+        fuentes = programa.caja().ventana();
+        return fuentes != nullptr && GetDlgItem(fuentes, TAMANO) != nullptr;
+    }));
+    SendMessageW(GetDlgItem(fuentes, TAMANO), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"36"));
+    SendMessageW(GetDlgItem(fuentes, SUBRAYADO), BM_CLICK, 0, 0);
+    PostMessageW(fuentes, WM_COMMAND, IDOK, 0);
+    EXPECT_TRUE(esperarINI(",36,xxU\r\n")) << programa.leerINI();
+    EXPECT_TRUE(esperar([&] { return lugar(programa.control(IdControl::picMsg)).top > antes; })) << "a lower strip";
+}
+
+}  // namespace
+}  // namespace sorvanel::pruebas
