@@ -84,8 +84,7 @@ void AlmacenPerfil::cambiar(const std::string& ruta, Cambio cambio) {
 
 void AlmacenPerfil::refrescar(const std::string& ruta) {
     Ficha& f = ficha(ruta);
-    if (f.estado == Ficha::Estado::limpia && ruta != m_escribiendo &&
-        (f.ilegible || m_archivos.sello(ruta) != f.sello)) {
+    if (f.estado == Ficha::Estado::limpia && (f.ilegible || m_archivos.sello(ruta) != f.sello)) {
         leerDisco(ruta, f);
     }
 }

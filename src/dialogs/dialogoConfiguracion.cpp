@@ -49,7 +49,7 @@ void DialogoConfiguracion::crearTitulos() {
 // Once for the scale that the content is measured with, once for the size that it came to.
 void DialogoConfiguracion::situar() {
     m_formulario->centrarEn(m_monitor);
-    disponer(disposicionMayor());
+    dimensionar(componer(disposicionMayor()));
     m_formulario->centrarEn(m_monitor);
     redisponer();
 }
@@ -77,14 +77,24 @@ void DialogoConfiguracion::redisponer() {
     disponer(disposicion());
 }
 
-void DialogoConfiguracion::disponer(Pieza contenido) {
+Rejilla DialogoConfiguracion::componer(Pieza contenido) {
     Rejilla todo(HUECO, HUECO);
     todo.poner(0, 0, cabecera());
     todo.poner(1, 0, std::move(contenido));
+    return todo;
+}
+
+void DialogoConfiguracion::dimensionar(const Rejilla& todo) {
     const Tamano minimo = todo.minimo();
     m_formulario->tamano(minimo.ancho + 2 * MARGEN, minimo.alto + 2 * MARGEN);
+}
+
+void DialogoConfiguracion::disponer(Pieza contenido) {
+    const Rejilla todo = componer(std::move(contenido));
+    dimensionar(todo);
     m_gradiente.PintarGradiente(m_formulario->fondo());
     m_gradiente.PintarContorno(m_formulario->fondo());
+    const Tamano minimo = todo.minimo();
     todo.colocar({MARGEN, MARGEN, minimo.ancho, minimo.alto});
 }
 

@@ -77,6 +77,8 @@ private:
     void descargar();
     void situar();
     Pieza cabecera();
+    Rejilla componer(Pieza contenido);
+    void dimensionar(const Rejilla& todo);
     void disponer(Pieza contenido);
 
     const IdControl m_id;

@@ -65,15 +65,15 @@ Rectangulo ColumnasFila::lugar(Columna columna, const Rectangulo& fila, float al
 
 FilaVisor::FilaVisor(TallerDialogo& taller, TablaVisores& tabla, std::int16_t numero)
     : m_taller(taller), m_tabla(tabla), m_numero(numero) {
+    taller.ocultos(true);
     m_frVis = taller.marco(IdControl::frVis, numero, "Visor " + std::to_string(numero));
     m_frVis->alPulsar([this] { m_tabla.alElegirFila(*this); });
     m_lbVis = taller.rotulo(IdControl::lbVis, numero, "#" + std::to_string(numero));
     m_lbVis->alPulsar([this] { m_tabla.alElegirFila(*this); });
     crearCajas(taller);
     crearImagenes(taller);
+    taller.ocultos(false);
     elegida(false);
-    m_visible = true;
-    mostrar(false);
 }
 
 void FilaVisor::crearCajas(TallerDialogo& taller) {

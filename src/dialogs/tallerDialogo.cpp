@@ -56,7 +56,7 @@ std::unique_ptr<Rotulo> TallerDialogo::rotuloGrupo(const std::string& texto) {
 std::unique_ptr<Rotulo> TallerDialogo::rotulo(IdControl id, int elemento, const std::string& texto) {
     auto nuevo = m_formulario.crearRotulo(id, elemento);
     nuevo->texto(texto);
-    nuevo->mostrar(true);
+    nuevo->mostrar(!m_ocultos);
     return nuevo;
 }
 
@@ -64,7 +64,7 @@ std::unique_ptr<Marco> TallerDialogo::marco(IdControl id, int elemento, const st
     auto nuevo = m_formulario.crearMarco(id, elemento);
     nuevo->colorFondo(COLOR_PANEL);
     nuevo->nombre(nombre);
-    nuevo->mostrar(true);
+    nuevo->mostrar(!m_ocultos);
     return nuevo;
 }
 
@@ -72,7 +72,7 @@ std::unique_ptr<CajaTexto> TallerDialogo::cajaTexto(IdControl id, int elemento, 
                                                     const std::string& sugerencia) {
     auto nueva = m_formulario.crearCajaTexto(id, elemento);
     nombrar(*nueva, nombre, sugerencia);
-    nueva->mostrar(true);
+    nueva->mostrar(!m_ocultos);
     return nueva;
 }
 
@@ -81,7 +81,7 @@ std::unique_ptr<CasillaMarca> TallerDialogo::casilla(IdControl id, int elemento,
     auto nueva = m_formulario.crearCasilla(id, elemento);
     nueva->texto(texto);
     nombrar(*nueva, texto, sugerencia);
-    nueva->mostrar(true);
+    nueva->mostrar(!m_ocultos);
     return nueva;
 }
 
@@ -90,7 +90,7 @@ std::unique_ptr<Lista> TallerDialogo::lista(IdControl id, int elemento, std::spa
     auto nueva = m_formulario.crearLista(id, elemento);
     nueva->elementos(textos);
     nombrar(*nueva, nombre, sugerencia);
-    nueva->mostrar(true);
+    nueva->mostrar(!m_ocultos);
     return nueva;
 }
 
@@ -99,14 +99,14 @@ std::unique_ptr<BotonImagen> TallerDialogo::botonImagen(IdControl id, int elemen
     auto nuevo = m_formulario.crearBotonImagen(id, elemento);
     nuevo->dibujo(dibujo);
     nuevo->nombre(nombre);
-    nuevo->mostrar(true);
+    nuevo->mostrar(!m_ocultos);
     return nuevo;
 }
 
 std::unique_ptr<MarcoColor> TallerDialogo::marcoColor(IdControl id, int elemento, const std::string& nombre) {
     auto nuevo = m_formulario.crearMarcoColor(id, elemento);
     nuevo->nombre(nombre);
-    nuevo->mostrar(true);
+    nuevo->mostrar(!m_ocultos);
     return nuevo;
 }
 
@@ -115,7 +115,7 @@ std::unique_ptr<BotonTexto> TallerDialogo::botonTexto(IdControl id, int elemento
     auto nuevo = m_formulario.crearBotonTexto(id, elemento);
     nuevo->texto(texto);
     nombrar(*nuevo, texto, sugerencia);
-    nuevo->mostrar(true);
+    nuevo->mostrar(!m_ocultos);
     return nuevo;
 }
 

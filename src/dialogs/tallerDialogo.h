@@ -27,6 +27,8 @@ public:
     // A group's ground; what stands on it is made after it.
     std::unique_ptr<Marco> marco(IdControl id, int elemento, const std::string& nombre);
     std::unique_ptr<Marco> marco(const std::string& nombre) { return marco(IdControl::marco, m_marcos++, nombre); }
+    // Whether what is made from now on is shown later, by whoever has it made.
+    void ocultos(bool si) { m_ocultos = si; }
     // `nombre` names it for screen readers; `sugerencia` is its tool tip, the name where empty.
     std::unique_ptr<CajaTexto> cajaTexto(IdControl id, int elemento, const std::string& nombre,
                                          const std::string& sugerencia = {});
@@ -62,6 +64,7 @@ private:
     FormularioDialogo& m_formulario;
     int m_rotulos = 0;
     int m_marcos = 0;
+    bool m_ocultos = false;
 };
 
 // The letters of a tool's headings; controls have the system's own.

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "platform/win32/bucle.h"
 #include "platform/win32/recursos.h"
@@ -20,6 +19,7 @@ constexpr float ALTO_LETRA = 13;  // of buttons and tool tips, design pixels
 // Messages to ourselves, for what must not be done within the message that called for it.
 constexpr UINT MENSAJE_ACTIVAR = WM_APP + 1;
 constexpr UINT MENSAJE_FOCO = WM_APP + 2;
+constexpr UINT MENSAJE_APILAR = WM_APP + 3;
 
 // Monitors change in several steps, each with its message: wait until it has been quiet so long.
 constexpr UINT_PTR RELOJ_MONITORES = 1;
@@ -29,13 +29,15 @@ HANDLE recurso(int id, UINT clase, int ancho, int alto) {
     return LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id), clase, ancho, alto, LR_SHARED);
 }
 
-// Which surface lies above which: the bar must not vanish under a grid that reaches below it.
+// Which surface lies above which.
+constexpr int DE_UN_VISOR = 1, MAS_ALTA = 4;
+
 int altura(int id) {
     if (id == numero(IdControl::picRep)) return 0;
     if (id == numero(IdControl::picMsg)) return 2;
     if (id == numero(IdControl::picBot)) return 3;
-    if (id == numero(IdControl::lbVer)) return 4;
-    return 1;  // what a display has
+    if (id == numero(IdControl::lbVer)) return MAS_ALTA;
+    return DE_UN_VISOR;
 }
 
 int altura(IdControl id, int elemento) {
@@ -113,18 +115,14 @@ void FormularioWin::cambiarEscala(const Escala& escala) {
 std::unique_ptr<Superficie> FormularioWin::crearSuperficie(IdControl id, int elemento) {
     Anfitrion& anfitrion = *this;
     auto superficie = std::make_unique<SuperficieWin>(anfitrion, id, elemento);
-    // Directly below the lowest of what must lie above it, else below the buttons and handles.
-    const int propia = altura(id, elemento);
-    HWND debajoDe = masBajo();
-    int masBaja = std::numeric_limits<int>::max();
-    for (const SuperficieWin* otra : m_superficies) {
-        const int suya = altura(GetDlgCtrlID(otra->hwnd()));
-        if (suya <= propia || suya >= masBaja) continue;
-        masBaja = suya;
-        debajoDe = otra->hwnd();
-    }
     m_superficies.push_back(superficie.get());
-    SetWindowPos(superficie->hwnd(), debajoDe, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    // It was made above all others.
+    if (altura(id, elemento) == 0) {
+        SetWindowPos(superficie->hwnd(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    } else if (!m_apiladoPendiente) {
+        // Once for all displays, before any of them is painted.
+        m_apiladoPendiente = PostMessageW(hwnd(), MENSAJE_APILAR, 0, 0) != 0;
+    }
     return superficie;
 }
 
@@ -238,8 +236,10 @@ void FormularioWin::ordenarBotones() {
     apilar();
 }
 
-// Buttons first, then handles, from the top: the system's Tab key follows that order too.
-void FormularioWin::apilar() const {
+// From the top buttons, handles, and the surfaces that nothing may cover: the bar must not vanish under a grid that
+// reaches below it. The system's Tab key follows that order too.
+void FormularioWin::apilar() {
+    m_apiladoPendiente = false;
     HWND encima = HWND_TOP;
     const auto poner = [&encima](HWND ventana) {
         SetWindowPos(ventana, encima, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
@@ -247,12 +247,11 @@ void FormularioWin::apilar() const {
     };
     for (const BotonWin* boton : m_botones) poner(boton->hwnd());
     for (const AsaWin* asa : m_asas) poner(asa->hwnd());
-}
-
-// The lowest of the buttons and handles, below which the surfaces lie.
-HWND FormularioWin::masBajo() const {
-    if (!m_asas.empty()) return m_asas.back()->hwnd();
-    return m_botones.empty() ? HWND_TOP : m_botones.back()->hwnd();
+    for (int nivel = MAS_ALTA; nivel > DE_UN_VISOR; --nivel) {
+        for (const SuperficieWin* superficie : m_superficies) {
+            if (altura(GetDlgCtrlID(superficie->hwnd())) == nivel) poner(superficie->hwnd());
+        }
+    }
 }
 
 void FormularioWin::alCambiarControl() {
@@ -356,6 +355,9 @@ LRESULT FormularioWin::alMensajePropio(UINT mensaje, WPARAM w, LPARAM l) {
             return 0;
         case MENSAJE_FOCO:
             recuperarFoco();
+            return 0;
+        case MENSAJE_APILAR:
+            apilar();
             return 0;
         case Bucle::MENSAJE_RATON:
             m_sugerencias.relevar(*reinterpret_cast<const MSG*>(l));

@@ -68,8 +68,7 @@ private:
     void cambiarEscala(const Escala& escala);
     bool ponerPuntero() const;
     void ordenarBotones();
-    void apilar() const;
-    HWND masBajo() const;
+    void apilar();
     void recuperarFoco();
 
     Escala m_escala;
@@ -93,6 +92,7 @@ private:
     Puntero m_puntero = Puntero::normal;
     bool m_reposoImpedido = false;
     bool m_activacionPendiente = false;
+    bool m_apiladoPendiente = false;
     bool m_descargado = false;
 };
 

@@ -23,7 +23,7 @@ constexpr int ELEMENTOS_A_LA_VISTA = 12;
 }  // namespace
 
 ListaWin::ListaWin(AnfitrionDialogo& anfitrion, IdControl id, int elemento) : ControlDe(anfitrion) {
-    crearControl(CLASE, L"COMBOBOX", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS,
+    crearControl(CLASE, L"COMBOBOX", WS_TABSTOP | CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS,
                  id, elemento);
 }
 

@@ -23,7 +23,9 @@ void VentanaWin::registrar(const MoldeVentana& molde) {
     clase.hIcon = molde.icono;
     clase.hIconSm = molde.iconoPequeno;
     // All but the first of a class find it registered already.
-    if (!RegisterClassExW(&clase) && GetLastError() != ERROR_CLASS_ALREADY_EXISTS) {
+    WNDCLASSEXW registrada{};
+    registrada.cbSize = sizeof registrada;
+    if (!GetClassInfoExW(clase.hInstance, molde.clase, &registrada) && !RegisterClassExW(&clase)) {
         throw std::runtime_error("RegisterClassEx");
     }
 }
