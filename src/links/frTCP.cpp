@@ -89,7 +89,8 @@ bool frTCP::demasiadosIntentos() const {
 void frTCP::reconectar() {
     // A session that is lost again and again starts the timer anew each time: it may never tick.
     vigilarSilencios();
-    if (m_estado == Estado::cerrado) return;
+    // What has failed waits for the next beat, whatever is still told of it.
+    if (m_estado == Estado::cerrado || m_estado == Estado::fallado) return;
     if (demasiadosIntentos()) {
         fallar();
     } else {

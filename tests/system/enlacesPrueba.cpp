@@ -16,7 +16,7 @@ TEST(Enlaces, UnPuertoOcupadoSeAvisaYLosDemasMarchan) {
     Programa programa(
         Configuracion().reticula(3, 1).visor(puerto, 1, 1).visor(puerto + 1, 2, 1).visor(puerto + 2, 3, 1));
     programa.arrancar();
-    EXPECT_EQ(programa.caja().esperarTexto(), "Error en reconexión TCP/IP\n");
+    EXPECT_EQ(programa.caja().esperarTexto(), "Error en reconexión TCP/IP");
     // They run already while the box is open.
     EmisorUDP indicador;
     indicador.enviar(puerto, trama(1000));
@@ -44,7 +44,7 @@ TEST(Enlaces, UnVisorDelConcentradorInalcanzableSeAvisaYSeConserva) {
                                 .clave("Port", "70000");
     Programa programa(ini);
     programa.arrancar();
-    EXPECT_EQ(programa.caja().esperarTexto(), "Port 305 inadecuado. Posiblemente en uso\n");
+    EXPECT_EQ(programa.caja().esperarTexto(), "Port 305 inadecuado. Posiblemente en uso");
     EXPECT_TRUE(programa.caja().cerrar());
     EXPECT_TRUE(programa.seVe(IdControl::botPau));
     EXPECT_TRUE(programa.seVe(IdControl::picRep, 1));

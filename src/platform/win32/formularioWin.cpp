@@ -29,20 +29,8 @@ HANDLE recurso(int id, UINT clase, int ancho, int alto) {
     return LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id), clase, ancho, alto, LR_SHARED);
 }
 
-// Which surface lies above which.
-constexpr int DE_UN_VISOR = 1, MAS_ALTA = 4;
-
-int altura(int id) {
-    if (id == numero(IdControl::picRep)) return 0;
-    if (id == numero(IdControl::picMsg)) return 2;
-    if (id == numero(IdControl::picBot)) return 3;
-    if (id == numero(IdControl::lbVer)) return MAS_ALTA;
-    return DE_UN_VISOR;
-}
-
-int altura(IdControl id, int elemento) {
-    return altura(numero(id, elemento));
-}
+// What nothing may cover, from the top: the bar must not vanish under a grid that reaches below it.
+constexpr IdControl ENCIMA[] = {IdControl::lbVer, IdControl::picBot, IdControl::picMsg};
 
 Punto centro(const Rectangulo& r) {
     return {r.x + r.ancho / 2, r.y + r.alto / 2};
@@ -116,13 +104,8 @@ std::unique_ptr<Superficie> FormularioWin::crearSuperficie(IdControl id, int ele
     Anfitrion& anfitrion = *this;
     auto superficie = std::make_unique<SuperficieWin>(anfitrion, id, elemento);
     m_superficies.push_back(superficie.get());
-    // It was made above all others.
-    if (altura(id, elemento) == 0) {
-        SetWindowPos(superficie->hwnd(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    } else if (!m_apiladoPendiente) {
-        // Once for all displays, before any of them is painted.
-        m_apiladoPendiente = PostMessageW(hwnd(), MENSAJE_APILAR, 0, 0) != 0;
-    }
+    // A new child lies below all others. They are put in order once for all displays, before any is painted.
+    if (!m_apiladoPendiente) m_apiladoPendiente = PostMessageW(hwnd(), MENSAJE_APILAR, 0, 0) != 0;
     return superficie;
 }
 
@@ -236,8 +219,8 @@ void FormularioWin::ordenarBotones() {
     apilar();
 }
 
-// From the top buttons, handles, and the surfaces that nothing may cover: the bar must not vanish under a grid that
-// reaches below it. The system's Tab key follows that order too.
+// From the top buttons, handles, what nothing may cover, the displays, and below them the grid. The system's Tab key
+// follows that order too.
 void FormularioWin::apilar() {
     m_apiladoPendiente = false;
     HWND encima = HWND_TOP;
@@ -247,11 +230,12 @@ void FormularioWin::apilar() {
     };
     for (const BotonWin* boton : m_botones) poner(boton->hwnd());
     for (const AsaWin* asa : m_asas) poner(asa->hwnd());
-    for (int nivel = MAS_ALTA; nivel > DE_UN_VISOR; --nivel) {
-        for (const SuperficieWin* superficie : m_superficies) {
-            if (altura(GetDlgCtrlID(superficie->hwnd())) == nivel) poner(superficie->hwnd());
-        }
+    const auto superficie = [this](IdControl id) { return GetDlgItem(hwnd(), numero(id)); };
+    for (const IdControl id : ENCIMA) {
+        if (superficie(id)) poner(superficie(id));
     }
+    encima = HWND_BOTTOM;
+    if (superficie(IdControl::picRep)) poner(superficie(IdControl::picRep));
 }
 
 void FormularioWin::alCambiarControl() {
