@@ -23,8 +23,7 @@ constexpr int ELEMENTOS_A_LA_VISTA = 12;
 }  // namespace
 
 ListaWin::ListaWin(AnfitrionDialogo& anfitrion, IdControl id, int elemento) : ControlDe(anfitrion) {
-    crearControl(CLASE, L"COMBOBOX", WS_TABSTOP | CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS,
-                 id, elemento);
+    crearControl(CLASE, L"COMBOBOX", WS_TABSTOP | CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS, id, elemento);
 }
 
 void ListaWin::elementos(std::span<const std::string_view> textos) {
