@@ -52,7 +52,11 @@ struct Composicion {
             cola.despues([this, ruta] { avisos.critico("No se puede guardar la configuración en " + ruta); });
         });
         bucle.ocio([this](bool colaVacia) {
-            perfil.ocio(colaVacia);
+            try {
+                perfil.ocio(colaVacia);
+            } catch (const std::exception& fallo) {
+                OutputDebugStringA(fallo.what());  // out of memory: asked again soon
+            }
             return perfil.pendiente();
         });
         bucle.anadirDialogo(formulario.hwnd());

@@ -83,6 +83,9 @@ void AlmacenPerfil::cambiar(const std::string& ruta, Cambio cambio) {
 }
 
 void AlmacenPerfil::refrescar(const std::string& ruta) {
+    recoger(m_archivos.terminado());
+    // What is under way will be what the file holds.
+    if (ruta == m_escribiendo) return;
     Ficha& f = ficha(ruta);
     if (f.estado == Ficha::Estado::limpia && (f.ilegible || m_archivos.sello(ruta) != f.sello)) {
         leerDisco(ruta, f);
@@ -120,7 +123,8 @@ bool AlmacenPerfil::volcar() {
     bool bien = true;
     for (auto& [ruta, f] : m_fichas) {
         if (f->estado == Ficha::Estado::limpia) continue;
-        anotar(ruta, *f, legible(ruta, *f) && m_archivos.reemplazar(ruta, f->perfil.bytes()));
+        const bool escrita = legible(ruta, *f) && m_archivos.reemplazar(ruta, f->perfil.bytes());
+        anotar(ruta, *f, {escrita, escrita ? m_archivos.sello(ruta) : std::nullopt});
         bien = bien && f->estado == Ficha::Estado::limpia;
     }
     avisar();
@@ -136,32 +140,33 @@ bool AlmacenPerfil::legible(const std::string& ruta, Ficha& ficha) {
 
 void AlmacenPerfil::empezar(const std::string& ruta, Ficha& ficha) {
     if (!legible(ruta, ficha)) {
-        anotar(ruta, ficha, false);
+        anotar(ruta, ficha, {});
         return;
     }
-    // What is written from now on waits for the next time.
-    ficha.estado = Ficha::Estado::limpia;
-    m_escribiendo = ruta;
     m_empezado = m_reloj.ahora();
     m_archivos.reemplazarAparte(ruta, ficha.perfil.bytes());
+    m_escribiendo = ruta;
+    // What is written from now on waits for the next time.
+    ficha.estado = Ficha::Estado::limpia;
     recoger(m_archivos.terminado());
 }
 
 // How the write beside the one thread ended; empty while it has not.
-void AlmacenPerfil::recoger(std::optional<bool> bien) {
-    if (!bien || m_escribiendo.empty()) return;
+void AlmacenPerfil::recoger(const std::optional<Reemplazo>& fin) {
+    if (!fin || m_escribiendo.empty()) return;
     const std::string ruta = std::exchange(m_escribiendo, {});
     Ficha& f = ficha(ruta);
     const Ficha::Estado despues = f.estado;
-    anotar(ruta, f, *bien);
+    anotar(ruta, f, *fin);
     if (despues == Ficha::Estado::pendiente) f.estado = despues;
 }
 
-void AlmacenPerfil::anotar(const std::string& ruta, Ficha& ficha, bool bien) {
-    if (bien) {
-        ficha.sello = m_archivos.sello(ruta);
+void AlmacenPerfil::anotar(const std::string& ruta, Ficha& ficha, const Reemplazo& fin) {
+    if (fin.bien) {
+        ficha.sello = fin.sello;
         ficha.estado = Ficha::Estado::limpia;
         ficha.avisada = false;
+        std::erase(m_porAvisar, ruta);  // what failed has come right before anybody was told
         return;
     }
     ficha.estado = Ficha::Estado::fallida;
@@ -177,6 +182,7 @@ void AlmacenPerfil::avisar() {
 
 void AlmacenPerfil::olvidar(const std::string& ruta) {
     if (m_escribiendo == ruta) asentar();
+    std::erase(m_porAvisar, ruta);
     m_fichas.erase(ruta);
 }
 

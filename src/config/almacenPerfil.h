@@ -65,8 +65,8 @@ private:
     void cambiar(const std::string& ruta, Cambio cambio);
     bool legible(const std::string& ruta, Ficha& ficha);
     void empezar(const std::string& ruta, Ficha& ficha);
-    void recoger(std::optional<bool> bien);
-    void anotar(const std::string& ruta, Ficha& ficha, bool bien);
+    void recoger(const std::optional<Reemplazo>& fin);
+    void anotar(const std::string& ruta, Ficha& ficha, const Reemplazo& fin);
     void avisar();
 
     Archivos& m_archivos;

@@ -1,6 +1,7 @@
 #include "links/frTCP.h"
 
 #include <algorithm>
+#include <exception>
 
 #include "config/comun.h"
 #include "links/pausaVigilancia.h"
@@ -222,9 +223,13 @@ bool frTCP::entregar(std::string_view linea) {
 // A display may leave the table while it is told: who stood behind it has then taken its place.
 void frTCP::avisar(std::size_t& i, const LecturaPavona* lectura) {
     SuscriptorPeso* const visor = m_suscriptores[i].visor;
-    const bool aceptada = lectura != nullptr
-                              ? visor->mmTCP_refrescoPeso(lectura->primero, lectura->segundo, lectura->texto())
-                              : visor->mmTCP_refrescoPeso(0, 0, {});
+    bool aceptada = false;
+    try {
+        aceptada = lectura != nullptr ? visor->mmTCP_refrescoPeso(lectura->primero, lectura->segundo, lectura->texto())
+                                      : visor->mmTCP_refrescoPeso(0, 0, {});
+    } catch (const std::exception&) {
+        // It has not shown it. The others must get theirs.
+    }
     if (i >= m_suscriptores.size() || m_suscriptores[i].visor != visor) return;
     if (aceptada) m_suscriptores[i].ultimaAceptada = m_entorno.reloj.ahora();
     ++i;

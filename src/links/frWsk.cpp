@@ -1,5 +1,7 @@
 #include "links/frWsk.h"
 
+#include <exception>
+
 #include "links/pausaVigilancia.h"
 
 namespace sorvanel {
@@ -60,7 +62,7 @@ void frWsk::entregarLineas() {
 
 void frWsk::entregar(std::string_view linea) {
     const PausaVigilancia pausa(*m_tim, [this] { return m_enMarcha; });
-    if (m_visor->frWsk_refrescoPeso(linea)) {
+    if (mostrar(linea)) {
         m_ultimaAceptada = m_reloj.ahora();
     } else if (m_reloj.ahora() - m_ultimaAceptada >= PACIENCIA) {
         avisarSilencio();
@@ -68,8 +70,17 @@ void frWsk::entregar(std::string_view linea) {
     }
 }
 
+// A display that throws has not taken it: the next frame, or the silence, must still reach it.
+bool frWsk::mostrar(std::string_view trama) {
+    try {
+        return m_visor->frWsk_refrescoPeso(trama);
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
 void frWsk::avisarSilencio() {
-    if (m_enMarcha) m_visor->frWsk_refrescoPeso({});
+    if (m_enMarcha) mostrar({});
 }
 
 }  // namespace sorvanel

@@ -34,6 +34,7 @@ private:
     void alLlegarDatos() override;
     void entregarLineas();
     void entregar(std::string_view linea);
+    bool mostrar(std::string_view trama);
     void avisarSilencio();
 
     const Reloj& m_reloj;

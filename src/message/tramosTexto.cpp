@@ -9,7 +9,8 @@ namespace sorvanel {
 namespace {
 
 constexpr int CARACTERES_POR_TRAMO = 24;
-constexpr char32_t UNION = 0x200D;  // zero-width joiner: the next character belongs to this one too
+constexpr int CARACTERES_POR_FRASE = 120;  // what a piece costs must not grow with the text
+constexpr char32_t UNION = 0x200D;         // zero-width joiner: the next character belongs to this one too
 
 struct Caracter {
     char32_t codigo;
@@ -75,7 +76,8 @@ std::vector<std::string_view> cortarEnTramos(std::string_view texto) {
         const bool lleno = caracteres >= CARACTERES_POR_TRAMO || esBlanco(anterior);
         // The system orders the words of such a script among themselves only when it gets them together.
         const auto frase = [&] {
-            return vaDeDerechaAIzquierda(ultimaLetra) && vaDeDerechaAIzquierda(siguienteLetra(texto.substr(i)));
+            return caracteres < CARACTERES_POR_FRASE && vaDeDerechaAIzquierda(ultimaLetra) &&
+                   vaDeDerechaAIzquierda(siguienteLetra(texto.substr(i)));
         };
         if (i > inicio && lleno && !unido && !frase()) {
             tramos.push_back(texto.substr(inicio, i - inicio));

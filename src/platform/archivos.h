@@ -15,6 +15,12 @@ struct SelloArchivo {
     bool operator==(const SelloArchivo&) const = default;
 };
 
+// How a replacement ended, and the state of the file that it left.
+struct Reemplazo {
+    bool bien = false;
+    std::optional<SelloArchivo> sello = std::nullopt;
+};
+
 // Files as the program needs them. Paths are UTF-8. Nothing throws: a failure is an empty or a
 // false answer, and what was there before stands.
 class Archivos {
@@ -30,9 +36,9 @@ public:
     // fetched by terminado() or esperar().
     virtual void reemplazarAparte(const std::string& ruta, std::string contenido) = 0;
     // How it ended, once; empty while it is under way and when there is none.
-    virtual std::optional<bool> terminado() = 0;
+    virtual std::optional<Reemplazo> terminado() = 0;
     // As terminado(), but waits for it.
-    virtual std::optional<bool> esperar() = 0;
+    virtual std::optional<Reemplazo> esperar() = 0;
     virtual std::optional<SelloArchivo> sello(const std::string& ruta) = 0;
     virtual bool borrar(const std::string& ruta) = 0;
     // True also when the folder was there already.

@@ -47,10 +47,10 @@ public:
         return true;
     }
     void reemplazarAparte(const std::string& ruta, std::string nuevo) override {
-        m_aparte = [this, ruta, nuevo = std::move(nuevo)] { return reemplazar(ruta, nuevo); };
+        m_aparte = [this, ruta, nuevo = std::move(nuevo)] { return Reemplazo{reemplazar(ruta, nuevo), sello(ruta)}; };
     }
-    std::optional<bool> terminado() override { return aparteLento ? std::nullopt : esperar(); }
-    std::optional<bool> esperar() override {
+    std::optional<Reemplazo> terminado() override { return aparteLento ? std::nullopt : esperar(); }
+    std::optional<Reemplazo> esperar() override {
         return m_aparte ? std::optional(std::exchange(m_aparte, nullptr)()) : std::nullopt;
     }
     std::optional<SelloArchivo> sello(const std::string& ruta) override {
@@ -73,7 +73,7 @@ private:
     };
     std::map<std::string, Archivo> m_archivos;
     std::uint64_t m_hora = 0;
-    std::function<bool()> m_aparte;
+    std::function<Reemplazo()> m_aparte;
 };
 
 }  // namespace sorvanel

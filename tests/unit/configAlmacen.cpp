@@ -88,8 +88,7 @@ TEST_F(ConfigAlmacen, MientrasSeEscribeSeSigueYNadaSePierde) {
     m.perfil.ocio(true);
     k("3");
     m.perfil.ocio(true);
-    m.perfil.refrescar(m_ruta);  // the old file is still there
-    EXPECT_EQ(k(), "3");
+    EXPECT_EQ(c.abrir("S").leer("k"), "3");
     EXPECT_EQ(m.archivos.intentos, 0);
     EXPECT_TRUE(m.perfil.pendiente());
     m.archivos.aparteLento = false;
@@ -100,9 +99,21 @@ TEST_F(ConfigAlmacen, MientrasSeEscribeSeSigueYNadaSePierde) {
     m.perfil.ocio(true);
     EXPECT_EQ(disco(), "[S]\r\nk=3\r\n");
     EXPECT_FALSE(m.perfil.pendiente());
-    // What is put back meanwhile comes after it.
+    // What another program saves meanwhile is replaced by what is under way.
     m.reloj.avanzar(100);
     m.archivos.aparteLento = true;
+    k("3.5");
+    m.perfil.ocio(true);
+    m.archivos.poner(m_ruta, "[S]\r\nk=ajeno\r\n");
+    EXPECT_EQ(c.abrir("S").leer("k"), "3.5");
+    // One that fails and then comes right is no failure.
+    m.archivos.fallarEscritura = true;
+    m.perfil.asentar();
+    m.archivos.fallarEscritura = false;
+    k("3");
+    EXPECT_TRUE(m.perfil.volcar());
+    EXPECT_EQ(m_avisos, std::vector<std::string>{});
+    // What is put back meanwhile comes after it.
     ASSERT_TRUE(c.hacerCopiaDeINI());
     k("4");
     m.perfil.ocio(true);

@@ -260,6 +260,22 @@ TEST(frTCP, quienNoTomaLecturaEnDiezSegundosOyeElSilencio) {
     EXPECT_EQ(callado.oido, Textos{"742"}) << "its own reading begins the ten seconds anew";
 }
 
+TEST(frTCP, unVisorQueFallaNoDejaALosDemasSinLecturaNiSinSilencio) {
+    Banco b;
+    VisorDoble malo(742);
+    b.llevar(Estado::abierta);
+    ASSERT_TRUE(b.enlace.enMarcha(malo));
+    VisorDoble ultimo(742);
+    ASSERT_TRUE(b.enlace.enMarcha(ultimo));
+    malo.alOir = [] { throw std::runtime_error("no font"); };
+    b.zocalo().llegar(OTRA + "\r" + LECTURA + "\r");
+    EXPECT_EQ(b.visor.oido, (Textos{"742", "1203"}));
+    EXPECT_EQ(ultimo.oido, (Textos{"742", "1203"}));
+    b.e.reloj.avanzar(1000);
+    EXPECT_EQ(b.visor.oido.back(), "s");
+    EXPECT_EQ(ultimo.oido.back(), "s");
+}
+
 TEST(frTCP, entradasIgualesYVisoresSinSuscribir) {
     Banco b;
     VisorDoble igual;

@@ -74,6 +74,15 @@ TEST(frWsk, loQueElVisorNoTomaNoEsSenalDeVidaMasDeDiezSegundos) {
     EXPECT_EQ(b.lineas(), (Lineas{"+y", "-basura"})) << "a reading starts the ten seconds anew";
 }
 
+TEST(frWsk, unVisorQueFallaOyeLoQueSigueYElSilencio) {
+    Banco b;
+    b.visor.toma = [](std::string_view) -> bool { throw std::runtime_error("no font"); };
+    ASSERT_TRUE(b.arrancar());
+    b.llegar("+1\r+2\r");
+    b.e.reloj.avanzar(1000);
+    EXPECT_EQ(b.lineas(), (Lineas{"+1", "+2", ""}));
+}
+
 TEST(frWsk, elPuertoOcupadoEImposibleSeNiegan) {
     for (const std::int32_t puerto : {3001, 65536, -1}) {
         Banco b(puerto);

@@ -221,20 +221,6 @@ TEST_F(SimuladorConcentrador, CadaDireccionCuentaPorSuUltimaCifra) {
     EXPECT_THAT(m_motivos, ElementsAre("fin de la ejecución"));
 }
 
-TEST_F(SimuladorConcentrador, LoDichoEsLoMismoParaTodosYSiempre) {
-    const std::string argumentos =
-        "--direcciones 12/1-12/8 --ciclo 5 --marcas azar --pausas azar:2:1 --tramas 300 --duracion 60";
-    llega(1500ms, 2);
-    const std::string dicho = sesion(argumentos);
-    EXPECT_GT(dicho.size(), 20'000U);
-    EXPECT_TRUE(m_enviado[2] == dicho);
-    EXPECT_EQ(m_resumen.sesiones, 2);
-    EXPECT_THAT(textoResumen(m_resumen), StartsWith("Sesiones: 2, abiertas con REP: 2\nEnviadas: "));
-    m_vuelta = 370ms;
-    m_cabe = 1'000;
-    EXPECT_TRUE(sesion(argumentos) == dicho);
-}
-
 TEST_F(SimuladorConcentrador, NiSinSitioNiEnAvalanchaSePierdeNada) {
     const auto seguidas = [](const std::string& dicho) {
         int n = 0;
@@ -285,18 +271,6 @@ TEST_F(SimuladorConcentrador, ElPuertoFaltaYVuelveASuHora) {
     EXPECT_FALSE(correr("--ausente 1:2 --duracion 4").fallo);
     EXPECT_NEAR(static_cast<double>(std::count(m_hechos.begin(), m_hechos.end(), "ocupado")), 5, 1);
     EXPECT_THAT(m_hechos, testing::IsSupersetOf({"escucha", "escucha"}));
-}
-
-TEST_F(SimuladorConcentrador, QuienNoEsAceptadoElQueSeVaYElUsuarioQueTermina) {
-    EXPECT_EQ(sesion("--sin-aceptar --duracion 3"), "");
-    EXPECT_EQ(m_resumen.sesiones, 0);
-    ocurre(1s, 1, Suceso::Tipo::SeVa);
-    ocurre(2s, 1, Suceso::Tipo::Datos, "tarde");
-    m_fin = 3s;
-    sesion("");
-    EXPECT_NEAR(static_cast<double>(m_resumen.tiempo / 1ms), 3000, 100);
-    EXPECT_THAT(m_motivos, ElementsAre("se fue el cliente"));
-    EXPECT_EQ(visible("a\r\n\t\\\0\x7F\xE9z"s), "a\\r\\n\\t\\\\\\x00\\x7F\\xE9z");
 }
 
 }  // namespace

@@ -78,17 +78,5 @@ TEST(SimuladorDefectos, LasMalasNuncaSonBuenas) {
     EXPECT_EQ(lineaMala(ClaseLinea::Valor, buenaLinea, 0).size(), buenaLinea.size());
 }
 
-TEST(SimuladorDefectos, LaBasuraDejaEnteroLoQueLaSigue) {
-    bool vacia = false, conRetornoDentro = false;
-    for (std::uint64_t azar = 0; azar < 4000; ++azar) {
-        const std::string bytes = basura(mezclar(azar));
-        vacia |= bytes.empty();
-        conRetornoDentro |= bytes.find('\r') + 1 < bytes.size();
-        ASSERT_TRUE(bytes.empty() || (bytes.back() == '\r' && bytes.find_first_of("+/") == bytes.npos)) << bytes;
-        ASSERT_LE(bytes.size(), 64U);
-    }
-    EXPECT_TRUE(vacia && conRetornoDentro);
-}
-
 }  // namespace
 }  // namespace sorvanel::simulador

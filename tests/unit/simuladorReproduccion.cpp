@@ -55,14 +55,6 @@ protected:
     int m_enviadas = 0, m_fallidas = 0;
 };
 
-TEST_F(SimuladorReproduccion, SeTurnanRepartidosEnElTiempo) {
-    const Resumen resumen = correr("--puertos 9001,9002 --ritmo 10 --tramas 2 --contar");
-    EXPECT_THAT(m_envios, ElementsAre(Envio{0, 0, "XXX+00000000\r"}, Envio{50, 1, "XXX+00000000\r"},
-                                      Envio{100, 0, "XXX+00000001\r"}, Envio{150, 1, "XXX+00000001\r"}));
-    EXPECT_THAT(resumen.enviadas, ElementsAre(2, 2));
-    EXPECT_EQ(resumen.tiempo, 150ms);
-}
-
 TEST_F(SimuladorReproduccion, CuantasSeEnvianYQueDicen) {
     // The last moment of a duration is outside.
     const std::pair<std::string, int> totales[] = {
@@ -76,17 +68,6 @@ TEST_F(SimuladorReproduccion, CuantasSeEnvianYQueDicen) {
     EXPECT_EQ(resumen.calladas, 2);
 }
 
-TEST_F(SimuladorReproduccion, LoEnviadoNoDependeDeLaPuntualidadYSiDeLaSemilla) {
-    const std::string argumentos = "--duracion 20 --marcas azar --pausas azar:5:1";
-    correr(argumentos);
-    const std::string puntual = todo();
-    m_tarda = 60ms;
-    correr(argumentos);
-    EXPECT_TRUE(todo() == puntual);
-    correr(argumentos, 6);
-    EXPECT_FALSE(todo() == puntual);
-}
-
 TEST_F(SimuladorReproduccion, UnRetrasoCortoSeRecuperaYUnoLargoNo) {
     // 40 ms a frame against one each 25 ms: 15 ms more are lost with each.
     m_tarda = 40ms;
@@ -94,14 +75,6 @@ TEST_F(SimuladorReproduccion, UnRetrasoCortoSeRecuperaYUnoLargoNo) {
     const Resumen largo = correr("--tramas 50");
     EXPECT_EQ(largo.total(), 200);
     EXPECT_EQ(largo.retrasos, 2);
-}
-
-TEST_F(SimuladorReproduccion, ElUsuarioTerminaDuranteUnaEsperaYTambienSinEsperas) {
-    m_fin = m_ahora + 5s;
-    EXPECT_EQ(correr("--puertos 1 --ritmo 0.1").total(), 1);
-    m_fin = m_ahora + 5s;
-    m_tarda = 10ms;
-    EXPECT_NEAR(static_cast<double>(correr("--puertos 1 --ritmo 1000").total()), 500, 64);
 }
 
 TEST_F(SimuladorReproduccion, LoQueNoSePudoEnviarSeCuentaAparte) {
@@ -143,20 +116,6 @@ TEST_F(SimuladorReproduccion, LosDefectosNoQuitanNingunaTrama) {
         EXPECT_EQ(resumen.total(), caso.buenas);
         EXPECT_EQ(resumen.defectuosas, caso.defectuosas);
     }
-}
-
-TEST_F(SimuladorReproduccion, LaAvalanchaEsDeMasYAcabaASuHora) {
-    m_tarda = 1ms;
-    const Resumen resumen = correr("--puertos 1,2 --contar --ritmo 10 --duracion 3 --avalancha 1:1.5");
-    EXPECT_EQ(resumen.total() - resumen.avalancha, 60);
-    EXPECT_NEAR(static_cast<double>(resumen.avalancha), 500, 30);
-    int fuera = 0, siguiente[2] = {0, 0};
-    for (const auto& [cuando, indicador, datos] : m_envios) {
-        fuera += cuando < 1000 || cuando >= 1520;
-        ASSERT_EQ(std::stoi(datos.substr(4)), siguiente[indicador]++);
-    }
-    EXPECT_NEAR(fuera, 50, 1);
-    EXPECT_EQ(correr("--duracion 3 --avalancha 1:1.001 --callar 1:0,2:0,3:0,4:0").calladas, 120);
 }
 
 TEST(SimuladorCalendario, NoDerivaNiSeDesborda) {

@@ -22,6 +22,10 @@ TEST(TramosTexto, cortaTrasLosBlancosYCadaTantasLetras) {
     std::string doce;
     for (int i = 0; i < 12; ++i) doce += banderas;
     EXPECT_EQ(cortar(doce + banderas), (Textos{doce, banderas}));
+    // Words from right to left stay together, but not without end.
+    std::string hebreo;
+    for (int i = 0; i < 100; ++i) hebreo += "\u05E9\u05DC\u05D5\u05DD ";
+    EXPECT_EQ(cortar(hebreo).size(), 5U);
 }
 
 // Whatever stands before it, the piece that holds its beginning holds all of it.

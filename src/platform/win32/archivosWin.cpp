@@ -96,29 +96,32 @@ bool ArchivosWin::reemplazar(const std::string& ruta, std::string_view contenido
 }
 
 void ArchivosWin::reemplazarAparte(const std::string& ruta, std::string contenido) {
-    const auto hacer = [this, ruta, nuevo = std::move(contenido)] { return reemplazar(ruta, nuevo); };
+    const auto hacer = [this, ruta, nuevo = std::move(contenido)] {
+        const bool bien = reemplazar(ruta, nuevo);
+        return Reemplazo{bien, bien ? sello(ruta) : std::nullopt};
+    };
     try {
         m_aparte = std::async(std::launch::async, hacer);
     } catch (const std::system_error&) {
         // No thread is to be had: then the program waits for once.
-        std::promise<bool> hecho;
+        std::promise<Reemplazo> hecho;
         hecho.set_value(hacer());
         m_aparte = hecho.get_future();
     }
 }
 
-std::optional<bool> ArchivosWin::terminado() {
+std::optional<Reemplazo> ArchivosWin::terminado() {
     if (!m_aparte.valid() || m_aparte.wait_for(std::chrono::seconds(0)) != std::future_status::ready)
         return std::nullopt;
     return esperar();
 }
 
-std::optional<bool> ArchivosWin::esperar() {
+std::optional<Reemplazo> ArchivosWin::esperar() {
     if (!m_aparte.valid()) return std::nullopt;
     try {
         return m_aparte.get();
     } catch (const std::exception&) {
-        return false;  // out of memory: not written
+        return Reemplazo{};  // out of memory: not written
     }
 }
 

@@ -17,8 +17,8 @@ public:
     bool reemplazar(const std::string& ruta, std::string_view contenido) override;
     // On a thread of its own, which is waited for before this goes.
     void reemplazarAparte(const std::string& ruta, std::string contenido) override;
-    std::optional<bool> terminado() override;
-    std::optional<bool> esperar() override;
+    std::optional<Reemplazo> terminado() override;
+    std::optional<Reemplazo> esperar() override;
     std::optional<SelloArchivo> sello(const std::string& ruta) override;
     // True also when there is no such file.
     bool borrar(const std::string& ruta) override;
@@ -26,7 +26,7 @@ public:
     std::string unir(const std::string& carpeta, const std::string& nombre) const override;
 
 private:
-    std::future<bool> m_aparte;
+    std::future<Reemplazo> m_aparte;
 };
 
 }  // namespace sorvanel

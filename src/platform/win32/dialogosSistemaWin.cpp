@@ -1,6 +1,7 @@
 #include "platform/win32/dialogosSistemaWin.h"
 
 #include <commdlg.h>
+#include <dlgs.h>
 
 #include <algorithm>
 #include <cmath>
@@ -44,6 +45,17 @@ std::wstring nombreEfectivo(const LOGFONTW& descripcion) {
     return GetTextFaceW(pantalla.get(), LF_FACESIZE, nombre) > 0 ? nombre : descripcion.lfFaceName;
 }
 
+// The system offers underlining only together with what the message has not: it is hidden, or what is chosen there
+// would be dropped in silence.
+UINT_PTR CALLBACK ocultarLoQueNoHay(HWND ventana, UINT mensaje, WPARAM, LPARAM) noexcept {
+    if (mensaje != WM_INITDIALOG) return 0;
+    constexpr int TACHADO = chx1, ROTULO_COLOR = stc4, COLOR = cmb4;
+    for (const int id : {TACHADO, ROTULO_COLOR, COLOR}) {
+        if (const HWND control = GetDlgItem(ventana, id)) ShowWindow(control, SW_HIDE);
+    }
+    return 0;
+}
+
 }  // namespace
 
 DialogosSistemaWin::DialogosSistemaWin(AvisosWin& avisos) : m_avisos(avisos) {
@@ -73,7 +85,9 @@ bool DialogosSistemaWin::elegirFuente(FuenteElegida& fuente) {
     pedido.lStructSize = sizeof pedido;
     pedido.hwndOwner = apertura.propietaria();
     pedido.lpLogFont = &letra;
-    pedido.Flags = CF_SCREENFONTS | CF_EFFECTS | CF_INITTOLOGFONTSTRUCT | CF_FORCEFONTEXIST | CF_NOVERTFONTS;
+    pedido.Flags =
+        CF_SCREENFONTS | CF_EFFECTS | CF_INITTOLOGFONTSTRUCT | CF_FORCEFONTEXIST | CF_NOVERTFONTS | CF_ENABLEHOOK;
+    pedido.lpfnHook = &ocultarLoQueNoHay;
     if (!ChooseFontW(&pedido)) return false;
     // A name that the user left as it was stays what it was.
     if (propuesto != letra.lfFaceName) fuente.nombre = aUtf8(letra.lfFaceName);

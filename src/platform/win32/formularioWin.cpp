@@ -74,6 +74,8 @@ void FormularioWin::cubrir(const Monitor& monitor) {
     // Exactly the monitor's rectangle: so the system keeps the task bar beneath.
     if (hwnd()) {
         m_sitio = lugar;
+        // Minimised it would cover nothing, and come back where it was before.
+        if (IsIconic(hwnd())) ShowWindow(hwnd(), SW_SHOWNOACTIVATE);
         SetWindowPos(hwnd(), HWND_TOP, lugar.left, lugar.top, lugar.right - lugar.left, lugar.bottom - lugar.top,
                      SWP_NOACTIVATE);
     }
@@ -106,6 +108,7 @@ std::unique_ptr<Superficie> FormularioWin::crearSuperficie(IdControl id, int ele
     m_superficies.push_back(superficie.get());
     // A new child lies below all others. They are put in order once for all displays, before any is painted.
     if (!m_apiladoPendiente) m_apiladoPendiente = PostMessageW(hwnd(), MENSAJE_APILAR, 0, 0) != 0;
+    if (!m_apiladoPendiente) apilar();  // the queue is full
     return superficie;
 }
 
@@ -348,6 +351,9 @@ LRESULT FormularioWin::alMensajePropio(UINT mensaje, WPARAM w, LPARAM l) {
             return 0;
         case WM_SYSCOMMAND:
             return alOrdenSistema(w, l);
+        case WM_SIZE:
+            if (w == SIZE_RESTORED) cambioDeMonitores();
+            return porDefecto(mensaje, w, l);
         case WM_WINDOWPOSCHANGING:
             mantenerSitio(*reinterpret_cast<WINDOWPOS*>(l));
             return porDefecto(mensaje, w, l);

@@ -16,8 +16,8 @@
 
 namespace sorvanel {
 
-// The main window. Surfaces lie one above the other in the order in which they were made, the
-// handles above all surfaces and the buttons above all; the keyboard goes from button to button as the eye reads.
+// The main window. The grid lies below the displays, the message and the bar above them, the handles above all
+// surfaces and the buttons above all; the keyboard goes from button to button as the eye reads.
 class FormularioWin final : public Formulario, private VentanaWin, private Anfitrion {
 public:
     // Hidden and without size until it covers a monitor. Throws std::runtime_error when the system

@@ -33,11 +33,15 @@ std::string carpetaEspecial(int cual) {
 
 }  // namespace
 
-ProgramaWin::ProgramaWin() : m_carpeta(carpetaEspecial(CSIDL_COMMON_APPDATA)) {
+std::string ProgramaWin::nombreEjecutable() const {
     std::wstring nombre = rutaEjecutable();
     nombre.erase(0, nombre.find_last_of(L"\\/") + 1);
-    m_nombre = aUtf8(nombre.substr(0, nombre.rfind(L'.')));
-    if (m_carpeta.empty()) m_carpeta = carpetaEspecial(CSIDL_LOCAL_APPDATA);
+    return aUtf8(nombre.substr(0, nombre.rfind(L'.')));
+}
+
+std::string ProgramaWin::carpetaBase() const {
+    const std::string comun = carpetaEspecial(CSIDL_COMMON_APPDATA);
+    return comun.empty() ? carpetaEspecial(CSIDL_LOCAL_APPDATA) : comun;
 }
 
 std::string ProgramaWin::separadorDecimal() const {
