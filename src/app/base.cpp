@@ -93,7 +93,8 @@ void base::cubrirMonitor() {
 void base::construir(std::string& errores) {
     cubrirMonitor();
     m_montaje.montarParrilla();
-    m_montaje.montarVisores(errores);
+    m_montaje.cargarVisores();
+    m_montaje.situarVisores(errores);
     m_montaje.montarMensaje();
     estado(Estado::pausa);
 }
@@ -188,10 +189,17 @@ void base::montarParrilla() {
 }
 
 void base::montarVisores() {
+    m_montaje.montarParrilla();
+    m_montaje.cargarVisores();
+    // Their surfaces a moment later: the tool that asks for them is seen before.
+    m_entorno.cola.despues([this] { situarVisores(); });
+}
+
+// Those that are loaded and do not stand on the grid yet.
+void base::situarVisores() {
     // What cannot be placed is told when the configuration is accepted.
     std::string errores;
-    m_montaje.montarParrilla();
-    m_montaje.montarVisores(errores);
+    m_montaje.situarVisores(errores);
 }
 
 void base::montarMensaje() {
@@ -204,6 +212,7 @@ void base::desmontarMesa() {
 }
 
 visor* base::nuevoVisor() {
+    situarVisores();
     visor* const nuevo = visores().nuevo(0, "");
     if (nuevo != nullptr) m_montaje.anadirSuperficies(*nuevo);
     return nuevo;
@@ -214,6 +223,7 @@ bool base::eliminarVisor(std::int16_t posicion) {
     // The displays behind it have other numbers now, and their surfaces go by number.
     m_montaje.desmontar();
     montarVisores();
+    situarVisores();
     return true;
 }
 

@@ -58,6 +58,7 @@ private:
     void unirBotones();
     void primeraActivacion();
     void construir(std::string& errores);
+    void situarVisores();
     void cubrirMonitor();
     void redisponer();
     void ponerEnMarcha(std::string& errores);

@@ -1,5 +1,7 @@
 #include "app/montaje.h"
 
+#include <utility>
+
 namespace sorvanel {
 
 Montaje::Montaje(const Entorno& entorno, Formulario& formulario, EnlaceCompartido& compartido,
@@ -26,8 +28,13 @@ void Montaje::montarParrilla() {
     m_parrilla->pintarReticula();
 }
 
-void Montaje::montarVisores(std::string& errores) {
+void Montaje::cargarVisores() {
     m_visores = std::make_unique<Visores>(m_entorno, m_compartido);
+    m_porSituar = true;
+}
+
+void Montaje::situarVisores(std::string& errores) {
+    if (!std::exchange(m_porSituar, false)) return;
     for (std::int16_t i = 1; i <= m_visores->cuantos(); ++i) anadirSuperficies(*m_visores->uno(i));
     m_visores->ubicar(errores);
 }
@@ -52,6 +59,7 @@ void Montaje::soltar() {
     while (!m_picReps.empty()) m_picReps.pop_back();
     while (!m_picCaps.empty()) m_picCaps.pop_back();
     m_mensaje.reset();
+    m_porSituar = false;
     m_visores.reset();
     m_parrilla.reset();
 }
@@ -85,7 +93,7 @@ void Montaje::redisponer() {
     } else {
         vaciar();
     }
-    if (m_visores) m_visores->reubicar();
+    if (m_visores && !m_porSituar) m_visores->reubicar();
     if (m_mensaje) m_mensaje->redisponer();
 }
 

@@ -28,8 +28,10 @@ public:
     void dimensionar(float ancho, float alto);
 
     void montarParrilla();
-    // On the grid, which must be there. Errors of placing are appended, one a line.
-    void montarVisores(std::string& errores);
+    // From the file; they are not seen yet.
+    void cargarVisores();
+    // Those that are loaded, once, on the grid, which must be there. Errors are appended, one a line.
+    void situarVisores(std::string& errores);
     void montarMensaje();
     // Stops and drops all of it; nothing but the application's colour, or its transparency, is left.
     void desmontar();
@@ -67,6 +69,7 @@ private:
     std::vector<std::unique_ptr<Superficie>> m_picCaps;
     std::unique_ptr<Parrilla> m_parrilla;
     std::unique_ptr<Visores> m_visores;
+    bool m_porSituar = false;
     std::unique_ptr<clsMsg> m_mensaje;
 };
 

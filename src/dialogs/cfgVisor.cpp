@@ -51,6 +51,7 @@ void cfgVisor::montar() {
 
 void cfgVisor::crearControles() {
     m_c = std::make_unique<Controles>();
+    m_abierta = std::make_shared<const char>();
     TablaVisores& tabla = *this;
     m_c->pagina = std::make_unique<PaginaVisores>(taller(), tabla);
     m_c->botNvo = taller().botonTexto(IdControl::botNvo, 0, TEXTO_NUEVO, "Añadir un visor al final");
@@ -76,6 +77,7 @@ void cfgVisor::crearControles() {
 void cfgVisor::rellenar() {
     m_c->pavona->rellenar();
     pagina().cuantos(mesa().visores().cuantos());
+    pagina().soloPrimera();
     pagina().rehacer();
     actualizar();
 }
@@ -83,6 +85,12 @@ void cfgVisor::rellenar() {
 // Nothing is selected until the operator does so: a display is deleted without being asked for twice.
 void cfgVisor::alMostrar() {
     m_c->botNvo->enfocar();
+    // The window is there already: however many displays there are, it comes as fast as with one.
+    entorno().cola.despues([this, abierta = std::weak_ptr(m_abierta)] {
+        if (abierta.expired()) return;
+        pagina().completar();
+        actualizar();
+    });
 }
 
 cfgVisor::Vista cfgVisor::vista() {
@@ -122,6 +130,7 @@ bool cfgVisor::validar() {
 
 // The panel is not stored: what was ticked or unticked since it was is dropped.
 void cfgVisor::soltar() {
+    m_abierta.reset();
     m_c.reset();
 }
 

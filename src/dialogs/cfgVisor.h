@@ -81,10 +81,11 @@ private:
     void abrirPanel(std::int16_t n);
     void cerrarPanel();
 
-    std::int16_t m_actual = 0;     // the selected display; 0: none
-    std::int16_t m_conDiseno = 0;  // the one whose panel is open; 0: closed
-    std::optional<Foco> m_foco;    // the row's field that had the focus last
-    std::optional<Vista> m_vista;  // how it is laid out; nothing before the first time
+    std::int16_t m_actual = 0;              // the selected display; 0: none
+    std::int16_t m_conDiseno = 0;           // the one whose panel is open; 0: closed
+    std::optional<Foco> m_foco;             // the row's field that had the focus last
+    std::shared_ptr<const char> m_abierta;  // gone when the window is
+    std::optional<Vista> m_vista;           // how it is laid out; nothing before the first time
     std::unique_ptr<Controles> m_c;
 };
 

@@ -28,6 +28,15 @@ std::int16_t PaginaVisores::ultima() const {
     return std::min(static_cast<std::int16_t>(m_primera + FILAS - 1), m_cuantos);
 }
 
+std::int16_t PaginaVisores::ultimaHecha() const {
+    return m_soloPrimera ? std::min(m_primera, ultima()) : ultima();
+}
+
+void PaginaVisores::completar() {
+    m_soloPrimera = false;
+    desplegar();
+}
+
 FilaVisor* PaginaVisores::hecha(std::int16_t n) const {
     return n >= 1 && indice(n) < m_filas.size() ? m_filas[indice(n)].get() : nullptr;
 }
@@ -43,7 +52,7 @@ FilaVisor& PaginaVisores::fila(std::int16_t n) {
 }
 
 void PaginaVisores::desplegar() {
-    for (std::int16_t n = m_primera; n <= ultima(); ++n) {
+    for (std::int16_t n = m_primera; n <= ultimaHecha(); ++n) {
         colocarFila(fila(n));
         fila(n).mostrar(true);
     }
@@ -124,7 +133,7 @@ void PaginaVisores::colocarFila(FilaVisor& fila) {
 }
 
 void PaginaVisores::anadirTeclado(std::vector<Control*>& orden) {
-    for (std::int16_t n = m_primera; n <= ultima(); ++n) fila(n).anadirTeclado(orden);
+    for (std::int16_t n = m_primera; n <= ultimaHecha(); ++n) fila(n).anadirTeclado(orden);
 }
 
 }  // namespace sorvanel

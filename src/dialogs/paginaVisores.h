@@ -36,6 +36,9 @@ public:
     // Shows and places what is on the page now. What is not stays until it is taken away: meanwhile the
     // focus can move from the one to the other.
     void desplegar();
+    // Until completar() only the first row of the page is made: the rest may come when the window is seen.
+    void soloPrimera() { m_soloPrimera = true; }
+    void completar();
     // Hides what is off the page, drops what is beyond the last display.
     void recoger();
     // Nothing was made, dropped or moved since then.
@@ -63,6 +66,7 @@ private:
 
     // Null when it was not made.
     FilaVisor* hecha(std::int16_t n) const;
+    std::int16_t ultimaHecha() const;
     void colocar(const Rectangulo& zona);
     void colocarTitulos();
     void colocarFila(FilaVisor& fila);
@@ -72,6 +76,7 @@ private:
     std::int16_t m_cuantos = 0;
     std::int16_t m_primera = 1;
     Vista m_vista;
+    bool m_soloPrimera = false;
     std::int16_t m_elegida = 0;
     std::int16_t m_ensanchada = 0;
     ColumnasFila m_columnas;

@@ -43,6 +43,7 @@ protected:
         e.avisos.textos.clear();
         e.ini(ini);
         dialogo.Mostrar();
+        e.cola.ejecutar();
         ASSERT_NE(fabrica.dialogo(Id::cfgVisor), nullptr);
     }
     FormularioDialogoDoble& v() { return *fabrica.dialogo(Id::cfgVisor); }
@@ -676,6 +677,8 @@ TEST_F(CfgVisor, volverAAbrirEmpiezaDeNuevo) {
     caja(Id::txPort, 8).pulsar(Tecla::abajo);
     v().pedirCierre();
     dialogo.Mostrar();
+    EXPECT_EQ(pagina(), "1 a 1") << "seen first, completed then";
+    e.cola.ejecutar();
     EXPECT_EQ(pagina(), "1 a 8");
     EXPECT_FALSE(v().control(Id::ckWid)->seVe);
     EXPECT_FALSE(v().boton(Id::botElim)->pulsar()) << "nothing is selected";

@@ -33,6 +33,7 @@ protected:
         for (int n = 1; n <= 10; ++n) ini += "[VISOR_" + std::to_string(n) + "]\r\nPort=1\r\nProtocolo=Pavona\r\n";
         e.ini(ini);
         dialogo.Mostrar();
+        e.cola.ejecutar();
         ASSERT_NE(v(), nullptr);
         if (VISORES) v()->rotulo(IdControl::lbVis, 3)->pulsar();
     }

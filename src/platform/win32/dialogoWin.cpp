@@ -118,6 +118,8 @@ void DialogoWin::mostrar() {
     if (encima) SetWindowPos(hwnd(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     m_orden.apilarMarcos();
     ShowWindow(hwnd(), SW_SHOW);
+    // Before whatever else waits to be done.
+    RedrawWindow(hwnd(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
 void DialogoWin::ocultar() {
