@@ -46,7 +46,7 @@ bool VentanaHerramienta::esperarTexto(IdControl id, int elemento, std::string_vi
 }
 
 void VentanaHerramienta::pulsar(IdControl id, int elemento) const {
-    pruebas::pulsar(control(id, elemento));
+    if (esperarControl(id, elemento)) pruebas::pulsar(control(id, elemento));
 }
 
 bool VentanaHerramienta::enfocar(HWND control) const {
@@ -57,6 +57,7 @@ bool VentanaHerramienta::enfocar(HWND control) const {
 }
 
 void VentanaHerramienta::escribir(IdControl id, int elemento, std::string_view nuevo) const {
+    esperarControl(id, elemento);
     const HWND caja = control(id, elemento);
     if (!enfocar(caja)) return;
     SendMessageW(caja, EM_SETSEL, 0, -1);
@@ -65,6 +66,7 @@ void VentanaHerramienta::escribir(IdControl id, int elemento, std::string_view n
 }
 
 void VentanaHerramienta::tecla(IdControl id, int elemento, int teclaVirtual) const {
+    esperarControl(id, elemento);
     const HWND caja = control(id, elemento);
     if (enfocar(caja)) teclear(caja, teclaVirtual);
 }

@@ -23,6 +23,7 @@ public:
     bool esperarControl(IdControl id, int elemento = 0) const;
     std::string texto(IdControl id, int elemento = 0) const;
     bool esperarTexto(IdControl id, int elemento, std::string_view esperado) const;
+    // This and the next two wait until the control is there.
     void pulsar(IdControl id, int elemento = 0) const;
     // Takes the place of what the box holds, character by character, as the keyboard would.
     void escribir(IdControl id, int elemento, std::string_view texto) const;
