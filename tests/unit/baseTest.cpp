@@ -238,6 +238,31 @@ TEST(base, unaSolaHerramientaAbierta) {
     EXPECT_EQ(t.e.ini(), DOS_VISORES) << "opening and closing changes nothing";
 }
 
+// The tool is seen before the displays behind it are made.
+TEST(base, losVisoresVienenTrasSuHerramienta) {
+    Banco t(DOS_VISORES);
+    t.formulario.pulsar(IdControl::botPau);
+    t.formulario.pulsar(IdControl::botCfg);
+    const auto hechos = [&] { return t.formulario.superficie(IdControl::picRep, 2) != nullptr; };
+    t.formulario.pulsar(IdControl::botVisores);
+    EXPECT_FALSE(hechos());
+    t.e.monitores.lista[0].area = {0, 0, 1920, 1080};
+    t.formulario.quienOye->alCambiarMonitores();
+    t.formulario.pulsar(IdControl::botVisores);
+    t.e.cola.ejecutar();
+    EXPECT_FALSE(hechos()) << "closed before";
+    t.formulario.pulsar(IdControl::botVisores);
+    t.e.cola.ejecutar();
+    EXPECT_TRUE(hechos());
+    EXPECT_TRUE(t.formulario.superficie(IdControl::picRep, 2)->visible());
+    // What is made at once needs those before it.
+    t.formulario.pulsar(IdControl::botVisores);
+    t.formulario.pulsar(IdControl::botVisores);
+    t.dialogos.dialogo(IdControl::cfgVisor)->boton(IdControl::botNvo)->pulsar();
+    EXPECT_TRUE(hechos());
+    EXPECT_NE(t.formulario.superficie(IdControl::picRep, 3), nullptr);
+}
+
 TEST(base, unaEntradaInvalidaImpideAceptarYCambiarDeHerramienta) {
     Banco t(DOS_VISORES);
     t.formulario.pulsar(IdControl::botPau);
