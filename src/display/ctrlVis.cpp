@@ -21,8 +21,10 @@ std::string_view recortar(std::string_view texto) {
 
 ctrlVis::ctrlVis(const Entorno& entorno) {
     const comun com(entorno);
+    // Where the file lies is asked of the system each time: this is done while somebody types.
+    AccesorINI ini = com.abrir();
     for (int n = 1;; ++n) {
-        const AccesorINI ini = com.abrir(seccionVisor(n));
+        ini.seccion(seccionVisor(n));
         const std::string port = ini.leer("Port");
         if (port.empty()) break;
         m_visores.push_back({numeroInicial(port), com.valDflt(ini, "ModoBulk", MODO_BULK_OMISION),

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cctype>
 
-#include "config/comun.h"
 #include "config/numeros.h"
 
 namespace sorvanel {
@@ -49,9 +48,7 @@ void escribirPropio(AccesorINI& ini, const char* clave, const std::optional<T>& 
 
 }  // namespace
 
-RegistroVisor leerRegistroVisor(const Entorno& entorno, int n) {
-    const comun com(entorno);
-    const AccesorINI ini = com.abrir(seccionVisor(n));
+RegistroVisor leerRegistroVisor(const comun& com, const AccesorINI& ini) {
     RegistroVisor registro;
     const bool pavona = minusculas(com.valDflt(ini, "Protocolo", "Tessel")) == "pavona";
     registro.protocolo = pavona ? PROTOCOLO_PAVONA : PROTOCOLO_TESSEL;

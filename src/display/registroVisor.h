@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "config/entorno.h"
+#include "config/comun.h"
 #include "display/seccionVisor.h"
 #include "platform/color.h"
 
@@ -32,7 +32,8 @@ struct RegistroVisor {
     std::optional<float> ratioAlturas;
 };
 
-RegistroVisor leerRegistroVisor(const Entorno& entorno, int n);
+// From the accessor's current section.
+RegistroVisor leerRegistroVisor(const comun& com, const AccesorINI& ini);
 void guardarRegistroVisor(const Entorno& entorno, int n, const RegistroVisor& registro);
 
 }  // namespace sorvanel

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "config/comun.h"
 #include "links/lineaPavona.h"
 
 namespace sorvanel {
@@ -26,8 +27,10 @@ std::string conNumero(std::string_view plantilla, std::int32_t numero) {
 
 }  // namespace
 
-visor::visor(const Entorno& entorno, EnlaceCompartido& compartido)
-    : m_entorno(entorno), m_pavona(compartido), m_tessel(entorno.fabrica, entorno.reloj), m_diseno(entorno) {}
+visor::visor(const Entorno& entorno, EnlaceCompartido& compartido) : visor(entorno, compartido, diseñoVisor(entorno)) {}
+
+visor::visor(const Entorno& entorno, EnlaceCompartido& compartido, const diseñoVisor& diseno)
+    : m_entorno(entorno), m_pavona(compartido), m_tessel(entorno.fabrica, entorno.reloj), m_diseno(diseno) {}
 
 visor::~visor() {
     m_tessel.Cerrar();
@@ -48,8 +51,14 @@ bool visor::sinError() {
 }
 
 bool visor::cargarComo(std::int16_t n) {
+    AccesorINI ini = comun(m_entorno).abrir();
+    return cargarComo(n, ini);
+}
+
+bool visor::cargarComo(std::int16_t n, AccesorINI& ini) {
     if (n < 1 || n > MAXIMO_VISORES || identificado()) return false;
-    m_registro = leerRegistroVisor(m_entorno, n);
+    ini.seccion(seccionVisor(n));
+    m_registro = leerRegistroVisor(comun(m_entorno), ini);
     if (pavona() && !m_saludado) {
         m_pavona.hola();
         m_saludado = true;

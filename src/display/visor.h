@@ -28,8 +28,9 @@ struct Ubicacion {
 // What is refused changes nothing and, where an operation answers no, ultimoerror says why.
 class visor final : public SuscriptorPeso {
 public:
-    // The shared link must outlive the display.
+    // The shared link must outlive the display. The shared design is copied; without one it is read.
     visor(const Entorno& entorno, EnlaceCompartido& compartido);
+    visor(const Entorno& entorno, EnlaceCompartido& compartido, const diseñoVisor& diseno);
     ~visor() override;
     visor(const visor&) = delete;
     visor& operator=(const visor&) = delete;
@@ -45,6 +46,8 @@ public:
     bool ubicado() const;
 
     bool cargarComo(std::int16_t n);
+    // The same by an accessor that is on the settings file already; its section changes.
+    bool cargarComo(std::int16_t n, AccesorINI& ini);
     bool guardarComo(std::int16_t n);
     bool identificado() const { return m_numero >= 1; }
 

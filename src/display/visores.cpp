@@ -7,10 +7,14 @@
 namespace sorvanel {
 
 Visores::Visores(const Entorno& entorno, EnlaceCompartido& compartido) : m_entorno(entorno), m_compartido(compartido) {
-    const comun com(entorno);
-    for (int n = 1; n <= MAXIMO_VISORES && !com.abrir(seccionVisor(n)).leer("Port").empty(); ++n) {
-        auto nuevo = crear();
-        if (nuevo->cargarComo(static_cast<std::int16_t>(n))) m_visores.push_back(std::move(nuevo));
+    // Where the file lies is asked of the system each time: once for all of them is enough.
+    AccesorINI ini = comun(entorno).abrir();
+    const diseñoVisor diseno(entorno);
+    for (std::int16_t n = 1; n <= MAXIMO_VISORES; ++n) {
+        ini.seccion(seccionVisor(n));
+        if (ini.leer("Port").empty()) break;
+        m_visores.push_back(std::make_unique<visor>(entorno, compartido, diseno));
+        m_visores.back()->cargarComo(n, ini);
     }
 }
 
@@ -18,16 +22,12 @@ Visores::~Visores() {
     while (!m_visores.empty()) m_visores.pop_back();
 }
 
-std::unique_ptr<visor> Visores::crear() const {
-    return std::make_unique<visor>(m_entorno, m_compartido);
-}
-
 visor* Visores::nuevo(std::int32_t port, const std::string& caption) {
     const bool repetido = std::any_of(m_visores.begin(), m_visores.end(), [&](const auto& v) {
         return (port > 0 && v->port() == port) || (!caption.empty() && v->caption() == caption);
     });
     if (repetido || cuantos() >= MAXIMO_VISORES) return nullptr;
-    auto creado = crear();
+    auto creado = std::make_unique<visor>(m_entorno, m_compartido);
     creado->port(port);
     creado->caption(caption);
     creado->protocolo(PROTOCOLO_TESSEL);

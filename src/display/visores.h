@@ -35,8 +35,6 @@ public:
     bool letsRun(std::string& errores);
 
 private:
-    std::unique_ptr<visor> crear() const;
-
     const Entorno& m_entorno;
     EnlaceCompartido& m_compartido;
     std::vector<std::unique_ptr<visor>> m_visores;
