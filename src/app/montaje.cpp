@@ -15,6 +15,7 @@ Montaje::Montaje(const Entorno& entorno, Formulario& formulario, EnlaceCompartid
 
 Montaje::~Montaje() {
     soltar();
+    while (!m_superficies.empty()) m_superficies.pop_back();
 }
 
 void Montaje::dimensionar(float ancho, float alto) {
@@ -40,10 +41,13 @@ void Montaje::situarVisores(std::string& errores) {
 }
 
 void Montaje::anadirSuperficies(visor& nuevo) {
-    const int elemento = static_cast<int>(m_picReps.size()) + 1;
-    m_picReps.push_back(m_formulario.crearSuperficie(IdControl::picRep, elemento));
-    m_picCaps.push_back(m_formulario.crearSuperficie(IdControl::picCap, elemento));
-    nuevo.definir(*m_parrilla, *m_picCaps.back(), *m_picReps.back());
+    if (m_enUso == m_superficies.size()) {
+        const int elemento = static_cast<int>(m_enUso) + 1;
+        auto picRep = m_formulario.crearSuperficie(IdControl::picRep, elemento);
+        m_superficies.push_back({std::move(picRep), m_formulario.crearSuperficie(IdControl::picCap, elemento)});
+    }
+    const Superficies& suyas = m_superficies[m_enUso++];
+    nuevo.definir(*m_parrilla, *suyas.picCap, *suyas.picRep);
 }
 
 void Montaje::montarMensaje() {
@@ -56,8 +60,11 @@ void Montaje::soltar() {
         m_visores->Run(false);
         m_visores->desubicar();
     }
-    while (!m_picReps.empty()) m_picReps.pop_back();
-    while (!m_picCaps.empty()) m_picCaps.pop_back();
+    // A display that was deleted since has not hidden its own.
+    for (; m_enUso > 0; --m_enUso) {
+        m_superficies[m_enUso - 1].picRep->mostrar(false);
+        m_superficies[m_enUso - 1].picCap->mostrar(false);
+    }
     m_mensaje.reset();
     m_porSituar = false;
     m_visores.reset();

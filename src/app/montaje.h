@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <vector>
@@ -51,6 +52,10 @@ public:
     float limiteInferior() const { return franjaInferior().y; }
 
 private:
+    struct Superficies {
+        std::unique_ptr<Superficie> picRep, picCap;
+    };
+
     FormaVentana& forma() override { return m_formulario; }
     Rectangulo franjaInferior() const override;
     Superficie& picMsg() override { return *m_picMsg; }
@@ -65,8 +70,9 @@ private:
     const BarraBotones& m_barra;
     std::unique_ptr<Superficie> m_picRep;  // element 0: the whole area above the bar
     std::unique_ptr<Superficie> m_picMsg;
-    std::vector<std::unique_ptr<Superficie>> m_picReps;  // elements 1 to n, a display each
-    std::vector<std::unique_ptr<Superficie>> m_picCaps;
+    // Elements 1 to n, a display each. Making a window is slow: they stay, hidden, from one build to the next.
+    std::vector<Superficies> m_superficies;
+    std::size_t m_enUso = 0;  // how many of them the displays of this build have
     std::unique_ptr<Parrilla> m_parrilla;
     std::unique_ptr<Visores> m_visores;
     bool m_porSituar = false;
