@@ -47,7 +47,9 @@ void FormaWin::recortar(HWND ventana, std::span<const RectPixel> zonas) {
         static_cast<void>(nueva.soltar());
         m_actual = std::move(copia);
     }
-    reafirmar(ventana);
+    // While a handle is dragged this comes with each move of the mouse.
+    const bool encima = (GetWindowLongPtrW(ventana, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+    if (encima != static_cast<bool>(m_actual)) reafirmar(ventana);
 }
 
 void FormaWin::reafirmar(HWND ventana) const {
