@@ -82,6 +82,15 @@ void AlmacenPerfil::cambiar(const std::string& ruta, Cambio cambio) {
     }
 }
 
+void AlmacenPerfil::poner(const std::string& ruta, std::string_view bytes) {
+    Ficha& f = ficha(ruta);
+    f.perfil = PerfilINI(bytes);
+    f.ilegible = false;
+    f.cambios.clear();
+    f.estado = Ficha::Estado::pendiente;
+    f.desde = m_reloj.ahora();
+}
+
 void AlmacenPerfil::refrescar(const std::string& ruta) {
     recoger(m_archivos.terminado());
     // What is under way will be what the file holds.

@@ -36,6 +36,8 @@ public:
     void escribir(const std::string& ruta, std::string_view seccion, std::string_view clave, std::string_view valor);
     void borrarClave(const std::string& ruta, std::string_view seccion, std::string_view clave);
     void borrarSeccion(const std::string& ruta, std::string_view seccion);
+    // The whole file shall be that, whatever it is now: a write like any other.
+    void poner(const std::string& ruta, std::string_view bytes);
     // Takes in what another program wrote to the file since, unless something of ours is not yet
     // on the disk.
     void refrescar(const std::string& ruta);

@@ -91,7 +91,12 @@ bool comun::restaurarCopiaDeINI() const {
     const std::string ini = rutaINI();
     m_entorno.perfil.asentar();
     const std::optional<std::string> contenido = m_entorno.archivos.leer(rutaCopia());
-    if (!contenido || !m_entorno.archivos.reemplazar(ini, *contenido)) {
+    if (!contenido) {
+        return false;
+    }
+    // Also where nothing can be written: what never reached the file need not be taken back from it.
+    if (m_entorno.archivos.leer(ini) != contenido && !m_entorno.archivos.reemplazar(ini, *contenido)) {
+        m_entorno.perfil.poner(ini, *contenido);
         return false;
     }
     m_entorno.perfil.olvidar(ini);

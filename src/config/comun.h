@@ -45,7 +45,8 @@ public:
     // it. False when any step of the copying failed.
     bool hacerCopiaDeINI() const;
     // Puts the copy back, whole, and drops what was pending. False and nothing changed when there
-    // is no copy or it cannot be put back. The copy stays.
+    // is no copy; false, too, when the file cannot be replaced: then every reader finds what the copy
+    // holds, and the file follows when it can. The copy stays.
     bool restaurarCopiaDeINI() const;
 
     // "BBGGRR", six upper-case hexadecimal digits. Only for 24-bit colours.
