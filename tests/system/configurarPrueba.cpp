@@ -86,6 +86,14 @@ TEST_F(Configurar, UnaEntradaInvalidaSeDiceYCancelarDevuelveCadaByte) {
 TEST_F(Configurar, NuevoYEliminarRenumeranElArchivoYLaPantalla) {
     configurar(dosVisores);
     ASSERT_TRUE(abrir(IdControl::botVisores, visores));
+    ASSERT_TRUE(visores.esperarControl(IdControl::txPort, 2));
+    // The box of a row that came after the window has its frame as that of the first row has.
+    const auto filo = [&](int n) {
+        RECT caja = lugar(visores.control(IdControl::txPort, n));
+        caja.bottom = caja.top + 3;
+        return Fotografia(caja);
+    };
+    EXPECT_TRUE(esperar([&] { return filo(1) == filo(2) && filo(2).en(9, 0) != filo(2).en(9, 2); }));
     visores.pulsar(IdControl::botNvo);
     ASSERT_TRUE(visores.esperarControl(IdControl::txPort, 3));
     EXPECT_TRUE(esperarINI("[VISOR_3]"));
@@ -94,7 +102,7 @@ TEST_F(Configurar, NuevoYEliminarRenumeranElArchivoYLaPantalla) {
     visores.pulsar(IdControl::botElim);
     EXPECT_TRUE(esperar([&] { return programa.leerINI().find("[VISOR_3]") == std::string::npos; }));
     EXPECT_TRUE(visores.esperarTexto(IdControl::txPort, 1, std::to_string(puerto + 1)));
-    EXPECT_TRUE(esperar([&] { return programa.control(IdControl::picRep, 3) == nullptr; }));
+    EXPECT_TRUE(esperar([&] { return !programa.seVe(IdControl::picRep, 3); }));
 }
 
 TEST_F(Configurar, ElDisenoDeLaParrillaSeVeYSeGuardaEnseguida) {

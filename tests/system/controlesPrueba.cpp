@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <array>
 
 #include "configurar.h"
@@ -160,6 +161,20 @@ TEST_F(Controles, LasAsasSiguenAlRatonYRespetanElMensaje) {
     EXPECT_TRUE(esperar([&] { return programa.leerINI() == original; }));
 }
 
+TEST_F(Controles, UnaHerramientaSeQuedaDondeSeLlevo) {
+    configurar(dosVisores);
+    ASSERT_TRUE(abrir(IdControl::botMensaje, mensaje));
+    const std::vector<MonitorVisto> todos = monitores();
+    const auto otro = std::find_if(todos.begin(), todos.end(), [](const MonitorVisto& m) { return !m.primario; });
+    ASSERT_NE(otro, todos.end());
+    const RECT sitio{otro->area.left + 200, otro->area.top + 150, 0, 0};
+    SetWindowPos(mensaje.ventana(), nullptr, sitio.left, sitio.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    mensaje.pulsar(IdControl::ckUsar);
+    EXPECT_TRUE(esperarINI("EnUso=S"));
+    const RECT ahora = lugar(mensaje.ventana());
+    EXPECT_TRUE(ahora.left == sitio.left && ahora.top == sitio.top) << ahora.left << " " << ahora.top;
+}
+
 TEST_F(Controles, CancelarDevuelveMonitorTransparenciaYUltimoVisor) {
     configurar(dosVisores);
     const RECT antes = lugar(programa.ventana());
@@ -184,7 +199,7 @@ TEST_F(Controles, CancelarDevuelveMonitorTransparenciaYUltimoVisor) {
     for (const int quedan : {1, 0}) {
         visores.tecla(IdControl::txPort, 1, VK_RETURN);
         visores.pulsar(IdControl::botElim);
-        ASSERT_TRUE(esperar([&] { return programa.control(IdControl::picRep, quedan + 1) == nullptr; }));
+        ASSERT_TRUE(esperar([&] { return !programa.seVe(IdControl::picRep, quedan + 1); }));
     }
     programa.pulsar(IdControl::botOk);
     ASSERT_TRUE(programa.esperarVisible(IdControl::botCfg)) << "without displays too";

@@ -91,14 +91,17 @@ void DialogoWin::centrarEn(const Monitor& monitor) {
     situarVentana(true);
 }
 
-// In the middle, or where it is, as far as that keeps it on the monitor.
+// In the middle of its monitor; or where it is, as far as that keeps it on the one it was dragged to.
 void DialogoWin::situarVentana(bool centrar) {
     if (!hwnd()) return;
     const Rectangulo lugar = m_fondo.lugar();
     const int ancho = m_escala.x.aPixel(lugar.ancho), alto = m_escala.y.aPixel(lugar.alto);
-    const RectPixel& area = m_monitor.trabajo;
+    RectPixel area = m_monitor.trabajo;
     int x = (area.left + area.right - ancho) / 2, y = (area.top + area.bottom - alto) / 2;
-    if (!centrar) {
+    MONITORINFO suyo{};
+    suyo.cbSize = sizeof suyo;
+    if (!centrar && GetMonitorInfoW(MonitorFromWindow(hwnd(), MONITOR_DEFAULTTONEAREST), &suyo)) {
+        area = {suyo.rcWork.left, suyo.rcWork.top, suyo.rcWork.right, suyo.rcWork.bottom};
         RECT actual{};
         GetWindowRect(hwnd(), &actual);
         x = std::min(static_cast<int>(actual.left), area.right - ancho);
@@ -324,6 +327,10 @@ LRESULT DialogoWin::alMensajePropio(UINT mensaje, WPARAM w, LPARAM l) {
             return 0;
         case MENSAJE_APILAR:
             m_orden.apilarMarcos();
+            // What was made while the window was seen has been painted as far as its frame did not cover it.
+            if (IsWindowVisible(hwnd())) {
+                RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_ALLCHILDREN);
+            }
             return 0;
         case Bucle::MENSAJE_RATON:
             m_sugerencias.relevar(*reinterpret_cast<const MSG*>(l));
