@@ -59,7 +59,7 @@ public:
         }
     }
 
-    // To the paused state by whatever way is open, keeping what was done; a step a call, true once there.
+    // To the paused state by way of one accept, keeping what was done; a step a call, true once there.
     bool pausado() {
         if (m_programa.caja().ventana() != nullptr) {
             cerrarCaja();
@@ -67,10 +67,16 @@ public:
             pulsar(m_programa.control(IdControl::botPau));
         } else if (m_programa.seVe(IdControl::botOk)) {
             rendirse(foco(m_programa.ventana()));
+            // What is told from here on is of the displays that are placed then.
+            m_dicho.clear();
+            m_aceptado = true;
             pulsar(m_programa.control(IdControl::botOk));
+            esperar([&] { return !m_programa.seVe(IdControl::botOk) || m_programa.caja().ventana() != nullptr; }, 2000);
+        } else if (!m_aceptado && m_programa.seVe(IdControl::botCfg)) {
+            pulsar(m_programa.control(IdControl::botCfg));
         }
         // What the press leads to is there before the program answers.
-        return m_programa.seVe(IdControl::botRun) && responde(m_programa.ventana()) &&
+        return m_aceptado && m_programa.seVe(IdControl::botRun) && responde(m_programa.ventana()) &&
                m_programa.caja().ventana() == nullptr;
     }
 
@@ -160,6 +166,7 @@ private:
     std::mt19937 m_azar;
     std::deque<std::string> m_actos;
     std::string m_dicho;
+    bool m_aceptado = false;
 };
 
 // Section, key, value, as they stand in the file.

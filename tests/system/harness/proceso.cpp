@@ -13,8 +13,12 @@ Proceso::Proceso(const std::wstring& ejecutable) {
     PROCESS_INFORMATION informacion{};
     std::wstring orden = L"\"" + ejecutable + L"\"";
     // No handle of ours goes on: a program that outlives the test would keep its output open.
-    if (!CreateProcessW(ejecutable.c_str(), orden.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &inicio,
-                        &informacion))
+    const auto arranca = [&] {
+        return CreateProcessW(ejecutable.c_str(), orden.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &inicio,
+                              &informacion) != FALSE;
+    };
+    // Once in hundreds of starts Wine says "internal error"; the next attempt works.
+    if (!arranca() && !(GetLastError() == ERROR_INTERNAL_ERROR && arranca()))
         throw std::runtime_error("cannot start " + utf8(ejecutable) + ": error " + std::to_string(GetLastError()));
     CloseHandle(informacion.hThread);
     m_proceso = informacion.hProcess;

@@ -53,7 +53,8 @@ std::string Programa::leerCopia() const {
 
 void Programa::arrancar() {
     m_proceso = std::make_unique<Proceso>(m_ejecutable);
-    esperar([this] { return (m_ventana = buscarVentana()) != nullptr || !m_proceso->vivo(); });
+    // The first window of all may wait ten seconds for the desktop itself.
+    esperar([this] { return (m_ventana = buscarVentana()) != nullptr || !m_proceso->vivo(); }, 3 * PLAZO);
     if (m_ventana == nullptr)
         throw std::runtime_error(m_proceso->vivo() ? "no window came" : "the program ended without a window");
 }

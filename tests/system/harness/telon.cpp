@@ -75,12 +75,19 @@ LRESULT CALLBACK Telon::procesar(HWND ventana, UINT mensaje, WPARAM w, LPARAM l)
     }
 }
 
+// Place and press in one: between two, an echo of where the pointer was before may put it back there.
 void clicEnPantalla(int x, int y) {
-    SetCursorPos(x, y);
-    std::array<INPUT, 2> gestos{};
-    gestos[0].type = gestos[1].type = INPUT_MOUSE;
-    gestos[0].mi.dwFlags = MOUSEEVENTF_LEFTDOWN;
-    gestos[1].mi.dwFlags = MOUSEEVENTF_LEFTUP;
+    const int izquierda = GetSystemMetrics(SM_XVIRTUALSCREEN), ancho = GetSystemMetrics(SM_CXVIRTUALSCREEN);
+    const int arriba = GetSystemMetrics(SM_YVIRTUALSCREEN), alto = GetSystemMetrics(SM_CYVIRTUALSCREEN);
+    INPUT pulsacion{};
+    pulsacion.type = INPUT_MOUSE;
+    pulsacion.mi.dx = ((x - izquierda) * 65536 + ancho / 2) / ancho;
+    pulsacion.mi.dy = ((y - arriba) * 65536 + alto / 2) / alto;
+    pulsacion.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_VIRTUALDESK | MOUSEEVENTF_LEFTDOWN;
+    INPUT suelta{};
+    suelta.type = INPUT_MOUSE;
+    suelta.mi.dwFlags = MOUSEEVENTF_LEFTUP;
+    std::array<INPUT, 2> gestos{pulsacion, suelta};
     SendInput(static_cast<UINT>(gestos.size()), gestos.data(), sizeof(INPUT));
 }
 
