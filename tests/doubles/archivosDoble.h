@@ -15,19 +15,17 @@ namespace sorvanel {
 // A disk in memory. Paths are joined with '/'.
 class ArchivosDoble : public Archivos {
 public:
-    bool fallarEscritura = false;          // reemplazar() answers false and changes nothing
-    bool fallarLectura = false;            // leer() answers empty, also for what is there
-    std::set<std::string> rutasQueFallan;  // the same as fallarEscritura, for these alone
-    bool aparteLento = false;              // what is replaced beside the one thread ends when
-                                           // it is waited for
+    bool fallarEscritura = false;  // reemplazar() answers false and changes nothing
+    bool fallarLectura = false;    // leer() answers empty, also for what is there
+    std::string rutaQueFalla;      // the same as fallarEscritura, for this one alone
+    bool aparteLento = false;      // what is replaced beside the one thread ends when it is waited for
 
     int reemplazos = 0;  // successful ones
     int intentos = 0;    // all of them
     int lecturas = 0;
     std::set<std::string> carpetas;
 
-    // Another program writes the file: no replacement is counted, the stamp
-    // changes.
+    // Another program writes the file: no replacement is counted, the stamp changes.
     void poner(const std::string& ruta, std::string contenido) { m_archivos[ruta] = {std::move(contenido), ++m_hora}; }
     void quitar(const std::string& ruta) { m_archivos.erase(ruta); }
     bool existe(const std::string& ruta) const { return m_archivos.contains(ruta); }
@@ -41,7 +39,7 @@ public:
     }
     bool reemplazar(const std::string& ruta, std::string_view nuevo) override {
         ++intentos;
-        if (fallarEscritura || rutasQueFallan.contains(ruta)) return false;
+        if (fallarEscritura || ruta == rutaQueFalla) return false;
         ++reemplazos;
         poner(ruta, std::string(nuevo));
         return true;

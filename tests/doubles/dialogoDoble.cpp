@@ -15,13 +15,16 @@ void EstadoDialogo::enfocar(ControlComun* nuevo) {
     if (nuevo != nullptr) ControlComun::avisar(nuevo->m_alRecibirFoco);
 }
 
+bool EstadoDialogo::vive(const ControlComun* control) const {
+    return std::find(creados.begin(), creados.end(), control) != creados.end();
+}
+
 void EstadoDialogo::asentar() {
     while (!porValidar.empty()) {
         ControlComun* const dejado = porValidar.front();
         porValidar.pop_front();
         // It may be gone, or have the focus again.
-        if (dejado == foco || std::find(creados.begin(), creados.end(), dejado) == creados.end()) continue;
-        if (dejado->validar() || std::find(creados.begin(), creados.end(), dejado) == creados.end()) continue;
+        if (dejado == foco || !vive(dejado) || dejado->validar() || !vive(dejado)) continue;
         enfocar(dejado);
         // The one that it is taken from was never used.
         porValidar.clear();
@@ -90,36 +93,22 @@ void CajaTextoDoble::seleccionarTodo() {
     m_hasta = m_texto.size();
 }
 
-bool CajaTextoDoble::insertar(std::string_view octetos) {
-    std::string pasa;
-    for (const char c : octetos) {
-        const char32_t caracter = static_cast<unsigned char>(c);
-        const char32_t queda = m_filtro ? m_filtro(caracter) : caracter;
-        if (queda != 0) pasa += static_cast<char>(queda);
-    }
+void CajaTextoDoble::insertar(char octeto) {
+    const char32_t caracter = static_cast<unsigned char>(octeto);
+    const char32_t queda = m_filtro ? m_filtro(caracter) : caracter;
     const std::size_t quedan = m_texto.size() - (m_hasta - m_desde);
-    const auto maxima = static_cast<std::size_t>(m_maxima);
-    if (maxima > 0) pasa.resize(std::min(pasa.size(), maxima - std::min(quedan, maxima)));
-    if (pasa.empty()) return false;
-    m_texto.replace(m_desde, m_hasta - m_desde, pasa);
-    m_desde = m_hasta = m_desde + pasa.size();
+    if (queda == 0 || (m_maxima > 0 && quedan >= static_cast<std::size_t>(m_maxima))) return;
+    m_texto.replace(m_desde, m_hasta - m_desde, 1, static_cast<char>(queda));
+    m_hasta = ++m_desde;
     avisar(m_alCambiar);
-    return true;
 }
 
 bool CajaTextoDoble::escribir(std::string_view texto) {
     return usarConFoco([&, estado = m_estado] {
         for (const char c : aWindows1252(texto)) {
-            if (std::find(estado->creados.begin(), estado->creados.end(), this) == estado->creados.end()) break;
-            insertar({&c, 1});
+            if (!estado->vive(this)) break;
+            insertar(c);
         }
-        return true;
-    });
-}
-
-bool CajaTextoDoble::pegar(std::string_view texto) {
-    return usarConFoco([&] {
-        insertar(aWindows1252(texto));
         return true;
     });
 }
@@ -132,21 +121,10 @@ bool CajaTextoDoble::reescribir(std::string_view texto) {
     return texto.empty() || escribir(texto);
 }
 
-void CajaTextoDoble::mover(Tecla tecla) {
-    const bool hay = m_desde != m_hasta;
-    if (tecla == Tecla::izquierda) {
-        m_hasta = m_desde = hay || m_desde == 0 ? m_desde : m_desde - 1;
-    } else if (tecla == Tecla::derecha) {
-        m_desde = m_hasta = hay || m_hasta == m_texto.size() ? m_hasta : m_hasta + 1;
-    }
-}
-
 bool CajaTextoDoble::pulsar(Tecla tecla) {
     return usarConFoco([&] {
         const auto accion = m_alPulsarTecla;
-        const bool tomada = accion && accion(tecla);
-        if (!tomada) mover(tecla);
-        return tomada;
+        return accion && accion(tecla);
     });
 }
 
@@ -193,14 +171,6 @@ std::vector<ControlComun*> FormularioDialogoDoble::recorrido() const {
     }
     std::erase_if(orden, [](const ControlComun* c) { return !c->alcanzable() || !c->enfocable(); });
     return orden;
-}
-
-bool FormularioDialogoDoble::tabular(bool atras) {
-    std::vector<ControlComun*> orden = recorrido();
-    if (orden.empty()) return false;
-    if (atras) std::reverse(orden.begin(), orden.end());
-    const auto it = std::find(orden.begin(), orden.end(), m_estado->foco);
-    return (it == orden.end() || it + 1 == orden.end() ? orden.front() : *(it + 1))->irA();
 }
 
 void FormularioDialogoDoble::pedirCierre() {

@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "doubles/anotado.h"
 #include "doubles/superficieDoble.h"
 #include "platform/dialogo.h"
 
@@ -41,6 +42,7 @@ struct EstadoDialogo {
     void enfocar(ControlComun* nuevo);
     // Asks those that wait, one after the other.
     void asentar();
+    bool vive(const ControlComun* control) const;
 };
 
 // What all controls have. `T` below is the seam's interface.
@@ -118,8 +120,6 @@ public:
     // ---- the user ----
     // Goes there and types at the caret, over what is selected.
     bool escribir(std::string_view texto);
-    // The same in one piece, from the clipboard.
-    bool pegar(std::string_view texto);
     // Goes there, selects everything and types.
     bool reescribir(std::string_view texto);
     bool pulsar(Tecla tecla);
@@ -142,8 +142,7 @@ protected:
     bool validar() override;
 
 private:
-    bool insertar(std::string_view octetos);
-    void mover(Tecla tecla);
+    void insertar(char octeto);
 
     std::string m_texto;  // Windows-1252: a byte is a character
     std::size_t m_desde = 0;
@@ -183,11 +182,10 @@ private:
 class CasillaMarcaDoble : public PulsableDoble<CasillaMarca, true> {
 public:
     using PulsableDoble::PulsableDoble;
-    std::string rotulo;
 
     bool marcada() const override { return m_marcada; }
     void marcada(bool si) override { m_marcada = si; }
-    void texto(const std::string& texto) override { rotulo = texto; }
+    void texto(const std::string&) override {}
 
 protected:
     bool alPulsado() override {
@@ -229,14 +227,12 @@ class RotuloDoble : public PulsableDoble<Rotulo> {
 public:
     using PulsableDoble::PulsableDoble;
     Fuente letra;
-    Color tinta = NEGRO;
-    Ajuste comoAjusta = Ajuste::izquierda;
 
     void texto(const std::string& texto) override { m_texto = texto; }
     std::string texto() const override { return m_texto; }
     void fuente(const Fuente& fuente) override { letra = fuente; }
-    void ajuste(Ajuste ajuste) override { comoAjusta = ajuste; }
-    void colorTexto(Color color) override { tinta = color; }
+    void ajuste(Ajuste) override {}
+    void colorTexto(Color) override {}
     void colorFondo(Color color) override { fondo = color; }
 
 protected:
@@ -270,11 +266,8 @@ private:
 class BotonTextoDoble : public PulsableDoble<BotonTexto, true> {
 public:
     using PulsableDoble::PulsableDoble;
-    std::string rotulo;
-    Dibujo imagen = Dibujo::ninguno;
-
-    void texto(const std::string& texto) override { rotulo = texto; }
-    void dibujo(Dibujo dibujo) override { imagen = dibujo; }
+    void texto(const std::string&) override {}
+    void dibujo(Dibujo) override {}
 };
 
 class MarcoDoble : public PulsableDoble<Marco> {
@@ -286,69 +279,39 @@ protected:
     bool enfocable() const override { return false; }
 };
 
-// What was handed out and is still there, by its number.
-template <typename T>
-struct Anotados : std::map<int, T*> {
-    T* uno(int clave) const {
-        const auto it = this->find(clave);
-        return it == this->end() ? nullptr : it->second;
-    }
-};
-template <typename T>
-using Registro = std::shared_ptr<Anotados<T>>;
-
-// Takes itself off the list when it goes.
-template <typename T>
-class Anotado : public T {
-public:
-    Anotado(Registro<T> registro, int clave) : m_registro(std::move(registro)), m_clave(clave) {
-        (*m_registro)[clave] = this;
-    }
-    ~Anotado() override { m_registro->erase(m_clave); }
-
-private:
-    Registro<T> m_registro;
-    int m_clave;
-};
-
 class FormularioDialogoDoble : public FormularioDialogo {
 public:
     // ---- what a test may look at ----
-    std::string textoTitulo;
     Rectangulo medidas;
     Monitor centrado;
     int vecesCentrado = 0;
     bool visible = false;
     OyenteDialogo* quienOye = nullptr;
     EstadoDialogo& estado() { return *m_estado; }
-    SuperficieDoble& fondoDoble() { return m_fondo; }
 
     // Null for one that was not made or is gone.
     CajaTextoDoble* caja(IdControl id, int elemento = 0) { return buscar<CajaTextoDoble>(id, elemento); }
-    CasillaMarcaDoble* casilla(IdControl id, int elemento = 0) { return buscar<CasillaMarcaDoble>(id, elemento); }
+    CasillaMarcaDoble* casilla(IdControl id) { return buscar<CasillaMarcaDoble>(id, 0); }
     ListaDoble* lista(IdControl id, int elemento = 0) { return buscar<ListaDoble>(id, elemento); }
     RotuloDoble* rotulo(IdControl id, int elemento = 0) { return buscar<RotuloDoble>(id, elemento); }
     BotonImagenDoble* imagen(IdControl id, int elemento = 0) { return buscar<BotonImagenDoble>(id, elemento); }
-    MarcoColorDoble* color(IdControl id, int elemento = 0) { return buscar<MarcoColorDoble>(id, elemento); }
-    BotonTextoDoble* boton(IdControl id, int elemento = 0) { return buscar<BotonTextoDoble>(id, elemento); }
+    MarcoColorDoble* color(IdControl id) { return buscar<MarcoColorDoble>(id, 0); }
+    BotonTextoDoble* boton(IdControl id) { return buscar<BotonTextoDoble>(id, 0); }
     MarcoDoble* marco(IdControl id, int elemento = 0) { return buscar<MarcoDoble>(id, elemento); }
     ControlComun* control(IdControl id, int elemento = 0) { return buscar<ControlComun>(id, elemento); }
     SuperficieDoble* superficie(IdControl id, int elemento = 0) { return m_superficies->uno(numero(id, elemento)); }
     // The id (with its element) of what has the focus, 0 for none.
     int foco() const { return m_estado->foco != nullptr ? m_estado->foco->clave() : 0; }
-    // Controls alive, and those that the keyboard reaches, in its order.
-    std::size_t cuantos() const { return m_estado->creados.size(); }
+    // Those that the keyboard reaches, in its order.
     std::vector<ControlComun*> recorrido() const;
 
     // ---- the user ----
-    // Tab, or Shift and Tab.
-    bool tabular(bool atras = false);
     void pedirCierre();
 
     // ---- the seam ----
     FormularioDialogoDoble();
     void oyente(OyenteDialogo* oyente) override { quienOye = oyente; }
-    void titulo(const std::string& texto) override { textoTitulo = texto; }
+    void titulo(const std::string&) override {}
     void tamano(float ancho, float alto) override { medidas = {0, 0, ancho, alto}; }
     void centrarEn(const Monitor& monitor) override {
         centrado = monitor;

@@ -21,18 +21,21 @@ public:
         diario.clear();
     }
 
-    // "montarVisores", "desmontarMesa", "refrescarBarra"... and, with "lienzo: " in front, what the grid
-    // paints, in the order in which it happened.
+    // "montarMensaje", "desmontarMesa", "refrescarBarra" and, with "lienzo: " in front, what the grid paints, in order.
     std::vector<std::string> diario;
     CompartidoDoble compartido;
 
     void montarParrilla() override {
-        diario.emplace_back("montarParrilla");
-        hacerParrilla();
+        m_parrilla = std::make_unique<Parrilla>(m_e.entorno);
+        m_parrilla->definir(m_lienzo, m_ventana);
+        m_parrilla->pintarReticula();
     }
     void montarVisores() override {
-        diario.emplace_back("montarVisores");
-        hacerVisores();
+        montarParrilla();
+        m_visores = std::make_unique<Visores>(m_e.entorno, compartido);
+        for (std::int16_t n = 1; n <= m_visores->cuantos(); ++n) ponerSuperficies(*m_visores->uno(n));
+        std::string errores;
+        m_visores->ubicar(errores);
     }
     void montarMensaje() override {
         diario.emplace_back("montarMensaje");
@@ -54,18 +57,14 @@ public:
     bool eliminarVisor(std::int16_t posicion) override {
         if (!m_visores->eliminar(posicion)) return false;
         soltar();
-        hacerVisores();
+        montarVisores();
         return true;
     }
     Monitor monitorEnUso() const override { return oScreen(m_e.entorno).monitor(); }
-    void cambiarMonitor(std::int16_t indice) override {
-        diario.push_back("cambiarMonitor " + std::to_string(indice));
-        oScreen(m_e.entorno).monitorActual(indice);
-    }
+    void cambiarMonitor(std::int16_t indice) override { oScreen(m_e.entorno).monitorActual(indice); }
     void refrescarBarra() override { diario.emplace_back("refrescarBarra"); }
 
-    // Of display n, while it is there: its caption and its weight.
-    SuperficieDoble& etiqueta(int n) { return *m_etiquetas.at(static_cast<std::size_t>(n - 1)); }
+    // Of display n, while it is there.
     SuperficieDoble& peso(int n) { return *m_pesos.at(static_cast<std::size_t>(n - 1)); }
 
 private:
@@ -73,18 +72,6 @@ private:
     void acoplar(float alto) override { m_franja.colocar({0, 11040 - alto, 15360, alto}); }
     void alMostrarFranja(bool) override {}
 
-    void hacerParrilla() {
-        m_parrilla = std::make_unique<Parrilla>(m_e.entorno);
-        m_parrilla->definir(m_lienzo, m_ventana);
-        m_parrilla->pintarReticula();
-    }
-    void hacerVisores() {
-        hacerParrilla();
-        m_visores = std::make_unique<Visores>(m_e.entorno, compartido);
-        for (std::int16_t n = 1; n <= m_visores->cuantos(); ++n) ponerSuperficies(*m_visores->uno(n));
-        std::string errores;
-        m_visores->ubicar(errores);
-    }
     void ponerSuperficies(visor& v) {
         m_etiquetas.push_back(std::make_unique<SuperficieDoble>());
         m_pesos.push_back(std::make_unique<SuperficieDoble>());

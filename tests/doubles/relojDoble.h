@@ -23,12 +23,10 @@ public:
     };
 
     std::int64_t ahora() const override { return m_estado->ahora; }
-    // Moves the clock and runs each tick that falls due, in the order of their
-    // times (of two at the same moment, the older timer first); during a tick the
-    // clock stands at its time.
+    // Moves the clock and runs each tick that falls due, in the order of their times (of two at the same
+    // moment, the older timer first); during a tick the clock stands at its time.
     void avanzar(std::int64_t milisegundos);
-    // Moves the clock alone: as when the thread was busy and no tick came
-    // through.
+    // Moves the clock alone: as when the thread was busy and no tick came through.
     void saltar(std::int64_t milisegundos) { m_estado->ahora += milisegundos; }
 
     const std::vector<TemporizadorDoble*>& temporizadores() const { return m_estado->temporizadores; }
@@ -57,13 +55,11 @@ public:
     void alTic(std::function<void()> accion) override { m_accion = std::move(accion); }
 
     std::int64_t vence() const { return m_vence; }
-    // One tick now, as if its time had come. False when it is disabled. The tick
-    // may destroy the timer.
-    bool disparar() {
-        if (!m_habilitado) return false;
+    // One tick now, as if its time had come. The tick may destroy the timer.
+    void disparar() {
+        if (!m_habilitado) return;
         empezar();
         if (const auto accion = m_accion) accion();
-        return true;
     }
 
 private:

@@ -9,14 +9,12 @@
 
 namespace sorvanel {
 
-// A surface that writes each call as a line of text: "caja 0 0 100 50 #FFFFFF".
-// Colours are written as red, green, blue; lengths are twips. Several surfaces
-// may share one log, each with a name in front.
+// A surface that writes each call as a line of text: "caja 0 0 100 50 #FFFFFF". Colours are written as
+// red, green, blue; lengths are twips. Several surfaces may share one log, each with a name in front.
 //
-// Its fonts are simple: of the font's height a digit takes 0.5, "." "," and
-// blanks 0.25, "i" and "l" 0.2, a capital 0.7, any other character 0.6. A line
-// is 1.2 high; ink reaches from 0.25 to 0.95, up to 0.1 for what is not ASCII,
-// down to 1.15 for a tail.
+// Its fonts are simple: of the font's height a digit takes 0.5, "." "," and blanks 0.25, "i" and "l" 0.2, a
+// capital 0.7, any other character 0.6. A line is 1.2 high; ink reaches from 0.25 to 0.95, up to 0.1 for
+// what is not ASCII, down to 1.15 for a tail.
 class SuperficieDoble : public Superficie {
 public:
     explicit SuperficieDoble(std::string nombre = {}, std::vector<std::string>* diario = nullptr)

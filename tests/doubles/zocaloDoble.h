@@ -24,8 +24,7 @@ struct RedDoble {
     bool fallarConectar = false;        // conectar() answers false
 };
 
-// A socket played by the test: it records what is asked of it and tells what
-// the test says.
+// A socket played by the test: it records what is asked of it and tells what the test says.
 class ZocaloDoble : public Zocalo {
 public:
     ZocaloDoble(OyenteZocalo& oyente, std::shared_ptr<RedDoble> red) : m_oyente(oyente), m_red(std::move(red)) {
@@ -33,50 +32,39 @@ public:
     }
     ~ZocaloDoble() override { std::erase(m_red->zocalos, this); }
 
-    // "cerrar", "protocolo UDP", "enlazar 3001", "conectar equipo:9084", "enviar
-    // REP\r": in order.
-    std::vector<std::string> llamadas;
-    std::string enviado;            // all that was sent
-    std::size_t lecturaMaxima = 0;  // bytes that one TCP read gives at most; 0: all there is
+    std::vector<std::string> conexiones;  // "equipo:9084": each attempt, in order
+    std::string enviado;                  // all that was sent
 
     // ---- what the socket is asked ----
     void cerrar() override {
-        llamadas.emplace_back("cerrar");
-        soltar();
+        m_puerto = 0;
+        m_conectando = m_conectado = false;
+        m_entrada.clear();
     }
-    void protocolo(ProtocoloZocalo protocolo) override {
-        llamadas.emplace_back(protocolo == ProtocoloZocalo::UDP ? "protocolo UDP" : "protocolo TCP");
-        m_protocolo = protocolo;
-    }
+    void protocolo(ProtocoloZocalo protocolo) override { m_protocolo = protocolo; }
     bool enlazar(std::int32_t puerto) override {
-        llamadas.push_back("enlazar " + std::to_string(puerto));
-        soltar();
-        if (puerto < 0 || puerto > 65535 || (puerto != 0 && tomado(puerto))) return false;
-        m_puerto = puerto;
-        while (m_puerto == 0 || (puerto == 0 && tomado(m_puerto))) m_puerto = m_puerto == 0 ? 49152 : m_puerto + 1;
+        cerrar();
+        if (puerto < 0 || puerto > 65535 || tomado(puerto)) return false;
+        m_puerto = puerto == 0 ? 49152 : puerto;
         return true;
     }
     bool conectar(const std::string& host, std::int32_t puerto) override {
-        llamadas.push_back("conectar " + host + ":" + std::to_string(puerto));
-        soltar();
+        conexiones.push_back(host + ":" + std::to_string(puerto));
+        cerrar();
         if (host.empty() || puerto < 1 || puerto > 65535 || m_red->fallarConectar) return false;
         m_conectando = true;
         return true;
     }
     bool enviar(std::string_view datos) override {
-        llamadas.push_back("enviar " + std::string(datos));
         if (!m_conectado) return false;
         enviado += datos;
         return true;
     }
     std::size_t leer(std::string& destino) override {
         if (m_entrada.empty()) return 0;
-        std::string& primero = m_entrada.front();
-        const bool aTrozos = m_protocolo == ProtocoloZocalo::TCP && lecturaMaxima != 0;
-        const std::size_t n = aTrozos ? std::min(lecturaMaxima, primero.size()) : primero.size();
-        destino.append(primero, 0, n);
-        primero.erase(0, n);
-        if (primero.empty()) m_entrada.pop_front();
+        const std::size_t n = m_entrada.front().size();
+        destino += m_entrada.front();
+        m_entrada.pop_front();
         return n;
     }
 
@@ -89,17 +77,16 @@ public:
         m_oyente.alConectar();
         return true;
     }
-    // Bytes (for UDP, one datagram) arrive; told until they are read or a call
-    // reads nothing.
+    // Bytes (for UDP, one datagram) arrive; told until they are read or a call reads nothing.
     bool llegar(std::string datos) {
         if (m_puerto == 0 && !m_conectado) return false;
         m_entrada.push_back(std::move(datos));
         const std::weak_ptr<int> vivo = m_vivo;
         std::size_t antes = 0;
         do {
-            antes = porLeer();
+            antes = m_entrada.size();
             m_oyente.alLlegarDatos();
-        } while (!vivo.expired() && !m_entrada.empty() && porLeer() != antes);
+        } while (!vivo.expired() && !m_entrada.empty() && m_entrada.size() != antes);
         return true;
     }
     // An attempt or a connection failed.
@@ -128,21 +115,11 @@ public:
     bool abierto() const { return m_puerto != 0 || m_conectando || m_conectado; }
 
 private:
-    void soltar() {
-        m_puerto = 0;
-        m_conectando = m_conectado = false;
-        m_entrada.clear();
-    }
     bool tomado(std::int32_t puerto) const {
         return m_red->ocupados.contains(puerto) ||
                std::any_of(m_red->zocalos.begin(), m_red->zocalos.end(), [&](const ZocaloDoble* z) {
                    return z != this && z->m_puerto == puerto && z->m_protocolo == m_protocolo;
                });
-    }
-    std::size_t porLeer() const {
-        std::size_t suma = m_entrada.size();  // an empty datagram is read too
-        for (const std::string& pieza : m_entrada) suma += pieza.size();
-        return suma;
     }
 
     OyenteZocalo& m_oyente;

@@ -155,7 +155,6 @@ private:
         const Estado estado = m_enlace.estado();
         if ((estado == Estado::abierta || estado == Estado::leyendo) && alguien()) {
             for (VisorFuzz& v : m_visores) v.cerrarAlOir = false;
-            zocalo().lecturaMaxima = 0;
             zocalo().llegar(std::string(frTCP::BUFER_MAXIMO, 'x'));
             for (VisorFuzz& v : m_visores) v.lecturas.clear();
             zocalo().llegar(lectura(++m_leidas));

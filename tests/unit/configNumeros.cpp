@@ -26,24 +26,15 @@ TEST(Numeros, SeLeenConPuntoOComa) {
 }
 
 TEST(Numeros, EnterosConSuTamano) {
-    const std::optional<std::int32_t> no;
-    constexpr std::int32_t MINIMO = std::numeric_limits<std::int32_t>::min();
-    const std::map<std::string, std::optional<std::int32_t>> casos = {{"32767", 32767},
-                                                                      {"32768", 32768},
-                                                                      {"-32768,4", -32768},
-                                                                      {"-32769", -32769},
-                                                                      {"1e5", 100000},
-                                                                      {"0,5", 0},
-                                                                      {"1.5", 2},
-                                                                      {"2.5", 2},
-                                                                      {"-1,5", -2},
-                                                                      {"2147483647,5", no},
-                                                                      {"-2147483648", MINIMO},
-                                                                      {"x", no}};
+    const std::pair<std::string, std::int32_t> casos[] = {
+        {"32767", 32767}, {"32768", 32768}, {"-32768,4", -32768}, {"-32769", -32769}, {"1e5", 100000},
+        {"0,5", 0},       {"1.5", 2},       {"2.5", 2},           {"-1,5", -2},       {"-2147483648", INT32_MIN}};
     for (const auto& [texto, largo] : casos) {
         EXPECT_EQ(leerEntero32(texto), largo) << texto;
-        EXPECT_EQ(leerEntero16(texto), largo >= -32768 && largo <= 32767 ? largo : no) << texto;
+        EXPECT_EQ(leerEntero16(texto), largo >= -32768 && largo <= 32767 ? std::optional(largo) : std::nullopt)
+            << texto;
     }
+    for (const char* malo : {"2147483647,5", "x"}) EXPECT_FALSE(leerEntero32(malo) || leerEntero16(malo)) << malo;
 }
 
 TEST(Numeros, ElNumeroInicial) {

@@ -1,52 +1,45 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <set>
 
 #include "dialogs/cfgContexto.h"
 #include "dialogs/cfgMensaje.h"
 #include "dialogs/cfgVisor.h"
-#include "doubles/dialogoDoble.h"
-#include "doubles/entornoDoble.h"
-#include "doubles/mesaDoble.h"
+#include "doubles/pruebaDialogo.h"
 
 namespace sorvanel {
 namespace {
 
+using Id = IdControl;
+
+template <typename Dialogo>
+constexpr Id ID = Id::cfgMensaje;
+template <>
+constexpr Id ID<cfgContexto> = Id::cfgContexto;
+template <>
+constexpr Id ID<cfgVisor> = Id::cfgVisor;
+
 // What holds for every tool with a window.
 template <typename Dialogo>
-class Dialogos : public ::testing::Test {
+class Dialogos : public PruebaDialogo<Dialogo, ID<Dialogo>> {
 protected:
-    static constexpr bool VISORES = std::is_same_v<Dialogo, cfgVisor>;
-    static constexpr IdControl ID = VISORES                                ? IdControl::cfgVisor
-                                    : std::is_same_v<Dialogo, cfgContexto> ? IdControl::cfgContexto
-                                                                           : IdControl::cfgMensaje;
-
-    EntornoDoble e;
-    FabricaDialogosDoble fabrica;
-    MesaDoble mesa{e};
-    Dialogo dialogo{e.entorno, fabrica, mesa};
-
-    FormularioDialogoDoble* v() { return fabrica.dialogo(ID); }
-    void abrir() {
+    void abrirLleno() {
         std::string ini = "[MENSAJE]\r\nEnUso=Si\r\nFont=Una fuente de nombre muy largo,120,BIU\r\n";
         for (int n = 1; n <= 10; ++n) ini += "[VISOR_" + std::to_string(n) + "]\r\nPort=1\r\nProtocolo=Pavona\r\n";
-        e.ini(ini);
-        dialogo.Mostrar();
-        e.cola.ejecutar();
-        ASSERT_NE(v(), nullptr);
-        if (VISORES) v()->rotulo(IdControl::lbVis, 3)->pulsar();
+        this->abrir(ini);
+        if (RotuloDoble* tercero = this->v().rotulo(Id::lbVis, 3)) tercero->pulsar();
     }
     // The panel of one display too, with all that it can show.
     void abrirDelTodo() {
-        abrir();
-        if (!VISORES) return;
-        v()->imagen(IdControl::imFoco, 3)->pulsar();
-        for (ControlComun* c : v()->recorrido()) {
+        abrirLleno();
+        if (ID<Dialogo> != Id::cfgVisor) return;
+        this->v().imagen(Id::imFoco, 3)->pulsar();
+        for (ControlComun* c : this->v().recorrido()) {
             if (auto* casilla = dynamic_cast<CasillaMarcaDoble*>(c)) casilla->pulsar();
         }
     }
-    long veces(const std::string& que) const { return std::count(mesa.diario.begin(), mesa.diario.end(), que); }
+    bool abierto() const { return this->fabrica.dialogo(ID<Dialogo>) != nullptr; }
+    long desmontada() const { return std::count(this->mesa.diario.begin(), this->mesa.diario.end(), "desmontarMesa"); }
 };
 
 using Todos = ::testing::Types<cfgContexto, cfgMensaje, cfgVisor>;
@@ -73,7 +66,7 @@ MedidaTexto medida(const RotuloDoble& rotulo, const FormularioDialogoDoble& v) {
 
 TYPED_TEST(Dialogos, nadaSeCortaNiSeSolapaNiSeSale) {
     this->abrirDelTodo();
-    FormularioDialogoDoble& v = *this->v();
+    FormularioDialogoDoble& v = this->v();
     std::vector<ControlComun*> marcos, vistos;
     for (ControlComun* c : v.estado().creados) {
         if (!c->seVe) continue;
@@ -83,7 +76,7 @@ TYPED_TEST(Dialogos, nadaSeCortaNiSeSolapaNiSeSale) {
         for (const ControlComun* marco : marcos) {
             if (!seTocan(c->lugar, marco->lugar)) continue;
             // The row whose panel is open reaches over to it.
-            const bool alPanel = c->clave() == numero(IdControl::frVis, 3);
+            const bool alPanel = c->clave() == numero(Id::frVis, 3);
             EXPECT_TRUE(alPanel || dentro(c->lugar, marco->lugar)) << c->clave() << " on " << marco->clave();
         }
         for (const ControlComun* otro : vistos) {
@@ -121,80 +114,63 @@ TEST(Rejilla, loQueOcupaVariasColumnasLasEnsancha) {
 }
 
 TYPED_TEST(Dialogos, elTecladoVaComoLaVistaYTodoTieneNombre) {
-    this->abrir();
-    FormularioDialogoDoble& v = *this->v();
-    std::set<int> visitados;
-    while (visitados.insert(v.foco()).second) ASSERT_TRUE(v.tabular());
-    EXPECT_EQ(visitados.size(), v.recorrido().size());
+    this->abrirLleno();
+    FormularioDialogoDoble& v = this->v();
     // Within one group the eye goes down, and on a line to the right.
     const ControlComun* anterior = nullptr;
     for (const ControlComun* c : v.recorrido()) {
         EXPECT_FALSE(c->textoNombre.empty()) << c->clave();
-        const bool mismaColumna = anterior != nullptr && c->clave() != numero(IdControl::imUnload) &&
+        const bool mismaColumna = anterior != nullptr && c->clave() != numero(Id::imUnload) &&
                                   c->lugar.x < anterior->lugar.derecha() + aTwips(200);
         EXPECT_TRUE(!mismaColumna || c->lugar.x >= anterior->lugar.x || c->lugar.y > anterior->lugar.y) << c->clave();
         anterior = c;
     }
-    EXPECT_EQ(anterior->clave(), numero(IdControl::imUnload));
+    EXPECT_EQ(anterior->clave(), numero(Id::imUnload));
 }
 
 TYPED_TEST(Dialogos, cierraDeTodosLosModosYLoSueltaTodo) {
-    for (const int modo : {0, 1, 2, 3}) {
-        SCOPED_TRACE(modo);
-        this->abrir();
-        EXPECT_TRUE(this->dialogo.cargado() && this->v()->visible);
+    const std::function<bool()> modos[] = {
+        [this] { return this->v().imagen(Id::imUnload)->pulsar(); }, [this] { return this->v().pedirCierre(), true; },
+        [this] { return this->dialogo.Descargar(false); }, [this] { return this->dialogo.Descargar(true); }};
+    for (const auto& cerrar : modos) {
+        SCOPED_TRACE(&cerrar - modos);
+        this->abrirLleno();
+        EXPECT_TRUE(this->dialogo.cargado() && this->v().visible);
         this->mesa.diario.clear();
-        switch (modo) {
-            case 0:
-                EXPECT_TRUE(this->v()->imagen(IdControl::imUnload)->pulsar());
-                break;
-            case 1:
-                this->v()->pedirCierre();
-                break;
-            case 2:
-                EXPECT_TRUE(this->dialogo.Descargar(false));
-                break;
-            default:
-                EXPECT_TRUE(this->dialogo.Descargar(true));
-        }
-        EXPECT_FALSE(this->dialogo.cargado());
-        EXPECT_EQ(this->v(), nullptr);
-        EXPECT_EQ(this->veces("desmontarMesa"), 1);
+        EXPECT_TRUE(cerrar());
+        EXPECT_FALSE(this->dialogo.cargado() || this->abierto());
+        EXPECT_EQ(this->desmontada(), 1);
         EXPECT_TRUE(this->dialogo.Descargar(false));
-        EXPECT_EQ(this->veces("desmontarMesa"), 1) << "closed already";
+        EXPECT_EQ(this->desmontada(), 1) << "closed already";
     }
+    {
+        TypeParam otro(this->e.entorno, this->fabrica, this->mesa);
+        otro.Mostrar();
+        EXPECT_TRUE(this->abierto());
+    }
+    EXPECT_FALSE(this->abierto()) << "gone with its window open";
 }
 
 TYPED_TEST(Dialogos, sigueAlMonitorYSeDisponeDeNuevo) {
-    this->abrir();
-    FormularioDialogoDoble& v = *this->v();
-    EXPECT_EQ(v.centrado, this->e.monitores.lista[0]);
+    this->abrirLleno();
+    FormularioDialogoDoble& v = this->v();
+    Monitor monitor = this->e.monitores.lista[0];
+    EXPECT_EQ(v.centrado, monitor);
     const int veces = v.vecesCentrado;
-    this->dialogo.seguirMonitor(this->e.monitores.lista[0]);
+    this->dialogo.seguirMonitor(monitor);
     EXPECT_EQ(v.vecesCentrado, veces) << "not away from where it was dragged to";
     v.medidas = {};
-    Monitor otro = this->e.monitores.lista[0];
-    otro.twipsPorPixelX = otro.twipsPorPixelY = 7.5F;
-    this->dialogo.seguirMonitor(otro);
-    EXPECT_EQ(v.centrado, otro);
+    monitor.twipsPorPixelX = monitor.twipsPorPixelY = 7.5F;
+    this->dialogo.seguirMonitor(monitor);
+    EXPECT_EQ(v.centrado, monitor);
     EXPECT_GT(v.medidas.ancho, 0);
     // Opened while it is open it is only filled anew.
     const int creados = v.estado().controlesCreados;
     this->mesa.diario.clear();
     this->dialogo.Mostrar();
-    ASSERT_EQ(this->v(), &v);
+    ASSERT_EQ(&this->v(), &v);
     EXPECT_EQ(v.estado().controlesCreados, creados);
     EXPECT_TRUE(this->mesa.diario.empty());
-    EXPECT_EQ(v.estado().clavesRepetidas, 0);
-}
-
-TYPED_TEST(Dialogos, puedeIrseConLaVentanaAbierta) {
-    {
-        TypeParam otro(this->e.entorno, this->fabrica, this->mesa);
-        otro.Mostrar();
-        EXPECT_NE(this->v(), nullptr);
-    }
-    EXPECT_EQ(this->v(), nullptr);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@ namespace sorvanel {
 namespace {
 
 constexpr Rectangulo CAJA{2, 2, 16, 12};
+constexpr Punto CENTRO{10, 10}, IZQUIERDA{4, 10}, DERECHA{16, 10};
 constexpr Punto TRIANGULO[] = {{3, 17}, {10, 2}, {17, 17}};
 constexpr Punto AL_REVES[] = {{17, 17}, {10, 2}, {3, 17}};
 constexpr Punto ELE[] = {{3, 3}, {9, 3}, {9, 11}, {17, 11}, {17, 17}, {3, 17}};
@@ -20,32 +21,18 @@ struct Figura {
 std::vector<Figura> figuras() {
     using namespace formas;
     constexpr float PI = std::numbers::pi_v<float>;
-    return {
-        {"recto", 192, 0.01F, [](Punto p) { return aRedondeado(p, CAJA, 0); }},
-        {"radio negativo", 192, 0.01F, [](Punto p) { return aRedondeado(p, CAJA, -3); }},
-        {"redondeado", 192 - 16 * (4 - PI), 0.6F, [](Punto p) { return aRedondeado(p, CAJA, 4); }},
-        {"circulo", 36 * PI, 0.6F,
-         [](Punto p) {
-             return a(p, Punto{10, 10}) - 6;
-         }},
-        {"triangulo", 105, 0.6F, [](Punto p) { return aPoligono(p, TRIANGULO); }},
-        {"al reves", 105, 0.6F, [](Punto p) { return aPoligono(p, AL_REVES); }},
-        {"ele", 132, 0.01F, [](Punto p) { return aPoligono(p, ELE); }},
-        {"trazo", 48 + 4 * PI, 0.6F,
-         [](Punto p) {
-             return aSegmento(p, Punto{4, 10}, Punto{16, 10}) - 2;
-         }},
-        {"punto", 9 * PI, 0.6F,
-         [](Punto p) {
-             return aSegmento(p, Punto{10, 10}, Punto{10, 10}) - 3;
-         }},
-        {"linea", 47 + 1.25F * PI, 0.6F, [](Punto p) { return aLinea(p, QUEBRADA) - 1; }},
-        // A quarter is open: the rest of the ring and two half circles at its ends.
-        {"arco", 22 * PI, 0.8F,
-         [](Punto p) {
-             return aArcoAbierto(p, Punto{10, 10}, 7, 45) - 1;
-         }},
-    };
+    return {{"recto", 192, 0.01F, [](Punto p) { return aRedondeado(p, CAJA, 0); }},
+            {"radio negativo", 192, 0.01F, [](Punto p) { return aRedondeado(p, CAJA, -3); }},
+            {"redondeado", 192 - 16 * (4 - PI), 0.6F, [](Punto p) { return aRedondeado(p, CAJA, 4); }},
+            {"circulo", 36 * PI, 0.6F, [](Punto p) { return a(p, CENTRO) - 6; }},
+            {"triangulo", 105, 0.6F, [](Punto p) { return aPoligono(p, TRIANGULO); }},
+            {"al reves", 105, 0.6F, [](Punto p) { return aPoligono(p, AL_REVES); }},
+            {"ele", 132, 0.01F, [](Punto p) { return aPoligono(p, ELE); }},
+            {"trazo", 48 + 4 * PI, 0.6F, [](Punto p) { return aSegmento(p, IZQUIERDA, DERECHA) - 2; }},
+            {"punto", 9 * PI, 0.6F, [](Punto p) { return aSegmento(p, CENTRO, CENTRO) - 3; }},
+            {"linea", 47 + 1.25F * PI, 0.6F, [](Punto p) { return aLinea(p, QUEBRADA) - 1; }},
+            // A quarter is open: the rest of the ring and two half circles at its ends.
+            {"arco", 22 * PI, 0.8F, [](Punto p) { return aArcoAbierto(p, CENTRO, 7, 45) - 1; }}};
 }
 
 constexpr int LADO = 20;

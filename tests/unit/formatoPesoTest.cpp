@@ -53,11 +53,9 @@ TEST(FormatoPesoTest, Tabla) {
         {{"0." + std::string(100, '0'), 1234, "1.234" + std::string(97, '0')}},
         {{std::string(1000, '0'), 1000, std::string(999, '0') + "1"}, {std::string(99999, '#'), 1000, "1"}},
         {{std::string(100001, '"'), 1000, ""}}};
-    for (const std::vector<Caso>& grupo : grupos) {
-        for (const auto& [formato, milesimas, texto] : grupo) {
+    for (const std::vector<Caso>& grupo : grupos)
+        for (const auto& [formato, milesimas, texto] : grupo)
             EXPECT_EQ(formatear(formato, milesimas), texto) << '[' << formato << "] " << milesimas;
-        }
-    }
 }
 
 TEST(FormatoPesoTest, SinMemoriaNuevaEnRegimen) {

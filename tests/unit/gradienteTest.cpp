@@ -21,37 +21,31 @@ Lineas pintado(Pintar pintar, float pixel = TWIPS_POR_PIXEL) {
     return s.lineas();
 }
 
-Gradiente deClaroAOscuro(int grado, int profundidad, ModoGradiente modo) {
-    Gradiente g;
-    g.colorAclarado(rgb(250, 240, 230));
-    g.color(rgb(50, 140, 230));
-    g.Grado(grado);
-    g.Profundidad(profundidad);
-    g.modo(modo);
-    return g;
-}
-
 TEST(Gradiente, cubreTodaLaSuperficieDelTonoClaroAlOscuro) {
     const Lineas filas = {"caja 0 0 6000 1500 #FAF0E6", "caja 0 1500 6000 1500 #96BEE6",
                           "caja 0 3000 6000 1500 #328CE6"};
     const Lineas columnas = {"caja 0 0 3000 4500 #FAF0E6", "caja 3000 0 3000 4500 #96BEE6"};
     const Lineas una = {"caja 0 0 6000 4500 #FAF0E6"};
+    const Lineas clara = {"caja 0 0 3000 4500 #FAF0E6", "caja 3000 0 3000 4500 #FAF0E6"};
+    Gradiente g;
+    g.colorAclarado(rgb(250, 240, 230));
+    g.color(rgb(50, 140, 230));
     const struct {
         int grado, profundidad;
         ModoGradiente modo;
         Lineas pintado;
-    } casos[] = {{3, 100, VERTICAL, filas}, {3, 200, VERTICAL, filas}, {2, 50, HORIZONTAL, columnas},
-                 {1, 100, HORIZONTAL, una}, {0, 100, VERTICAL, una},   {-5, -5, VERTICAL, una}};
+    } casos[] = {{3, 100, VERTICAL, filas}, {2, 50, HORIZONTAL, columnas}, {0, 100, VERTICAL, una},
+                 {-5, 100, VERTICAL, una},  {2, -5, HORIZONTAL, clara},    {3, 200, VERTICAL, filas}};
     for (const auto& c : casos) {
-        const Gradiente g = deClaroAOscuro(c.grado, c.profundidad, c.modo);
+        g.Grado(c.grado);
+        g.Profundidad(c.profundidad);
+        g.modo(c.modo);
         EXPECT_EQ(pintado([&](Superficie& s) { g.PintarGradiente(s); }), c.pintado) << c.grado << " " << c.profundidad;
     }
-    const Gradiente g = deClaroAOscuro(3, 100, HORIZONTAL);
+    g.modo(HORIZONTAL);
     EXPECT_EQ(pintado([&](Superficie& s) { g.PintarGradienteVertical(s); }), filas) << "whatever its mode";
-    const Gradiente demasiadas = deClaroAOscuro(999, -5, VERTICAL);
-    const Lineas muchas = pintado([&](Superficie& s) { demasiadas.PintarGradiente(s); });
-    EXPECT_EQ(muchas.size(), 64U);
-    EXPECT_EQ(muchas.back(), "caja 0 4429.69 6000 70.31 #FAF0E6");
+    g.Grado(999);
+    EXPECT_EQ(pintado([&](Superficie& s) { g.PintarGradienteVertical(s); }).size(), 64U);
 }
 
 TEST(Gradiente, elContornoEsDeUnPixelYQuedaDentro) {

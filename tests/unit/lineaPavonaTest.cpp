@@ -47,8 +47,7 @@ TEST(LineaPavona, losDosPrimerosGrupos) {
         {"1.5      2       ", "+00015000+00002000"},  // what follows the point are places, blanks too
         {"00099999 -0100000", "+99999000+--------"},  // nine digits fit in no group
         {"99999999 00000000", "+--------+00000000"},
-        {"99999.99 -9999999", "+99999990-99999990"},
-    };
+        {"99999.99 -9999999", "+99999990-99999990"}};
     for (const auto& [valores, grupos] : casos) {
         EXPECT_EQ(cargaDe("01/02 -- " + valores).substr(0, 21), "XXX" + grupos) << valores;
     }

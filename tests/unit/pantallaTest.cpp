@@ -18,27 +18,23 @@ Rectangulo zona(const oScreen& p) {
 
 TEST(oScreen, daElRectanguloDelMonitorEnUsoEnTwipsDeSuEscala) {
     const Rectangulo primario{0, 0, 19200, 12000};
-    const struct {
-        const char* enUso;
-        std::int16_t actual;
-        Rectangulo esperado;
-    } casos[] = {{"", 2, primario},  // nothing stored: the primary one
-                 {"1", 1, {-15360, 0, 15360, 11520}},
-                 {"3", 3, {9600, -1500, 28800, 16200}},
-                 {"4", 4, primario},  // unplugged: kept, not used
-                 {"0", 0, primario},
-                 {"-1", -1, primario},
-                 {"uno", 2, primario},
-                 {"70000", 2, primario}};
-    for (const auto& caso : casos) {
+    const std::tuple<const char*, std::int16_t, Rectangulo> casos[] = {
+        {"", 2, primario},  // nothing stored: the primary one
+        {"1", 1, {-15360, 0, 15360, 11520}},
+        {"3", 3, {9600, -1500, 28800, 16200}},
+        {"4", 4, primario},  // unplugged: kept, not used
+        {"0", 0, primario},
+        {"-1", -1, primario},
+        {"uno", 2, primario},
+        {"70000", 2, primario}};
+    for (const auto& [enUso, actual, esperado] : casos) {
         EntornoDoble e;
         e.monitores.lista = {IZQUIERDO, PRIMARIO, GRANDE};
-        const std::string ini = std::string("[MONITORES]\r\nEnUso=") + caso.enUso + "\r\n";
+        const std::string ini = std::string("[MONITORES]\r\nEnUso=") + enUso + "\r\n";
         e.ini(ini);
         const oScreen pantalla(e.entorno);
-        EXPECT_EQ(pantalla.numMonitores(), 3);
-        EXPECT_EQ(pantalla.monitorActual(), caso.actual) << caso.enUso;
-        EXPECT_EQ(zona(pantalla), caso.esperado) << caso.enUso;
+        EXPECT_EQ(pantalla.monitorActual(), actual) << enUso;
+        EXPECT_EQ(zona(pantalla), esperado) << enUso;
         EXPECT_EQ(e.ini(), ini) << "reading must not rewrite the file";
     }
 }

@@ -126,26 +126,8 @@ TEST(Parrilla, lasCeldasYLasLineasLlenanLaZona) {
     EXPECT_EQ(sinLineas.lienzo.lineas().back(), "caja 0 0 15360 11040 #808080");
 }
 
-TEST(Parrilla, unaAplicacionTransparenteDejaLaZonaYLaFranja) {
-    Banco b("Posicion=0,25;0,25\r\nDimensiones=0,5;0,5\r\ncolorAplicacion=transparente");
-    const std::vector<RectPixel>& zonas = b.ventana.zonas;
-    b.p->pintarReticula();
-    EXPECT_EQ(zonas, (std::vector<RectPixel>{{256, 192, 768, 560}, {0, 736, 1024, 768}}));
-    b.ventana.franja = {0, 10000, 15360, 1520};
-    b.p->darForma();
-    EXPECT_EQ(zonas[1], (RectPixel{0, 667, 1024, 768}));
-    b.p->colorAplicacion(NEGRO);
-    b.p->pintarReticula();
-    EXPECT_EQ(zonas, (std::vector<RectPixel>{{0, 0, 1024, 768}})) << "whole again";
-    const int antes = b.ventana.recortes;
-    b.p->indefinir();
-    b.p->darForma();
-    EXPECT_EQ(b.ventana.recortes, antes);
-}
-
 TEST(Parrilla, sinContextoDeDispositivoNoPintaNada) {
     Banco b("", false);
-    EXPECT_FALSE(b.p->getCell(1, 1)) << "nothing to paint on yet";
     b.lienzo.conDC(false);
     EXPECT_FALSE(b.p->definir(b.lienzo, b.ventana) || b.p->definida());
     b.lienzo.conDC(true);
@@ -153,9 +135,13 @@ TEST(Parrilla, sinContextoDeDispositivoNoPintaNada) {
     b.lienzo.conDC(false);
     b.lienzo.olvidar();
     b.p->pintarReticula();
-    b.p->Left(100);
     EXPECT_FALSE(b.p->getCell(1, 1));
     EXPECT_TRUE(b.lienzo.lineas().empty());
+    b.lienzo.conDC(true);
+    b.p->indefinir();
+    b.p->darForma();
+    EXPECT_FALSE(b.p->getCell(1, 1));
+    EXPECT_EQ(b.ventana.recortes, 0);
 }
 
 TEST(Parrilla, sinMonitorLasFraccionesDelArchivoQuedan) {

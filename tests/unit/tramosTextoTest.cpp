@@ -43,8 +43,7 @@ TEST(TramosTexto, loQueSeDibujaJuntoNoSeSepara) {
         {"kana with its mark", "\u304B\u3099"},
         {"two Hebrew words", "\u05E9\u05DC\u05D5\u05DD \u05E2\u05D5\u05DC\u05DD"},
         {"keycap", "1\uFE0F\u20E3"},
-        {"flag of a region", "\U0001F3F4\U000E0067\U000E0062\U000E0065\U000E006E\U000E0067\U000E007F"},
-    };
+        {"flag of a region", "\U0001F3F4\U000E0067\U000E0062\U000E0065\U000E006E\U000E0067\U000E007F"}};
     for (const auto& [que, texto] : casos) {
         for (std::size_t delante = 0; delante <= 50; ++delante) {
             const std::string todo = std::string(delante, 'x') + texto + std::string(30, 'y');

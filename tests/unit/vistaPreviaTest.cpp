@@ -62,15 +62,15 @@ TEST_F(PreviaTest, laEtiquetaTieneUnaUnidadMasDeAnchoYSeAjusta) {
 }
 
 TEST_F(PreviaTest, elPesoSigueElFormatoYNoSeCorta) {
-    const std::string largo = "0 \"kilogramos netos en la tolva\"";
-    const std::pair<std::string, std::string> casos[] = {
-        {largo, "9999 kilogramos netos en la tolva"}, {"", "9999"}, {"###0,00", "9999.00"}, {"000000", "009999"}};
+    const std::pair<const char*, const char*> casos[] = {
+        {"0 \"kilogramos netos en la tolva\"", "9999 kilogramos netos en la tolva"},
+        {"", "9999"},
+        {"###0,00", "9999.00"}};
     for (const auto& [formato, texto] : casos) {
-        pintar(6, 2, formato.c_str());
+        pintar(6, 2, formato);
         EXPECT_EQ(peso.textoLeyenda(), texto);
         EXPECT_LE(impresaEn(peso) + peso.medir(texto).ancho, peso.lugar().ancho) << texto;
-        EXPECT_EQ(peso.fuente().alto < 420, formato == largo) << "after a long one as large as before";
-        EXPECT_FLOAT_EQ(etiqueta.lugar().ancho, 1470);
+        EXPECT_EQ(peso.fuente().alto < 420, formato == casos[0].first) << "after a long one as large as before";
     }
 }
 

@@ -1,0 +1,158 @@
+#include <gtest/gtest.h>
+
+#include "pruebaVisor.h"
+
+namespace sorvanel {
+namespace {
+
+// Which rows are seen, and how they become more and fewer.
+class PaginaVisores : public PruebaVisor {};
+
+TEST_F(PaginaVisores, abreIgualDeDeprisaConSesentaYCuatroYPagina) {
+    const struct {
+        int cuantos;
+        const char *pagina, *texto, *despues, *fin;
+    } casos[] = {{0, "0 a 0", "Sin visores", "0 a 0", "0 a 0"},
+                 {1, "1 a 1", "1 visor", "1 a 1", "1 a 1"},
+                 {8, "1 a 8", "8 visores", "1 a 8", "1 a 8"},
+                 {9, "1 a 8", "Visores 1 a 8 de 9", "2 a 9", "2 a 9"},
+                 {64, "1 a 8", "Visores 1 a 8 de 64", "9 a 16", "57 a 64"}};
+    int creadosConOcho = 0;
+    for (const auto& c : casos) {
+        SCOPED_TRACE(c.cuantos);
+        abrirCon(c.cuantos);
+        EXPECT_EQ(pagina(), c.pagina);
+        EXPECT_EQ(v().rotulo(Id::lbPag)->texto(), c.texto);
+        if (c.cuantos == 8) creadosConOcho = v().estado().controlesCreados;
+        if (c.cuantos > 8) {
+            EXPECT_EQ(v().estado().controlesCreados, creadosConOcho);
+        }
+        EXPECT_EQ(v().imagen(Id::imBajar)->pulsar(), c.cuantos > 8);
+        EXPECT_EQ(pagina(), c.despues);
+        EXPECT_TRUE(conFoco(Id::botNvo)) << "nothing was selected, so nothing is";
+        for (int i = 0; i < 9; ++i) v().imagen(Id::imBajar)->pulsar();
+        EXPECT_EQ(pagina(), c.fin);
+        for (int i = 0; i < 9; ++i) v().imagen(Id::imSubir)->pulsar();
+        EXPECT_EQ(pagina(), c.pagina);
+        // What is not seen takes no room.
+        const ControlComun *texto = v().control(Id::lbPag), *subir = v().control(Id::imSubir);
+        const float fin = v().control(Id::frTodo)->lugar.derecha();
+        EXPECT_EQ(texto->lugar.derecha() == fin, c.cuantos <= 8);
+        EXPECT_TRUE(c.cuantos <= 8 || texto->lugar.derecha() < subir->lugar.x);
+    }
+}
+
+TEST_F(PaginaVisores, alPaginarLaEleccionQuedaALaVistaSalvoCampoInvalido) {
+    abrirCon(20);
+    caja(Id::txEtq, 3).irA();
+    EXPECT_TRUE(v().imagen(Id::imBajar)->pulsar());
+    EXPECT_EQ(pagina(), "9 a 16");
+    EXPECT_TRUE(conFoco(Id::txEtq, 9)) << "the same field, in the nearest row";
+    caja(Id::txEtq, 9).reescribir("V1");
+    EXPECT_TRUE(v().imagen(Id::imSubir)->pulsar());
+    EXPECT_EQ(avisos(), ETIQUETA_MAL);
+    EXPECT_EQ(pagina(), "9 a 16");
+    EXPECT_TRUE(conFoco(Id::txEtq, 9));
+    caja(Id::txEtq, 9).pulsar(Tecla::escape);
+    v().imagen(Id::imSubir)->pulsarConTeclado();
+    EXPECT_EQ(pagina(), "1 a 8");
+    EXPECT_TRUE(conFoco(Id::imSubir)) << "it can be pressed again";
+    v().boton(Id::botElim)->pulsar();
+    EXPECT_EQ(clave(8, "Etiqueta"), "V9") << "what was highlighted was deleted, not what was out of sight";
+    EXPECT_EQ(clave(9, "Etiqueta"), "V10");
+}
+
+TEST_F(PaginaVisores, unoNuevoQuedaALaVistaYConElFoco) {
+    for (const int habia : {0, 8, 20}) {
+        SCOPED_TRACE(habia);
+        abrirCon(habia);
+        ASSERT_TRUE(v().boton(Id::botNvo)->pulsar());
+        const int n = habia + 1;
+        EXPECT_EQ(pagina(), std::to_string(std::max(n - 7, 1)) + " a " + std::to_string(n));
+        EXPECT_TRUE(conFoco(Id::txPort, n));
+        EXPECT_EQ(caja(Id::txPort, n).texto() + clave(n, "Port"), "0");
+        caja(Id::txPort, n).escribir("4000");
+        caja(Id::txUbi, n).reescribir("4,1");
+        caja(Id::txUbi, n).pulsar(Tecla::intro);
+        EXPECT_TRUE(uno(n).ubicado()) << "it is seen at once";
+        EXPECT_TRUE(mesa.peso(n).visible());
+        EXPECT_EQ(clave(n, "Port"), "4000");
+    }
+    abrirCon(64);
+    v().boton(Id::botNvo)->pulsar();
+    EXPECT_EQ(avisos(), "No se pueden definir más de 64 visores");
+    EXPECT_EQ(mesa.visores().cuantos(), 64);
+    EXPECT_EQ(pagina(), "1 a 8");
+}
+
+TEST_F(PaginaVisores, eliminarQuitaElElegidoYRenumera) {
+    const struct {
+        int cuantos, elegido;
+        const char* pagina;
+        int foco;  // 0: the button for a new one
+    } casos[] = {{3, 2, "1 a 2", 2}, {3, 3, "1 a 2", 2}, {1, 1, "0 a 0", 0}, {12, 12, "5 a 11", 11}};
+    for (const auto& c : casos) {
+        SCOPED_TRACE(std::to_string(c.cuantos) + "/" + std::to_string(c.elegido));
+        abrirCon(c.cuantos);
+        if (c.cuantos > 8) v().imagen(Id::imBajar)->pulsar();
+        caja(Id::txEtq, c.elegido).irA();
+        ASSERT_TRUE(v().boton(Id::botElim)->pulsar());
+        EXPECT_EQ(pagina(), c.pagina);
+        EXPECT_TRUE(c.foco == 0 ? conFoco(Id::botNvo) : conFoco(Id::txPort, c.foco));
+        EXPECT_EQ(v().boton(Id::botElim)->activo, c.foco != 0);
+        EXPECT_EQ(v().control(Id::txPort, c.cuantos), nullptr);
+        for (int n = 1; n < c.cuantos; ++n) {
+            const std::string antes = "V" + std::to_string(n < c.elegido ? n : n + 1);
+            EXPECT_EQ(clave(n, "Etiqueta"), antes);
+            if (v().control(Id::txEtq, n) != nullptr && v().control(Id::txEtq, n)->seVe) {
+                EXPECT_EQ(caja(Id::txEtq, n).texto(), antes);
+            }
+        }
+    }
+    // A row that was made for another display, seen again.
+    abrirCon(10);
+    v().imagen(Id::imBajar)->pulsar();
+    caja(Id::txPort, 3).irA();
+    v().boton(Id::botElim)->pulsar();
+    for (int n = 3; n > 1; --n) caja(Id::txPort, n).pulsar(Tecla::arriba);
+    EXPECT_EQ(caja(Id::txPort, 1).texto() + caja(Id::txPort, 4).texto(), "30013005");
+}
+
+// Also where the press comes before the focus has moved, or without it.
+TEST_F(PaginaVisores, unCampoInvalidoNoDejaHacerNadaMas) {
+    const std::function<void()> intentos[] = {
+        [&] { v().boton(Id::botElim)->pulsar(); },          [&] { v().boton(Id::botElim)->pulsarDesdeFuera(); },
+        [&] { v().boton(Id::botNvo)->pulsarDesdeFuera(); }, [&] { v().imagen(Id::imBajar)->pulsar(); },
+        [&] { v().imagen(Id::imPtc, 1)->pulsar(); },        [&] { v().rotulo(Id::lbVis, 1)->pulsar(); }};
+    for (const auto& intento : intentos) {
+        SCOPED_TRACE(&intento - intentos);
+        abrirCon(9);
+        caja(Id::txPort, 2).reescribir("3001");
+        intento();
+        EXPECT_EQ(avisos(), PORT_MAL);
+        EXPECT_TRUE(conFoco(Id::txPort, 2));
+        EXPECT_EQ(caja(Id::txPort, 2).texto(), "3001");
+        EXPECT_EQ(mesa.visores().cuantos(), 9);
+        EXPECT_EQ(pagina(), "1 a 8");
+        EXPECT_EQ(uno(1).protocolo(), PROTOCOLO_TESSEL);
+    }
+    EXPECT_TRUE(dialogo.Descargar(true)) << "discarding asks nothing";
+    EXPECT_EQ(clave(2, "Port"), "3002");
+    EXPECT_EQ(avisos(), "");
+}
+
+TEST_F(PaginaVisores, volverAAbrirEmpiezaDeNuevo) {
+    abrirCon(9);
+    v().imagen(Id::imFoco, 8)->pulsar();
+    caja(Id::txPort, 8).pulsar(Tecla::abajo);
+    v().pedirCierre();
+    dialogo.Mostrar();
+    EXPECT_EQ(pagina(), "1 a 1") << "seen first, completed then";
+    e.cola.ejecutar();
+    EXPECT_EQ(pagina(), "1 a 8");
+    EXPECT_FALSE(v().control(Id::ckWid)->seVe);
+    EXPECT_FALSE(v().boton(Id::botElim)->pulsar()) << "nothing is selected";
+}
+
+}  // namespace
+}  // namespace sorvanel
