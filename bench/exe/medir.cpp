@@ -1,5 +1,5 @@
-// medir [--veces N] [arranque] [caudal] [banda] [reconexion] [herramienta]: prints the figures of those parts, or of
-// all. Ends with 0; with 1 when a figure shows a fault or could not be had, with 2 for bad usage.
+// medir [--veces N] [arranque] [caudal] [banda] [reconexion] [herramienta] [asas]: prints the figures of those parts,
+// or of all. Ends with 0; with 1 when a figure shows a fault or could not be had, with 2 for bad usage.
 
 #include <cstdio>
 #include <cstdlib>
@@ -20,11 +20,9 @@ struct Parte {
     int veces;  // runs, unless told otherwise
 };
 
-constexpr Parte PARTES[] = {{"arranque", medirArranque, 7},
-                            {"caudal", medirCaudal, 3},
-                            {"banda", medirBanda, 3},
-                            {"reconexion", medirReconexion, 5},
-                            {"herramienta", medirHerramienta, 3}};
+constexpr Parte PARTES[] = {
+    {"arranque", medirArranque, 7},     {"caudal", medirCaudal, 3},           {"banda", medirBanda, 3},
+    {"reconexion", medirReconexion, 5}, {"herramienta", medirHerramienta, 3}, {"asas", medirAsas, 3}};
 
 bool ejecutar(const Parte& parte, int veces) {
     try {
@@ -36,7 +34,7 @@ bool ejecutar(const Parte& parte, int veces) {
 }
 
 int uso() {
-    std::puts("medir [--veces N] [arranque] [caudal] [banda] [reconexion] [herramienta]");
+    std::puts("medir [--veces N] [arranque] [caudal] [banda] [reconexion] [herramienta] [asas]");
     return 2;
 }
 

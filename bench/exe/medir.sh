@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Measures the whole Sorvanel.exe, as it is built for release, under Wine on a virtual screen; the figures stand in a
 # small table, and in build/medidas.txt.
-#   bench/exe/medir.sh [--veces N] [arranque] [caudal] [banda] [reconexion] [herramienta]
+#   bench/exe/medir.sh [--veces N] [arranque] [caudal] [banda] [reconexion] [herramienta] [asas]
 # Without a part: all of them, about five minutes. Needs what ./test.sh installs. The machine should be idle: a
 # figure and the one it stands beside come from the same run, but not from the same second.
 set -uo pipefail

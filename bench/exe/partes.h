@@ -9,5 +9,6 @@ bool medirCaudal(int veces);
 bool medirBanda(int veces);
 bool medirReconexion(int veces);
 bool medirHerramienta(int veces);
+bool medirAsas(int veces);
 
 }  // namespace sorvanel::medidas
