@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "config/comun.h"
 #include "links/lineaPavona.h"
@@ -29,8 +30,8 @@ std::string conNumero(std::string_view plantilla, std::int32_t numero) {
 
 visor::visor(const Entorno& entorno, EnlaceCompartido& compartido) : visor(entorno, compartido, diseñoVisor(entorno)) {}
 
-visor::visor(const Entorno& entorno, EnlaceCompartido& compartido, const diseñoVisor& diseno)
-    : m_entorno(entorno), m_pavona(compartido), m_tessel(entorno.fabrica, entorno.reloj), m_diseno(diseno) {}
+visor::visor(const Entorno& entorno, EnlaceCompartido& compartido, diseñoVisor diseno)
+    : m_entorno(entorno), m_pavona(compartido), m_tessel(entorno.fabrica, entorno.reloj), m_diseno(std::move(diseno)) {}
 
 visor::~visor() {
     m_tessel.Cerrar();

@@ -28,9 +28,9 @@ struct Ubicacion {
 // What is refused changes nothing and, where an operation answers no, ultimoerror says why.
 class visor final : public SuscriptorPeso {
 public:
-    // The shared link must outlive the display. The shared design is copied; without one it is read.
+    // The shared link must outlive the display. Without the shared design it is read.
     visor(const Entorno& entorno, EnlaceCompartido& compartido);
-    visor(const Entorno& entorno, EnlaceCompartido& compartido, const diseñoVisor& diseno);
+    visor(const Entorno& entorno, EnlaceCompartido& compartido, diseñoVisor diseno);
     ~visor() override;
     visor(const visor&) = delete;
     visor& operator=(const visor&) = delete;
