@@ -74,6 +74,11 @@ void Visores::Run(bool marcha) {
 }
 
 bool Visores::letsRun(std::string& errores) {
+    // A display at rest holds some free port, which may be the very one of another that starts before it:
+    // that one starts the second time.
+    for (const auto& v : m_visores) {
+        if (v->ubicado()) v->Run(true);
+    }
     for (const auto& v : m_visores) {
         if (!v->ubicado()) continue;
         v->Run(true);

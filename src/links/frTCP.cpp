@@ -66,6 +66,8 @@ void frTCP::Cerrar(SuscriptorPeso& visor) {
 }
 
 bool frTCP::conectar() {
+    // Until it is under way: should anything throw, the next beat tries again.
+    m_estado = Estado::fallado;
     m_wsk->cerrar();
     m_bufer.clear();
     m_trasRetorno = false;
@@ -74,7 +76,7 @@ bool frTCP::conectar() {
     const AccesorINI ini = com.abrir(SECCION);
     const bool iniciada =
         m_wsk->conectar(com.valDflt(ini, "Host", HOST_OMISION), com.valDflt(ini, "Port", PORT_OMISION));
-    m_estado = iniciada ? Estado::conectando : Estado::fallado;
+    if (iniciada) m_estado = Estado::conectando;
     m_inicioConexion = m_entorno.reloj.ahora();
     m_intentos[m_siguienteIntento] = m_inicioConexion;
     m_siguienteIntento = (m_siguienteIntento + 1) % m_intentos.size();

@@ -61,7 +61,8 @@ void TemporizadorWin::arrancar() {
 void TemporizadorWin::armar(std::int64_t microsegundos) {
     m_armado = (microsegundos + MIL - 1) / MIL;
     m_sonara = m_reloj.microsegundos() + m_armado * MIL;
-    SetTimer(m_ventana.hwnd(), m_numero, static_cast<UINT>(m_armado), nullptr);
+    // Refused, it is tried again with the next start.
+    if (SetTimer(m_ventana.hwnd(), m_numero, static_cast<UINT>(m_armado), nullptr) == 0) m_armado = 0;
 }
 
 void TemporizadorWin::desarmar() {
