@@ -372,8 +372,8 @@ LRESULT FormularioWin::alMensajePropio(UINT mensaje, WPARAM w, LPARAM l) {
             monitoresQuietos();
             return 0;
         case WM_CLOSE:
-            // A disabled window waits for the answer to a box of its own.
-            if (!IsWindowEnabled(hwnd())) return 0;
+            // A disabled window waits for the answer to a box of its own, unless there is nothing left to answer for.
+            if (!IsWindowEnabled(hwnd()) && !m_descargado) return 0;
             descargar();
             destruir();
             return 0;
@@ -381,6 +381,9 @@ LRESULT FormularioWin::alMensajePropio(UINT mensaje, WPARAM w, LPARAM l) {
             return TRUE;
         case WM_ENDSESSION:
             if (w) descargar();
+            // The session goes on where an installer wants its files: then only the program ends, and an
+            // open box goes with it.
+            if (w && (l & ENDSESSION_CLOSEAPP) != 0) destruir();
             return 0;
         case WM_DESTROY:
             WTSUnRegisterSessionNotification(hwnd());
