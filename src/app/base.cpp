@@ -10,6 +10,13 @@
 
 namespace sorvanel {
 
+namespace {
+
+constexpr int ENTRE_ESPERAS = 250;  // milliseconds
+constexpr int ESPERAS = 120;
+
+}  // namespace
+
 std::string textoVersion(const Version& version) {
     std::string texto = std::to_string(version.mayor);
     texto += version.menor < 10 ? ".0" : ".";
@@ -21,6 +28,7 @@ std::string textoVersion(const Version& version) {
 base::base(const Entorno& entorno, Formulario& formulario, FabricaDialogos& dialogos, EnlaceCompartido& compartido)
     : m_entorno(entorno),
       m_formulario(formulario),
+      m_espera(entorno.fabrica.crearTemporizador()),
       m_barra(formulario),
       m_montaje(entorno, formulario, compartido, m_barra),
       m_asas(formulario, [this] { refrescos(); }) {
@@ -29,6 +37,11 @@ base::base(const Entorno& entorno, Formulario& formulario, FabricaDialogos& dial
     m_cfgVisor = std::make_unique<cfgVisor>(entorno, dialogos, mesa);
     m_cfgMensaje = std::make_unique<cfgMensaje>(entorno, dialogos, mesa);
     unirBotones();
+    m_espera->intervalo(ENTRE_ESPERAS);
+    m_espera->alTic([this] {
+        m_espera->habilitado(false);
+        m_entorno.cola.despues([this] { primeraActivacion(); });
+    });
     m_formulario.oyente(this);
 }
 
@@ -69,7 +82,7 @@ void base::alActivar() {
 }
 
 void base::primeraActivacion() {
-    if (m_descargado) return;
+    if (m_descargado || esperarAjustes()) return;
     std::string errores;
     construir(errores);
     if (visores().cuantos() > 0) {
@@ -80,6 +93,18 @@ void base::primeraActivacion() {
     }
     comun(m_entorno).hacerCopiaDeINI();
     entrarEnConfiguracion();
+}
+
+// At start-up others look through files too. One that cannot be read now is not an empty one: it would be a screen
+// without displays until somebody comes.
+bool base::esperarAjustes() {
+    if (m_esperas < ESPERAS && comun(m_entorno).ilegible()) {
+        ++m_esperas;
+        m_espera->habilitado(true);
+        return true;
+    }
+    m_espera->habilitado(false);
+    return false;
 }
 
 void base::cubrirMonitor() {
@@ -248,6 +273,11 @@ void base::alCambiarMonitores() {
 void base::redisponer() {
     cubrirMonitor();
     m_montaje.redisponer();
+    if (m_estado == Estado::marcha) {
+        // A display that had no room until now has not started yet. What cannot start has been told.
+        std::string errores;
+        visores().letsRun(errores);
+    }
     if (m_modoTamano) {
         const oScreen pantalla(m_entorno);
         m_asas.mostrar(parrilla(), pantalla.Width(), m_montaje.limiteInferior());

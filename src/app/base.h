@@ -57,6 +57,8 @@ private:
 
     void unirBotones();
     void primeraActivacion();
+    // Whether the settings are waited for; then the first activation comes again.
+    bool esperarAjustes();
     void construir(std::string& errores);
     void situarVisores();
     void cubrirMonitor();
@@ -80,6 +82,8 @@ private:
     Estado m_estado = Estado::iniciando;
     bool m_activado = false;
     bool m_descargado = false;
+    int m_esperas = 0;  // for the settings
+    std::unique_ptr<Temporizador> m_espera;
     bool m_modoTamano = false;
     Monitor m_monitor;
     BarraBotones m_barra;

@@ -101,6 +101,10 @@ void AlmacenPerfil::refrescar(const std::string& ruta) {
     }
 }
 
+bool AlmacenPerfil::ilegible(const std::string& ruta) {
+    return ficha(ruta).ilegible;
+}
+
 void AlmacenPerfil::alFallar(std::function<void(const std::string& ruta)> aviso) {
     m_aviso = std::move(aviso);
 }

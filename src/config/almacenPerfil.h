@@ -42,6 +42,9 @@ public:
     // on the disk.
     void refrescar(const std::string& ruta);
 
+    // The file is there, but the last attempt could not read it: what is read of it here is nothing.
+    bool ilegible(const std::string& ruta);
+
     // Told once when a file could not be written (again only after it could). The old file stands
     // and the values stay in memory, to be tried again at the next write. The notice may call back.
     void alFallar(std::function<void(const std::string& ruta)> aviso);

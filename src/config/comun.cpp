@@ -62,6 +62,12 @@ void comun::vLimitar(std::optional<std::int16_t>& valor, std::int16_t superior, 
     }
 }
 
+bool comun::ilegible() const {
+    const std::string ruta = rutaINI();
+    m_entorno.perfil.refrescar(ruta);
+    return m_entorno.perfil.ilegible(ruta);
+}
+
 std::string comun::rutaINI() const {
     return m_entorno.archivos.unir(carpeta(m_entorno), m_entorno.programa.nombreEjecutable() + ".ini");
 }

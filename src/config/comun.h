@@ -39,6 +39,8 @@ public:
     // The same for a value that may be absent; an absent one stays so.
     static void vLimitar(std::optional<std::int16_t>& valor, std::int16_t superior, std::int16_t inferior);
 
+    // The settings file is there, but somebody holds it so that it cannot be read just now.
+    bool ilegible() const;
     std::string rutaINI() const;
     std::string rutaCopia() const;
     // Puts what is pending on the disk, makes an empty settings file if there is none, and copies

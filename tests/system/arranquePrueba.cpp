@@ -69,6 +69,37 @@ TEST(Arranque, SinVisoresAbreConfigurando) {
     EXPECT_TRUE(programa.terminar());
 }
 
+TEST(Arranque, UnArchivoRetenidoNoEsUnoVacio) {
+    Programa programa(Configuracion().reticula(1, 1).visor(puertosLibres(), 1, 1));
+    // As one that looks for viruses does, or one that makes a backup.
+    const HANDLE retenido = CreateFileW(programa.rutaINI().c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+                                        FILE_ATTRIBUTE_NORMAL, nullptr);
+    ASSERT_NE(retenido, INVALID_HANDLE_VALUE);
+    programa.arrancar();
+    const auto sigue = [&] { return programa.seVe(IdControl::botOk) || programa.seVe(IdControl::botPau); };
+    EXPECT_FALSE(esperar(sigue, 1000)) << "it waits";
+    CloseHandle(retenido);
+    EXPECT_TRUE(programa.esperarVisible(IdControl::botPau));
+    EXPECT_TRUE(programa.terminar());
+}
+
+// As the system does for an installer; nobody has answered the box that told of an error at the start.
+TEST(Arranque, UnInstaladorLoCierraAunqueHayaUnAviso) {
+    Programa programa(Configuracion()
+                          .reticula(1, 1)
+                          .visor(305, 1, 1)
+                          .clave("Protocolo", "Pavona")
+                          .seccion("PAVONA")
+                          .clave("Port", "0"));
+    programa.arrancar();
+    ASSERT_NE(programa.caja().esperarTexto(), "");
+    DWORD_PTR respuesta = 0;
+    SendMessageTimeoutW(programa.ventana(), WM_QUERYENDSESSION, 0, ENDSESSION_CLOSEAPP, SMTO_NORMAL, PLAZO, &respuesta);
+    ASSERT_EQ(respuesta, 1U);
+    SendMessageTimeoutW(programa.ventana(), WM_ENDSESSION, 1, ENDSESSION_CLOSEAPP, SMTO_NORMAL, PLAZO, &respuesta);
+    EXPECT_EQ(programa.proceso().esperarFin(PLAZO), 0U);
+}
+
 TEST(Arranque, LaSegundaCopiaAcabaCallada) {
     Programa programa(Configuracion().reticula(1, 1).visor(puertosLibres(), 1, 1));
     programa.arrancar();

@@ -193,6 +193,55 @@ TEST(base, unMonitorQueCambiaRedisponeSinPararNada) {
     EXPECT_TRUE(peso.lineas().empty()) << "nothing is laid out anew";
 }
 
+// The machine starts with the big screen switched off.
+TEST(base, loQueNoCabiaCorreEnCuantoCabe) {
+    for (const bool sinMonitor : {true, false}) {
+        Banco t(DOS_VISORES, false);
+        const auto suya = t.e.monitores.lista;
+        if (sinMonitor)
+            t.e.monitores.lista.clear();
+        else
+            t.e.monitores.lista[0].area = {0, 0, 120, 60};
+        t.cargar();
+        EXPECT_EQ(t.e.fabrica.enPuerto(3001), nullptr);
+        t.e.monitores.lista = suya;
+        t.pantalla({0, 0, 1920, 1080});
+        ASSERT_NE(t.e.fabrica.enPuerto(3001), nullptr) << sinMonitor;
+        t.enviar(3001, "XNZ+00012000");
+        EXPECT_EQ(t.leyenda(1), "12");
+    }
+}
+
+TEST(base, unArchivoRetenidoAlArrancarNoEsUnoVacio) {
+    for (const bool seSuelta : {true, false}) {
+        Banco t(DOS_VISORES, false);
+        t.e.archivos.fallarLectura = true;
+        t.cargar();
+        for (int i = 1; i <= 120; ++i) {
+            EXPECT_EQ(t.b->estado(), Estado::iniciando) << i;
+            if (i == 100) t.e.archivos.fallarLectura = !seSuelta;
+            t.e.reloj.avanzar(250);
+            t.e.cola.ejecutar();
+            if (t.b->estado() == Estado::marcha) break;
+        }
+        // It is not waited for for ever.
+        EXPECT_EQ(t.b->estado(), seSuelta ? Estado::marcha : Estado::configurando);
+    }
+}
+
+// At rest each display holds some free port: here the other's own one.
+TEST(base, trasLaPausaNingunVisorQuedaSinSuPort) {
+    Banco t(
+        "[RETICULA]\r\nFilasColumnas=2x1\r\n[VISOR_1]\r\nPort=49152\r\nUbicacion=1,1\r\n"
+        "[VISOR_2]\r\nPort=3002\r\nUbicacion=2,1\r\n");
+    t.formulario.pulsar(Id::botPau);
+    ASSERT_NE(t.e.fabrica.enPuerto(49152), nullptr);
+    t.formulario.pulsar(Id::botRun);
+    ASSERT_TRUE(t.e.avisos.textos.empty());
+    t.enviar(49152, "XNZ+00012000");
+    EXPECT_EQ(t.leyenda(1), "12");
+}
+
 // In configuration, with which tools open.
 std::string abiertas(Banco& t) {
     std::string lista;

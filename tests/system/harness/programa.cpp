@@ -38,13 +38,17 @@ Programa::~Programa() {
     borrarCarpeta(m_carpeta);
 }
 
+std::wstring Programa::rutaINI() const {
+    return m_ajustes + L"\\" + m_nombre + L".ini";
+}
+
 void Programa::escribirINI(const std::string& bytes) {
     crearCarpeta(m_ajustes);
-    escribirArchivo(m_ajustes + L"\\" + m_nombre + L".ini", bytes);
+    escribirArchivo(rutaINI(), bytes);
 }
 
 std::string Programa::leerINI() const {
-    return leerArchivo(m_ajustes + L"\\" + m_nombre + L".ini");
+    return leerArchivo(rutaINI());
 }
 
 std::string Programa::leerCopia() const {

@@ -22,6 +22,7 @@ public:
     Programa(const Programa&) = delete;
     Programa& operator=(const Programa&) = delete;
 
+    std::wstring rutaINI() const;
     void escribirINI(const std::string& bytes);
     std::string leerINI() const;
     std::string leerCopia() const;
