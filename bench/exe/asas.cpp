@@ -81,12 +81,15 @@ int recorrido(int i) {
 class Vigia {
 public:
     explicit Vigia(const RECT& ventana)
-        : m_zona{ventana.left + 40, ventana.top + 40, ventana.left + 48, ventana.top + 48},
+        : m_zona{ventana.left + MARGEN, ventana.top + MARGEN, ventana.left + MARGEN + LADO,
+                 ventana.top + MARGEN + LADO},
           m_fondo(pruebas::Fotografia(m_zona).en(0, 0)) {}
 
-    bool igual() const { return pruebas::Fotografia(m_zona).cuantos(m_fondo) == 64; }
+    bool igual() const { return pruebas::Fotografia(m_zona).cuantos(m_fondo) == LADO * LADO; }
 
 private:
+    static constexpr int MARGEN = 40, LADO = 8;  // pixels
+
     RECT m_zona;
     std::int32_t m_fondo;
 };
@@ -103,24 +106,24 @@ void medirUna(const std::string& ini, Cifras& cifras) {
     const Observado observado(programa.proceso().id(), programa.ejecutable());
     const Vigia vigia(pruebas::lugar(programa.ventana()));
     const Mano mano(asa);
+    const auto recorridos = [&] { return static_cast<int>(inicio.left - pruebas::lugar(asa).left); };
     std::vector<double> esperas;
     int tarde = 0, detras = 0;
     const double antes = observado.segundosCPU(), cero = ahora();
     aRitmo(MOVIMIENTOS, MOVIMIENTOS_POR_SEGUNDO, [&](int i) {
         const double salida = ahora(), limite = cero + (i + 1) / MOVIMIENTOS_POR_SEGUNDO;
         mano.llevar(recorrido(i));
-        const auto llegada = [&] { return inicio.left - pruebas::lugar(asa).left == recorrido(i); };
+        const auto llegada = [&] { return recorridos() == recorrido(i); };
         bool llego = llegada();
         for (; !llego && ahora() < limite; llego = llegada()) Sleep(1);
         if (!llego) {
             ++tarde;
-            detras = std::max(detras,
-                              static_cast<int>(std::abs(inicio.left - pruebas::lugar(asa).left - recorrido(i))) / PASO);
+            detras = std::max(detras, std::abs(recorridos() - recorrido(i)) / PASO);
         }
         esperas.push_back((ahora() - salida) * 1000);
     });
     cifras.cpu.push_back((observado.segundosCPU() - antes) * 100 / (ahora() - cero));
-    if (!pruebas::esperar([&] { return inicio.left - pruebas::lugar(asa).left == recorrido(MOVIMIENTOS - 1); }))
+    if (!pruebas::esperar([&] { return recorridos() == recorrido(MOVIMIENTOS - 1); }))
         throw std::runtime_error("the handle does not end where the pointer does");
     // Looking takes time: it is done with moves of its own.
     for (int i = 0; i < VUELTA; ++i) {

@@ -13,7 +13,7 @@ namespace sorvanel {
 namespace {
 
 constexpr int ENTRE_ESPERAS = 250;  // milliseconds
-constexpr int ESPERAS = 120;
+constexpr int ESPERAS = 120;        // half a minute
 
 }  // namespace
 
@@ -98,13 +98,10 @@ void base::primeraActivacion() {
 // At start-up others look through files too. One that cannot be read now is not an empty one: it would be a screen
 // without displays until somebody comes.
 bool base::esperarAjustes() {
-    if (m_esperas < ESPERAS && comun(m_entorno).ilegible()) {
-        ++m_esperas;
-        m_espera->habilitado(true);
-        return true;
-    }
-    m_espera->habilitado(false);
-    return false;
+    if (m_esperas >= ESPERAS || !comun(m_entorno).ilegible()) return false;
+    ++m_esperas;
+    m_espera->habilitado(true);
+    return true;
 }
 
 void base::cubrirMonitor() {

@@ -144,7 +144,7 @@ private:
     // Message boxes are answered, the system's own windows cancelled.
     void cerrarCaja() {
         const HWND caja = m_programa.caja().ventana();
-        m_dicho = texto(GetDlgItem(caja, 0xFFFF));
+        m_dicho = m_programa.caja().texto();
         const int boton = GetDlgItem(caja, IDCANCEL) != nullptr ? IDCANCEL : IDOK;
         PostMessageW(caja, WM_COMMAND, static_cast<WPARAM>(boton), reinterpret_cast<LPARAM>(GetDlgItem(caja, boton)));
         esperar([&] { return !IsWindow(caja); }, 2000);

@@ -25,14 +25,14 @@ HWND CajaMensaje::ventana() const {
     return nullptr;
 }
 
+std::string CajaMensaje::texto() const {
+    const HWND caja = ventana();
+    return caja == nullptr ? std::string() : pruebas::texto(GetDlgItem(caja, ID_TEXTO));
+}
+
 std::string CajaMensaje::esperarTexto() const {
     std::string leido;
-    esperar([&] {
-        const HWND caja = ventana();
-        if (caja == nullptr) return false;
-        leido = texto(GetDlgItem(caja, ID_TEXTO));
-        return !leido.empty();
-    });
+    esperar([&] { return !(leido = texto()).empty(); });
     return leido;
 }
 

@@ -13,6 +13,8 @@ public:
 
     // Null while there is none.
     HWND ventana() const;
+    // What it says now; empty without one, and for a window of the system's own.
+    std::string texto() const;
     // Waits for it; empty when none comes.
     std::string esperarTexto() const;
     // Presses its default button and waits until it is gone.
