@@ -37,7 +37,7 @@ struct Composicion {
     VentanaMensajes ventana;
     ColaWin cola{ventana};
     FabricaWin fabrica{ventana, reloj};
-    AlmacenPerfil perfil{archivos, reloj};
+    AlmacenPerfil perfil{archivos, reloj, fabrica};
     Entorno entorno{programa, archivos, perfil, monitores, fabrica, reloj, cursor, avisos, cola, reposo};
     frTCP compartido{entorno};
     FormularioWin formulario{"Sorvanel"};

@@ -1,5 +1,6 @@
 #include "config/almacenPerfil.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "config/perfilINI.h"
@@ -10,17 +11,19 @@ struct AlmacenPerfil::Ficha {
     enum class Estado { limpia, pendiente, fallida };
 
     PerfilINI perfil;
-    std::optional<SelloArchivo> sello;  // of the file as it was when read or written
+    SelloArchivo sello;  // of the file as it was when read or written
     Estado estado = Estado::limpia;
     std::int64_t desde = 0;  // when the first pending write came
     bool avisada = false;
-    // The file is there but could not be read: `perfil` holds our own writes alone and must not
-    // replace it. They are kept here, to be done again on what it holds once it can be read.
-    bool ilegible = false;
-    std::vector<Cambio> cambios = {};
+    bool conocida = false;    // what the file holds, or that there is none, has been seen once
+    std::string motivo = {};  // why it cannot be read now
 };
 
-AlmacenPerfil::AlmacenPerfil(Archivos& archivos, const Reloj& reloj) : m_archivos(archivos), m_reloj(reloj) {}
+AlmacenPerfil::AlmacenPerfil(Archivos& archivos, const Reloj& reloj, Fabrica& fabrica)
+    : m_archivos(archivos), m_reloj(reloj), m_tim(fabrica.crearTemporizador()) {
+    m_tim->alTic([this] { tic(); });
+}
+
 AlmacenPerfil::~AlmacenPerfil() = default;
 
 AlmacenPerfil::Ficha& AlmacenPerfil::ficha(const std::string& ruta) {
@@ -32,19 +35,21 @@ AlmacenPerfil::Ficha& AlmacenPerfil::ficha(const std::string& ruta) {
     return *entrada;
 }
 
+// Empty where it cannot be read; an absent file reads as an empty one.
+std::optional<std::string> AlmacenPerfil::leerEntero(const std::string& ruta, const SelloArchivo& sello, Ficha& ficha) {
+    Lectura leida = sello.tamano <= TAMANO_MAXIMO ? m_archivos.leer(ruta) : Lectura{.motivo = "es demasiado grande"};
+    ficha.motivo = leida.contenido || leida.ausente ? std::string() : leida.motivo;
+    return leida.ausente ? std::string() : std::move(leida.contenido);
+}
+
 void AlmacenPerfil::leerDisco(const std::string& ruta, Ficha& ficha) {
     // The stamp first: what is written between the two shows as a change the next time.
-    ficha.sello = m_archivos.sello(ruta);
-    const bool cabe = !ficha.sello || ficha.sello->tamano <= TAMANO_MAXIMO;
-    const std::optional<std::string> contenido = cabe ? m_archivos.leer(ruta) : std::nullopt;
-    ficha.ilegible = ficha.sello && !contenido;
-    ficha.perfil = PerfilINI(contenido.value_or(std::string()));
-    for (const Cambio& cambio : ficha.cambios) {
-        cambio(ficha.perfil);
-    }
-    if (!ficha.ilegible) {
-        ficha.cambios.clear();
-    }
+    const SelloArchivo sello = m_archivos.sello(ruta);
+    const std::optional<std::string> contenido = leerEntero(ruta, sello, ficha);
+    if (!contenido) return;
+    ficha.conocida = true;
+    ficha.sello = sello;
+    ficha.perfil = PerfilINI(*contenido);
 }
 
 std::string AlmacenPerfil::leer(const std::string& ruta, std::string_view seccion, std::string_view clave) {
@@ -53,42 +58,52 @@ std::string AlmacenPerfil::leer(const std::string& ruta, std::string_view seccio
 
 void AlmacenPerfil::escribir(const std::string& ruta, std::string_view seccion, std::string_view clave,
                              std::string_view valor) {
-    cambiar(ruta, [s = std::string(seccion), c = std::string(clave), v = std::string(valor)](PerfilINI& perfil) {
-        return perfil.escribir(s, c, v);
-    });
+    cambiar(ruta, [&](PerfilINI& perfil) { return perfil.escribir(seccion, clave, valor); });
 }
 
 void AlmacenPerfil::borrarClave(const std::string& ruta, std::string_view seccion, std::string_view clave) {
-    cambiar(ruta,
-            [s = std::string(seccion), c = std::string(clave)](PerfilINI& perfil) { return perfil.borrarClave(s, c); });
+    cambiar(ruta, [&](PerfilINI& perfil) { return perfil.borrarClave(seccion, clave); });
 }
 
 void AlmacenPerfil::borrarSeccion(const std::string& ruta, std::string_view seccion) {
-    cambiar(ruta, [s = std::string(seccion)](PerfilINI& perfil) { return perfil.borrarSeccion(s); });
+    cambiar(ruta, [&](PerfilINI& perfil) { return perfil.borrarSeccion(seccion); });
 }
 
-void AlmacenPerfil::cambiar(const std::string& ruta, Cambio cambio) {
+void AlmacenPerfil::cambiar(const std::string& ruta, const Cambio& cambio) {
     Ficha& f = ficha(ruta);
+    if (!f.conocida) return;
     const bool cambiada = cambio(f.perfil);
-    if (f.ilegible) {
-        // What changes nothing here may well change what the file holds.
-        f.cambios.push_back(std::move(cambio));
-    } else if (!cambiada && f.estado != Ficha::Estado::fallida) {
-        return;
-    }
+    if (!cambiada && f.estado != Ficha::Estado::fallida) return;
     if (f.estado != Ficha::Estado::pendiente) {
         f.estado = Ficha::Estado::pendiente;
         f.desde = m_reloj.ahora();
     }
+    programar();
 }
 
-void AlmacenPerfil::poner(const std::string& ruta, std::string_view bytes) {
+bool AlmacenPerfil::reponer(const std::string& ruta, std::string_view bytes) {
+    asentar();
     Ficha& f = ficha(ruta);
     f.perfil = PerfilINI(bytes);
-    f.ilegible = false;
-    f.cambios.clear();
+    f.conocida = true;
     f.estado = Ficha::Estado::pendiente;
     f.desde = m_reloj.ahora();
+    // What never reached the file need not be taken back from it.
+    const bool esta = m_archivos.leer(ruta).contenido == bytes;
+    const bool bien = esta || (reemplazable(ruta, f) && m_archivos.reemplazar(ruta, bytes));
+    if (bien) anotar(ruta, f, {true, m_archivos.sello(ruta)});
+    programar();
+    return bien;
+}
+
+void AlmacenPerfil::descartar(const std::string& ruta) {
+    asentar();
+    Ficha& f = ficha(ruta);
+    f.estado = Ficha::Estado::limpia;
+    f.avisada = false;
+    std::erase(m_porAvisar, ruta);
+    leerDisco(ruta, f);
+    programar();
 }
 
 void AlmacenPerfil::refrescar(const std::string& ruta) {
@@ -96,13 +111,13 @@ void AlmacenPerfil::refrescar(const std::string& ruta) {
     // What is under way will be what the file holds.
     if (ruta == m_escribiendo) return;
     Ficha& f = ficha(ruta);
-    if (f.estado == Ficha::Estado::limpia && (f.ilegible || m_archivos.sello(ruta) != f.sello)) {
+    if (f.estado == Ficha::Estado::limpia && (!f.motivo.empty() || m_archivos.sello(ruta) != f.sello)) {
         leerDisco(ruta, f);
     }
 }
 
-bool AlmacenPerfil::ilegible(const std::string& ruta) {
-    return ficha(ruta).ilegible;
+const std::string& AlmacenPerfil::ilegible(const std::string& ruta) {
+    return ficha(ruta).motivo;
 }
 
 void AlmacenPerfil::alFallar(std::function<void(const std::string& ruta)> aviso) {
@@ -128,7 +143,32 @@ void AlmacenPerfil::ocio(bool colaVacia) {
         const bool toca = (colaVacia && descansado) || ahora - f->desde >= RETRASO_MAXIMO;
         if (f->estado == Ficha::Estado::pendiente && toca) empezar(ruta, *f);
     }
+    programar();
     avisar();
+}
+
+// No tick is exact: what waits has waited long enough when one comes.
+void AlmacenPerfil::tic() {
+    const bool reintento = m_plazo == REINTENTO;
+    const std::int64_t vencido = m_reloj.ahora() - RETRASO_MAXIMO;
+    for (auto& [ruta, f] : m_fichas) {
+        if (reintento && f->estado == Ficha::Estado::fallida) f->estado = Ficha::Estado::pendiente;
+        f->desde = std::min(f->desde, vencido);
+    }
+    ocio(false);
+}
+
+// Only a change of what is waited for starts the timer anew.
+void AlmacenPerfil::programar() {
+    const bool hayFallida = std::any_of(m_fichas.begin(), m_fichas.end(), [](const auto& entrada) {
+        return entrada.second->estado == Ficha::Estado::fallida;
+    });
+    const int plazo = pendiente() ? RETRASO_MAXIMO : hayFallida ? REINTENTO : 0;
+    if (std::exchange(m_plazo, plazo) == plazo) return;
+    m_tim->habilitado(false);
+    if (plazo == 0) return;
+    m_tim->intervalo(plazo);
+    m_tim->habilitado(true);
 }
 
 bool AlmacenPerfil::volcar() {
@@ -136,23 +176,22 @@ bool AlmacenPerfil::volcar() {
     bool bien = true;
     for (auto& [ruta, f] : m_fichas) {
         if (f->estado == Ficha::Estado::limpia) continue;
-        const bool escrita = legible(ruta, *f) && m_archivos.reemplazar(ruta, f->perfil.bytes());
-        anotar(ruta, *f, {escrita, escrita ? m_archivos.sello(ruta) : std::nullopt});
-        bien = bien && f->estado == Ficha::Estado::limpia;
+        const bool escrita = reemplazable(ruta, *f) && m_archivos.reemplazar(ruta, f->perfil.bytes());
+        anotar(ruta, *f, {escrita, m_archivos.sello(ruta)});
+        bien = bien && escrita;
     }
+    programar();
     avisar();
     return bien;
 }
 
-bool AlmacenPerfil::legible(const std::string& ruta, Ficha& ficha) {
-    if (ficha.ilegible) {
-        leerDisco(ruta, ficha);
-    }
-    return !ficha.ilegible;
+// What could not be read may hold anything: it must be readable again before ours takes its place.
+bool AlmacenPerfil::reemplazable(const std::string& ruta, Ficha& ficha) {
+    return ficha.motivo.empty() || leerEntero(ruta, m_archivos.sello(ruta), ficha).has_value();
 }
 
 void AlmacenPerfil::empezar(const std::string& ruta, Ficha& ficha) {
-    if (!legible(ruta, ficha)) {
+    if (!reemplazable(ruta, ficha)) {
         anotar(ruta, ficha, {});
         return;
     }
@@ -191,12 +230,6 @@ void AlmacenPerfil::avisar() {
     for (const std::string& ruta : std::exchange(m_porAvisar, {})) {
         if (m_aviso) m_aviso(ruta);
     }
-}
-
-void AlmacenPerfil::olvidar(const std::string& ruta) {
-    if (m_escribiendo == ruta) asentar();
-    std::erase(m_porAvisar, ruta);
-    m_fichas.erase(ruta);
 }
 
 }  // namespace sorvanel

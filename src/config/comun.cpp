@@ -5,6 +5,8 @@
 
 #include "config/almacenPerfil.h"
 #include "config/numeros.h"
+#include "config/perfilINI.h"
+#include "config/seccionVisor.h"
 
 namespace sorvanel {
 namespace {
@@ -16,6 +18,14 @@ std::string carpeta(const Entorno& entorno) {
     std::string ruta = entorno.archivos.unir(entorno.programa.carpetaBase(), entorno.programa.nombreEjecutable());
     entorno.archivos.crearCarpeta(ruta);
     return ruta;
+}
+
+bool defineVisores(std::string_view bytes) {
+    const PerfilINI perfil(bytes);
+    for (int n = 1; n <= MAXIMO_VISORES; ++n) {
+        if (!perfil.leer(seccionVisor(n), "Port").value_or("").empty()) return true;
+    }
+    return false;
 }
 
 }  // namespace
@@ -62,10 +72,11 @@ void comun::vLimitar(std::optional<std::int16_t>& valor, std::int16_t superior, 
     }
 }
 
-bool comun::ilegible() const {
+std::string comun::ilegible() const {
     const std::string ruta = rutaINI();
     m_entorno.perfil.refrescar(ruta);
-    return m_entorno.perfil.ilegible(ruta);
+    const std::string motivo = m_entorno.perfil.ilegible(ruta);
+    return motivo.empty() ? motivo : ruta + " (" + motivo + ")";
 }
 
 std::string comun::rutaINI() const {
@@ -76,37 +87,41 @@ std::string comun::rutaCopia() const {
     return m_entorno.archivos.unir(carpeta(m_entorno), m_entorno.programa.nombreEjecutable() + "_copia.ini");
 }
 
+std::string comun::rutaAnterior() const {
+    return m_entorno.archivos.unir(carpeta(m_entorno), m_entorno.programa.nombreEjecutable() + "_copia_anterior.ini");
+}
+
 bool comun::hacerCopiaDeINI() const {
     Archivos& archivos = m_entorno.archivos;
     const std::string ini = rutaINI();
-    const std::string copia = rutaCopia();
     const bool bien = m_entorno.perfil.volcar();
-    if (!archivos.sello(ini)) {
-        archivos.reemplazar(ini, {});  // if that fails, so does the reading below
+    Lectura actual = archivos.leer(ini);
+    if (actual.ausente) {
+        archivos.crearVacio(ini);  // if that fails, so does the reading
+        actual = archivos.leer(ini);
     }
-    const std::optional<std::string> contenido = archivos.leer(ini);
-    if (!contenido || !archivos.reemplazar(copia, *contenido)) {
-        // A copy of an earlier session must not be what a cancel of this one puts back.
-        archivos.borrar(copia);
-        return false;
-    }
-    return bien;
+    return actual.contenido && apartarCopia(*actual.contenido) && archivos.reemplazar(rutaCopia(), *actual.contenido) &&
+           bien;
+}
+
+// It may be all that is left of what was set up, where the settings themselves were lost.
+bool comun::apartarCopia(const std::string& nueva) const {
+    const Lectura copia = m_entorno.archivos.leer(rutaCopia());
+    if (copia.ausente || defineVisores(nueva)) return true;
+    if (!copia.contenido) return false;
+    return !defineVisores(*copia.contenido) || m_entorno.archivos.reemplazar(rutaAnterior(), *copia.contenido);
 }
 
 bool comun::restaurarCopiaDeINI() const {
     const std::string ini = rutaINI();
-    m_entorno.perfil.asentar();
-    const std::optional<std::string> contenido = m_entorno.archivos.leer(rutaCopia());
-    if (!contenido) {
-        return false;
-    }
-    // Also where nothing can be written: what never reached the file need not be taken back from it.
-    if (m_entorno.archivos.leer(ini) != contenido && !m_entorno.archivos.reemplazar(ini, *contenido)) {
-        m_entorno.perfil.poner(ini, *contenido);
-        return false;
-    }
-    m_entorno.perfil.olvidar(ini);
-    return true;
+    const Lectura copia = m_entorno.archivos.leer(rutaCopia());
+    if (copia.contenido) return m_entorno.perfil.reponer(ini, *copia.contenido);
+    m_entorno.perfil.descartar(ini);
+    return false;
+}
+
+void comun::descartarCambios() const {
+    m_entorno.perfil.descartar(rutaINI());
 }
 
 std::string comun::Long2RGB(Color color) {

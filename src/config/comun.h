@@ -39,17 +39,21 @@ public:
     // The same for a value that may be absent; an absent one stays so.
     static void vLimitar(std::optional<std::int16_t>& valor, std::int16_t superior, std::int16_t inferior);
 
-    // The settings file is there, but somebody holds it so that it cannot be read just now.
-    bool ilegible() const;
+    // The settings file and why it cannot be read just now; empty when it can, or when there is none.
+    std::string ilegible() const;
     std::string rutaINI() const;
     std::string rutaCopia() const;
+    // Where a copy that defines displays is kept when one that defines none takes its place.
+    std::string rutaAnterior() const;
     // Puts what is pending on the disk, makes an empty settings file if there is none, and copies
-    // it. False when any step of the copying failed.
+    // it. False when any step of that failed; the copy may then be an earlier one.
     bool hacerCopiaDeINI() const;
-    // Puts the copy back, whole, and drops what was pending. False and nothing changed when there
-    // is no copy; false, too, when the file cannot be replaced: then every reader finds what the copy
-    // holds, and the file follows when it can. The copy stays.
+    // Puts the copy back, whole, and drops what was pending. False when there is no copy to be read; false, too, when
+    // the file cannot be replaced: then every reader finds what the copy holds, and the file follows when it can. The
+    // copy stays.
     bool restaurarCopiaDeINI() const;
+    // Drops what is pending, and no more.
+    void descartarCambios() const;
 
     // "BBGGRR", six upper-case hexadecimal digits. Only for 24-bit colours.
     static std::string Long2RGB(Color color);
@@ -57,6 +61,8 @@ public:
     static Color rgb2Long(std::string_view texto);
 
 private:
+    bool apartarCopia(const std::string& nueva) const;
+
     const Entorno& m_entorno;
 };
 

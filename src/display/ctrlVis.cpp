@@ -4,7 +4,7 @@
 
 #include "config/comun.h"
 #include "config/numeros.h"
-#include "display/seccionVisor.h"
+#include "display/registroVisor.h"
 
 namespace sorvanel {
 

@@ -7,8 +7,12 @@
 
 namespace sorvanel {
 
+// Only a file that the system does not find is absent; of one that it may not look at nothing is known.
+enum class Presencia { ausente, presente, incierta };
+
 // Tells one state of a file from another without reading it.
 struct SelloArchivo {
+    Presencia presencia = Presencia::ausente;
     std::uint64_t tamano = 0;
     std::uint64_t modificado = 0;  // the system's own time unit
 
@@ -18,17 +22,25 @@ struct SelloArchivo {
 // How a replacement ended, and the state of the file that it left.
 struct Reemplazo {
     bool bien = false;
-    std::optional<SelloArchivo> sello = std::nullopt;
+    SelloArchivo sello = {};
 };
 
-// Files as the program needs them. Paths are UTF-8. Nothing throws: a failure is an empty or a
-// false answer, and what was there before stands.
+// What reading a file gave.
+struct Lectura {
+    std::optional<std::string> contenido = std::nullopt;  // empty: there is no file, or it cannot be read
+    bool ausente = false;
+    std::string motivo = {};  // why it cannot be read, in the user's words
+};
+
+// Files as the program needs them. Paths are UTF-8. Nothing throws: a failure is an answer, and what was
+// there before stands.
 class Archivos {
 public:
     virtual ~Archivos() = default;
 
-    // The whole content; empty optional when the file is missing or cannot be read.
-    virtual std::optional<std::string> leer(const std::string& ruta) = 0;
+    virtual Lectura leer(const std::string& ruta) = 0;
+    // An empty file where there is none: one that is there is never touched.
+    virtual bool crearVacio(const std::string& ruta) = 0;
     // Replaces (or makes) the file in one step: whatever happens meanwhile, the old content or the
     // new one is there, whole and on the disk.
     virtual bool reemplazar(const std::string& ruta, std::string_view contenido) = 0;
@@ -39,8 +51,7 @@ public:
     virtual std::optional<Reemplazo> terminado() = 0;
     // As terminado(), but waits for it.
     virtual std::optional<Reemplazo> esperar() = 0;
-    virtual std::optional<SelloArchivo> sello(const std::string& ruta) = 0;
-    virtual bool borrar(const std::string& ruta) = 0;
+    virtual SelloArchivo sello(const std::string& ruta) = 0;
     // True also when the folder was there already.
     virtual bool crearCarpeta(const std::string& ruta) = 0;
     // Joins with exactly one separator.

@@ -16,7 +16,8 @@ namespace sorvanel {
 class ArchivosDoble : public Archivos {
 public:
     bool fallarEscritura = false;  // reemplazar() answers false and changes nothing
-    bool fallarLectura = false;    // leer() answers empty, also for what is there
+    std::string rutaIlegible;      // this one is there, but leer() cannot read it
+    bool selloIncierto = false;    // and sello() is not allowed to see it
     std::string rutaQueFalla;      // the same as fallarEscritura, for this one alone
     bool aparteLento = false;      // what is replaced beside the one thread ends when it is waited for
 
@@ -33,10 +34,13 @@ public:
         return existe(ruta) ? m_archivos.at(ruta).contenido : std::string();  // empty for a missing file
     }
 
-    std::optional<std::string> leer(const std::string& ruta) override {
+    Lectura leer(const std::string& ruta) override {
         ++lecturas;
-        return fallarLectura || !existe(ruta) ? std::nullopt : std::optional(contenido(ruta));
+        if (ruta == rutaIlegible) return {.motivo = "retenido"};
+        if (!existe(ruta)) return {.ausente = true};
+        return {.contenido = contenido(ruta)};
     }
+    bool crearVacio(const std::string& ruta) override { return !existe(ruta) && reemplazar(ruta, {}); }
     bool reemplazar(const std::string& ruta, std::string_view nuevo) override {
         ++intentos;
         if (fallarEscritura || ruta == rutaQueFalla) return false;
@@ -51,11 +55,11 @@ public:
     std::optional<Reemplazo> esperar() override {
         return m_aparte ? std::optional(std::exchange(m_aparte, nullptr)()) : std::nullopt;
     }
-    std::optional<SelloArchivo> sello(const std::string& ruta) override {
-        if (!existe(ruta)) return std::nullopt;
-        return SelloArchivo{contenido(ruta).size(), m_archivos.at(ruta).hora};
+    SelloArchivo sello(const std::string& ruta) override {
+        if (ruta == rutaIlegible && selloIncierto) return {Presencia::incierta};
+        if (!existe(ruta)) return {};
+        return {Presencia::presente, contenido(ruta).size(), m_archivos.at(ruta).hora};
     }
-    bool borrar(const std::string& ruta) override { return m_archivos.erase(ruta) != 0; }
     bool crearCarpeta(const std::string& ruta) override {
         carpetas.insert(ruta);
         return true;

@@ -17,9 +17,9 @@ struct EntornoDoble {
     ProgramaDoble programa;
     ArchivosDoble archivos;
     RelojDoble reloj;
-    AlmacenPerfil perfil{archivos, reloj};
-    MonitoresDoble monitores;
     FabricaDoble fabrica{reloj};
+    AlmacenPerfil perfil{archivos, reloj, fabrica};
+    MonitoresDoble monitores;
     CursorDoble cursor;
     AvisosDoble avisos;
     ColaDoble cola;
@@ -34,7 +34,7 @@ struct EntornoDoble {
     // The settings file becomes that text; what was held of the old one is forgotten.
     void ini(const std::string& texto) {
         archivos.poner(rutaINI(), texto);
-        perfil.olvidar(rutaINI());
+        perfil.descartar(rutaINI());
     }
     // The settings file's text after what is pending was written.
     std::string ini() {

@@ -57,29 +57,44 @@ TEST_F(ConfigAlmacen, ConLaColaLlenaEsperaCienMilisegundosDesdeLaPrimera) {
     EXPECT_EQ(m.archivos.reemplazos, 1);
 }
 
-TEST_F(ConfigAlmacen, TrasUnFalloAvisaUnaVezYReintentaConLaSiguienteEscritura) {
+TEST_F(ConfigAlmacen, TrasUnFalloAvisaUnaVezYReintentaCadaCincoSegundos) {
     m.archivos.fallarEscritura = true;
     k("2");
     m.perfil.ocio(true);
-    m.reloj.avanzar(1000);
-    m.perfil.ocio(false);
-    EXPECT_EQ(m.archivos.intentos, 1);
     EXPECT_FALSE(m.perfil.pendiente());
     m.perfil.refrescar(m_ruta);
     EXPECT_EQ(k(), "2");
     k("2");  // equal, and yet tried again
-    m.perfil.ocio(true);
+    m.reloj.avanzar(100);
+    m.reloj.avanzar(AlmacenPerfil::REINTENTO - 1);
     EXPECT_EQ(m.archivos.intentos, 2);
+    m.reloj.avanzar(AlmacenPerfil::REINTENTO + 1);
+    EXPECT_EQ(m.archivos.intentos, 4);
     EXPECT_FALSE(m.perfil.volcar());
     EXPECT_EQ(m_avisos, std::vector<std::string>{m_ruta});
     EXPECT_EQ(disco(), "[S]\r\nk=1\r\n");
     m.archivos.fallarEscritura = false;
-    EXPECT_TRUE(m.perfil.volcar());
+    m.reloj.avanzar(AlmacenPerfil::REINTENTO);
     EXPECT_EQ(disco(), "[S]\r\nk=2\r\n");
+    const int intentos = m.archivos.intentos;
+    m.reloj.avanzar(2 * AlmacenPerfil::REINTENTO);
+    EXPECT_EQ(m.archivos.intentos, intentos) << "and no more";
     m.archivos.fallarEscritura = true;
     k("3");
     m.perfil.volcar();
     EXPECT_EQ(m_avisos.size(), 2U);
+}
+
+// In the loop of a box nobody says that the queue is empty.
+TEST_F(ConfigAlmacen, TambienMientrasNadieDiceQueHayOcio) {
+    m.archivos.aparteLento = true;
+    k("2");
+    m.reloj.avanzar(AlmacenPerfil::RETRASO_MAXIMO);
+    k("3");
+    m.archivos.aparteLento = false;
+    m.reloj.avanzar(2 * AlmacenPerfil::RETRASO_MAXIMO);
+    EXPECT_EQ(disco(), "[S]\r\nk=3\r\n");
+    EXPECT_FALSE(m.perfil.pendiente());
 }
 
 TEST_F(ConfigAlmacen, MientrasSeEscribeSeSigueYNadaSePierde) {
@@ -129,7 +144,7 @@ TEST_F(ConfigAlmacen, ElAvisoPuedeVolverALlamar) {
         m_avisos.push_back(ruta);
         k("3");
         m.perfil.ocio(true);
-        m.perfil.olvidar(ruta);  // what is pending too
+        m.perfil.descartar(ruta);
     });
     k("2");
     m.perfil.ocio(true);
@@ -153,41 +168,51 @@ TEST_F(ConfigAlmacen, VeLoQueOtroProgramaEscribio) {
     EXPECT_EQ(leido(), "");
 }
 
-// A file that another program holds for a moment must not be replaced by our few keys.
-TEST_F(ConfigAlmacen, LoQueNoSePuedeLeerNoSePisa) {
-    m.archivos.fallarLectura = true;
-    EXPECT_EQ(k(), "");
-    m.perfil.borrarClave(m_ruta, "S", "k");
-    m.valor("S", "j", "2");
-    EXPECT_EQ(m.valor("S", "j"), "2");
-    m.perfil.ocio(true);
-    EXPECT_EQ(m_avisos.size(), 1U);
-    EXPECT_EQ(disco(), "[S]\r\nk=1\r\n");
-    m.archivos.poner(m_ruta, "[S]\r\nk=1\r\nz=3\r\n");
-    m.archivos.fallarLectura = false;
-    m.valor("S", "i", "4");
-    m.perfil.volcar();
-    EXPECT_EQ(disco(), "[S]\r\nz=3\r\nj=2\r\ni=4\r\n");
-
+// A file that another program holds is no empty one, and must not be replaced by our few keys.
+TEST_F(ConfigAlmacen, LoQueNoSePuedeLeerNiSeVaciaNiSePisa) {
+    const std::string completo = "[S]\r\nk=1\r\nz=3\r\n";
+    for (const bool leidoAntes : {true, false}) {
+        EntornoDoble e;
+        const comun com(e.entorno);
+        const std::string ruta = e.rutaINI();
+        e.archivos.poner(ruta, completo);
+        EXPECT_TRUE(!leidoAntes || com.abrir("S").leer("k") == "1");
+        e.archivos.poner(ruta, completo + "y=4\r\n");
+        e.archivos.rutaIlegible = ruta;
+        e.archivos.selloIncierto = leidoAntes;
+        EXPECT_EQ(com.ilegible(), ruta + " (retenido)");
+        EXPECT_EQ(com.abrir("S").leer("k"), leidoAntes ? "1" : "") << "what was read before stays";
+        EXPECT_FALSE(com.hacerCopiaDeINI());
+        EXPECT_FALSE(e.archivos.existe(com.rutaCopia()));
+        // Written on what was read before, or not at all.
+        com.abrir("S").escribir("j", "2");
+        e.reloj.avanzar(60'000);
+        EXPECT_EQ(e.perfil.volcar(), !leidoAntes);
+        EXPECT_EQ(e.archivos.contenido(ruta), completo + "y=4\r\n");
+        e.archivos.rutaIlegible.clear();
+        e.reloj.avanzar(AlmacenPerfil::REINTENTO);
+        EXPECT_EQ(com.ilegible(), "");
+        EXPECT_EQ(e.archivos.contenido(ruta), completo + (leidoAntes ? "j=2\r\n" : "y=4\r\n"));
+    }
     const std::string enorme = "[S]\nk=1\n" + std::string(AlmacenPerfil::TAMANO_MAXIMO, '\n');
     m.ini(enorme);
-    EXPECT_EQ(k(), "");
     k("2");
     EXPECT_FALSE(m.perfil.volcar());
     EXPECT_EQ(disco().size(), enorme.size());
 }
 
 TEST_F(ConfigAlmacen, HaceLaCopiaByteAByte) {
-    const std::string viejo = "[S]\nk=1\r\n; \xF1\0x"s, nuevo = "[S]\nk=2\r\n; \xF1\0x"s;
+    const std::string viejo = "[S]\nk=1\r\n; \xF1\0x"s, nuevo = "[S]\nk=2\r\n; \xF1\0x"s,
+                      copia = "of an earlier session";
     const struct {
         bool archivo;
         std::string rutaQueFalla;
         bool bien;
-        std::string copia;  // "-": there is none
+        std::string copia;
     } casos[] = {{true, "", true, nuevo},
                  {false, "", true, ""},
-                 {true, c.rutaCopia(), false, "-"},
-                 {false, m_ruta, false, "-"},
+                 {true, c.rutaCopia(), false, copia},
+                 {false, m_ruta, false, copia},
                  {true, m_ruta, false, viejo}};  // the old file stands, and is copied
     for (const auto& caso : casos) {
         EntornoDoble e;
@@ -196,22 +221,59 @@ TEST_F(ConfigAlmacen, HaceLaCopiaByteAByte) {
             e.ini(viejo);
             e.valor("S", "k", "2");
         }
-        e.archivos.poner(c.rutaCopia(), "of an earlier session");
+        e.archivos.poner(c.rutaCopia(), copia);
         e.archivos.rutaQueFalla = caso.rutaQueFalla;
         EXPECT_EQ(com.hacerCopiaDeINI(), caso.bien);
-        EXPECT_EQ(e.archivos.existe(c.rutaCopia()) ? e.archivos.contenido(c.rutaCopia()) : "-", caso.copia);
+        EXPECT_EQ(e.archivos.contenido(c.rutaCopia()), caso.copia);
     }
+}
+
+// The settings were lost or spoilt: the copy of those that there were must outlive the first look at it.
+TEST_F(ConfigAlmacen, LaUltimaCopiaConVisoresNoSePierde) {
+    const std::string buena = "[VISOR_2]\nPort=3\n", mala = "\x01\xFF=[", vacia = "[VISOR_1]\nPort=\n";
+    struct Caso {
+        std::string copia, ini, anterior;  // "-": there is none
+        std::string rutaQueFalla;
+        bool bien;
+    };
+    const Caso casos[] = {{buena, "-", buena, "", true},       {buena, mala, buena, "", true},
+                          {buena, vacia, buena, "", true},     {mala, vacia, "-", "", true},
+                          {buena, buena + "#", "-", "", true}, {buena, mala, "-", c.rutaAnterior(), false}};
+    for (const Caso& caso : casos) {
+        EntornoDoble e;
+        const comun com(e.entorno);
+        if (caso.ini != "-") e.ini(caso.ini);
+        e.archivos.poner(c.rutaCopia(), caso.copia);
+        e.archivos.rutaQueFalla = caso.rutaQueFalla;
+        for (const int vez : {1, 2}) {
+            EXPECT_EQ(com.hacerCopiaDeINI(), caso.bien) << vez;
+            EXPECT_EQ(e.archivos.existe(c.rutaAnterior()) ? e.archivos.contenido(c.rutaAnterior()) : "-",
+                      caso.anterior);
+            EXPECT_TRUE(caso.bien || e.archivos.contenido(c.rutaCopia()) == caso.copia);
+        }
+    }
+    EntornoDoble e;
+    e.archivos.poner(c.rutaCopia(), buena);
+    e.archivos.rutaIlegible = c.rutaCopia();
+    EXPECT_FALSE(comun(e.entorno).hacerCopiaDeINI()) << "it may well define some";
 }
 
 TEST_F(ConfigAlmacen, RestauraLaCopiaEnUnReemplazo) {
     k("2");
     EXPECT_FALSE(c.restaurarCopiaDeINI());  // no copy
+    EXPECT_EQ(k(), "1") << "and yet what was cancelled is not written any more";
+    k("2");
     m.archivos.poner(c.rutaCopia(), "[S]\nk=\xF1\n#\n");
     m.archivos.fallarEscritura = true;
     EXPECT_FALSE(c.restaurarCopiaDeINI());
     EXPECT_EQ(k() + disco(), "\u00F1[S]\r\nk=1\r\n") << "what was taken back is read no longer";
-    EXPECT_TRUE(m.perfil.pendiente()) << "and the file follows when it can";
+    m.reloj.avanzar(200);
     m.archivos.fallarEscritura = false;
+    m.reloj.avanzar(AlmacenPerfil::REINTENTO);
+    EXPECT_EQ(disco(), "[S]\nk=\xF1\n#\n") << "the file follows when it can";
+    k("2");
+    m.perfil.volcar();
+    m.archivos.reemplazos = 0;
     EXPECT_TRUE(c.restaurarCopiaDeINI());
     EXPECT_EQ(m.archivos.reemplazos, 1);
     EXPECT_EQ(m.ini(), "[S]\nk=\xF1\n#\n");

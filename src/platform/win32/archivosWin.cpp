@@ -31,9 +31,31 @@ bool conPaciencia(Accion accion) {
     }
 }
 
+bool noExiste(DWORD codigo) {
+    return codigo == ERROR_FILE_NOT_FOUND || codigo == ERROR_PATH_NOT_FOUND;
+}
+
+std::string motivoDe(DWORD codigo) {
+    switch (codigo) {
+        case ERROR_SHARING_VIOLATION:
+        case ERROR_LOCK_VIOLATION:
+            return "otro programa lo tiene abierto";
+        case ERROR_ACCESS_DENIED:
+            return "no se permite el acceso";
+        case ERROR_FILE_TOO_LARGE:
+            return "es demasiado grande";
+        default:
+            return "error " + std::to_string(codigo) + " del sistema";
+    }
+}
+
 bool leerTodo(HANDLE archivo, std::string& destino) {
     LARGE_INTEGER tamano;
-    if (!GetFileSizeEx(archivo, &tamano) || tamano.QuadPart > TAMANO_MAXIMO) return false;
+    if (!GetFileSizeEx(archivo, &tamano)) return false;
+    if (tamano.QuadPart > TAMANO_MAXIMO) {
+        SetLastError(ERROR_FILE_TOO_LARGE);
+        return false;
+    }
     destino.resize(static_cast<std::size_t>(tamano.QuadPart));
     std::size_t leido = 0;
     while (leido < destino.size()) {
@@ -67,17 +89,25 @@ bool escribirArchivo(const std::wstring& ruta, std::string_view contenido) {
 
 }  // namespace
 
-std::optional<std::string> ArchivosWin::leer(const std::string& ruta) {
+Lectura ArchivosWin::leer(const std::string& ruta) {
     const std::wstring ancha = aAncho(ruta);
     constexpr DWORD COMPARTIDO = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     std::string contenido;
+    DWORD codigo = ERROR_SUCCESS;
     const bool bien = conPaciencia([&] {
         const ObjetoNucleo archivo = archivoAbierto(CreateFileW(ancha.c_str(), GENERIC_READ, COMPARTIDO, nullptr,
                                                                 OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
-        return archivo && leerTodo(archivo.get(), contenido);
+        const bool leido = archivo && leerTodo(archivo.get(), contenido);
+        codigo = GetLastError();
+        return leido;
     });
-    if (!bien) return std::nullopt;
-    return contenido;
+    if (bien) return {std::move(contenido)};
+    return {std::nullopt, noExiste(codigo), motivoDe(codigo)};
+}
+
+bool ArchivosWin::crearVacio(const std::string& ruta) {
+    return static_cast<bool>(archivoAbierto(
+        CreateFileW(aAncho(ruta).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr)));
 }
 
 bool ArchivosWin::reemplazar(const std::string& ruta, std::string_view contenido) {
@@ -98,7 +128,7 @@ bool ArchivosWin::reemplazar(const std::string& ruta, std::string_view contenido
 void ArchivosWin::reemplazarAparte(const std::string& ruta, std::string contenido) {
     const auto hacer = [this, ruta, nuevo = std::move(contenido)] {
         const bool bien = reemplazar(ruta, nuevo);
-        return Reemplazo{bien, bien ? sello(ruta) : std::nullopt};
+        return Reemplazo{bien, sello(ruta)};
     };
     try {
         m_aparte = std::async(std::launch::async, hacer);
@@ -125,17 +155,14 @@ std::optional<Reemplazo> ArchivosWin::esperar() {
     }
 }
 
-std::optional<SelloArchivo> ArchivosWin::sello(const std::string& ruta) {
+SelloArchivo ArchivosWin::sello(const std::string& ruta) {
     WIN32_FILE_ATTRIBUTE_DATA datos;
-    if (!GetFileAttributesExW(aAncho(ruta).c_str(), GetFileExInfoStandard, &datos)) return std::nullopt;
-    if (datos.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) return std::nullopt;
+    if (!GetFileAttributesExW(aAncho(ruta).c_str(), GetFileExInfoStandard, &datos)) {
+        return {noExiste(GetLastError()) ? Presencia::ausente : Presencia::incierta};
+    }
     const auto junto = [](DWORD alto, DWORD bajo) { return std::uint64_t{alto} << 32 | bajo; };
-    return SelloArchivo{junto(datos.nFileSizeHigh, datos.nFileSizeLow),
-                        junto(datos.ftLastWriteTime.dwHighDateTime, datos.ftLastWriteTime.dwLowDateTime)};
-}
-
-bool ArchivosWin::borrar(const std::string& ruta) {
-    return DeleteFileW(aAncho(ruta).c_str()) || GetLastError() == ERROR_FILE_NOT_FOUND;
+    return {Presencia::presente, junto(datos.nFileSizeHigh, datos.nFileSizeLow),
+            junto(datos.ftLastWriteTime.dwHighDateTime, datos.ftLastWriteTime.dwLowDateTime)};
 }
 
 bool ArchivosWin::crearCarpeta(const std::string& ruta) {

@@ -11,7 +11,8 @@ namespace sorvanel {
 class ArchivosWin : public Archivos {
 public:
     // A file above 16 MiB counts as one that cannot be read.
-    std::optional<std::string> leer(const std::string& ruta) override;
+    Lectura leer(const std::string& ruta) override;
+    bool crearVacio(const std::string& ruta) override;
     // By a rename over the old file, which is one step for the file system: a kill or a power cut
     // at any moment leaves one of the two, whole. What is written beside it is called ruta + "~".
     bool reemplazar(const std::string& ruta, std::string_view contenido) override;
@@ -19,9 +20,7 @@ public:
     void reemplazarAparte(const std::string& ruta, std::string contenido) override;
     std::optional<Reemplazo> terminado() override;
     std::optional<Reemplazo> esperar() override;
-    std::optional<SelloArchivo> sello(const std::string& ruta) override;
-    // True also when there is no such file.
-    bool borrar(const std::string& ruta) override;
+    SelloArchivo sello(const std::string& ruta) override;
     bool crearCarpeta(const std::string& ruta) override;
     std::string unir(const std::string& carpeta, const std::string& nombre) const override;
 
