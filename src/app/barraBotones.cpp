@@ -85,6 +85,10 @@ void BarraBotones::version(const std::string& texto) {
     m_version = texto;
 }
 
+void BarraBotones::incidencia(const std::string& texto) {
+    m_lbVer->sugerencia(texto.substr(0, texto.find_last_not_of('\n') + 1));
+}
+
 void BarraBotones::disponer(float ancho, float alto) {
     m_picBot->colocar({0, alto - ALTO_BARRA, ancho, ALTO_BARRA});
     m_arriba = alto - ALTO_BARRA + (ALTO_BARRA - ALTO_BOTON) / 2;

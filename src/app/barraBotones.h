@@ -20,6 +20,8 @@ public:
     void disponer(float ancho, float alto);
     void estado(Estado estado);
     void version(const std::string& texto);
+    // What went wrong at the last start: the version label's tip says it. Empty: nothing.
+    void incidencia(const std::string& texto);
     void alPulsar(IdControl id, std::function<void()> accion);
     void refrescar();
 

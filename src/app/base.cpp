@@ -12,8 +12,10 @@ namespace sorvanel {
 
 namespace {
 
-constexpr int ENTRE_ESPERAS = 250;  // milliseconds
-constexpr int ESPERAS = 120;        // half a minute
+// Milliseconds.
+constexpr int ENTRE_ESPERAS = 250;
+constexpr int ENTRE_REINTENTOS = 10'000;
+constexpr int PLAZO_AVISO = 60'000;
 
 }  // namespace
 
@@ -29,6 +31,8 @@ base::base(const Entorno& entorno, Formulario& formulario, FabricaDialogos& dial
     : m_entorno(entorno),
       m_formulario(formulario),
       m_espera(entorno.fabrica.crearTemporizador()),
+      m_reintento(entorno.fabrica.crearTemporizador()),
+      m_plazoAviso(entorno.fabrica.crearTemporizador()),
       m_barra(formulario),
       m_montaje(entorno, formulario, compartido, m_barra),
       m_asas(formulario, [this] { refrescos(); }) {
@@ -37,16 +41,27 @@ base::base(const Entorno& entorno, Formulario& formulario, FabricaDialogos& dial
     m_cfgVisor = std::make_unique<cfgVisor>(entorno, dialogos, mesa);
     m_cfgMensaje = std::make_unique<cfgMensaje>(entorno, dialogos, mesa);
     unirBotones();
-    m_espera->intervalo(ENTRE_ESPERAS);
-    m_espera->alTic([this] {
-        m_espera->habilitado(false);
-        m_entorno.cola.despues([this] { primeraActivacion(); });
-    });
+    prepararTemporizadores();
     m_formulario.oyente(this);
 }
 
 base::~base() {
     m_formulario.oyente(nullptr);
+}
+
+void base::prepararTemporizadores() {
+    m_espera->intervalo(ENTRE_ESPERAS);
+    m_espera->alTic([this] {
+        m_espera->habilitado(false);
+        m_entorno.cola.despues([this] { primeraActivacion(); });
+    });
+    m_reintento->intervalo(ENTRE_REINTENTOS);
+    m_reintento->alTic([this] { arrancarLosQueFaltan(); });
+    m_plazoAviso->intervalo(PLAZO_AVISO);
+    m_plazoAviso->alTic([this] {
+        m_plazoAviso->habilitado(false);
+        m_entorno.avisos.cerrar();
+    });
 }
 
 void base::unirBotones() {
@@ -88,20 +103,20 @@ void base::primeraActivacion() {
     if (visores().cuantos() > 0) {
         // The errors wait until all that can run does: nobody may be there to answer the box.
         ponerEnMarcha(errores);
-        avisar(errores);
+        avisarSinNadie(errores);
         return;
     }
-    comun(m_entorno).hacerCopiaDeINI();
+    m_conCopia = comun(m_entorno).hacerCopiaDeINI();
     entrarEnConfiguracion();
 }
 
-// At start-up others look through files too. One that cannot be read now is not an empty one: it would be a screen
-// without displays until somebody comes.
+// Others look through files too, at start-up above all. One that cannot be read is not an empty one: it would be a
+// screen without displays until somebody comes, and what is typed there would replace it.
 bool base::esperarAjustes() {
-    if (m_esperas >= ESPERAS || !comun(m_entorno).ilegible()) return false;
-    ++m_esperas;
-    m_espera->habilitado(true);
-    return true;
+    const std::string motivo = comun(m_entorno).ilegible();
+    m_montaje.letrero(motivo.empty() ? motivo : "No se puede leer la configuración: " + motivo);
+    m_espera->habilitado(!motivo.empty());
+    return !motivo.empty();
 }
 
 void base::cubrirMonitor() {
@@ -125,6 +140,13 @@ void base::ponerEnMarcha(std::string& errores) {
     visores().letsRun(errores);
     mensaje().marcha();
     estado(Estado::marcha);
+    m_barra.incidencia(errores);
+}
+
+// Somebody else may have given the port back.
+void base::arrancarLosQueFaltan() {
+    std::string yaDichos;
+    visores().letsRun(yaDichos);
 }
 
 void base::pausar() {
@@ -135,6 +157,7 @@ void base::pausar() {
 
 void base::configurar() {
     if (comun(m_entorno).hacerCopiaDeINI()) {
+        m_conCopia = true;
         entrarEnConfiguracion();
     } else {
         m_entorno.avisos.critico("Error al hacer copia de configuración");
@@ -159,7 +182,12 @@ void base::aceptar() {
 void base::cancelar() {
     cerrarHerramientas(true);
     m_montaje.desmontar();
-    comun(m_entorno).restaurarCopiaDeINI();
+    // An earlier session's copy is none of this one.
+    if (m_conCopia) {
+        comun(m_entorno).restaurarCopiaDeINI();
+    } else {
+        comun(m_entorno).descartarCambios();
+    }
     // The restored file may name another monitor and other colours.
     cubrirMonitor();
     m_montaje.vaciar();
@@ -270,11 +298,8 @@ void base::alCambiarMonitores() {
 void base::redisponer() {
     cubrirMonitor();
     m_montaje.redisponer();
-    if (m_estado == Estado::marcha) {
-        // A display that had no room until now has not started yet. What cannot start has been told.
-        std::string errores;
-        visores().letsRun(errores);
-    }
+    // A display that had no room until now has not started yet.
+    if (m_estado == Estado::marcha) arrancarLosQueFaltan();
     if (m_modoTamano) {
         const oScreen pantalla(m_entorno);
         m_asas.mostrar(parrilla(), pantalla.Width(), m_montaje.limiteInferior());
@@ -288,11 +313,19 @@ void base::estado(Estado nuevo) {
     m_barra.estado(nuevo);
     m_formulario.puntero(nuevo == Estado::marcha ? Puntero::marcha : Puntero::normal);
     m_entorno.reposo.impedir(nuevo == Estado::marcha);
+    m_reintento->habilitado(nuevo == Estado::marcha);
     m_estado = nuevo;
 }
 
 void base::avisar(const std::string& errores) {
     if (!errores.empty()) m_entorno.avisos.critico(errores.substr(0, errores.find_last_not_of('\n') + 1));
+}
+
+// At a start nobody may be there: the box must not stand over the weights until somebody comes. What it said stays.
+void base::avisarSinNadie(const std::string& errores) {
+    m_plazoAviso->habilitado(!errores.empty());
+    avisar(errores);
+    m_plazoAviso->habilitado(false);
 }
 
 void base::refrescos() {

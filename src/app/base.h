@@ -56,6 +56,7 @@ private:
     void refrescarBarra() override { refrescos(); }
 
     void unirBotones();
+    void prepararTemporizadores();
     void primeraActivacion();
     // Whether the settings are waited for; then the first activation comes again.
     bool esperarAjustes();
@@ -64,6 +65,7 @@ private:
     void cubrirMonitor();
     void redisponer();
     void ponerEnMarcha(std::string& errores);
+    void arrancarLosQueFaltan();
     void pausar();
     void configurar();
     void entrarEnConfiguracion();
@@ -71,6 +73,7 @@ private:
     void cancelar();
     void estado(Estado nuevo);
     void avisar(const std::string& errores);
+    void avisarSinNadie(const std::string& errores);
     void retenerCursor();
     void alternar(Herramienta& pedida);
     void alternarTamano();
@@ -82,8 +85,10 @@ private:
     Estado m_estado = Estado::iniciando;
     bool m_activado = false;
     bool m_descargado = false;
-    int m_esperas = 0;  // for the settings
-    std::unique_ptr<Temporizador> m_espera;
+    const std::unique_ptr<Temporizador> m_espera;     // until the settings can be read
+    const std::unique_ptr<Temporizador> m_reintento;  // of displays that could not be started
+    const std::unique_ptr<Temporizador> m_plazoAviso;
+    bool m_conCopia = false;  // of the settings as they were when the configuration was entered
     bool m_modoTamano = false;
     Monitor m_monitor;
     BarraBotones m_barra;

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "app/letrero.h"
+
 namespace sorvanel {
 
 Montaje::Montaje(const Entorno& entorno, Formulario& formulario, EnlaceCompartido& compartido,
@@ -80,6 +82,13 @@ void Montaje::vaciar() {
     Parrilla parrilla(m_entorno);
     parrilla.definir(*m_picRep, *this);
     parrilla.pintarAplicacion();
+}
+
+void Montaje::letrero(const std::string& texto) {
+    if (std::exchange(m_letrero, texto) == texto) return;
+    m_picRep->limpiar();
+    m_picRep->leyenda(texto);
+    if (!texto.empty()) pintarLetrero(*m_picRep, texto);
 }
 
 // Cuts the window to what is seen, also where only the message is there.

@@ -37,6 +37,8 @@ public:
     // Stops and drops all of it; nothing but the application's colour, or its transparency, is left.
     void desmontar();
     void vaciar();
+    // Says that in the middle of the empty screen; an empty text takes it away.
+    void letrero(const std::string& texto);
     // The window covers another monitor, or the same at another size: everything is laid out anew,
     // nothing is read but the grid's fractions, and no link stops.
     void redisponer();
@@ -69,6 +71,7 @@ private:
     EnlaceCompartido& m_compartido;
     const BarraBotones& m_barra;
     std::unique_ptr<Superficie> m_picRep;  // element 0: the whole area above the bar
+    std::string m_letrero;                 // what stands on it
     std::unique_ptr<Superficie> m_picMsg;
     // Elements 1 to n, a display each. Making a window is slow: they stay, hidden, from one build to the next.
     std::vector<Superficies> m_superficies;

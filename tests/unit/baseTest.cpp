@@ -212,21 +212,91 @@ TEST(base, loQueNoCabiaCorreEnCuantoCabe) {
     }
 }
 
-TEST(base, unArchivoRetenidoAlArrancarNoEsUnoVacio) {
-    for (const bool seSuelta : {true, false}) {
-        Banco t(DOS_VISORES, false);
-        t.e.archivos.fallarLectura = true;
-        t.cargar();
-        for (int i = 1; i <= 120; ++i) {
-            EXPECT_EQ(t.b->estado(), Estado::iniciando) << i;
-            if (i == 100) t.e.archivos.fallarLectura = !seSuelta;
+TEST(base, unArchivoIlegibleAlArrancarSeEsperaLoQueHagaFalta) {
+    Banco t(DOS_VISORES, false);
+    const comun com(t.e.entorno);
+    t.e.archivos.rutaIlegible = t.e.rutaINI();
+    t.e.perfil.descartar(t.e.rutaINI());
+    t.e.archivos.poner(com.rutaCopia(), DOS_VISORES);
+    t.cargar();
+    const auto pasar = [&](int segundos) {
+        for (int i = 0; i < 4 * segundos; ++i) {
             t.e.reloj.avanzar(250);
             t.e.cola.ejecutar();
-            if (t.b->estado() == Estado::marcha) break;
         }
-        // It is not waited for for ever.
-        EXPECT_EQ(t.b->estado(), seSuelta ? Estado::marcha : Estado::configurando);
-    }
+    };
+    pasar(300);
+    SuperficieDoble& fondo = *t.formulario.superficie(Id::picRep);
+    EXPECT_EQ(t.b->estado(), Estado::iniciando);
+    EXPECT_EQ(fondo.textoLeyenda(), "No se puede leer la configuración: " + t.e.rutaINI() + " (retenido)");
+    EXPECT_EQ(t.e.archivos.contenido(com.rutaCopia()), DOS_VISORES) << "the copy is left alone";
+    t.e.archivos.rutaIlegible.clear();
+    pasar(1);
+    EXPECT_EQ(t.b->estado(), Estado::marcha);
+    EXPECT_EQ(fondo.textoLeyenda(), "");
+    EXPECT_EQ(t.e.ini(), DOS_VISORES);
+}
+
+TEST(base, unArchivoIlegibleMasTardeNoCambiaNada) {
+    Banco t(DOS_VISORES);
+    t.e.archivos.rutaIlegible = t.e.rutaINI();
+    t.configurar();
+    EXPECT_EQ(t.b->estado(), Estado::pausa) << "there is nothing that a cancel could put back";
+    t.e.archivos.rutaIlegible.clear();
+    t.formulario.pulsar(Id::botCfg);
+    t.formulario.pulsar(Id::botVisores);
+    t.e.cola.ejecutar();
+    t.e.archivos.rutaIlegible = t.e.rutaINI();
+    t.dialogos.dialogo(Id::cfgVisor)->boton(Id::botNvo)->pulsar();
+    t.formulario.pulsar(Id::botCan);
+    t.e.archivos.rutaIlegible.clear();
+    t.e.reloj.avanzar(10'000);
+    t.formulario.pulsar(Id::botOk);
+    EXPECT_TRUE(t.puesto(1) && t.puesto(2));
+    EXPECT_EQ(t.e.ini(), DOS_VISORES);
+}
+
+// What the first start could not copy, a cancel must not take from an earlier session.
+TEST(base, cancelarSinCopiaDeEstaSesionNoTraeLaDeOtra) {
+    Banco t("[VISORES]\r\nanchoEtiqueta=3\r\n", false);
+    const comun com(t.e.entorno);
+    t.e.archivos.poner(com.rutaCopia(), DOS_VISORES);
+    t.e.archivos.rutaQueFalla = com.rutaAnterior();
+    t.cargar();
+    ASSERT_EQ(t.b->estado(), Estado::configurando);
+    t.e.valor("VISORES", "anchoEtiqueta", "5");
+    t.formulario.pulsar(Id::botCan);
+    EXPECT_EQ(t.e.ini(), "[VISORES]\r\nanchoEtiqueta=3\r\n");
+    EXPECT_EQ(t.e.archivos.contenido(com.rutaCopia()), DOS_VISORES);
+}
+
+TEST(base, unPortOcupadoSeReintentaCadaDiezSegundos) {
+    Banco t(DOS_VISORES, false);
+    t.e.fabrica.red().ocupados = {3001};
+    t.e.avisos.alMostrar = [&](const std::string&) {
+        EXPECT_EQ(t.leyenda(1), "-----") << "no data meanwhile";
+        t.e.reloj.avanzar(59'999);
+        EXPECT_EQ(t.e.avisos.cerrados, 0);
+        t.e.reloj.avanzar(1);
+        EXPECT_EQ(t.e.avisos.cerrados, 1) << "nobody came";
+    };
+    t.cargar();
+    ASSERT_EQ(t.e.avisos.textos.size(), 1U);
+    t.e.reloj.avanzar(60'000);
+    EXPECT_EQ(t.e.avisos.cerrados, 1) << "it is no box of ours that is open now";
+    const SuperficieDoble& version = *t.formulario.superficie(Id::lbVer);
+    EXPECT_EQ(version.textoSugerencia(), "Error en reconexión TCP/IP");
+    t.e.fabrica.red().ocupados.clear();
+    t.e.reloj.avanzar(10'000);
+    ASSERT_NE(t.e.fabrica.enPuerto(3001), nullptr);
+    t.enviar(3001, "XNZ+00012000");
+    EXPECT_EQ(t.leyenda(1), "12");
+    EXPECT_EQ(t.e.avisos.textos.size(), 1U) << "tried again in silence";
+    t.formulario.pulsar(Id::botPau);
+    t.e.reloj.avanzar(20'000);
+    EXPECT_EQ(t.e.fabrica.enPuerto(3001), nullptr) << "only while running";
+    t.formulario.pulsar(Id::botRun);
+    EXPECT_EQ(version.textoSugerencia(), "");
 }
 
 // At rest each display holds some free port: here the other's own one.
