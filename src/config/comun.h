@@ -7,6 +7,7 @@
 
 #include "config/accesorINI.h"
 #include "config/entorno.h"
+#include "platform/arrastrable.h"
 #include "platform/color.h"
 
 namespace sorvanel {
@@ -50,6 +51,9 @@ public:
     // is no copy; false, too, when the file cannot be replaced: then every reader finds what the copy
     // holds, and the file follows when it can. The copy stays.
     bool restaurarCopiaDeINI() const;
+
+    // The mouse, pressed on that window, drags it from now on; returns when the button is up.
+    static void Arrastre(Arrastrable& ventana);
 
     // "BBGGRR", six upper-case hexadecimal digits. Only for 24-bit colours.
     static std::string Long2RGB(Color color);

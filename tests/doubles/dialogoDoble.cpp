@@ -173,6 +173,10 @@ std::vector<ControlComun*> FormularioDialogoDoble::recorrido() const {
     return orden;
 }
 
+void FormularioDialogoDoble::arrastrar() {
+    if (quienOye != nullptr) quienOye->alArrastrar();
+}
+
 void FormularioDialogoDoble::pedirCierre() {
     const auto estado = m_estado;
     if (quienOye != nullptr) quienOye->alPedirCierre();
