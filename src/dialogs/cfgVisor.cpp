@@ -269,12 +269,14 @@ void cfgVisor::ordenarTeclado() {
 // The press may have come without the focus: then the field where that is has not been asked.
 void cfgVisor::nuevo() {
     if (!validar()) return;
+    const auto numero = static_cast<std::int16_t>(pagina().cuantos() + 1);
     if (mesa().nuevoVisor() == nullptr) {
         avisar(NO_CABEN_MAS);
         return;
     }
+    // More than one where it closed a gap in the file.
     pagina().cuantos(mesa().visores().cuantos());
-    irA(pagina().cuantos(), CampoVisor::port);
+    irA(numero, CampoVisor::port);
 }
 
 void cfgVisor::eliminar() {

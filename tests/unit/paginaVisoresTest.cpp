@@ -78,6 +78,13 @@ TEST_F(PaginaVisores, unoNuevoQuedaALaVistaYConElFoco) {
         EXPECT_TRUE(mesa.peso(n).visible());
         EXPECT_EQ(clave(n, "Port"), "4000");
     }
+    // It closes a gap in the file: what stands behind that is there again.
+    abrir("[RETICULA]\r\nFilasColumnas=4x1\r\n[VISOR_1]\r\nPort=1\r\n[VISOR_3]\r\nPort=3\r\nUbicacion=3,1\r\n");
+    v().boton(Id::botNvo)->pulsar();
+    EXPECT_EQ(pagina(), "1 a 3");
+    EXPECT_TRUE(conFoco(Id::txPort, 2));
+    EXPECT_EQ(caja(Id::txPort, 3).texto(), "3");
+    EXPECT_TRUE(uno(3).ubicado() && mesa.peso(3).visible());
     abrirCon(64);
     v().boton(Id::botNvo)->pulsar();
     EXPECT_EQ(avisos(), "No se pueden definir más de 64 visores");
