@@ -42,7 +42,8 @@ enum class Tecla { arriba, abajo, izquierda, derecha, intro, escape };
 class CajaTexto : public Control {
 public:
     virtual std::string texto() const = 0;
-    // Set by the program: alCambiar is not told.
+    // Set by the program: alCambiar is not told, and the user can undo nothing of what was before. Where the text
+    // is that already, the caret stays.
     virtual void texto(const std::string& texto) = 0;
     virtual void colorFondo(Color color) = 0;
     virtual void longitudMaxima(int caracteres) = 0;

@@ -84,7 +84,9 @@ std::string CajaTextoDoble::texto() const {
 }
 
 void CajaTextoDoble::texto(const std::string& texto) {
-    m_texto = aWindows1252(texto);
+    std::string nuevo = aWindows1252(texto);
+    if (nuevo == m_texto) return;
+    m_texto = std::move(nuevo);
     m_desde = m_hasta = 0;
 }
 
