@@ -360,7 +360,9 @@ void cfgContexto::alPulsarTransparente() {
 }
 
 void cfgContexto::mostrarTransparencia(bool transparente) {
-    m_c->coloresParrilla[COLOR_APLICACION]->mostrar(!transparente);
+    FilaColor& color = *m_c->coloresParrilla[COLOR_APLICACION];
+    if (transparente) cederFoco({&color.boton(), &color.marco()}, *m_c->ckTrpa);
+    color.mostrar(!transparente);
 }
 
 void cfgContexto::alCambiarRatio() {

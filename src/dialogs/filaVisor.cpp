@@ -237,9 +237,19 @@ void FilaVisor::seleccionarTodo(CampoVisor campo) {
     if (CajaTexto* c = caja(campo)) c->seleccionarTodo();
 }
 
+std::array<Control*, 6> FilaVisor::teclado() const {
+    return {m_imPtc.get(), m_txPort.get(), m_lstModo.get(), m_txEtq.get(), m_txUbi.get(), m_imFoco.get()};
+}
+
 void FilaVisor::anadirTeclado(std::vector<Control*>& orden) const {
-    orden.insert(orden.end(),
-                 {m_imPtc.get(), m_txPort.get(), m_lstModo.get(), m_txEtq.get(), m_txUbi.get(), m_imFoco.get()});
+    for (Control* const c : teclado()) orden.push_back(c);
+}
+
+void FilaVisor::cederFoco(const FilaVisor& otra) const {
+    const auto suyos = teclado(), ajenos = otra.teclado();
+    for (std::size_t i = 0; i < suyos.size(); ++i) {
+        if (suyos[i]->tieneFoco()) return ajenos[i]->enfocar();
+    }
 }
 
 bool FilaVisor::alPulsarTecla(CampoVisor campo, Tecla tecla) {
