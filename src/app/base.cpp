@@ -264,7 +264,7 @@ void base::desmontarMesa() {
 visor* base::nuevoVisor() {
     situarVisores();
     visor* const nuevo = visores().nuevo(0, "");
-    if (nuevo != nullptr) m_montaje.anadirSuperficies(*nuevo);
+    m_montaje.situarNuevos();
     return nuevo;
 }
 

@@ -42,6 +42,14 @@ void Montaje::situarVisores(std::string& errores) {
     m_visores->ubicar(errores);
 }
 
+void Montaje::situarNuevos() {
+    while (m_enUso < static_cast<std::size_t>(m_visores->cuantos())) {
+        visor& nuevo = *m_visores->uno(static_cast<std::int16_t>(m_enUso + 1));
+        anadirSuperficies(nuevo);
+        nuevo.reubicar();
+    }
+}
+
 void Montaje::anadirSuperficies(visor& nuevo) {
     if (m_enUso == m_superficies.size()) {
         const int elemento = static_cast<int>(m_enUso) + 1;

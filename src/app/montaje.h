@@ -33,6 +33,8 @@ public:
     void cargarVisores();
     // Those that are loaded, once, on the grid, which must be there. Errors are appended, one a line.
     void situarVisores(std::string& errores);
+    // Those that were added to the collection since: they get their surfaces, and are placed where they can be.
+    void situarNuevos();
     void montarMensaje();
     // Stops and drops all of it; nothing but the application's colour, or its transparency, is left.
     void desmontar();
@@ -48,8 +50,6 @@ public:
     Visores* visores() const { return m_visores.get(); }
     clsMsg* mensaje() const { return m_mensaje.get(); }
 
-    // A display that was added to the collection since: it gets its surfaces.
-    void anadirSuperficies(visor& nuevo);
     // The upper edge of what lies below the grid: the bar, or the message strip above it.
     float limiteInferior() const { return franjaInferior().y; }
 
@@ -63,6 +63,7 @@ private:
     Superficie& picMsg() override { return *m_picMsg; }
     void acoplar(float alto) override;
     void alMostrarFranja(bool visible) override;
+    void anadirSuperficies(visor& nuevo);
     void soltar();
     void darForma();
 

@@ -124,6 +124,12 @@ void comun::descartarCambios() const {
     m_entorno.perfil.descartar(rutaINI());
 }
 
+// While some window has the mouse to itself the system begins no move.
+void comun::Arrastre(Arrastrable& ventana) {
+    ventana.soltarRaton();
+    ventana.agarrarTitulo();
+}
+
 std::string comun::Long2RGB(Color color) {
     constexpr std::string_view CIFRAS = "0123456789ABCDEF";
     auto resto = static_cast<std::uint32_t>(color);

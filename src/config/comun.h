@@ -7,6 +7,7 @@
 
 #include "config/accesorINI.h"
 #include "config/entorno.h"
+#include "platform/arrastrable.h"
 #include "platform/color.h"
 
 namespace sorvanel {
@@ -54,6 +55,9 @@ public:
     bool restaurarCopiaDeINI() const;
     // Drops what is pending, and no more.
     void descartarCambios() const;
+
+    // The mouse, pressed on that window, drags it from now on; returns when the button is up.
+    static void Arrastre(Arrastrable& ventana);
 
     // "BBGGRR", six upper-case hexadecimal digits. Only for 24-bit colours.
     static std::string Long2RGB(Color color);

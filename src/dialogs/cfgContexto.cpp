@@ -125,9 +125,10 @@ struct cfgContexto::Controles {
 };
 
 cfgContexto::cfgContexto(const Entorno& entorno, FabricaDialogos& fabrica, MesaConfiguracion& mesa)
-    : DialogoConfiguracion(IdControl::cfgContexto,
-                           {"Diseño de parrilla y formatos", "Cada cambio se ve y se guarda al momento"}, fabrica, mesa,
-                           entorno) {}
+    : DialogoConfiguracion(
+          IdControl::cfgContexto,
+          {"Diseño de parrilla y formatos", "Cada cambio se ve y se guarda al momento", IdControl::ttlo1}, fabrica,
+          mesa, entorno) {}
 
 cfgContexto::~cfgContexto() = default;
 
@@ -359,7 +360,9 @@ void cfgContexto::alPulsarTransparente() {
 }
 
 void cfgContexto::mostrarTransparencia(bool transparente) {
-    m_c->coloresParrilla[COLOR_APLICACION]->mostrar(!transparente);
+    FilaColor& color = *m_c->coloresParrilla[COLOR_APLICACION];
+    if (transparente) cederFoco({&color.boton(), &color.marco()}, *m_c->ckTrpa);
+    color.mostrar(!transparente);
 }
 
 void cfgContexto::alCambiarRatio() {

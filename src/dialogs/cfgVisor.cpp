@@ -228,15 +228,14 @@ void cfgVisor::paginar(std::int16_t paso) {
     const bool hayMas = paso > 0 ? pagina().ultima() < cuantos : primera > 1;
     if (!hayMas) return;
     if (!validar()) return;
-    const auto foco = campoConFoco();
     const int tope = std::max(cuantos - PaginaVisores::FILAS + 1, 1);
     pagina().primera(static_cast<std::int16_t>(std::clamp(primera + paso, 1, std::max(tope, int{primera}))));
     pagina().desplegar();
     const std::int16_t destino = std::clamp(m_actual, pagina().primera(), pagina().ultima());
     if (m_actual != 0 && destino != m_actual) {
-        // A panel that moves may hide what has the focus.
-        if (foco || m_c->panel->tieneFoco()) {
-            irA(destino, foco ? foco->campo : CampoVisor::port);
+        // What is typed on from there is not another display's.
+        if (m_c->panel->tieneFoco()) {
+            irA(destino, CampoVisor::port);
         } else {
             seleccionar(destino);
         }
@@ -248,6 +247,10 @@ void cfgVisor::actualizar() {
     pagina().recoger();
     m_c->lbPag->texto(pagina().texto());
     const Vista ahora = vista();
+    std::vector<Control*> salen;
+    if (!ahora.paginas) salen = {m_c->imSubir.get(), m_c->imBajar.get()};
+    if (!ahora.pavona) m_c->pavona->anadirTeclado(salen);
+    cederFoco(salen, *m_c->botNvo);
     m_c->imSubir->mostrar(ahora.paginas);
     m_c->imBajar->mostrar(ahora.paginas);
     m_c->pavona->mostrar(ahora.pavona);
@@ -269,12 +272,14 @@ void cfgVisor::ordenarTeclado() {
 // The press may have come without the focus: then the field where that is has not been asked.
 void cfgVisor::nuevo() {
     if (!validar()) return;
+    const auto numero = static_cast<std::int16_t>(pagina().cuantos() + 1);
     if (mesa().nuevoVisor() == nullptr) {
         avisar(NO_CABEN_MAS);
         return;
     }
+    // More than one where it closed a gap in the file.
     pagina().cuantos(mesa().visores().cuantos());
-    irA(pagina().cuantos(), CampoVisor::port);
+    irA(numero, CampoVisor::port);
 }
 
 void cfgVisor::eliminar() {

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "config/comun.h"
+
 namespace sorvanel {
 
 DialogoConfiguracion::DialogoConfiguracion(IdControl id, Titulos titulos, FabricaDialogos& fabrica,
@@ -37,7 +39,7 @@ void DialogoConfiguracion::cargar() {
 }
 
 void DialogoConfiguracion::crearTitulos() {
-    m_ttlo = m_taller->rotulo(IdControl::ttlo, 0, m_titulos.principal);
+    m_ttlo = m_taller->rotulo(m_titulos.idPrincipal, 0, m_titulos.principal);
     m_ttlo->fuente(fuenteTitulo());
     m_ttlo->colorTexto(COLOR_TITULO);
     if (m_titulos.segundo.empty()) return;
@@ -100,6 +102,10 @@ void DialogoConfiguracion::disponer(Pieza contenido) {
 
 void DialogoConfiguracion::alPedirCierre() {
     Descargar(false);
+}
+
+void DialogoConfiguracion::alArrastrar() {
+    comun::Arrastre(*m_formulario);
 }
 
 bool DialogoConfiguracion::Descargar(bool descartar) {

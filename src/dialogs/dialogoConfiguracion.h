@@ -32,6 +32,7 @@ protected:
     struct Titulos {
         std::string principal;
         std::string segundo;
+        IdControl idPrincipal = IdControl::ttlo;
     };
 
     // All three must outlive it.
@@ -72,6 +73,7 @@ protected:
 
 private:
     void alPedirCierre() override;
+    void alArrastrar() override;
     void cargar();
     void crearTitulos();
     void descargar();

@@ -87,7 +87,6 @@ void FilaVisor::crearCajas(TallerDialogo& taller) {
                              "Qué lectura muestra un visor de la familia Pavona");
     m_txEtq = taller.cajaTexto(IdControl::txEtq, m_numero, visor + "etiqueta", SUGERENCIA_ETIQUETA);
     m_txEtq->filtro(filtroEtiqueta);
-    m_txEtq->alCambiar([this] { sugerirEtiqueta(); });
     m_txUbi = taller.cajaTexto(IdControl::txUbi, m_numero, visor + "ubicación",
                                "Fila y columna de la parrilla, como en 2,1; vacía, el visor no se ve");
     m_txUbi->filtro(filtroUbicacion);
@@ -102,6 +101,10 @@ void FilaVisor::crearCajas(TallerDialogo& taller) {
 void FilaVisor::unir(CajaTexto& caja, CampoVisor campo) {
     caja.alRecibirFoco([this, campo] { m_tabla.alEnfocar(*this, campo); });
     caja.alPulsarTecla([this, campo](Tecla tecla) { return alPulsarTecla(campo, tecla); });
+    caja.alCambiar([this, campo] {
+        tecleado(campo) = true;
+        if (campo == CampoVisor::etiqueta) sugerirEtiqueta();
+    });
     caja.alValidar([this, campo] { return validar(campo); });
 }
 
@@ -116,14 +119,32 @@ void FilaVisor::crearImagenes(TallerDialogo& taller) {
 // ---- showing ----
 
 void FilaVisor::rellenar() {
-    const visor& v = visorPropio();
     m_rellena = true;
-    m_txPort->texto(textoPort(v.port(), pavona()));
-    m_lstModo->indice(std::clamp<int>(v.modoBulk(), 0, MODO_BULK_MAXIMO));
-    m_txEtq->texto(v.caption());
-    m_txUbi->texto(textoUbicacion(v.ubicacion()));
+    for (const CampoVisor campo : {CampoVisor::port, CampoVisor::modo, CampoVisor::etiqueta, CampoVisor::ubicacion}) {
+        mostrarCampo(campo, pavona());
+    }
     mostrarProtocolo();
-    sugerirEtiqueta();
+}
+
+void FilaVisor::mostrarCampo(CampoVisor campo, bool enPartes) {
+    const visor& v = visorPropio();
+    switch (campo) {
+        case CampoVisor::port:
+            m_txPort->texto(textoPort(v.port(), enPartes));
+            m_familiaPort = v.protocolo();
+            break;
+        case CampoVisor::modo:
+            m_lstModo->indice(std::clamp<int>(v.modoBulk(), 0, MODO_BULK_MAXIMO));
+            break;
+        case CampoVisor::etiqueta:
+            m_txEtq->texto(v.caption());
+            sugerirEtiqueta();
+            break;
+        case CampoVisor::ubicacion:
+            m_txUbi->texto(textoUbicacion(v.ubicacion()));
+            break;
+    }
+    tecleado(campo) = false;
 }
 
 void FilaVisor::mostrarProtocolo() {
@@ -216,9 +237,19 @@ void FilaVisor::seleccionarTodo(CampoVisor campo) {
     if (CajaTexto* c = caja(campo)) c->seleccionarTodo();
 }
 
+std::array<Control*, 6> FilaVisor::teclado() const {
+    return {m_imPtc.get(), m_txPort.get(), m_lstModo.get(), m_txEtq.get(), m_txUbi.get(), m_imFoco.get()};
+}
+
 void FilaVisor::anadirTeclado(std::vector<Control*>& orden) const {
-    orden.insert(orden.end(),
-                 {m_imPtc.get(), m_txPort.get(), m_lstModo.get(), m_txEtq.get(), m_txUbi.get(), m_imFoco.get()});
+    for (Control* const c : teclado()) orden.push_back(c);
+}
+
+void FilaVisor::cederFoco(const FilaVisor& otra) const {
+    const auto suyos = teclado(), ajenos = otra.teclado();
+    for (std::size_t i = 0; i < suyos.size(); ++i) {
+        if (suyos[i]->tieneFoco()) return ajenos[i]->enfocar();
+    }
 }
 
 bool FilaVisor::alPulsarTecla(CampoVisor campo, Tecla tecla) {
@@ -227,39 +258,26 @@ bool FilaVisor::alPulsarTecla(CampoVisor campo, Tecla tecla) {
     if (tecla == Tecla::derecha && c != nullptr && !c->alFinal()) return false;
     if (tecla == Tecla::izquierda && c != nullptr && !c->alInicio()) return false;
     if (tecla == Tecla::escape) {
-        restaurar(campo);
+        // The port as the plain number also in the concentrator's family: it can be entered so.
+        mostrarCampo(campo, false);
     } else if (validar(campo) && tecla != Tecla::intro) {
         m_tabla.mover(*this, campo, tecla);
     }
     return true;
 }
 
-// The port comes back as the plain number also in the concentrator's family: it can be entered so.
-void FilaVisor::restaurar(CampoVisor campo) {
-    const visor& v = visorPropio();
-    switch (campo) {
-        case CampoVisor::port:
-            m_txPort->texto(textoPort(v.port(), false));
-            break;
-        case CampoVisor::modo:
-            m_lstModo->indice(std::clamp<int>(v.modoBulk(), 0, MODO_BULK_MAXIMO));
-            break;
-        case CampoVisor::etiqueta:
-            m_txEtq->texto(v.caption());
-            sugerirEtiqueta();
-            break;
-        case CampoVisor::ubicacion:
-            m_txUbi->texto(textoUbicacion(v.ubicacion()));
-            break;
-    }
-}
-
-// The number means something else in the other family: it is entered anew.
+// The number means something else in the other family: it is entered anew. Back again before anything was
+// typed, it was a slip.
 void FilaVisor::alternarProtocolo() {
     if (!m_tabla.puedeAlternar(*this)) return;
     visor& v = visorPropio();
     v.protocolo(static_cast<std::int16_t>(PROTOCOLO_TESSEL + PROTOCOLO_PAVONA - v.protocolo()));
-    m_txPort->texto({});
+    if (v.protocolo() == m_familiaPort && !tecleado(CampoVisor::port)) {
+        mostrarCampo(CampoVisor::port, pavona());
+    } else {
+        m_txPort->texto({});
+        tecleado(CampoVisor::port) = false;
+    }
     mostrarProtocolo();
     m_tabla.alCambiarProtocolo(*this);
 }
@@ -272,56 +290,49 @@ bool FilaVisor::rechazar(std::string_view motivo) {
 }
 
 bool FilaVisor::validar(CampoVisor campo) {
+    const CajaTexto* const c = caja(campo);
+    if (c == nullptr) return true;
+    const bool entrada = tecleado(campo);
+    if (entrada && !entrar(campo)) return false;
+    // A port that the other family waits for stays away.
+    if (entrada || !c->texto().empty()) mostrarCampo(campo, pavona());
+    return true;
+}
+
+bool FilaVisor::entrar(CampoVisor campo) {
     switch (campo) {
         case CampoVisor::port:
-            return validarPort();
+            return entrarPort();
         case CampoVisor::etiqueta:
-            return validarEtiqueta();
+            return entrarEtiqueta();
         case CampoVisor::ubicacion:
-            return validarUbicacion();
+            return entrarUbicacion();
         default:
             return true;
     }
 }
 
-namespace {
-
-// Setting a text moves the caret: only where it says something else.
-void mostrarTexto(CajaTexto& caja, const std::string& texto) {
-    if (caja.texto() != texto) caja.texto(texto);
-}
-
-}  // namespace
-
-bool FilaVisor::validarPort() {
+bool FilaVisor::entrarPort() {
     visor& v = visorPropio();
     const auto port = leerPort(m_txPort->texto(), pavona());
     if (port && *port != v.port()) v.port(*port);
-    if (!port || *port != v.port()) return rechazar(PORT_RECHAZADO);
-    mostrarTexto(*m_txPort, textoPort(*port, pavona()));
-    return true;
+    return port == v.port() || rechazar(PORT_RECHAZADO);
 }
 
-bool FilaVisor::validarEtiqueta() {
+bool FilaVisor::entrarEtiqueta() {
     visor& v = visorPropio();
     const std::string texto = m_txEtq->texto();
     if (texto != v.caption()) v.caption(texto);
     return texto == v.caption() || rechazar(ETIQUETA_RECHAZADA);
 }
 
-bool FilaVisor::validarUbicacion() {
+bool FilaVisor::entrarUbicacion() {
     visor& v = visorPropio();
     const std::string texto = m_txUbi->texto();
-    if (texto.empty()) {
-        if (v.ubicacion()) v.ubicacion(std::nullopt);
-        return true;
-    }
     const auto lugar = leerUbicacion(texto);
-    if (!lugar || !m_tabla.cabeEnParrilla(*lugar)) return rechazar(UBICACION_RECHAZADA);
-    if (lugar != v.ubicacion()) v.ubicacion(lugar);
-    if (lugar != v.ubicacion()) return rechazar(UBICACION_RECHAZADA);
-    mostrarTexto(*m_txUbi, textoUbicacion(lugar));
-    return true;
+    const bool cabe = texto.empty() || (lugar && m_tabla.cabeEnParrilla(*lugar));
+    if (cabe && lugar != v.ubicacion()) v.ubicacion(lugar);
+    return (cabe && lugar == v.ubicacion()) || rechazar(UBICACION_RECHAZADA);
 }
 
 }  // namespace sorvanel

@@ -86,8 +86,12 @@ public:
     bool tieneFoco(CampoVisor campo) const;
     void seleccionarTodo(CampoVisor campo);
 
-    // Writes the field into the display. No, and told to the table, when that does not take it.
+    // Writes what the user has typed there into the display, and shows it as it was understood. No, and told
+    // to the table, when that does not take it. What the program put there is no entry: never written or refused.
     bool validar(CampoVisor campo);
+
+    // What has the focus here, a field or a picture, gives it to the same one there.
+    void cederFoco(const FilaVisor& otra) const;
 
     void anadirTeclado(std::vector<Control*>& orden) const;
 
@@ -98,17 +102,22 @@ private:
     Control& control(CampoVisor campo) const;
     CajaTexto* caja(CampoVisor campo) const;
 
+    std::array<Control*, 6> teclado() const;
+
     bool alPulsarTecla(CampoVisor campo, Tecla tecla);
-    void restaurar(CampoVisor campo);
+    // What the display has; the port in two parts or as the plain number.
+    void mostrarCampo(CampoVisor campo, bool enPartes);
+    bool& tecleado(CampoVisor campo) { return m_tecleado[static_cast<std::size_t>(campo)]; }
     void alternarProtocolo();
     void mostrarProtocolo();
     void sugerirEtiqueta();
     bool pavona() const { return visorPropio().protocolo() == PROTOCOLO_PAVONA; }
     visor& visorPropio() const { return m_tabla.visorDe(*this); }
 
-    bool validarPort();
-    bool validarEtiqueta();
-    bool validarUbicacion();
+    bool entrar(CampoVisor campo);
+    bool entrarPort();
+    bool entrarEtiqueta();
+    bool entrarUbicacion();
     bool rechazar(std::string_view motivo);
 
     TallerDialogo& m_taller;
@@ -116,6 +125,8 @@ private:
     const std::int16_t m_numero;
     bool m_rellena = false;
     bool m_visible = false;
+    std::array<bool, 4> m_tecleado{};  // by field: changed by the user, and neither taken nor replaced since
+    std::int16_t m_familiaPort = 0;    // in which the box last showed the display's port
     std::unique_ptr<Marco> m_frVis;
     std::unique_ptr<Rotulo> m_lbVis;
     std::unique_ptr<BotonImagen> m_imPtc;

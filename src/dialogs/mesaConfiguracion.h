@@ -30,7 +30,8 @@ public:
     virtual Visores& visores() = 0;
     virtual clsMsg& mensaje() = 0;
 
-    // A new display at the end, with its surfaces; null when there are 64.
+    // A new display at the end, and behind it those that the file goes on with then; all with their surfaces, and
+    // placed where they can be. Null when there are 64.
     virtual visor* nuevoVisor() = 0;
     // Deletes it; all displays are then made anew from the file, under their new numbers.
     virtual bool eliminarVisor(std::int16_t posicion) = 0;

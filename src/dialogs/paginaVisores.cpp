@@ -59,10 +59,13 @@ void PaginaVisores::desplegar() {
 }
 
 void PaginaVisores::recoger() {
-    while (m_filas.size() > static_cast<std::size_t>(m_cuantos)) m_filas.pop_back();
-    for (const auto& f : m_filas) {
-        if (f && !muestra(f->numero())) f->mostrar(false);
+    for (std::size_t i = 0; i < m_filas.size(); ++i) {
+        FilaVisor* const sale = m_filas[i].get();
+        if (sale == nullptr || muestra(sale->numero())) continue;
+        if (m_cuantos > 0) sale->cederFoco(fila(std::min(std::max(sale->numero(), m_primera), ultima())));
+        sale->mostrar(false);
     }
+    while (m_filas.size() > static_cast<std::size_t>(m_cuantos)) m_filas.pop_back();
     m_vista = {m_primera, m_cuantos};
 }
 

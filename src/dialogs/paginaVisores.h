@@ -33,13 +33,14 @@ public:
     // 1 to cuantos(); made if it has to be.
     FilaVisor& fila(std::int16_t n);
 
-    // Shows and places what is on the page now. What is not stays until it is taken away: meanwhile the
-    // focus can move from the one to the other.
+    // Shows and places what is on the page now. What is not stays until it is taken away, so that the focus can
+    // move from the one to the other.
     void desplegar();
     // Until completar() only the first row of the page is made: the rest may come when the window is seen.
     void soloPrimera() { m_soloPrimera = true; }
     void completar();
-    // Hides what is off the page, drops what is beyond the last display.
+    // Hides what is off the page, drops what is beyond the last display. The focus goes to the nearest row
+    // that stays, where there is one.
     void recoger();
     // Nothing was made, dropped or moved since then.
     bool alDia() const { return m_vista == Vista{m_primera, m_cuantos}; }

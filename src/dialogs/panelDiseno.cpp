@@ -227,6 +227,10 @@ void PanelDiseno::abierto(bool si) {
 
 void PanelDiseno::mostrarPropios() {
     const auto seVe = [this](Propiedad p) { return m_abierto && propio(p); };
+    for (std::size_t i = 0; i < CUANTAS; ++i) {
+        const auto p = static_cast<Propiedad>(i);
+        if (!seVe(p)) cederFoco(propios(p), casilla(p));
+    }
     m_ancho->mostrar(seVe(ancho));
     m_anchoComun->mostrar(m_abierto && !propio(ancho));
     m_lstAjte->mostrar(seVe(ajuste));
@@ -264,19 +268,29 @@ Pieza PanelDiseno::comoPieza() {
     return panel(*m_frDise, filas.comoPieza());
 }
 
+std::vector<Control*> PanelDiseno::propios(Propiedad p) const {
+    switch (p) {
+        case ancho:
+            return {&m_ancho->menos(), &m_ancho->mas()};
+        case ajuste:
+            return {m_lstAjte.get()};
+        case formato:
+            return {m_txFmt.get()};
+        case ratio:
+            return {m_txRatio.get()};
+        default:
+            FilaColor& color = *m_colores[static_cast<std::size_t>(p - textoEtiqueta)];
+            return {&color.boton(), &color.marco()};
+    }
+}
+
 void PanelDiseno::anadirTeclado(std::vector<Control*>& orden) const {
     orden.push_back(m_imDesf.get());
-    const auto poner = [&](Propiedad p, std::initializer_list<Control*> propios) {
+    for (std::size_t i = 0; i < CUANTAS; ++i) {
+        const auto p = static_cast<Propiedad>(i);
         orden.push_back(&casilla(p));
-        orden.insert(orden.end(), propios);
-    };
-    poner(ancho, {&m_ancho->menos(), &m_ancho->mas()});
-    poner(ajuste, {m_lstAjte.get()});
-    for (std::size_t i = 0; i < COLORES; ++i) {
-        poner(static_cast<Propiedad>(textoEtiqueta + i), {&m_colores[i]->boton(), &m_colores[i]->marco()});
+        for (Control* const c : propios(p)) orden.push_back(c);
     }
-    poner(formato, {m_txFmt.get()});
-    poner(ratio, {m_txRatio.get()});
 }
 
 bool PanelDiseno::tieneFoco() const {

@@ -50,6 +50,8 @@ private:
     void crearTextos();
     CasillaMarca& casilla(Propiedad p) const { return *m_casillas[p]; }
     bool propio(Propiedad p) const { return casilla(p).marcada(); }
+    // What the keyboard reaches of a property while it is the display's own.
+    std::vector<Control*> propios(Propiedad p) const;
     void mostrarPropios();
     void mostrarRatio(std::string texto);
     void alCambiarRatio();

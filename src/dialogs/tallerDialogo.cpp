@@ -30,6 +30,10 @@ void nombrar(Control& control, const std::string& nombre, const std::string& sug
 
 }  // namespace
 
+void cederFoco(const std::vector<Control*>& unos, Control& otro) {
+    if (std::any_of(unos.begin(), unos.end(), [](const Control* c) { return c->tieneFoco(); })) otro.enfocar();
+}
+
 Fuente fuenteTitulo() {
     return {LETRA, aTwips(20), true, false, false};
 }

@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "dialogs/disposicion.h"
 #include "platform/controles.h"
@@ -66,6 +67,9 @@ private:
     int m_marcos = 0;
     bool m_ocultos = false;
 };
+
+// Before they are hidden: where one of them has the focus, that one gets it.
+void cederFoco(const std::vector<Control*>& unos, Control& otro);
 
 // The letters of a tool's headings; controls have the system's own.
 Fuente fuenteTitulo();

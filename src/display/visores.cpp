@@ -1,19 +1,25 @@
 #include "display/visores.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "config/comun.h"
 
 namespace sorvanel {
 
 Visores::Visores(const Entorno& entorno, EnlaceCompartido& compartido) : m_entorno(entorno), m_compartido(compartido) {
+    cargarSiguientes();
+}
+
+void Visores::cargarSiguientes() {
     // Where the file lies is asked of the system each time: once for all of them is enough.
-    AccesorINI ini = comun(entorno).abrir();
-    const diseñoVisor diseno(entorno);
-    for (std::int16_t n = 1; n <= MAXIMO_VISORES; ++n) {
+    AccesorINI ini = comun(m_entorno).abrir();
+    const diseñoVisor diseno(m_entorno);
+    while (cuantos() < MAXIMO_VISORES) {
+        const auto n = static_cast<std::int16_t>(cuantos() + 1);
         ini.seccion(seccionVisor(n));
         if (ini.leer("Port").empty()) break;
-        m_visores.push_back(std::make_unique<visor>(entorno, compartido, diseno));
+        m_visores.push_back(std::make_unique<visor>(m_entorno, m_compartido, diseno));
         m_visores.back()->cargarComo(n, ini);
     }
 }
@@ -32,13 +38,12 @@ visor* Visores::nuevo(std::int32_t port, const std::string& caption) {
     creado->caption(caption);
     creado->protocolo(PROTOCOLO_TESSEL);
     creado->modoBulk(MODO_BULK_OMISION);
-    // The file may go on behind a gap. Those displays are dead, and nobody has seen them: the new one
-    // must not wake them by closing the gap. Without its port the next one stays dead; all else that the
-    // file says of it is kept until that number is given.
-    comun(m_entorno).abrir(seccionVisor(cuantos() + 2)).borrarClave("Port");
-    m_visores.push_back(std::move(creado));
-    m_visores.back()->guardarComo(cuantos());
-    return m_visores.back().get();
+    visor* const nuevo = m_visores.emplace_back(std::move(creado)).get();
+    nuevo->guardarComo(cuantos());
+    // The file may go on behind a gap, which is closed now. Whoever reads it finds those displays; so that none is
+    // given one of their numbers, they are here too.
+    cargarSiguientes();
+    return nuevo;
 }
 
 bool Visores::eliminar(std::int16_t posicion) {

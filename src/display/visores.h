@@ -20,7 +20,8 @@ public:
     Visores& operator=(const Visores&) = delete;
 
     // A new display at the end, saved; nothing when the port (unless 0) or the caption (unless
-    // empty) is another display's, or when there are 64 already. It belongs to the collection.
+    // empty) is another display's, or when there are 64 already. It belongs to the collection. Where it closes a
+    // gap in the file, the displays behind that follow it: its own number is one more than cuantos() was.
     visor* nuevo(std::int32_t port, const std::string& caption);
     bool eliminar(std::int16_t posicion);
     visor* uno(std::int16_t posicion);
@@ -35,6 +36,9 @@ public:
     bool letsRun(std::string& errores);
 
 private:
+    // From the file, those behind the last one here.
+    void cargarSiguientes();
+
     const Entorno& m_entorno;
     EnlaceCompartido& m_compartido;
     std::vector<std::unique_ptr<visor>> m_visores;

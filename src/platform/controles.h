@@ -106,6 +106,7 @@ enum class IdControl : int {
     botColorApp = 424,
     frColorApp = 425,
     ckTrpa = 426,
+    ttlo1 = 427,  // its main title
 
     // cfgMensaje
     ckUsar = 500,

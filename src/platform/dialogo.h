@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/arrastrable.h"
 #include "platform/color.h"
 #include "platform/controles.h"
 #include "platform/formulario.h"
@@ -41,7 +42,8 @@ enum class Tecla { arriba, abajo, izquierda, derecha, intro, escape };
 class CajaTexto : public Control {
 public:
     virtual std::string texto() const = 0;
-    // Set by the program: alCambiar is not told.
+    // Set by the program: alCambiar is not told, and the user can undo nothing of what was before. Where the text
+    // is that already, the caret stays.
     virtual void texto(const std::string& texto) = 0;
     virtual void colorFondo(Color color) = 0;
     virtual void longitudMaxima(int caracteres) = 0;
@@ -138,15 +140,15 @@ public:
     virtual ~OyenteDialogo() = default;
     // The user wants it closed (Alt+F4, the close image's owner calls it too).
     virtual void alPedirCierre() = 0;
+    // The user has pressed its ground, or a label or frame without a handler, and begun to drag.
+    virtual void alArrastrar() = 0;
 };
 
-// A borderless window owned by the main one, modeless. It is dragged by its ground and its labels.
+// A borderless window owned by the main one, modeless.
 // What is created on it belongs to the caller and goes before it does; a control created later comes
 // later in tab order unless `tras` says otherwise. Enter and Escape do nothing by themselves.
-class FormularioDialogo {
+class FormularioDialogo : public Arrastrable {
 public:
-    virtual ~FormularioDialogo() = default;
-
     virtual void oyente(OyenteDialogo* oyente) = 0;
     virtual void titulo(const std::string& texto) = 0;  // for the system and screen readers
     // Size of the window, twips of the monitor that it stands on.

@@ -84,7 +84,9 @@ std::string CajaTextoDoble::texto() const {
 }
 
 void CajaTextoDoble::texto(const std::string& texto) {
-    m_texto = aWindows1252(texto);
+    std::string nuevo = aWindows1252(texto);
+    if (nuevo == m_texto) return;
+    m_texto = std::move(nuevo);
     m_desde = m_hasta = 0;
 }
 
@@ -171,6 +173,10 @@ std::vector<ControlComun*> FormularioDialogoDoble::recorrido() const {
     }
     std::erase_if(orden, [](const ControlComun* c) { return !c->alcanzable() || !c->enfocable(); });
     return orden;
+}
+
+void FormularioDialogoDoble::arrastrar() {
+    if (quienOye != nullptr) quienOye->alArrastrar();
 }
 
 void FormularioDialogoDoble::pedirCierre() {

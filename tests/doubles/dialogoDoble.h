@@ -287,6 +287,7 @@ public:
     int vecesCentrado = 0;
     bool visible = false;
     OyenteDialogo* quienOye = nullptr;
+    std::string arrastre;  // what was asked of it for that
     EstadoDialogo& estado() { return *m_estado; }
 
     // Null for one that was not made or is gone.
@@ -307,11 +308,14 @@ public:
 
     // ---- the user ----
     void pedirCierre();
+    void arrastrar();
 
     // ---- the seam ----
     FormularioDialogoDoble();
     void oyente(OyenteDialogo* oyente) override { quienOye = oyente; }
     void titulo(const std::string&) override {}
+    void soltarRaton() override { arrastre += "soltar "; }
+    void agarrarTitulo() override { arrastre += "agarrar "; }
     void tamano(float ancho, float alto) override { medidas = {0, 0, ancho, alto}; }
     void centrarEn(const Monitor& monitor) override {
         centrado = monitor;

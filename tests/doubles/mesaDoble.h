@@ -33,9 +33,7 @@ public:
     void montarVisores() override {
         montarParrilla();
         m_visores = std::make_unique<Visores>(m_e.entorno, compartido);
-        for (std::int16_t n = 1; n <= m_visores->cuantos(); ++n) ponerSuperficies(*m_visores->uno(n));
-        std::string errores;
-        m_visores->ubicar(errores);
+        situarNuevos();
     }
     void montarMensaje() override {
         diario.emplace_back("montarMensaje");
@@ -51,7 +49,7 @@ public:
     clsMsg& mensaje() override { return *m_mensaje; }
     visor* nuevoVisor() override {
         visor* const nuevo = m_visores->nuevo(0, "");
-        if (nuevo != nullptr) ponerSuperficies(*nuevo);
+        situarNuevos();
         return nuevo;
     }
     bool eliminarVisor(std::int16_t posicion) override {
@@ -72,10 +70,13 @@ private:
     void acoplar(float alto) override { m_franja.colocar({0, 11040 - alto, 15360, alto}); }
     void alMostrarFranja(bool) override {}
 
-    void ponerSuperficies(visor& v) {
-        m_etiquetas.push_back(std::make_unique<SuperficieDoble>());
-        m_pesos.push_back(std::make_unique<SuperficieDoble>());
-        v.definir(*m_parrilla, *m_etiquetas.back(), *m_pesos.back());
+    void situarNuevos() {
+        for (auto n = static_cast<std::int16_t>(m_pesos.size() + 1); n <= m_visores->cuantos(); ++n) {
+            m_etiquetas.push_back(std::make_unique<SuperficieDoble>());
+            m_pesos.push_back(std::make_unique<SuperficieDoble>());
+            m_visores->uno(n)->definir(*m_parrilla, *m_etiquetas.back(), *m_pesos.back());
+            m_visores->uno(n)->reubicar();
+        }
     }
     void soltar() {
         if (m_visores) m_visores->desubicar();

@@ -70,6 +70,35 @@ TEST_F(Controles, LoPegadoPasaElMismoFiltroQueLoTecleado) {
     EXPECT_THAT(programa.leerINI(), HasSubstr("Port=192\r\n"));
 }
 
+// Also where the box says the same for both displays, and where a row has become another display's.
+TEST_F(Controles, DeshacerNoLlegaAOtroVisor) {
+    configurar(dosVisores + "formatoPeso=0.00\r\n");
+    ASSERT_TRUE(abrir(IdControl::botVisores, visores));
+    const auto deshacer = [&](IdControl id, int n) {
+        const HWND caja = visores.control(id, n);
+        EXPECT_EQ(SendMessageW(caja, EM_CANUNDO, 0, 0), FALSE);
+        const std::string antes = visores.texto(id, n);
+        SendMessageW(caja, WM_UNDO, 0, 0);
+        EXPECT_EQ(visores.texto(id, n), antes);
+    };
+    visores.pulsar(IdControl::imFoco, 1);
+    visores.pulsar(IdControl::ckFmt);
+    visores.escribir(IdControl::txFmt, 0, "0.00");
+    ASSERT_TRUE(visores.esperarTexto(IdControl::txFmt, 0, "0.00"));
+    EXPECT_NE(SendMessageW(visores.control(IdControl::txFmt), EM_CANUNDO, 0, 0), FALSE) << "of its own";
+    const HWND segunda = visores.control(IdControl::txPort, 2);
+    visores.pulsar(IdControl::imFoco, 2);
+    ASSERT_TRUE(esperar([&] { return foco(segunda) == segunda; }));
+    deshacer(IdControl::txFmt, 0);
+    visores.pulsar(IdControl::imDesf);
+    visores.escribir(IdControl::txEtq, 1, "Otra");
+    visores.tecla(IdControl::txEtq, 1, VK_RETURN);
+    ASSERT_TRUE(esperarINI("Etiqueta=Otra"));
+    visores.pulsar(IdControl::botElim);
+    ASSERT_TRUE(visores.esperarTexto(IdControl::txPort, 1, std::to_string(puerto + 1)));
+    deshacer(IdControl::txEtq, 1);
+}
+
 TEST_F(Controles, UnDobleClicEsUnClicMasEnUnBotonYEligeLaPalabraEnUnaCaja) {
     configurar(dosVisores);
     ASSERT_TRUE(abrir(IdControl::botDise, contexto));

@@ -66,7 +66,8 @@ public:
         } else if (m_programa.seVe(IdControl::botPau)) {
             pulsar(m_programa.control(IdControl::botPau));
         } else if (m_programa.seVe(IdControl::botOk)) {
-            rendirse(foco(m_programa.ventana()));
+            // A field that is refused gets its old text.
+            if (const HWND campo = foco(m_programa.ventana())) teclear(campo, VK_ESCAPE);
             // What is told from here on is of the displays that are placed then.
             m_dicho.clear();
             m_aceptado = true;
@@ -128,17 +129,6 @@ private:
         PostMessageW(control, asa ? WM_LBUTTONDOWN : WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(2, 2));
         PostMessageW(control, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(x, y));
         PostMessageW(control, WM_LBUTTONUP, 0, MAKELPARAM(2, 2));
-    }
-
-    // A field that is refused gets its old text; a place that the grid has no longer is given up.
-    void rendirse(HWND campo) {
-        if (campo == nullptr) return;
-        const int id = GetDlgCtrlID(campo);
-        const bool lugar = id > numero(IdControl::txUbi) && id <= numero(IdControl::txUbi, 64);
-        if (lugar && !m_dicho.empty())
-            SendMessageTimeoutW(campo, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L""), SMTO_ABORTIFHUNG, 2000, nullptr);
-        else
-            teclear(campo, VK_ESCAPE);
     }
 
     // Message boxes are answered, the system's own windows cancelled.

@@ -341,7 +341,9 @@ TEST(base, unaSolaHerramientaAbierta) {
 
 // The tool is seen before the displays behind it are made.
 TEST(base, losVisoresVienenTrasSuHerramienta) {
-    Banco t(DOS_VISORES);
+    std::string ini = DOS_VISORES;
+    ini[ini.find("2x1")] = '3';
+    Banco t(ini + "[VISOR_4]\r\nPort=3004\r\nUbicacion=3,1\r\n");
     t.configurar();
     t.formulario.pulsar(Id::botVisores);
     EXPECT_FALSE(t.puesto(2));
@@ -356,8 +358,8 @@ TEST(base, losVisoresVienenTrasSuHerramienta) {
     t.formulario.pulsar(Id::botVisores);
     t.formulario.pulsar(Id::botVisores);
     t.dialogos.dialogo(Id::cfgVisor)->boton(Id::botNvo)->pulsar();
-    EXPECT_TRUE(t.puesto(2));
     EXPECT_NE(t.formulario.superficie(Id::picRep, 3), nullptr);
+    EXPECT_TRUE(t.puesto(2) && t.puesto(4)) << "the one behind the gap, too";
 }
 
 TEST(base, unaEntradaInvalidaImpideAceptarYCambiarDeHerramienta) {

@@ -129,7 +129,9 @@ TEST_F(CfgContexto, transparenteEscondeElColorYLoDevuelve) {
         };
         if (!casilla->marcada()) {
             esperar(guardado, false);
-            EXPECT_TRUE(casilla->pulsar());
+            v().control(Id::frColorApp)->irA();
+            EXPECT_TRUE(casilla->pulsarDesdeFuera());
+            EXPECT_EQ(v().foco(), numero(Id::ckTrpa)) << "not left on what is hidden";
             esperarPintado("transparente");
         }
         esperar("Transparente", true);

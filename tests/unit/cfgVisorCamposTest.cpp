@@ -68,11 +68,49 @@ TEST_F(CamposVisor, unCampoSeGuardaOSeRechazaYConservaElTextoYElFoco) {
             for (const int modo : {0, 1, 2, 3}) probar(c, partes, modo);
         }
     }
-    // A place that the grid no longer has.
+}
+
+TEST_F(CamposVisor, soloLoTecleadoEsUnaEntrada) {
+    // A place that the grid no longer has: only who types it again is told.
     abrir("[RETICULA]\r\nFilasColumnas=2x1\r\n[VISOR_1]\r\nPort=1\r\nUbicacion=3,1\r\n");
-    EXPECT_TRUE(caja(Id::txUbi, 1).irA());
+    EXPECT_TRUE(caja(Id::txUbi, 1).irA() && caja(Id::txEtq, 1).irA());
+    caja(Id::txUbi, 1).reescribir("3,1");
     EXPECT_FALSE(caja(Id::txEtq, 1).irA());
     EXPECT_EQ(avisos(), UBICACION_MAL);
+    caja(Id::txUbi, 1).pulsar(Tecla::escape);
+    EXPECT_TRUE(caja(Id::txEtq, 1).irA());
+    EXPECT_EQ(clave(1, "Ubicacion"), "3,1");
+
+    // The family toggled, each time something typed or not; the box after it, then the port in the file.
+    const struct {
+        bool pavona;
+        std::vector<const char*> tecleado;
+        const char *queda, *guarda;
+    } casos[] = {{false, {""}, "", "3001"},
+                 {false, {"", ""}, "3001", "3001"},
+                 {true, {"", ""}, "30/1", "3001"},
+                 {false, {"", "", ""}, "", "3001"},
+                 {true, {"", "", "", ""}, "30/1", "3001"},
+                 {false, {"5", ""}, "3001", "3001"},
+                 {false, {"", "5"}, "", "3001"},
+                 {false, {"", "5>"}, "", "5"},
+                 {false, {"", "5>", ""}, "0/5", "5"}};
+    for (const auto& c : casos) {
+        for (const bool cerrando : {false, true}) {
+            SCOPED_TRACE(std::to_string(&c - casos) + (cerrando ? " closing" : " leaving"));
+            abrirCon(2, c.pavona ? "Protocolo=Pavona\r\n" : "");
+            for (std::string teclas : c.tecleado) {
+                const bool entrado = teclas.ends_with('>');
+                if (entrado) teclas.pop_back();
+                if (!teclas.empty()) caja(Id::txPort, 1).reescribir(teclas);
+                if (entrado) caja(Id::txPort, 1).pulsar(Tecla::intro);
+                ASSERT_TRUE(v().imagen(Id::imPtc, 1)->pulsar());
+            }
+            EXPECT_EQ(caja(Id::txPort, 1).texto(), c.queda);
+            EXPECT_TRUE(cerrando ? dialogo.Descargar(false) : caja(Id::txPort, 2).irA());
+            EXPECT_EQ(clave(1, "Port"), c.guarda);
+        }
+    }
 }
 
 TEST_F(CamposVisor, laEtiquetaConservaSusBlancosYSeVeEnteraEnLaSugerencia) {
@@ -97,9 +135,8 @@ TEST_F(CamposVisor, escapeDevuelveLoQueHabia) {
         EXPECT_TRUE(caja(id, 1).pulsar(Tecla::escape));
         EXPECT_EQ(caja(id, 1).texto(), vuelve);
         EXPECT_TRUE(conFoco(id, 1));
-        caja(id, 1).pulsar(Tecla::intro);
     }
-    EXPECT_EQ(caja(Id::txPort, 1).texto(), "30/1") << "the plain number was read as one part";
+    EXPECT_EQ(caja(Id::txPort, 1).texto(), "30/1") << "in its family's form again";
     EXPECT_EQ(clave(1, "Port"), "3001");
 }
 

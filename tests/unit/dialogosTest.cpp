@@ -164,6 +164,8 @@ TYPED_TEST(Dialogos, sigueAlMonitorYSeDisponeDeNuevo) {
     this->dialogo.seguirMonitor(monitor);
     EXPECT_EQ(v.centrado, monitor);
     EXPECT_GT(v.medidas.ancho, 0);
+    v.arrastrar();
+    EXPECT_EQ(v.arrastre, "soltar agarrar ");
     // Opened while it is open it is only filled anew.
     const int creados = v.estado().controlesCreados;
     this->mesa.diario.clear();

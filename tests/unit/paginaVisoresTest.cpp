@@ -62,6 +62,35 @@ TEST_F(PaginaVisores, alPaginarLaEleccionQuedaALaVistaSalvoCampoInvalido) {
     EXPECT_EQ(clave(9, "Etiqueta"), "V10");
 }
 
+// Whatever has the focus goes with the page, and before the page's own buttons do.
+TEST_F(PaginaVisores, loQueSeEscondeCedeElFoco) {
+    const Id DE_FILA[] = {Id::imPtc, Id::txPort, Id::lstModo, Id::txEtq, Id::txUbi, Id::imFoco};
+    for (const Id id : DE_FILA) {
+        for (const bool elegida : {false, true}) {
+            SCOPED_TRACE(numero(id, elegida));
+            abrirCon(20);
+            if (elegida) caja(Id::txPort, 2).irA();
+            v().control(id, 3)->irA();
+            v().imagen(Id::imBajar)->pulsar();
+            EXPECT_TRUE(conFoco(id, 9)) << v().foco();
+            v().imagen(Id::imBajar)->pulsar();
+            v().imagen(Id::imSubir)->pulsar();
+            EXPECT_TRUE(conFoco(id, 12)) << v().foco();
+        }
+    }
+    for (const Id boton : {Id::imSubir, Id::imBajar}) {
+        abrirCon(9);
+        v().imagen(Id::imBajar)->pulsar();
+        caja(Id::txPort, 9).irA();
+        v().boton(Id::botElim)->pulsar();
+        ASSERT_EQ(pagina(), "2 a 8");
+        v().imagen(boton)->irA();
+        v().imagen(Id::imSubir)->pulsarDesdeFuera();
+        EXPECT_EQ(pagina(), "1 a 8");
+        EXPECT_TRUE(conFoco(Id::botNvo)) << v().foco();
+    }
+}
+
 TEST_F(PaginaVisores, unoNuevoQuedaALaVistaYConElFoco) {
     for (const int habia : {0, 8, 20}) {
         SCOPED_TRACE(habia);
@@ -78,6 +107,13 @@ TEST_F(PaginaVisores, unoNuevoQuedaALaVistaYConElFoco) {
         EXPECT_TRUE(mesa.peso(n).visible());
         EXPECT_EQ(clave(n, "Port"), "4000");
     }
+    // It closes a gap in the file: what stands behind that is there again.
+    abrir("[RETICULA]\r\nFilasColumnas=4x1\r\n[VISOR_1]\r\nPort=1\r\n[VISOR_3]\r\nPort=3\r\nUbicacion=3,1\r\n");
+    v().boton(Id::botNvo)->pulsar();
+    EXPECT_EQ(pagina(), "1 a 3");
+    EXPECT_TRUE(conFoco(Id::txPort, 2));
+    EXPECT_EQ(caja(Id::txPort, 3).texto(), "3");
+    EXPECT_TRUE(uno(3).ubicado() && mesa.peso(3).visible());
     abrirCon(64);
     v().boton(Id::botNvo)->pulsar();
     EXPECT_EQ(avisos(), "No se pueden definir más de 64 visores");

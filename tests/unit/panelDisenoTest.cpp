@@ -80,6 +80,17 @@ TEST_F(PanelDiseno, loMarcadoSeGuardaAlCerrarloOAlPasarAOtroYNoAlCerrarLaVentana
         if (modo == 2) v().imagen(Id::imUnload)->pulsar();
         esperarClaves(modo == 2 ? VALOR : nullptr);
     }
+    // Hidden while the keyboard stands there.
+    abrirCon(1, todosPropios());
+    abrirPanel(1);
+    for (const auto& [casilla, propio] : {std::pair(Id::ckWid, Id::imWidEtP),
+                                          {Id::ckFdPe, Id::frColorFdPe},
+                                          {Id::ckFmt, Id::txFmt},
+                                          {Id::ckAdj, Id::lstAjte}}) {
+        v().control(propio)->irA();
+        v().casilla(casilla)->pulsarDesdeFuera();
+        EXPECT_TRUE(conFoco(casilla)) << numero(propio);
+    }
     abrirCon(1);
     abrirPanel(1);
     v().casilla(Id::ckWid)->pulsar();

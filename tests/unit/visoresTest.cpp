@@ -26,17 +26,36 @@ struct Banco {
     }
 };
 
-TEST(Visores, laPrimeraSeccionSinPuertoTerminaLaCargaYUnoNuevoNoDespiertaLasDeDetras) {
+TEST(Visores, laPrimeraSeccionSinPuertoTerminaLaCarga) {
     Banco b;
     EXPECT_EQ(b.cargar("").cuantos(), 0);
     EXPECT_EQ(b.cargar(secciones(70)).cuantos(), 64);
-    Visores visores = b.cargar(secciones(2) + "[VISOR_4]\r\nPort=3003\r\nEtiqueta=Viejo\r\n[VISOR_5]\r\nPort=5\r\n");
-    ASSERT_NE(visores.nuevo(0, ""), nullptr);
-    EXPECT_EQ(visores.cuantos(), 3);
-    EXPECT_EQ(b.e.valor("VISOR_4", "Etiqueta"), "Viejo") << "until that number is given";
-    ASSERT_NE(b.cargar(b.e.ini()).nuevo(0, ""), nullptr);
-    EXPECT_EQ(b.cargar(b.e.ini()).cuantos(), 4);
-    EXPECT_EQ(b.e.valor("VISOR_4", "Etiqueta"), "");
+    EXPECT_EQ(b.cargar(secciones(2) + "[VISOR_4]\r\nPort=3004\r\n").cuantos(), 2);
+}
+
+TEST(Visores, unoNuevoNoTocaMasQueSuSeccionYAlcanzaALosDeDetras) {
+    const std::string cuatro = "[VISOR_4]\r\nPort=3004\r\nEtiqueta=Viejo\r\nUbicacion=1,1\r\n";
+    const struct {
+        std::string detras;
+        std::int16_t cuantos;
+    } casos[] = {{"", 3}, {cuatro, 4}, {"[VISOR_5]\r\nPort=5\r\n", 3}, {cuatro + "[VISOR_5]\r\nPort=5\r\n", 5}};
+    for (const auto& c : casos) {
+        SCOPED_TRACE(c.detras);
+        Banco b;
+        Visores visores = b.cargar(secciones(2) + c.detras);
+        const visor* const nuevo = visores.nuevo(0, "");
+        EXPECT_EQ(visores.uno(3), nuevo);
+        ASSERT_EQ(visores.cuantos(), c.cuantos);
+        EXPECT_EQ(visores.uno(3)->port(), 0);
+        EXPECT_NE(b.e.ini().find(secciones(2) + c.detras), std::string::npos) << b.e.ini();
+        if (c.cuantos > 3) {
+            EXPECT_EQ(visores.uno(4)->caption(), "Viejo");
+        }
+        // The next one has a number of its own.
+        ASSERT_NE(visores.nuevo(0, ""), nullptr);
+        EXPECT_EQ(b.cargar(b.e.ini()).cuantos(), visores.cuantos());
+        EXPECT_EQ(b.e.valor("VISOR_5", "Port") == "5", c.detras.find("_5") != std::string::npos);
+    }
 }
 
 TEST(Visores, eliminarCierraElHuecoEnUnSoloReemplazoDelArchivo) {

@@ -28,8 +28,8 @@ public:
     virtual void sugerencia(HWND control, const std::wstring& texto) = 0;
     virtual void nombreAccesible(HWND control, const std::wstring& texto) = 0;
 
-    // The mouse that is being pressed drags the window from now on.
-    virtual void arrastrar() = 0;
+    // The mouse was pressed where it drags the window once it moves.
+    virtual void alPulsarFondo() = 0;
 
     virtual void enfocar(ControlWin& control) = 0;
     // Has it the focus, or had it when another window was made the active one?

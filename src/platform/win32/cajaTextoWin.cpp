@@ -93,12 +93,16 @@ std::wstring CajaTextoWin::leido() const {
 }
 
 void CajaTextoWin::texto(const std::string& nuevo) {
+    if (!hwnd()) return;
     // The same text again would only lose the caret's place.
-    if (!hwnd() || nuevo == texto()) return;
-    m_propio = true;
-    SetWindowTextW(hwnd(), aAncho(nuevo).c_str());
-    m_propio = false;
-    m_sabido = leido();
+    if (nuevo != texto()) {
+        m_propio = true;
+        SetWindowTextW(hwnd(), aAncho(nuevo).c_str());
+        m_propio = false;
+        m_sabido = leido();
+    }
+    // What could be undone may be another display's.
+    SendMessageW(hwnd(), EM_EMPTYUNDOBUFFER, 0, 0);
 }
 
 void CajaTextoWin::colorFondo(Color color) {

@@ -231,9 +231,9 @@ void DialogoWin::tocarDetras(const RECT& parte) {
     if (hwnd()) RedrawWindow(hwnd(), &parte, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_FRAME);
 }
 
-// The system's move begins with the first movement: begun with the press, it would hold on to the
-// mouse where the button is up again before the move is under way.
-void DialogoWin::arrastrar() {
+// The move begins with the first movement: begun with the press, the system would hold on to the mouse where the
+// button is up again before the move is under way.
+void DialogoWin::alPulsarFondo() {
     if (!hwnd()) return;
     GetCursorPos(&m_agarre);
     SetCapture(hwnd());
@@ -247,8 +247,11 @@ void DialogoWin::seguirRaton() {
         std::abs(raton.y - m_agarre.y) < GetSystemMetrics(SM_CYDRAG)) {
         return;
     }
-    ReleaseCapture();
-    SendMessageW(hwnd(), WM_NCLBUTTONDOWN, HTCAPTION, MAKELPARAM(m_agarre.x, m_agarre.y));
+    if (m_oyente) m_oyente->alArrastrar();
+}
+
+void DialogoWin::agarrarTitulo() {
+    if (hwnd()) SendMessageW(hwnd(), WM_NCLBUTTONDOWN, HTCAPTION, 0);
 }
 
 // ---- Messages ----
@@ -290,7 +293,7 @@ LRESULT DialogoWin::alMensaje(UINT mensaje, WPARAM w, LPARAM l) {
         case WM_CTLCOLORSTATIC:
             return devolver(reinterpret_cast<HWND>(l), mensaje, w, l);
         case WM_LBUTTONDOWN:
-            arrastrar();
+            alPulsarFondo();
             return 0;
         case WM_MOUSEMOVE:
             seguirRaton();

@@ -35,6 +35,8 @@ public:
     void ocultar() override;
     Superficie& fondo() override { return m_fondo; }
     MedidaTexto medir(std::string_view texto) const override;
+    void soltarRaton() override { ReleaseCapture(); }
+    void agarrarTitulo() override;
 
     std::unique_ptr<CajaTexto> crearCajaTexto(IdControl id, int elemento) override;
     std::unique_ptr<CasillaMarca> crearCasilla(IdControl id, int elemento) override;
@@ -59,7 +61,7 @@ private:
     void tocarDetras(const RECT& parte) override;
     void sugerencia(HWND control, const std::wstring& texto) override { m_sugerencias.poner(control, texto); }
     void nombreAccesible(HWND control, const std::wstring& texto) override;
-    void arrastrar() override;
+    void alPulsarFondo() override;
     void enfocar(ControlWin& control) override { m_foco.enfocar(control); }
     bool tieneFoco(const ControlWin& control) const override { return m_foco.tieneFoco(control); }
     void alRecibirFoco(ControlWin& control) override { m_foco.alRecibir(control); }

@@ -59,7 +59,7 @@ LRESULT MarcoWin::atender(UINT mensaje, WPARAM w, LPARAM l) {
             if (conAccion()) {
                 actuarSiPulsable();
             } else {
-                anfitrion().arrastrar();
+                anfitrion().alPulsarFondo();
             }
             return 0;
         case WM_GETDLGCODE:

@@ -81,7 +81,7 @@ LRESULT RotuloWin::atender(UINT mensaje, WPARAM w, LPARAM l) {
     switch (mensaje) {
         case WM_LBUTTONDOWN:
             if (!conAccion()) {
-                anfitrion().arrastrar();
+                anfitrion().alPulsarFondo();
                 return 0;
             }
             SetCapture(hwnd());
