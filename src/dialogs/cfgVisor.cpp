@@ -218,7 +218,8 @@ void cfgVisor::seleccionar(std::int16_t n) {
     m_actual = n;
     m_c->botElim->habilitar(true);
     pagina().elegida(n);
-    if (m_conDiseno != 0 && m_conDiseno != n) abrirPanel(n);
+    // Also within one row: what stands ticked in the panel is the display's from then on.
+    if (m_conDiseno != 0) abrirPanel(n);
 }
 
 // The selected display stays on the page, so that nothing unseen is edited or deleted.

@@ -68,7 +68,7 @@ TEST_F(PanelDiseno, cargaLoPropioYDondeNoHayLoComun) {
 }
 
 TEST_F(PanelDiseno, loMarcadoSeGuardaAlCerrarloOAlPasarAOtroYNoAlCerrarLaVentana) {
-    for (const int modo : {0, 1, 2}) {
+    for (const int modo : {0, 1, 2, 3}) {
         SCOPED_TRACE(modo);
         abrirCon(2, todosPropios());
         abrirPanel(1);
@@ -78,6 +78,7 @@ TEST_F(PanelDiseno, loMarcadoSeGuardaAlCerrarloOAlPasarAOtroYNoAlCerrarLaVentana
         if (modo == 0) v().imagen(Id::imDesf)->pulsar();
         if (modo == 1) caja(Id::txPort, 2).irA();
         if (modo == 2) v().imagen(Id::imUnload)->pulsar();
+        if (modo == 3) caja(Id::txEtq, 1).irA();
         esperarClaves(modo == 2 ? VALOR : nullptr);
     }
     // Hidden while the keyboard stands there.
