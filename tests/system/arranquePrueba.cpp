@@ -77,9 +77,8 @@ TEST(Arranque, UnArchivoRetenidoNoEsUnoVacio) {
     ASSERT_NE(retenido, INVALID_HANDLE_VALUE);
     programa.arrancar();
     const auto sigue = [&] { return programa.seVe(IdControl::botOk) || programa.seVe(IdControl::botPau); };
-    EXPECT_TRUE(esperar([&] {
-        return programa.texto(IdControl::picRep).starts_with("No se puede leer la configuración: ");
-    }));
+    EXPECT_TRUE(
+        esperar([&] { return programa.texto(IdControl::picRep).starts_with("No se puede leer la configuración: "); }));
     EXPECT_FALSE(sigue());
     CloseHandle(retenido);
     EXPECT_TRUE(programa.esperarVisible(IdControl::botPau));

@@ -33,8 +33,8 @@ struct Banco {
         e.cola.ejecutar();
     }
     void configurar() {
-        formulario.pulsar(Id::botPau);
-        formulario.pulsar(Id::botCfg);
+        formulario.pulsar(IdControl::botPau);
+        formulario.pulsar(IdControl::botCfg);
     }
     // What the one monitor becomes.
     void pantalla(const RectPixel& area) {
@@ -43,20 +43,21 @@ struct Banco {
     }
     std::string visibles() {
         std::string lista;
-        const std::pair<Id, const char*> botones[] = {
-            {Id::botDise, "Dise "}, {Id::botVisores, "Visores "}, {Id::botSize, "Size "}, {Id::botMensaje, "Mensaje "},
-            {Id::botCfg, "Cfg "},   {Id::botRun, "Run "},         {Id::botPau, "Pau "},   {Id::botOff, "Off "},
-            {Id::botOk, "Ok "},     {Id::botCan, "Can "}};
+        const std::pair<IdControl, const char*> botones[] = {
+            {IdControl::botDise, "Dise "},       {IdControl::botVisores, "Visores "}, {IdControl::botSize, "Size "},
+            {IdControl::botMensaje, "Mensaje "}, {IdControl::botCfg, "Cfg "},         {IdControl::botRun, "Run "},
+            {IdControl::botPau, "Pau "},         {IdControl::botOff, "Off "},         {IdControl::botOk, "Ok "},
+            {IdControl::botCan, "Can "}};
         for (const auto& [id, nombre] : botones) {
             if (formulario.boton(id)->visible) lista += nombre;
         }
         return lista;
     }
     bool puesto(int n) {
-        const SuperficieDoble* const suya = formulario.superficie(Id::picRep, n);
+        const SuperficieDoble* const suya = formulario.superficie(IdControl::picRep, n);
         return suya != nullptr && suya->visible();
     }
-    std::string leyenda(int n) { return formulario.superficie(Id::picRep, n)->textoLeyenda(); }
+    std::string leyenda(int n) { return formulario.superficie(IdControl::picRep, n)->textoLeyenda(); }
     void enviar(int puerto, const char* trama) { e.fabrica.enPuerto(puerto)->llegar(std::string(trama) + "\r"); }
 };
 
