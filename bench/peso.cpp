@@ -58,6 +58,7 @@ public:
     void desplazar(float) override {}
     float pixel() const override { return TWIPS_POR_PIXEL; }
     void leyenda(std::string_view texto) override { benchmark::DoNotOptimize(texto.data()); }
+    void sugerencia(std::string_view) override {}
     void refrescar() override {}
 
 private:

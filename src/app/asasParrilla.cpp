@@ -75,10 +75,11 @@ void AsasParrilla::llevarPosicion(Punto paso) {
     m_xy.y = std::max(0.0F, std::min(m_xy.y + paso.y, m_wh.y - LADO));
 }
 
-// The other handle comes first where the window is too small for both.
+// Up to the other handle, and not out of the window: that comes first where a tiny grid stands at its edge,
+// which would refuse to leave it, and not be moved at all.
 void AsasParrilla::llevarTamano(Punto paso) {
-    m_wh.x = std::max(std::min(m_wh.x + paso.x, m_anchoVentana - LADO), m_xy.derecha());
-    m_wh.y = std::max(std::min(m_wh.y + paso.y, m_limite - LADO), m_xy.abajo());
+    m_wh.x = std::min(std::max(m_wh.x + paso.x, m_xy.derecha()), m_anchoVentana - LADO);
+    m_wh.y = std::min(std::max(m_wh.y + paso.y, m_xy.abajo()), m_limite - LADO);
 }
 
 void AsasParrilla::aplicar() {

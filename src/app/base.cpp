@@ -286,7 +286,7 @@ void base::alCambiarMonitores() {
     if (m_estado == Estado::iniciando || m_descargado) return;
     const oScreen pantalla(m_entorno);
     // Between two monitors there may be none for a while: what stands, stands.
-    if (pantalla.numMonitores() == 0) return;
+    if (pantalla.monitor().vacio()) return;
     if (pantalla.monitor() == m_monitor) {
         // Meanwhile the system may have put the window elsewhere.
         m_formulario.cubrir(m_monitor);

@@ -33,8 +33,8 @@ struct Composicion {
     AvisosWin avisos;
     CursorWin cursor{avisos};
     ReposoWin reposo;
-    Bucle bucle{reloj};
-    VentanaMensajes ventana;
+    VentanaMensajes ventana{reloj};
+    Bucle bucle{reloj, ventana};
     ColaWin cola{ventana};
     FabricaWin fabrica{ventana, reloj};
     AlmacenPerfil perfil{archivos, reloj, fabrica};

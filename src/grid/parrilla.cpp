@@ -15,6 +15,12 @@ bool esColor(Color color) {
     return color >= 0;
 }
 
+// What lies in both of them; without size where nothing does.
+Rectangulo interseccion(const Rectangulo& a, const Rectangulo& b) {
+    const float x = std::max(a.x, b.x), y = std::max(a.y, b.y);
+    return {x, y, std::min(a.derecha(), b.derecha()) - x, std::min(a.abajo(), b.abajo()) - y};
+}
+
 }  // namespace
 
 Parrilla::Parrilla(const Entorno& entorno) : m_entorno(entorno), m_pantalla(entorno) {
@@ -173,16 +179,20 @@ void Parrilla::pintarReticula() {
 void Parrilla::pintarZona() {
     if (!definida() || m_zona.vacio()) return;
     m_lienzo->caja(m_zona, m_colorFondo);
+    // A grid narrower than a line shows no more of it than fits.
+    const auto linea = [this](const Rectangulo& sitio) {
+        m_lienzo->caja(interseccion(sitio, m_zona), m_colorReticula);
+    };
     if (m_gruesoVertical > 0) {
         for (int i = 0; i <= m_columnas; ++i) {
             const float x = m_zona.x + static_cast<float>(i) * (anchoCelda() + lineaVertical());
-            m_lienzo->caja({x, m_zona.y, lineaVertical(), m_zona.alto}, m_colorReticula);
+            linea({x, m_zona.y, lineaVertical(), m_zona.alto});
         }
     }
     if (m_gruesoHorizontal > 0) {
         for (int i = 0; i <= m_filas; ++i) {
             const float y = m_zona.y + static_cast<float>(i) * (altoCelda() + lineaHorizontal());
-            m_lienzo->caja({m_zona.x, y, m_zona.ancho, lineaHorizontal()}, m_colorReticula);
+            linea({m_zona.x, y, m_zona.ancho, lineaHorizontal()});
         }
     }
 }

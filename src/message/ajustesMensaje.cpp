@@ -54,7 +54,9 @@ FuenteMensaje leerFuente(const std::string& texto) {
     return fuente;
 }
 
+// Somebody wrote it by hand, perhaps with blanks around the comma.
 Color leerColor(std::string_view texto, Color omision) {
+    texto.remove_prefix(std::min(texto.find_first_not_of(" \t"), texto.size()));
     const bool hayCifra = !texto.empty() && std::isxdigit(static_cast<unsigned char>(texto[0])) != 0;
     return hayCifra ? colorPintable(comun::rgb2Long(texto)) : omision;
 }

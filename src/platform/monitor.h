@@ -16,7 +16,8 @@ struct RectPixel {
 };
 
 // One monitor as the system lists it. Rectangles are device pixels of the virtual screen, where
-// the primary monitor's corner is 0, 0 and others may be negative.
+// the primary monitor's corner is 0, 0 and others may be negative. One without size is a monitor whose
+// data cannot be had: it keeps its place in the list, and is used as little as one that is not there.
 struct Monitor {
     RectPixel area;
     RectPixel trabajo;  // without the task bar
@@ -26,6 +27,7 @@ struct Monitor {
     float twipsPorPixelX = 15;
     float twipsPorPixelY = 15;
 
+    bool vacio() const { return area.right <= area.left || area.bottom <= area.top; }
     bool operator==(const Monitor&) const = default;
 };
 

@@ -40,6 +40,9 @@ public:
     virtual void critico(const std::string& texto) = 0;
     // The same with the information icon.
     virtual void informacion(const std::string& texto) = 0;
+    // Answers the box that has been open for longest, from within its own loop: from a timer, say. Nothing
+    // where none is open; the system's windows for colours and fonts are none.
+    virtual void cerrar() = 0;
 };
 
 // What runs later on the one thread.

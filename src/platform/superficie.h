@@ -69,6 +69,8 @@ public:
 
     // What the surface says in words: read by screen readers, never painted.
     virtual void leyenda(std::string_view texto) = 0;
+    // What appears while the mouse rests on it, lines apart by "\n"; an empty text takes it off.
+    virtual void sugerencia(std::string_view texto) = 0;
     // Paints what is pending without waiting for the queue.
     virtual void refrescar() = 0;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -15,7 +16,10 @@ public:
     std::int16_t cuantos() const { return static_cast<std::int16_t>(m_tabla.size()); }
     // 0 when there is none.
     std::int16_t primario() const;
-    bool existe(std::int16_t indice) const { return indice >= 1 && indice <= cuantos(); }
+    // Not one whose data could not be had, though it counts.
+    bool existe(std::int16_t indice) const {
+        return indice >= 1 && indice <= cuantos() && !m_tabla[static_cast<std::size_t>(indice - 1)].vacio();
+    }
     // The primary one stands in for an index that no monitor has; without any, a monitor of no size.
     Monitor monitor(std::int16_t indice) const;
 

@@ -12,6 +12,7 @@ class oScreen {
 public:
     explicit oScreen(const Entorno& entorno);
 
+    // Also those whose data cannot be had: the numbers go on beyond them.
     std::int16_t numMonitores() const { return m_monitores.cuantos(); }
 
     // As stored: it may name a monitor that is not there now. The rectangle is then the primary

@@ -47,12 +47,19 @@ public:
     std::vector<std::string> textos;
     std::vector<std::string> informaciones;
     std::function<void(const std::string&)> alMostrar;  // what happens while the box is open
+    int cerrados = 0;                                   // boxes that were open and not answered by anybody
 
     void critico(const std::string& texto) override {
         textos.push_back(texto);
+        m_abierto = true;
         if (alMostrar) alMostrar(texto);
+        m_abierto = false;
     }
+    void cerrar() override { cerrados += std::exchange(m_abierto, false) ? 1 : 0; }
     void informacion(const std::string& texto) override { informaciones.push_back(texto); }
+
+private:
+    bool m_abierto = false;
 };
 
 // Keeps what was posted until the test lets it run.

@@ -23,6 +23,7 @@ public:
     const std::vector<std::string>& lineas() const { return *m_diario; }
     void olvidar() { m_diario->clear(); }
     const std::string& textoLeyenda() const { return m_leyenda; }
+    const std::string& textoSugerencia() const { return m_sugerencia; }
     const Fuente& fuente() const { return m_fuente; }
     int fuentesPuestas() const { return m_fuentesPuestas; }
     void conDC(bool hay) { m_conDC = hay; }
@@ -68,6 +69,7 @@ public:
         m_leyenda = texto;
         anotar("leyenda \"" + m_leyenda + '"');
     }
+    void sugerencia(std::string_view texto) override { m_sugerencia = texto; }
     void refrescar() override { anotar("refrescar"); }
 
 private:
@@ -84,6 +86,7 @@ private:
     Fuente m_fuente;
     Color m_fondo = BLANCO;
     std::string m_leyenda;
+    std::string m_sugerencia;
     int m_fuentesPuestas = 0;
     float m_pixel = TWIPS_POR_PIXEL;
     bool m_visible = false, m_conDC = true, m_ajustada = false, m_sinFuentes = false;

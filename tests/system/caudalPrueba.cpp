@@ -1,7 +1,9 @@
 #include <gmock/gmock.h>
 
+#include <atomic>
 #include <numeric>
 #include <sstream>
+#include <thread>
 #include <vector>
 
 #include "harness/archivo.h"
@@ -11,6 +13,7 @@
 #include "harness/fotografia.h"
 #include "harness/programa.h"
 #include "harness/trama.h"
+#include "harness/ventana.h"
 
 namespace sorvanel::pruebas {
 namespace {
@@ -131,6 +134,74 @@ TEST_F(Caudal, SesentaYCuatroVisoresACincuentaTramasPorSegundo) {
         return Fotografia(ultimo);
     };
     EXPECT_TRUE(esperar([&] { return retrato(RONDAS + 11) != retrato(RONDAS + 88); }));
+    EXPECT_TRUE(programa.terminar());
+}
+
+// As many frames to so many ports as the machine can send, while it lives.
+class Riada {
+public:
+    Riada(int puerto, int cuantos)
+        : m_hilo([=, this] {
+              EmisorUDP indicador;
+              for (int i = 0; !m_fin; ++i) indicador.enviar(puerto + i % cuantos, trama(i % 9999 * 1000));
+          }) {}
+    ~Riada() {
+        m_fin = true;
+        m_hilo.join();
+    }
+    Riada(const Riada&) = delete;
+    Riada& operator=(const Riada&) = delete;
+
+private:
+    std::atomic<bool> m_fin = false;
+    std::thread m_hilo;
+};
+
+// Boxes and menus run loops of the system's own, which hand out datagrams before everything else.
+TEST(Riada, NingunBucleDelSistemaDejaUnPesoViejoNiSeQuedaSordo) {
+    constexpr int SILENCIO = 5000;  // ms; two beats of a second, and a busy machine
+    const int puerto = puertosLibres(VISORES);
+    Configuracion configuracion;
+    configuracion.reticula(8, 8);
+    for (int i = 0; i < VISORES - 1; ++i) configuracion.visor(puerto + i, i / 8 + 1, i % 8 + 1);
+    configuracion.visor(305, 8, 8).clave("Protocolo", "Pavona").seccion("PAVONA").clave("Port", "0");
+    Programa programa(configuracion);
+    programa.arrancar();
+    ASSERT_NE(programa.caja().esperarTexto(), "");
+    const HWND caja = programa.caja().ventana();
+    EmisorUDP indicador;
+    const Riada riada(puerto + 1, VISORES - 2);
+    const auto calla = [&](int peso) {
+        EXPECT_TRUE(esperar([&] {
+            indicador.enviar(puerto, trama(peso * 1000));
+            return programa.texto(IdControl::picRep, 1) == std::to_string(peso);
+        }));
+        return esperar([&] { return programa.texto(IdControl::picRep, 1) == "-----"; }, SILENCIO);
+    };
+    EXPECT_TRUE(calla(7)) << "a box is open";
+    EXPECT_TRUE(esperar([&] { return programa.texto(IdControl::picRep, 2) != "-----"; })) << "the others go on";
+    const auto oprimir = [](BYTE tecla) {
+        keybd_event(tecla, 0, 0, 0);
+        keybd_event(tecla, 0, KEYEVENTF_KEYUP, 0);
+    };
+    oprimir(VK_RETURN);
+    ASSERT_TRUE(esperar([&] { return !IsWindow(caja); }, SILENCIO)) << "the box can be answered";
+
+    const auto enMenu = [&] {
+        GUITHREADINFO hilo{};
+        hilo.cbSize = sizeof hilo;
+        GetGUIThreadInfo(GetWindowThreadProcessId(programa.ventana(), nullptr), &hilo);
+        return (hilo.flags & GUI_INMENUMODE) != 0;
+    };
+    PostMessageW(programa.ventana(), WM_SYSCOMMAND, SC_KEYMENU, ' ');
+    ASSERT_TRUE(esperar(enMenu));
+    EXPECT_TRUE(calla(8)) << "the menu is open";
+    const auto salir = [&] {
+        oprimir(VK_ESCAPE);  // of the menu, and then of the bar that it belongs to
+        return esperar([&] { return !enMenu(); }, 500);
+    };
+    EXPECT_TRUE(esperar(salir, SILENCIO)) << "the menu can be left";
+    EXPECT_TRUE(calla(9));
     EXPECT_TRUE(programa.terminar());
 }
 

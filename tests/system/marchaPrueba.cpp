@@ -10,6 +10,18 @@
 namespace sorvanel::pruebas {
 namespace {
 
+// The system's double-click time, milliseconds, for programs that start while it lives.
+class DobleClic {
+public:
+    explicit DobleClic(UINT nuevo) { SetDoubleClickTime(nuevo); }
+    ~DobleClic() { SetDoubleClickTime(m_antes); }
+    DobleClic(const DobleClic&) = delete;
+    DobleClic& operator=(const DobleClic&) = delete;
+
+private:
+    const UINT m_antes = GetDoubleClickTime();
+};
+
 class Marcha : public testing::Test {
 protected:
     Marcha() { programa.arrancar(); }
@@ -56,6 +68,31 @@ TEST_F(Marcha, PausaYMarchaConElRaton) {
     EXPECT_TRUE(programa.esperarTexto(IdControl::picRep, 1, "7"));
     programa.pulsar(IdControl::botOff);
     EXPECT_EQ(programa.proceso().esperarFin(PLAZO), 0U);
+}
+
+// The second press of a hand that was quick meets what has just taken the button's place.
+TEST_F(Marcha, UnSegundoClicNoPulsaLoQueOcupaElSitioDelPrimero) {
+    EXPECT_TRUE(programa.terminar());
+    const DobleClic largo(5000);
+    programa.arrancar();
+    ASSERT_TRUE(programa.esperarVisible(IdControl::botPau));
+    const auto clic = [&](IdControl boton) { pulsar(programa.control(boton)); };
+    // What was sent after the press is seen: so the press was, too.
+    const auto atendido = [&](int peso) {
+        return esperar([&] {
+            indicador.enviar(puerto, trama(peso * 1000));
+            return programa.texto(IdControl::picRep, 1) == std::to_string(peso);
+        });
+    };
+    programa.pulsar(IdControl::botPau);
+    ASSERT_TRUE(programa.esperarVisible(IdControl::botRun));
+    programa.pulsar(IdControl::botRun);  // this one takes its time
+    ASSERT_TRUE(programa.esperarVisible(IdControl::botPau));
+    clic(IdControl::botPau);
+    EXPECT_TRUE(atendido(7));
+    EXPECT_TRUE(programa.seVe(IdControl::botPau));
+    clic(IdControl::botOff);
+    EXPECT_EQ(programa.proceso().esperarFin(PLAZO), 0U) << "elsewhere a press is a press";
 }
 
 TEST_F(Marcha, PausaMarchaYCierreConElTeclado) {

@@ -26,8 +26,8 @@ struct Banco {
     AsaDoble& xy = *formulario.asa(IdControl::imDrgXY);
     AsaDoble& wh = *formulario.asa(IdControl::imDrgWH);
 
-    Banco() {
-        e.ini("[RETICULA]\r\nPosicion=0,25;0,25\r\nDimensiones=0,5;0,5\r\n");
+    explicit Banco(const std::string& zona = "Posicion=0,25;0,25\r\nDimensiones=0,5;0,5\r\n") {
+        e.ini("[RETICULA]\r\n" + zona);
         parrilla = std::make_unique<Parrilla>(e.entorno);
         parrilla->definir(lienzo, ventana);
         asas.mostrar(*parrilla, ANCHO, LIMITE);
@@ -58,6 +58,45 @@ TEST(AsasParrilla, cadaAsaTieneSusTopes) {
         Banco b;
         (c.tamano ? b.wh : b.xy).arrastrar(c.dx, c.dy);
         b.comprobar(c.zona);
+    }
+}
+
+// The handle of its size does not fit beside the other one, nor out of the window.
+TEST(AsasParrilla, unaParrillaMinimaEnElBordeSeMueveYSeDimensiona) {
+    const Rectangulo derecha{ANCHO - 150, 2880, 150, 5520}, abajo{3840, LIMITE - 150, 7680, 150};
+    const struct {
+        const char* ini;
+        Rectangulo antes;
+        Punto tamano;
+        Rectangulo dimensionada;
+        Punto posicion;
+        Rectangulo movida;
+    } casos[] = {{"Posicion=0,990234375;0,25\r\nDimensiones=0,009765625;0,5\r\n",
+                  derecha,
+                  {300, -300},
+                  {derecha.x, 2880, 150, 5220},
+                  {-600, 0},
+                  {ANCHO - 750, 2880, 750, 5220}},
+                 {"Posicion=0,25;0,9453125\r\nDimensiones=0,5;0,0135869565\r\n",
+                  abajo,
+                  {-300, 300},
+                  {3840, abajo.y, 7380, 150},
+                  {0, -600},
+                  {3840, LIMITE - 750, 7380, 750}}};
+    const auto cerca = [](const Rectangulo& a, const Rectangulo& b) {
+        for (const float d : {a.x - b.x, a.y - b.y, a.ancho - b.ancho, a.alto - b.alto}) EXPECT_NEAR(d, 0, 1);
+    };
+    for (const auto& c : casos) {
+        SCOPED_TRACE(&c - casos);
+        Banco b(c.ini);
+        const auto zona = [&] {
+            return Rectangulo{b.parrilla->Left(), b.parrilla->Top(), b.parrilla->Width(), b.parrilla->Height()};
+        };
+        cerca(zona(), c.antes);
+        b.wh.arrastrar(c.tamano.x, c.tamano.y);
+        cerca(zona(), c.dimensionada);
+        b.xy.arrastrar(c.posicion.x, c.posicion.y);
+        cerca(zona(), c.movida);
     }
 }
 

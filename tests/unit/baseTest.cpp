@@ -103,6 +103,8 @@ TEST(base, unMonitorQueCambiaRedisponeSinPararNada) {
     const int veces = t.formulario.veces;
     t.formulario.quienOye->alCambiarMonitores();
     EXPECT_EQ(t.formulario.veces, veces + 1) << "the window may have been taken elsewhere meanwhile";
+    t.e.monitores.lista = {Monitor{}};
+    t.formulario.quienOye->alCambiarMonitores();
     t.e.monitores.lista.clear();
     t.formulario.quienOye->alCambiarMonitores();
     EXPECT_EQ(t.formulario.veces, veces + 1) << "no monitor for a while: it stays";

@@ -96,10 +96,14 @@ TEST(AjustesMensaje, cadaParteQueFaltaVienePorOmision) {
         {"Verdana,-3,biu", {"Verdana", 64, false, false, false}},
         {",12,B", {"Arial", 12, true, false, false}}};
     for (const auto& [texto, fuente] : fuentes) EXPECT_EQ(leido(std::string("Font=") + texto).fuente, fuente) << texto;
-    const std::tuple<const char*, Color, Color> colores[] = {
-        {"", NEGRO, BLANCO},         {"0000FF", ROJO, BLANCO},
-        {",0000ff", NEGRO, ROJO},    {"FF0000,", rgb(0, 0, 255), BLANCO},
-        {"rojo,zzz", NEGRO, BLANCO}, {"7F0000FF,112233,445566", ROJO, 0x112233}};
+    const std::tuple<const char*, Color, Color> colores[] = {{"", NEGRO, BLANCO},
+                                                             {"0000FF", ROJO, BLANCO},
+                                                             {",0000ff", NEGRO, ROJO},
+                                                             {"FF0000,", rgb(0, 0, 255), BLANCO},
+                                                             {"rojo,zzz", NEGRO, BLANCO},
+                                                             {"7F0000FF,112233,445566", ROJO, 0x112233},
+                                                             {"0000FF, 0000FF", ROJO, ROJO},
+                                                             {" 0000FF ,\tFF0000", ROJO, rgb(0, 0, 255)}};
     for (const auto& [texto, fondo, letra] : colores) {
         const AjustesMensaje a = leido(std::string("Color=") + texto);
         EXPECT_EQ(std::pair(a.colorFondo, a.colorTexto), std::pair(fondo, letra)) << texto;

@@ -26,10 +26,13 @@ TEST(oScreen, daElRectanguloDelMonitorEnUsoEnTwipsDeSuEscala) {
         {"0", 0, primario},
         {"-1", -1, primario},
         {"uno", 2, primario},
-        {"70000", 2, primario}};
+        {"70000", 2, primario},
+        {"5", 5, primario},  // one whose data cannot be had: it takes no number from those after it
+        {"6", 6, {-15360, 0, 15360, 11520}}};
     for (const auto& [enUso, actual, esperado] : casos) {
         EntornoDoble e;
         e.monitores.lista = {IZQUIERDO, PRIMARIO, GRANDE};
+        if (actual > 4) e.monitores.lista.insert(e.monitores.lista.end(), {GRANDE, Monitor{}, IZQUIERDO});
         const std::string ini = std::string("[MONITORES]\r\nEnUso=") + enUso + "\r\n";
         e.ini(ini);
         const oScreen pantalla(e.entorno);
@@ -41,9 +44,10 @@ TEST(oScreen, daElRectanguloDelMonitorEnUsoEnTwipsDeSuEscala) {
 
 TEST(oScreen, guardaLaEleccionYCambiaLaImposiblePorElPrimario) {
     EntornoDoble e;
-    e.monitores.lista = {IZQUIERDO, PRIMARIO};
+    e.monitores.lista = {IZQUIERDO, PRIMARIO, Monitor{}};
     oScreen pantalla(e.entorno);
-    for (const auto pedido : std::initializer_list<std::int16_t>{1, 2, 0, 3, -5}) {
+    EXPECT_EQ(pantalla.numMonitores(), 3);
+    for (const auto pedido : std::initializer_list<std::int16_t>{1, 2, 0, 3, 4, -5}) {
         pantalla.monitorActual(pedido);
         EXPECT_EQ(pantalla.monitorActual(), pedido == 1 ? 1 : 2) << pedido;
         EXPECT_EQ(e.valor("MONITORES", "EnUso"), pedido == 1 ? "1" : "2") << pedido;

@@ -126,6 +126,17 @@ TEST(Parrilla, lasCeldasYLasLineasLlenanLaZona) {
     EXPECT_EQ(sinLineas.lienzo.lineas().back(), "caja 0 0 15360 11040 #808080");
 }
 
+TEST(Parrilla, masPequenaQueSusLineasNoPintaFueraDeSi) {
+    // 5 by 4 pixels, and lines of 8.
+    Banco b(
+        "Posicion=0,5;0,5\r\nDimensiones=0,0048828125;0,0054347826\r\nFilasColumnas=1x2\r\n"
+        "gruesoVertical=8\r\ngruesoHorizontal=8\r\ncolorReticula=0000FF");
+    b.p->pintarReticula();
+    std::vector<std::string> pintado(5, "caja 7680 5760 75 60 #FF0000");
+    pintado.insert(pintado.begin(), {"colorFondo #FFFFFF", "limpiar #FFFFFF", "caja 7680 5760 75 60 #808080"});
+    EXPECT_EQ(b.lienzo.lineas(), pintado);
+}
+
 TEST(Parrilla, sinContextoDeDispositivoNoPintaNada) {
     Banco b("", false);
     b.lienzo.conDC(false);

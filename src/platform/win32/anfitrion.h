@@ -23,6 +23,8 @@ public:
     virtual FuentesWin& fuentes() = 0;
 
     virtual void alMoverRaton(ZonaRaton zona) = 0;
+    // The tool tip of a control; an empty text takes it off.
+    virtual void sugerencia(HWND control, const std::wstring& texto) = 0;
     virtual void baja(SuperficieWin& superficie) = 0;
 
 protected:
@@ -42,8 +44,9 @@ public:
     // The focus goes to the neighbour in keyboard order: 1 the next, -1 the one before.
     virtual void pasarFoco(const BotonWin& desde, int sentido) = 0;
     virtual void alRecibirFoco(const BotonWin& boton) = 0;
-    // The tool tip of a control; an empty text takes it off.
-    virtual void sugerencia(HWND control, const std::wstring& texto) = 0;
+    // The mouse goes down on it, there on the screen. No when that is the second half of a double click
+    // that began on another button, whose place this one has taken.
+    virtual bool admitirPulsacion(const BotonWin& boton, POINT donde) = 0;
 
     using AnfitrionSuperficies::baja;
     virtual void baja(BotonWin& boton) = 0;

@@ -24,8 +24,7 @@ public:
     // What lies beneath the controls there is not what it was.
     virtual void tocarDetras(const RECT& parte) = 0;
 
-    // An empty text takes either off.
-    virtual void sugerencia(HWND control, const std::wstring& texto) = 0;
+    // An empty text takes it off.
     virtual void nombreAccesible(HWND control, const std::wstring& texto) = 0;
 
     // The mouse was pressed where it drags the window once it moves.

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <string>
+
 #include "platform/sistema.h"
 #include "platform/win32/ventanasApagadas.h"
 
@@ -17,6 +19,7 @@ public:
 
     void critico(const std::string& texto) override;
     void informacion(const std::string& texto) override;
+    void cerrar() override;
 
     // As long as it lives a box of the system is open: all our windows are disabled but the one that
     // the box is given as its owner, which it disables itself.
@@ -39,6 +42,7 @@ private:
 
     HWND m_propietaria = nullptr;
     int m_abiertos = 0;
+    const std::wstring* m_primero = nullptr;  // what the box says that has been open for longest
 };
 
 }  // namespace sorvanel

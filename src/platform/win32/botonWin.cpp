@@ -1,5 +1,7 @@
 #include "platform/win32/botonWin.h"
 
+#include <windowsx.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -229,6 +231,11 @@ LRESULT BotonWin::alMensaje(UINT mensaje, WPARAM w, LPARAM l) {
             m_anfitrion.alRecibirFoco(*this);
             invalidar();
             return r;
+        }
+        case WM_LBUTTONDOWN: {
+            POINT donde{GET_X_LPARAM(l), GET_Y_LPARAM(l)};
+            ClientToScreen(hwnd(), &donde);
+            return m_anfitrion.admitirPulsacion(*this, donde) ? porDefecto(mensaje, w, l) : 0;
         }
         case WM_MOUSEMOVE:
             alMoverRaton();

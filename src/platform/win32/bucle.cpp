@@ -68,6 +68,7 @@ void Bucle::repartir(MSG& mensaje) {
         m_codigo = static_cast<int>(mensaje.wParam);
         return;
     }
+    if (m_mensajes.atender(mensaje)) return;
     if (mensaje.message >= WM_MOUSEFIRST && mensaje.message <= WM_MOUSELAST) anunciarRaton(mensaje);
     // By index: a key may close a dialog.
     for (std::size_t i = 0; i < m_dialogos.size(); ++i) {

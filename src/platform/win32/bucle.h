@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/win32/relojWin.h"
+#include "platform/win32/ventanaMensajes.h"
 
 namespace sorvanel {
 
@@ -21,7 +22,7 @@ public:
     // asked for again soon although no message comes.
     using Ocio = std::function<bool(bool colaVacia)>;
 
-    explicit Bucle(const RelojWin& reloj) : m_reloj(reloj) {}
+    Bucle(const RelojWin& reloj, VentanaMensajes& mensajes) : m_reloj(reloj), m_mensajes(mensajes) {}
 
     void ocio(Ocio ocio) { m_ocio = std::move(ocio); }
     // To a dialog, before a mouse message for one of its children is handed out: the MSG, in lParam.
@@ -48,6 +49,7 @@ private:
     void anunciarRaton(const MSG& mensaje) const;
 
     const RelojWin& m_reloj;
+    VentanaMensajes& m_mensajes;
     Ocio m_ocio;
     std::vector<HWND> m_dialogos;
     bool m_fin = false;

@@ -24,6 +24,7 @@ public:
     void mostrar(bool) override {}
     bool visible() const override { return true; }
     void leyenda(std::string_view) override {}
+    void sugerencia(std::string_view) override {}
     void refrescar() override { UpdateWindow(m_dialogo.ventana()); }
 
 private:

@@ -10,6 +10,7 @@
 #include "platform/win32/asaWin.h"
 #include "platform/win32/botonWin.h"
 #include "platform/win32/formaWin.h"
+#include "platform/win32/pulsacionesRaton.h"
 #include "platform/win32/sugerenciasWin.h"
 #include "platform/win32/superficieWin.h"
 #include "platform/win32/ventanaWin.h"
@@ -50,6 +51,9 @@ private:
     void alCambiarControl() override;
     void pasarFoco(const BotonWin& desde, int sentido) override;
     void alRecibirFoco(const BotonWin& boton) override;
+    bool admitirPulsacion(const BotonWin& boton, POINT donde) override {
+        return m_pulsaciones.admitir(boton.hwnd(), donde);
+    }
     void sugerencia(HWND control, const std::wstring& texto) override;
     void baja(SuperficieWin& superficie) override;
     void baja(BotonWin& boton) override;
@@ -89,6 +93,7 @@ private:
     std::vector<AsaWin*> m_asas;
     RECT m_sitio{};      // of the monitor that it covers, screen pixels; empty before it covers any
     Punto m_ultimoFoco;  // middle of the button that had it
+    PulsacionesRaton m_pulsaciones;
     Puntero m_puntero = Puntero::normal;
     bool m_reposoImpedido = false;
     bool m_activacionPendiente = false;

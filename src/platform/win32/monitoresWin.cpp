@@ -54,6 +54,7 @@ RectPixel rectangulo(const RECT& r) {
 void anadir(Lista& lista, HMONITOR monitor) {
     MONITORINFOEXW datos{};
     datos.cbSize = sizeof datos;
+    Monitor& uno = lista.monitores.emplace_back();
     if (!GetMonitorInfoW(monitor, &datos)) {
         informar("GetMonitorInfo");
         return;
@@ -64,14 +65,12 @@ void anadir(Lista& lista, HMONITOR monitor) {
         x = lista.dpiX;
         y = lista.dpiY;
     }
-    Monitor uno;
     uno.area = rectangulo(datos.rcMonitor);
     uno.trabajo = rectangulo(datos.rcWork);
     uno.primario = (datos.dwFlags & MONITORINFOF_PRIMARY) != 0;
     uno.nombre = aUtf8(datos.szDevice);
     uno.twipsPorPixelX = TWIPS_POR_PULGADA / static_cast<float>(x);
     uno.twipsPorPixelY = TWIPS_POR_PULGADA / static_cast<float>(y);
-    lista.monitores.push_back(std::move(uno));
 }
 
 BOOL CALLBACK alHallar(HMONITOR monitor, HDC, LPRECT, LPARAM dato) noexcept {

@@ -11,6 +11,10 @@ void SugerenciasWin::crear(HWND formulario) {
     m_ventana.cambiar(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX,
                                       CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, formulario, nullptr,
                                       GetModuleHandleW(nullptr), nullptr));
+    if (!m_ventana) return;
+    // Without a width there are no lines; and some texts take longer to read than the system leaves them.
+    SendMessageW(m_ventana.get(), TTM_SETMAXTIPWIDTH, 0, GetSystemMetrics(SM_CXSCREEN) / 2);
+    SendMessageW(m_ventana.get(), TTM_SETDELAYTIME, TTDT_AUTOPOP, MAXSHORT);
 }
 
 void SugerenciasWin::poner(HWND control, const std::wstring& texto) {

@@ -22,6 +22,7 @@ SuperficieWin::SuperficieWin(AnfitrionSuperficies& anfitrion, IdControl id, int 
 }
 
 SuperficieWin::~SuperficieWin() {
+    if (m_sugerida) anfitrion().sugerencia(hwnd(), {});
     destruir();
     anfitrion().baja(*this);
 }
@@ -52,6 +53,11 @@ void SuperficieWin::leyenda(std::string_view texto) {
     if (texto == m_leyenda) return;
     m_leyenda.assign(texto);
     m_leyendaNueva = true;
+}
+
+void SuperficieWin::sugerencia(std::string_view texto) {
+    m_sugerida = !texto.empty();
+    anfitrion().sugerencia(hwnd(), aAncho(texto));
 }
 
 void SuperficieWin::refrescar() {

@@ -25,6 +25,7 @@ public:
     bool visible() const override { return m_visible; }
     bool hasDC() const override;
     void leyenda(std::string_view texto) override;
+    void sugerencia(std::string_view texto) override;
     void refrescar() override;
 
 private:
@@ -39,6 +40,7 @@ private:
     bool m_visible = false;
     std::string m_leyenda;
     bool m_leyendaNueva = false;
+    bool m_sugerida = false;
 };
 
 }  // namespace sorvanel

@@ -9,7 +9,7 @@ namespace {
 constexpr const wchar_t* CLASE = L"SorvanelMensajes";
 }
 
-VentanaMensajes::VentanaMensajes() : m_receptores(CUANTOS, nullptr) {
+VentanaMensajes::VentanaMensajes(const RelojWin& reloj) : m_reloj(reloj), m_receptores(CUANTOS, nullptr) {
     const HINSTANCE modulo = GetModuleHandleW(nullptr);
     WNDCLASSEXW clase{};
     clase.cbSize = sizeof clase;
@@ -61,21 +61,75 @@ void VentanaMensajes::repartir(UINT mensaje, WPARAM w, LPARAM l) {
     }
 }
 
+template <typename Accion>
+void VentanaMensajes::contener(Accion accion) noexcept {
+    try {
+        accion();
+    } catch (const std::exception& fallo) {
+        // The one message is lost, the program goes on.
+        OutputDebugStringA(fallo.what());
+    } catch (...) {
+        OutputDebugStringA("VentanaMensajes");
+    }
+}
+
+bool VentanaMensajes::atender(const MSG& mensaje) noexcept {
+    if (mensaje.hwnd != hwnd() || !esNuestro(mensaje.message)) return false;
+    terminarTurno();
+    contener([&] { repartir(mensaje.message, mensaje.wParam, mensaje.lParam); });
+    return true;
+}
+
+void VentanaMensajes::terminarTurno() {
+    if (!m_turno) return;
+    KillTimer(hwnd(), RELOJ_TURNO);
+    m_turno = false;
+    while (!m_aplazados.empty()) contener([this] { repartirAplazado(); });
+}
+
+// Each is off the list before it is handled: it may open a box, in whose loop the list goes on.
+void VentanaMensajes::repartirAplazado() {
+    const Aplazado primero = m_aplazados.front();
+    m_aplazados.pop_front();
+    repartir(primero.mensaje, primero.w, primero.l);
+}
+
+void VentanaMensajes::atenderEnOtroBucle(UINT mensaje, WPARAM w, LPARAM l) {
+    if (mensaje == WM_TIMER && w == RELOJ_TURNO) {
+        nuevoTurno();
+    } else if (mensaje == WM_TIMER || enTurno()) {
+        repartir(mensaje, w, l);
+    } else {
+        m_aplazados.push_back({mensaje, w, l});
+    }
+}
+
+bool VentanaMensajes::enTurno() {
+    if (!m_turno) {
+        // Without a timer there is no end of the turn either.
+        m_turno = SetTimer(hwnd(), RELOJ_TURNO, USER_TIMER_MINIMUM, nullptr) != 0;
+        m_finTurno = m_reloj.microsegundos() + TURNO;
+    }
+    return m_aplazados.empty() && m_reloj.microsegundos() < m_finTurno;
+}
+
+void VentanaMensajes::nuevoTurno() {
+    if (m_aplazados.empty()) {
+        terminarTurno();
+        return;
+    }
+    m_finTurno = m_reloj.microsegundos() + TURNO;
+    while (!m_aplazados.empty() && m_reloj.microsegundos() < m_finTurno) contener([this] { repartirAplazado(); });
+}
+
 LRESULT CALLBACK VentanaMensajes::procedimiento(HWND ventana, UINT mensaje, WPARAM w, LPARAM l) noexcept {
     if (mensaje == WM_NCCREATE) {
         const auto* creacion = reinterpret_cast<const CREATESTRUCTW*>(l);
         SetWindowLongPtrW(ventana, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(creacion->lpCreateParams));
     }
     auto* esta = reinterpret_cast<VentanaMensajes*>(GetWindowLongPtrW(ventana, GWLP_USERDATA));
-    if (esta && (mensaje == WM_TIMER || mensaje >= PRIMERO)) {
-        try {
-            esta->repartir(mensaje, w, l);
-        } catch (const std::exception& fallo) {
-            // The one message is lost, the program goes on.
-            OutputDebugStringA(fallo.what());
-        } catch (...) {
-            OutputDebugStringA("VentanaMensajes");
-        }
+    if (esta && esNuestro(mensaje)) {
+        contener([&] { esta->atenderEnOtroBucle(mensaje, w, l); });
         return 0;
     }
     return DefWindowProcW(ventana, mensaje, w, l);

@@ -100,9 +100,15 @@ bool Programa::esperarTexto(IdControl id, int elemento, std::string_view esperad
     return esperar([=, this] { return texto(id, elemento) == esperado; });
 }
 
-void Programa::pulsar(IdControl id) const {
+void Programa::pulsar(IdControl id) {
     if (!esperarVisible(id)) throw std::runtime_error("button not visible: " + std::to_string(numero(id)));
-    pruebas::pulsar(control(id));
+    const HWND boton = control(id);
+    const RECT sitio = lugar(boton), anterior = lugar(m_pulsado);
+    if (boton != m_pulsado && EqualRect(&sitio, &anterior))
+        esperar([this] { return GetTickCount64() - m_cuando > GetDoubleClickTime(); });
+    pruebas::pulsar(boton);
+    m_pulsado = boton;
+    m_cuando = GetTickCount64();
 }
 
 }  // namespace sorvanel::pruebas

@@ -44,8 +44,9 @@ public:
     bool esperarVisible(IdControl id, int elemento = 0) const;
     bool esperarOculto(IdControl id, int elemento = 0) const;
     bool esperarTexto(IdControl id, int elemento, std::string_view esperado) const;
-    // Presses a button that must be visible.
-    void pulsar(IdControl id) const;
+    // Presses a button that must be visible; not so soon after another one at the same place that it would be
+    // the second half of a double click.
+    void pulsar(IdControl id);
 
 private:
     HWND buscarVentana() const;
@@ -56,6 +57,8 @@ private:
     std::wstring m_ejecutable;
     std::unique_ptr<Proceso> m_proceso;
     HWND m_ventana = nullptr;
+    HWND m_pulsado = nullptr;
+    ULONGLONG m_cuando = 0;  // it was pressed
 };
 
 }  // namespace sorvanel::pruebas
