@@ -1,5 +1,7 @@
 #include "platform/win32/avisosWin.h"
 
+#include <string_view>
+
 #include "platform/win32/textoWin.h"
 
 namespace sorvanel {
@@ -22,8 +24,9 @@ BOOL CALLBACK alHallar(HWND ventana, LPARAM dato) noexcept {
     auto& busqueda = *reinterpret_cast<Busqueda*>(dato);
     const HWND rotulo = GetDlgItem(ventana, ID_TEXTO);
     std::wstring& leido = busqueda.leido;
-    if (!rotulo || !GetWindowTextW(rotulo, leido.data(), static_cast<int>(leido.size()))) return TRUE;
-    if (busqueda.texto != leido.c_str()) return TRUE;
+    if (!rotulo) return TRUE;
+    const int largo = GetWindowTextW(rotulo, leido.data(), static_cast<int>(leido.size()));
+    if (std::wstring_view(leido.data(), static_cast<std::size_t>(largo)) != busqueda.texto) return TRUE;
     busqueda.hallada = ventana;
     return FALSE;
 }
