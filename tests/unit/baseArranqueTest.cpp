@@ -152,15 +152,5 @@ TEST(base, trasLaPausaNingunVisorQuedaSinSuPort) {
     EXPECT_EQ(t.leyenda(1), "12");
 }
 
-// In configuration, with which tools open.
-std::string abiertas(Banco& t) {
-    std::string lista;
-    if (t.dialogos.dialogo(Id::cfgContexto) != nullptr) lista += "contexto ";
-    if (t.dialogos.dialogo(Id::cfgVisor) != nullptr) lista += "visor ";
-    if (t.dialogos.dialogo(Id::cfgMensaje) != nullptr) lista += "mensaje ";
-    if (t.formulario.asa(Id::imDrgXY)->visible) lista += "tamano ";
-    return lista;
-}
-
 }  // namespace
 }  // namespace sorvanel

@@ -114,6 +114,16 @@ TEST(base, unMonitorQueCambiaRedisponeSinPararNada) {
 // The machine starts with the big screen switched off.
 // What the first start could not copy, a cancel must not take from an earlier session.
 // At rest each display holds some free port: here the other's own one.
+// In configuration, with which tools open.
+std::string abiertas(Banco& t) {
+    std::string lista;
+    if (t.dialogos.dialogo(Id::cfgContexto) != nullptr) lista += "contexto ";
+    if (t.dialogos.dialogo(Id::cfgVisor) != nullptr) lista += "visor ";
+    if (t.dialogos.dialogo(Id::cfgMensaje) != nullptr) lista += "mensaje ";
+    if (t.formulario.asa(Id::imDrgXY)->visible) lista += "tamano ";
+    return lista;
+}
+
 TEST(base, unaSolaHerramientaAbierta) {
     Banco t(DOS_VISORES);
     t.configurar();
