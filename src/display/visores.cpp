@@ -1,6 +1,7 @@
 #include "display/visores.h"
 
 #include <algorithm>
+#include <exception>
 
 #include "config/comun.h"
 
@@ -74,14 +75,21 @@ void Visores::Run(bool marcha) {
 }
 
 bool Visores::letsRun(std::string& errores) {
+    const auto arrancar = [](visor& v) {
+        try {
+            v.Run(true);
+        } catch (const std::exception&) {
+            // It could not be painted, which the next thing shown makes good. The others must start.
+        }
+    };
     // A display at rest holds some free port, which may be the very one of another that starts before it:
     // that one starts the second time.
     for (const auto& v : m_visores) {
-        if (v->ubicado()) v->Run(true);
+        if (v->ubicado()) arrancar(*v);
     }
     for (const auto& v : m_visores) {
         if (!v->ubicado()) continue;
-        v->Run(true);
+        arrancar(*v);
         if (!v->Run()) errores += v->ultimoerror() + "\n";
     }
     return errores.empty();
