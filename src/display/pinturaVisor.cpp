@@ -110,6 +110,7 @@ void PinturaVisor::pintarSinDatos(bool pavona) {
 
 void PinturaVisor::limpiarPeso() {
     if (!m_encajado) return;
+    m_marcasSeguras = false;
     m_peso.limpiar();
     m_marcas = {};
     m_marcasSeguras = true;
@@ -148,6 +149,7 @@ void PinturaVisor::imprimirCortado() {
 
 void PinturaVisor::ponerMarcas(const MarcasVisor& marcas) {
     if (m_marcasSeguras && marcas == m_marcas) return;
+    m_marcasSeguras = false;
     pintarMarcas(m_peso, m_encaje, marcas, m_aspecto.textoPeso, m_aspecto.fondoPeso);
     m_marcas = marcas;
     m_marcasSeguras = true;

@@ -89,31 +89,41 @@ bool visor::ubicar(std::int16_t fila, std::int16_t columna) {
         nueva.columna > m_parrilla->columnas()) {
         return error("Visor #@: Ubicación no compatible con la retícula", m_numero);
     }
-    const auto celda = m_parrilla->getCell(nueva.fila, nueva.columna);
-    if (!celda || !m_pintura->encajar(*celda, aspecto())) {
-        return error("Visor #@: La celda no permite la ubicación", m_numero);
-    }
-    m_registro.fila = nueva.fila;
-    m_registro.columna = nueva.columna;
-    m_ubicado = true;
-    pintarTodo();
-    m_picEtiqueta->mostrar(m_pintura->hayEtiqueta());
-    m_picPeso->mostrar(true);
-    m_parrilla->fondoCelda(m_parrilla->colorFondo(), nueva.fila, nueva.columna);
+    if (!colocar(nueva)) return error("Visor #@: La celda no permite la ubicación", m_numero);
     return sinError();
 }
 
+// Lays out and paints everything anew. False, and nothing changed, when the cell cannot hold the display.
+bool visor::colocar(Ubicacion lugar) {
+    const Muestra habia = std::exchange(m_muestra, Muestra::incierta);
+    const auto celda = m_parrilla->getCell(lugar.fila, lugar.columna);
+    if (!celda || !m_pintura->encajar(*celda, aspecto())) {
+        m_muestra = habia;
+        return false;
+    }
+    m_registro.fila = lugar.fila;
+    m_registro.columna = lugar.columna;
+    m_ubicado = true;
+    const Muestra que = habia == Muestra::incierta ? sinPeso() : habia;
+    m_pintura->pintarEtiqueta();
+    pintarPeso(que);
+    m_picEtiqueta->mostrar(m_pintura->hayEtiqueta());
+    m_picPeso->mostrar(true);
+    m_parrilla->fondoCelda(m_parrilla->colorFondo(), lugar.fila, lugar.columna);
+    m_muestra = que;
+    return true;
+}
+
 void visor::reubicar() {
-    if (!definido() || ubicar(0, 0)) return;
-    quitarDeLaPantalla();
-    // Frames do not reach a display without a place: what it showed is stale when it comes back.
-    mostrarNada();
+    if (definido() && !ubicar(0, 0)) quitarDeLaPantalla();
 }
 
 void visor::quitarDeLaPantalla() {
+    m_ubicado = false;
+    // Frames do not reach a display without a place: the weight is stale when it comes back.
+    if (m_muestra == Muestra::peso) m_muestra = Muestra::nada;
     m_picEtiqueta->mostrar(false);
     m_picPeso->mostrar(false);
-    m_ubicado = false;
 }
 
 void visor::desubicar() {
@@ -128,16 +138,21 @@ void visor::desubicar() {
     m_registro.fila = 0;
     m_registro.columna = 0;
     m_ubicado = false;
-}
-
-void visor::mostrarNada() {
     m_muestra = Muestra::nada;
-    m_ultimaTrama.clear();
 }
 
-void visor::pintarTodo() {
-    m_pintura->pintarEtiqueta();
-    switch (m_muestra) {
+// Nothing counts as shown until all of it is painted. After a painting that threw, what comes next paints everything.
+void visor::mostrar(Muestra que) {
+    if (m_muestra == Muestra::incierta && !colocar({m_registro.fila, m_registro.columna})) return quitarDeLaPantalla();
+    if (m_muestra == que && que != Muestra::peso) return;
+    m_muestra = Muestra::incierta;
+    pintarPeso(que);
+    m_muestra = que;
+}
+
+void visor::pintarPeso(Muestra que) {
+    switch (que) {
+        case Muestra::incierta:
         case Muestra::nada:
             m_pintura->limpiarPeso();
             break;
@@ -150,14 +165,19 @@ void visor::pintarTodo() {
     }
 }
 
+// The link first: whatever the painting does, it is started or stopped.
 void visor::Run(bool marcha) {
-    if (marcha == m_run) return;
-    mostrarNada();
-    if (ubicado()) m_pintura->limpiarPeso();
+    if (marcha && m_run) return;
     if (marcha) {
         m_run = arrancar();
-    } else {
+    } else if (m_run) {
         parar();
+    }
+    m_sinEnlace = marcha && !m_run && ubicado();
+    if (ubicado()) {
+        mostrar(sinPeso());
+    } else {
+        m_muestra = Muestra::nada;
     }
 }
 
@@ -200,19 +220,16 @@ bool visor::mmTCP_refrescoPeso(std::int16_t primero, std::int16_t segundo, std::
 bool visor::recibir(std::string_view trama) {
     if (!m_run || !ubicado()) return false;
     if (trama.empty()) {
-        if (m_muestra != Muestra::sinDatos) m_pintura->pintarSinDatos(pavona());
-        m_muestra = Muestra::sinDatos;
-        m_ultimaTrama.clear();
+        mostrar(Muestra::sinDatos);
         return false;
     }
     const auto leida = leerTrama(trama);
     if (!leida) return false;
-    if (trama == m_ultimaTrama) return true;
-    m_trama = *leida;
-    m_muestra = Muestra::peso;
-    m_pintura->pintarPeso(m_trama, pavona());
+    if (m_muestra == Muestra::peso && trama == m_ultimaTrama) return true;
     m_ultimaTrama = trama;
-    return true;
+    m_trama = *leida;
+    mostrar(Muestra::peso);
+    return m_muestra == Muestra::peso;
 }
 
 }  // namespace sorvanel

@@ -52,6 +52,7 @@ public:
     bool identificado() const { return m_numero >= 1; }
 
     bool Run() const { return m_run; }
+    // A placed display that cannot be started shows that there is no data until it can, or is stopped.
     void Run(bool marcha);
 
     const std::string& caption() const { return m_registro.caption; }
@@ -102,18 +103,22 @@ public:
     bool mmTCP_refrescoPeso(std::int16_t primero, std::int16_t segundo, std::string_view carga) override;
 
 private:
-    enum class Muestra { nada, peso, sinDatos };
+    // Uncertain: a painting has not come to its end, and anything may stand there.
+    enum class Muestra { incierta, nada, peso, sinDatos };
     enum class Alcance { colores, medidas };
 
+    // What stands there while no weight has come.
+    Muestra sinPeso() const { return m_sinEnlace ? Muestra::sinDatos : Muestra::nada; }
     bool definido() const { return m_parrilla != nullptr && m_pintura.has_value(); }
     bool pavona() const { return m_registro.protocolo == PROTOCOLO_PAVONA; }
     AspectoVisor aspecto() const;
     bool recibir(std::string_view trama);
     bool arrancar();
     void parar();
+    bool colocar(Ubicacion lugar);
     void quitarDeLaPantalla();
-    void mostrarNada();
-    void pintarTodo();
+    void mostrar(Muestra que);
+    void pintarPeso(Muestra que);
     void trasCambioDeAspecto(Alcance alcance);
     void guardar() const;
     void guardarSiIdentificado() const;
@@ -132,9 +137,10 @@ private:
     std::optional<PinturaVisor> m_pintura;
     bool m_ubicado = false;
     bool m_run = false;
+    bool m_sinEnlace = false;  // it should hear, and could not be given its port or its link
     bool m_saludado = false;
-    std::string m_ultimaTrama;
     Muestra m_muestra = Muestra::nada;
+    std::string m_ultimaTrama;  // of the weight
     Trama m_trama;
     std::string m_ultimoerror;
 };

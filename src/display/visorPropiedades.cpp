@@ -1,5 +1,7 @@
 // The writes of a display's properties: each is checked, stored, saved and shown at once.
 
+#include <utility>
+
 #include "config/comun.h"
 #include "display/ctrlVis.h"
 #include "display/visor.h"
@@ -52,12 +54,15 @@ AspectoVisor visor::aspecto() const {
 
 void visor::trasCambioDeAspecto(Alcance alcance) {
     guardarSiIdentificado();
-    if (alcance == Alcance::medidas) {
+    if (alcance == Alcance::medidas || m_muestra == Muestra::incierta) {
         // Also a display that did not fit its cell until now.
         if (definido() && ubicacion()) reubicar();
     } else if (ubicado()) {
+        const Muestra que = std::exchange(m_muestra, Muestra::incierta);
         m_pintura->aspecto(aspecto());
-        pintarTodo();
+        m_pintura->pintarEtiqueta();
+        pintarPeso(que);
+        m_muestra = que;
     }
 }
 
@@ -92,7 +97,6 @@ void visor::ubicacion(std::optional<Ubicacion> lugar) {
         reubicar();
     } else {
         quitarDeLaPantalla();
-        mostrarNada();
     }
     if (estaba) m_parrilla->fondoCelda(m_parrilla->colorFondo(), vieja.fila, vieja.columna);
 }
@@ -101,16 +105,15 @@ void visor::port(std::int32_t port) {
     if (port < 0 || port > PORT_MAXIMO || ctrlVis(m_entorno).portExiste(port, modoBulk())) return;
     m_registro.port = port;
     guardarSiIdentificado();
-    m_ultimaTrama.clear();
     if (!m_run) return;
-    // What the old port showed is not the new one's.
-    mostrarNada();
-    if (ubicado()) m_pintura->limpiarPeso();
-    if (m_tessel.enMarcha(*this)) {
-        sinError();
-    } else {
+    m_sinEnlace = !m_tessel.enMarcha(*this);
+    if (m_sinEnlace) {
         error("Port @ inadecuado. Posiblemente en uso", port);
+    } else {
+        sinError();
     }
+    // What the old port showed is not the new one's.
+    if (ubicado()) mostrar(sinPeso());
 }
 
 void visor::protocolo(std::int16_t protocolo) {

@@ -1,6 +1,7 @@
 #include "display/visores.h"
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 #include "config/comun.h"
@@ -75,18 +76,26 @@ void Visores::desubicar() {
 }
 
 void Visores::Run(bool marcha) {
-    for (const auto& v : m_visores) v->Run(marcha);
+    for (const auto& v : m_visores) correr(*v, marcha);
+}
+
+// One that cannot be painted, which the next thing shown makes good, does not hold up the others.
+void Visores::correr(visor& uno, bool marcha) {
+    try {
+        uno.Run(marcha);
+    } catch (const std::exception&) {
+    }
 }
 
 bool Visores::letsRun(std::string& errores) {
     // A display at rest holds some free port, which may be the very one of another that starts before it:
     // that one starts the second time.
     for (const auto& v : m_visores) {
-        if (v->ubicado()) v->Run(true);
+        if (v->ubicado()) correr(*v, true);
     }
     for (const auto& v : m_visores) {
         if (!v->ubicado()) continue;
-        v->Run(true);
+        correr(*v, true);
         if (!v->Run()) errores += v->ultimoerror() + "\n";
     }
     return errores.empty();

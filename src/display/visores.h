@@ -32,7 +32,8 @@ public:
     void reubicar();
     void desubicar();
     void Run(bool marcha);
-    // Starts all that are placed; the errors likewise. True when all started.
+    // Starts all that are placed; the errors likewise. True when all started. May be asked again and again: those
+    // that run are left alone, and one that fails again changes nothing on the screen.
     bool letsRun(std::string& errores);
 
 private:

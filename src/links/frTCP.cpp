@@ -18,6 +18,18 @@ constexpr std::string_view AVISO_SEGUNDO = "XXX>";
 constexpr std::string_view RESPUESTA = "REP\r";
 constexpr std::int64_t NUNCA = -1'000'000;
 
+// The connection keeps no borders: the first readings may come together with the prompt. How long they are at the end
+// of that text; 0 unless there is nothing else behind the prompt, but that the last one may go on.
+std::size_t largoLecturas(std::string_view texto) {
+    const std::size_t aviso = texto.rfind(AVISO_SEGUNDO);
+    if (aviso == std::string_view::npos) return 0;
+    std::string_view resto = texto.substr(aviso + AVISO_SEGUNDO.size());
+    const std::size_t largo = resto.size();
+    for (std::size_t fin = 0; (fin = resto.find('\r')) != std::string_view::npos; resto.remove_prefix(fin + 1))
+        if (!leerLineaPavona(resto.substr(0, fin))) return 0;
+    return empiezaLineaPavona(resto) ? largo : 0;
+}
+
 }  // namespace
 
 frTCP::frTCP(const Entorno& entorno)
@@ -90,7 +102,6 @@ bool frTCP::demasiadosIntentos() const {
 
 // A peer that refuses is asked again at once, but never in a busy circle.
 void frTCP::reconectar() {
-    // A session that is lost again and again starts the timer anew each time: it may never tick.
     vigilarSilencios();
     // What has failed waits for the next beat, whatever is still told of it.
     if (m_estado == Estado::cerrado || m_estado == Estado::fallado) return;
@@ -113,6 +124,7 @@ void frTCP::alConectar() {
     m_tim->intervalo(VIGILANCIA);
     m_tim->habilitado(true);
     m_estado = Estado::esperaLinea;
+    vigilarSilencios();
 }
 
 void frTCP::alFallar() {
@@ -124,6 +136,8 @@ void frTCP::alCerrarse() {
 }
 
 void frTCP::tic() {
+    // An end that comes now would make half an old line whole.
+    m_bufer.clear();
     repartir(nullptr);
     switch (m_estado) {
         case Estado::conectando:
@@ -167,7 +181,7 @@ void frTCP::recibir() {
             atender(AVISO_LINEA, Estado::esperaSegundo, RESPUESTA);
             break;
         case Estado::esperaSegundo:
-            atender(AVISO_SEGUNDO, Estado::abierta, {});
+            atenderSegundo();
             break;
         case Estado::abierta:
         case Estado::leyendo:
@@ -189,6 +203,17 @@ void frTCP::atender(std::string_view aviso, Estado siguiente, std::string_view r
     m_bufer.clear();
     m_estado = siguiente;
     m_tim->habilitado(true);
+    vigilarSilencios();
+}
+
+void frTCP::atenderSegundo() {
+    const std::size_t avisos = m_bufer.size() - largoLecturas(m_bufer);
+    const std::string lecturas = m_bufer.substr(avisos);
+    m_bufer.resize(avisos);
+    atender(AVISO_SEGUNDO, Estado::abierta, {});
+    if (lecturas.empty() || !enSesion()) return;
+    m_bufer = lecturas;
+    entregarLineas();
 }
 
 void frTCP::entregarLineas() {
@@ -243,7 +268,8 @@ void frTCP::repartir(const LecturaPavona* lectura) {
     for (std::size_t i = 0; turnos > 0 && i < m_suscriptores.size(); --turnos) avisar(i, lectura);
 }
 
-// While others read on, a display whose own indicator says nothing must not stand there as live.
+// While others read on, or a session is long in opening, the timer begins its second anew again and again, and may
+// never tick: a display whose own indicator says nothing must not stand there as live.
 void frTCP::vigilarSilencios() {
     const std::int64_t ahora = m_entorno.reloj.ahora();
     for (std::size_t i = 0; i < m_suscriptores.size();) {
@@ -251,7 +277,6 @@ void frTCP::vigilarSilencios() {
             ++i;
             continue;
         }
-        m_suscriptores[i].ultimaAceptada = ahora;
         avisar(i, nullptr);
     }
 }

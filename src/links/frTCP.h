@@ -14,9 +14,9 @@
 namespace sorvanel {
 
 // The one connection to the concentrator. It opens a session by answering two prompts ("LIN>" with
-// "REP", then "XXX>" follows) and hands every reading line to the displays that have subscribed. A
-// session that fails, stalls while it opens, or is lost is opened again, for as long as somebody
-// listens.
+// "REP", then "XXX>" follows, perhaps with the first readings) and hands every reading line to the
+// displays that have subscribed. A session that fails, stalls while it opens, or is lost is opened
+// again, for as long as somebody listens.
 class frTCP final : public EnlaceCompartido, private OyenteZocalo {
 public:
     static constexpr int VIGILANCIA = 1000;                  // milliseconds
@@ -61,6 +61,7 @@ private:
     void recibir();
     void normalizarFinales(std::size_t desde);
     void atender(std::string_view aviso, Estado siguiente, std::string_view respuesta);
+    void atenderSegundo();
     void entregarLineas();
     bool repartirLineas();
     bool entregar(std::string_view linea);

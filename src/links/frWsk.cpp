@@ -8,7 +8,7 @@ namespace sorvanel {
 
 frWsk::frWsk(Fabrica& fabrica, const Reloj& reloj)
     : m_reloj(reloj), m_tim(fabrica.crearTemporizador()), m_wsk(fabrica.crearZocalo(*this)) {
-    m_tim->alTic([this] { avisarSilencio(); });
+    m_tim->alTic([this] { tic(); });
 }
 
 frWsk::~frWsk() {
@@ -66,7 +66,6 @@ void frWsk::entregar(std::string_view linea) {
         m_ultimaAceptada = m_reloj.ahora();
     } else if (m_reloj.ahora() - m_ultimaAceptada >= PACIENCIA) {
         avisarSilencio();
-        m_ultimaAceptada = m_reloj.ahora();
     }
 }
 
@@ -77,6 +76,12 @@ bool frWsk::mostrar(std::string_view trama) {
     } catch (const std::exception&) {
         return false;
     }
+}
+
+// An end that comes now would make half an old line whole, and show a weight that nobody has sent.
+void frWsk::tic() {
+    m_bufer.clear();
+    avisarSilencio();
 }
 
 void frWsk::avisarSilencio() {

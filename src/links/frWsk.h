@@ -13,10 +13,10 @@ namespace sorvanel {
 // carriage return, in datagrams of any cut. What a line means is the display's business.
 class frWsk final : private OyenteZocalo {
 public:
-    // No whole line for this long is told as an empty one, and again every so long.
+    // No whole line for this long is told as an empty one, and again every so long; half a line is dropped then.
     static constexpr int VIGILANCIA = 1000;  // milliseconds
-    // Lines that the display does not take are no sign of life for longer than this.
-    static constexpr std::int64_t PACIENCIA = 10000;  // milliseconds
+    // Lines that the display does not take are no sign of life for longer than this: the port is its own.
+    static constexpr std::int64_t PACIENCIA = 3000;  // milliseconds
     // No line is as long as this: what has no end by then is dropped.
     static constexpr std::size_t BUFER_MAXIMO = 64 * 1024;
 
@@ -35,6 +35,7 @@ private:
     void entregarLineas();
     void entregar(std::string_view linea);
     bool mostrar(std::string_view trama);
+    void tic();
     void avisarSilencio();
 
     const Reloj& m_reloj;

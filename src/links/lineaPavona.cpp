@@ -1,6 +1,7 @@
 #include "links/lineaPavona.h"
 
 #include <algorithm>
+#include <string>
 
 namespace sorvanel {
 
@@ -93,6 +94,15 @@ std::optional<LecturaPavona> leerLineaPavona(std::string_view linea) {
     *destino++ = descargando ? 'D' : 'X';
     for (const std::int64_t valor : valores) destino = escribirGrupo(valor, destino);
     return lectura;
+}
+
+// What is missing is zeros, or blanks to the end of the value that has begun: where neither makes a line, nothing does.
+bool empiezaLineaPavona(std::string_view principio) {
+    constexpr std::array<std::string_view, 3> LINEAS{"00/00 -- 00000000 00000000", "00/00 --          00000000",
+                                                     "00/00 --                  "};
+    return principio.size() <= LARGO_LINEA && std::any_of(LINEAS.begin(), LINEAS.end(), [&](std::string_view linea) {
+               return leerLineaPavona(std::string(principio).append(linea.substr(principio.size()))).has_value();
+           });
 }
 
 }  // namespace sorvanel

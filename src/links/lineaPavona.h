@@ -33,4 +33,7 @@ struct LecturaPavona {
 // values is no number.
 std::optional<LecturaPavona> leerLineaPavona(std::string_view linea);
 
+// Whether more text could make such a line of it: from the empty text to the whole line.
+bool empiezaLineaPavona(std::string_view principio);
+
 }  // namespace sorvanel

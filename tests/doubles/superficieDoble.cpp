@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <stdexcept>
 
 namespace sorvanel {
 namespace {
@@ -39,6 +40,13 @@ std::string SuperficieDoble::enPalabras(const Rectangulo& r) {
 
 std::string SuperficieDoble::enPalabras(Punto lugar, std::string_view texto, Color color) {
     return numero(lugar.x) + ' ' + numero(lugar.y) + " \"" + std::string(texto) + "\" " + enPalabras(color);
+}
+
+void SuperficieDoble::anotar(const std::string& linea) {
+    const bool falla = m_fallo > 0 && --m_fallo == 0;
+    const std::string& dicho = falla ? "falla" : linea;
+    m_diario->push_back(m_nombre.empty() ? dicho : m_nombre + ": " + dicho);
+    if (falla) throw std::runtime_error("nothing to paint with");
 }
 
 void SuperficieDoble::fuente(const Fuente& fuente) {

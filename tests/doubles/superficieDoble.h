@@ -33,6 +33,8 @@ public:
     void pixel(float twips) { m_pixel = twips; }
     // Nothing is measured any more: every text has size zero.
     void sinFuentes(bool si) { m_sinFuentes = si; }
+    // The call of that number from now on, among those that write, writes "falla" and throws; 0: none does.
+    void fallarEn(int llamada) { m_fallo = llamada; }
 
     void colocar(const Rectangulo& lugar) override {
         m_lugar = lugar;
@@ -77,7 +79,7 @@ private:
     static std::string enPalabras(Color color);
     static std::string enPalabras(const Rectangulo& r);
     static std::string enPalabras(Punto lugar, std::string_view texto, Color color);
-    void anotar(const std::string& linea) { m_diario->push_back(m_nombre.empty() ? linea : m_nombre + ": " + linea); }
+    void anotar(const std::string& linea);
 
     std::string m_nombre;
     std::vector<std::string> m_propio;
@@ -87,7 +89,7 @@ private:
     Color m_fondo = BLANCO;
     std::string m_leyenda;
     std::string m_sugerencia;
-    int m_fuentesPuestas = 0;
+    int m_fuentesPuestas = 0, m_fallo = 0;
     float m_pixel = TWIPS_POR_PIXEL;
     bool m_visible = false, m_conDC = true, m_ajustada = false, m_sinFuentes = false;
 };

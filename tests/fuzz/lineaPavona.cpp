@@ -65,6 +65,8 @@ void comprobar(const std::string& linea) {
     const auto leida = sorvanel::leerLineaPavona(linea);
     if (leida.has_value() != esperado.has_value()) std::abort();
     if (!leida) return;
+    for (std::size_t n = 0; n <= linea.size(); ++n)
+        if (!sorvanel::empiezaLineaPavona(linea.substr(0, n))) std::abort();
     if (leida->texto() != *esperado || leida->texto().size() != 57) std::abort();
     if (leida->primero != std::stoi(linea.substr(0, 2)) || leida->segundo != std::stoi(linea.substr(3, 2)))
         std::abort();

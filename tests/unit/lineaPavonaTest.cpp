@@ -53,6 +53,17 @@ TEST(LineaPavona, losDosPrimerosGrupos) {
     }
 }
 
+TEST(LineaPavona, seSabeQueUnPrincipioLoEs) {
+    for (const std::string linea : {"12/03 C- 0001.250 0000.500", "12/03 -D      1.  -2      "}) {
+        for (std::size_t n = 0; n <= linea.size(); ++n) EXPECT_TRUE(empiezaLineaPavona(linea.substr(0, n))) << n;
+        EXPECT_FALSE(empiezaLineaPavona(linea + " "));
+    }
+    for (const char* no : {"1 ", "\n", "12/03 CC", "12/03 C- 1 2", "12/03 C- - ", "12/03 C-         0", "12/03 C- 0x",
+                           "12/03 C- 00000001 00000002\r"}) {
+        EXPECT_FALSE(empiezaLineaPavona(no)) << no;
+    }
+}
+
 TEST(LineaPavona, loQueNoTieneLaFormaNoEsLectura) {
     const std::string buena = "12/03 C- 0001.250 0000.500";
     EXPECT_NE(cargaDe(buena), "");

@@ -223,6 +223,79 @@ TEST(visor, elPuertoSeCambiaTambienEnMarcha) {
     b.v->port(3003);
     EXPECT_EQ(b.v->ultimoerror(), "Port 3003 inadecuado. Posiblemente en uso");
     EXPECT_TRUE(b.v->Run());
+    EXPECT_EQ(b.leyenda(), "-----");
+}
+
+TEST(visor, siNoPuedeArrancarDiceQueNoHayDatosHastaQuePuedaOSePare) {
+    for (const std::string& familia : {TESSEL, PAVONA}) {
+        Banco b(familia);
+        const auto dejar = [&](bool libre) {
+            b.compartido.arranca = libre;
+            b.e.fabrica.red().ocupados = libre ? std::set<std::int32_t>{} : std::set{3001};
+        };
+        dejar(false);
+        b.arrancar();
+        EXPECT_FALSE(b.v->Run());
+        EXPECT_EQ(b.leyenda(), "-----");
+        const std::size_t pintado = b.picRep.lineas().size();
+        b.v->Run(true);
+        EXPECT_EQ(b.picRep.lineas().size(), pintado) << "the same is not painted again";
+        b.picRep.fallarEn(3);
+        EXPECT_ANY_THROW(b.v->reubicar());
+        b.v->reubicar();
+        EXPECT_EQ(b.leyenda(), "-----");
+        b.v->Run(false);
+        EXPECT_EQ(b.leyenda(), "") << "nobody asks any more";
+        b.v->Run(true);
+        EXPECT_EQ(b.leyenda(), "-----");
+        dejar(true);
+        b.v->Run(true);
+        EXPECT_TRUE(b.v->Run());
+        EXPECT_EQ(b.leyenda(), "");
+    }
+}
+
+// Whatever call of whatever painting throws: what comes next stands there as on a fresh surface.
+TEST(visor, loQueFallaAlPintarseNoCuentaComoMostrado) {
+    const std::vector<std::pair<const char*, std::function<void(Banco&)>>> pinturas = {
+        {"frame", [](Banco& b) { b.v->frWsk_refrescoPeso("EXX+00022000"); }},
+        {"silence", [](Banco& b) { b.v->frWsk_refrescoPeso(""); }},
+        {"place", [](Banco& b) { b.v->reubicar(); }},
+        {"colour", [](Banco& b) { b.v->colorFondoPeso(rgb(1, 2, 3)); }},
+        {"port", [](Banco& b) { b.v->port(3009); }}};
+    for (const auto& [nombre, pintar] : pinturas) {
+        for (const char* trama : {"EXX+00011000", "EXX+00022000", ""}) {
+            for (int llamada = 0, fallos = 1; fallos > 0; ++llamada) {
+                SCOPED_TRACE(std::string(nombre) + " " + trama + " " + std::to_string(llamada));
+                Banco b(TESSEL);
+                b.arrancar();
+                b.v->frWsk_refrescoPeso("EXX+00011000");
+                b.picRep.fallarEn(llamada);
+                fallos = llamada == 0 ? 1 : 0;
+                try {
+                    pintar(b);
+                } catch (const std::runtime_error&) {
+                    ++fallos;
+                }
+                b.picRep.fallarEn(0);
+                b.v->frWsk_refrescoPeso(trama);
+                const std::vector<std::string> visto = b.picRep.lineas();
+                b.v->Run(false);
+                b.v->Run(true);
+                b.v->ubicar(0, 0);
+                b.v->frWsk_refrescoPeso(trama);
+                const auto desdeLimpio = [](const std::vector<std::string>& lineas) {
+                    const auto limpio = std::find_if(lineas.rbegin(), lineas.rend(),
+                                                     [](const std::string& l) { return l.starts_with("limpiar"); });
+                    return std::vector<std::string>(limpio.base(), lineas.end());
+                };
+                if (llamada > 0 && fallos > 0) {
+                    EXPECT_EQ(desdeLimpio(visto), desdeLimpio(b.picRep.lineas()));
+                    EXPECT_TRUE(b.picRep.visible());
+                }
+            }
+        }
+    }
 }
 
 TEST(visor, laEtiquetaYLaUbicacionSeNieganOSeSiguen) {
