@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
 """Holds the layers of src/ in place.
 
-A room includes only itself and rooms below it; system headers occur only under platform/win32/ and
-in app/main.cpp; only app/main.cpp includes platform/win32/; project headers are written
-"room/file.h" and exist; no file includes itself, by whatever way round.
+A room includes only itself and rooms below it, and so does a room of platform/win32/ among its own;
+system headers occur only under platform/win32/ and in app/main.cpp; only app/main.cpp includes
+platform/win32/; project headers are written "room/file.h" and exist; no file includes itself, by
+whatever way round.
 
     comprobar-inclusiones.py [SRC]     checks that folder (the tree's src/ by default)
     comprobar-inclusiones.py --prueba  checks the check: planted violations must be found
@@ -19,6 +20,8 @@ SALAS = ["platform", "config", "screen", "grid", "links", "display", "message", 
 EXTENSIONES = {".h", ".hpp", ".cpp", ".cc", ".c", ".inl"}
 ENTRADA = "app/main.cpp"
 WIN32 = "platform/win32/"
+# Its rooms, from the ground up.
+SALAS_WIN32 = ["base", "painting", "controls", "windows", "network", "system"]
 
 # All of the standard library up to C++20. Whatever else stands between <> is the system's.
 ESTANDAR = set(
@@ -72,6 +75,14 @@ def sala(nombre):
     return primera if "/" in nombre and primera in SALAS else None
 
 
+def sala_win32(nombre):
+    """Its number from the ground up; None outside, -1 in no room of its."""
+    if not nombre.startswith(WIN32):
+        return None
+    primera = nombre[len(WIN32):].split("/", 1)
+    return SALAS_WIN32.index(primera[0]) if len(primera) == 2 and primera[0] in SALAS_WIN32 else -1
+
+
 def juzgar_sistema(archivo, destino):
     if destino in ESTANDAR or archivo == ENTRADA or archivo.startswith(WIN32):
         return None
@@ -90,6 +101,9 @@ def juzgar_proyecto(src, archivo, destino):
         return f'"{destino}": only {ENTRADA} may include {WIN32}'
     if SALAS.index(arriba) > SALAS.index(sala(archivo)):
         return f'"{destino}": {sala(archivo)} lies below {arriba}'
+    desde, hasta = sala_win32(archivo), sala_win32(destino)
+    if desde is not None and hasta is not None and hasta > desde:
+        return f'"{destino}": {SALAS_WIN32[desde]} lies below {SALAS_WIN32[hasta]}'
     return None
 
 
@@ -122,7 +136,7 @@ def comprobar(src):
     for ruta in archivos:
         archivo = ruta.relative_to(src).as_posix()
         grafo[archivo] = []
-        if sala(archivo) is None:
+        if sala(archivo) is None or sala_win32(archivo) == -1:
             faltas.append(f"{archivo}: in no room")
             continue
         for linea, destino, de_sistema in inclusiones(ruta):
@@ -141,13 +155,13 @@ def comprobar(src):
 
 BUENOS = {
     "platform/a.h": "#include <vector>\n",
-    "platform/win32/v.h": '#include <windows.h>\n#include "platform/a.h"\n',
+    "platform/win32/painting/v.h": '#include <windows.h>\n#include "platform/a.h"\n',
     "config/c.h": '#include "platform/a.h"\n// #include <windows.h>\n/* #include "app/base.h" */\n',
     "grid/g.cpp": '#include "grid/g.h"\n#include "config/c.h"\n',
     "grid/g.h": "#include <string>\n",
     "links/l.h": "",
     "app/base.h": '#include "grid/g.h"\n',
-    "app/main.cpp": '#include <winsock2.h>\n#include <windows.h>\n#include "platform/win32/v.h"\n',
+    "app/main.cpp": '#include <winsock2.h>\n#include <windows.h>\n#include "platform/win32/painting/v.h"\n',
 }
 
 # What is planted, and a piece of the complaint that it must cause.
@@ -163,9 +177,11 @@ MALOS = [
     ("grid/m.cpp", '#include "grid/nada.h"\n', "does not exist"),
     ("grid/m.cpp", '#include "links/l.h"\n', "grid lies below links"),
     ("platform/m.h", '#inc\\\nlude "config/c.h"\n', "platform lies below config"),
-    ("platform/win32/m.cpp", '#include "app/base.h"\n', "platform lies below app"),
-    ("app/m.cpp", '#include "platform/win32/v.h"\n', "only app/main.cpp"),
-    ("platform/m.h", '#include "platform/win32/v.h"\n', "only app/main.cpp"),
+    ("platform/win32/base/m.cpp", '#include "app/base.h"\n', "platform lies below app"),
+    ("platform/win32/base/m.h", '#include "platform/win32/painting/v.h"\n', "base lies below painting"),
+    ("platform/win32/suelta.h", "", "in no room"),
+    ("app/m.cpp", '#include "platform/win32/painting/v.h"\n', "only app/main.cpp"),
+    ("platform/m.h", '#include "platform/win32/painting/v.h"\n', "only app/main.cpp"),
     ("links/l.h", '#include "links/l.h"\n', "circle: links/l.h -> links/l.h"),
     ("grid/g.h", '#include "grid/h.h"\n', "circle"),
     ("grid/m.cpp", "#define CUAL <vector>\n#include CUAL\n", "must name its file"),

@@ -39,6 +39,7 @@ public:
 private:
     // From the file, those behind the last one here.
     void cargarSiguientes();
+    static void correr(visor& uno, bool marcha);
 
     const Entorno& m_entorno;
     EnlaceCompartido& m_compartido;

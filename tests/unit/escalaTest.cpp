@@ -1,4 +1,4 @@
-#include "platform/win32/escala.h"
+#include "platform/win32/base/escala.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/win32/formas.h"
+#include "platform/win32/painting/formas.h"
 
 #include <gtest/gtest.h>
 

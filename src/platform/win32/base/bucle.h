@@ -1,0 +1,59 @@
+#pragma once
+
+#include <windows.h>
+#include <winsock2.h>
+
+#include <cstdint>
+#include <functional>
+#include <utility>
+#include <vector>
+
+#include "platform/win32/base/relojWin.h"
+#include "platform/win32/base/ventanaMensajes.h"
+
+namespace sorvanel {
+
+// The message loop. Windows hands out posted messages, which is what sockets send, before input,
+// painting and timers; under a flood of datagrams those would wait for ever. So after some messages
+// or milliseconds each of the others gets a turn, whatever waits.
+class Bucle {
+public:
+    // Told between messages; says whether something is still to be done, which it will then be
+    // asked for again soon although no message comes.
+    using Ocio = std::function<bool(bool colaVacia)>;
+
+    Bucle(const RelojWin& reloj, VentanaMensajes& mensajes) : m_reloj(reloj), m_mensajes(mensajes) {}
+
+    void ocio(Ocio ocio) { m_ocio = std::move(ocio); }
+    // To a dialog, before a mouse message for one of its children is handed out: the MSG, in lParam.
+    static constexpr UINT MENSAJE_RATON = WM_APP + 32;
+
+    // Gives that window the keyboard habits of a dialog, and MENSAJE_RATON, until it is taken off.
+    void anadirDialogo(HWND ventana);
+    void quitarDialogo(HWND ventana);
+
+    // Runs until PostQuitMessage, and returns its code.
+    int ejecutar();
+
+private:
+    static constexpr int MENSAJES_POR_TURNO = 64;
+    static constexpr std::int64_t TURNO = 4000;    // microseconds
+    static constexpr std::int64_t ALIVIO = 20000;  // microseconds
+    static constexpr DWORD ESPERA = 50;            // milliseconds, while something is still to be done
+
+    // False when nothing was there.
+    bool sacar(UINT primero, UINT ultimo, UINT clase);
+    bool turno();
+    void alivio();
+    void repartir(MSG& mensaje);
+    void anunciarRaton(const MSG& mensaje) const;
+
+    const RelojWin& m_reloj;
+    VentanaMensajes& m_mensajes;
+    Ocio m_ocio;
+    std::vector<HWND> m_dialogos;
+    bool m_fin = false;
+    int m_codigo = 0;
+};
+
+}  // namespace sorvanel

@@ -1,0 +1,118 @@
+#include "platform/win32/controls/superficieWin.h"
+
+#include "platform/win32/base/textoWin.h"
+
+namespace sorvanel {
+
+namespace {
+
+constexpr const wchar_t* CLASE = L"SorvanelSuperficie";
+
+}  // namespace
+
+SuperficieWin::SuperficieWin(AnfitrionSuperficies& anfitrion, IdControl id, int elemento)
+    : PinturaWin(anfitrion),
+      m_zona(id == IdControl::picBot || id == IdControl::lbVer ? ZonaRaton::barra : ZonaRaton::representacion) {
+    MoldeVentana molde;
+    molde.clase = CLASE;
+    molde.estilo = WS_CHILD | WS_CLIPSIBLINGS;
+    molde.padre = anfitrion.ventana();
+    molde.id = numero(id, elemento);
+    crear(molde);
+}
+
+SuperficieWin::~SuperficieWin() {
+    if (m_sugerida) anfitrion().sugerencia(hwnd(), {});
+    destruir();
+    anfitrion().baja(*this);
+}
+
+void SuperficieWin::alCambiarEscala() {
+    cambiarEscalaPintura();
+    situar(lugarPixeles());
+    invalidar();
+}
+
+void SuperficieWin::colocar(const Rectangulo& lugar) {
+    situarPintura(lugar);
+    situar(lugarPixeles());
+    invalidar();
+}
+
+void SuperficieWin::mostrar(bool visible) {
+    if (visible == m_visible) return;
+    m_visible = visible;
+    mostrarSinActivar(visible);
+}
+
+bool SuperficieWin::hasDC() const {
+    return hwnd() != nullptr && PinturaWin::hasDC();
+}
+
+void SuperficieWin::leyenda(std::string_view texto) {
+    if (texto == m_leyenda) return;
+    m_leyenda.assign(texto);
+    m_leyendaNueva = true;
+}
+
+void SuperficieWin::sugerencia(std::string_view texto) {
+    m_sugerida = !texto.empty();
+    anfitrion().sugerencia(hwnd(), aAncho(texto));
+}
+
+void SuperficieWin::refrescar() {
+    pintarPendiente();
+}
+
+void SuperficieWin::alPintar() {
+    {
+        const DCPintado pintado(hwnd());
+        if (pintado) volcar(pintado.get(), pintado.zona());
+    }
+    avisarLeyenda();
+}
+
+// Told after a paint, not with each frame: what arrives faster than it can be shown cannot be heard
+// either. Without a listener it costs one look at a flag.
+void SuperficieWin::avisarLeyenda() {
+    if (!m_leyendaNueva) return;
+    m_leyendaNueva = false;
+    if (!IsWinEventHookInstalled(EVENT_OBJECT_NAMECHANGE)) return;
+    NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, hwnd(), OBJID_WINDOW, CHILDID_SELF);
+}
+
+// The words are turned into the system's text only when somebody asks.
+LRESULT SuperficieWin::copiarLeyenda(WPARAM capacidad, LPARAM destino) const {
+    if (capacidad == 0 || destino == 0) return 0;
+    const std::wstring letras = aAncho(m_leyenda);
+    auto* hacia = reinterpret_cast<wchar_t*>(destino);
+    const std::size_t cuantas = letras.copy(hacia, static_cast<std::size_t>(capacidad) - 1);
+    hacia[cuantas] = L'\0';
+    return static_cast<LRESULT>(cuantas);
+}
+
+LRESULT SuperficieWin::alMensaje(UINT mensaje, WPARAM w, LPARAM l) {
+    switch (mensaje) {
+        case WM_PAINT:
+            alPintar();
+            return 0;
+        case WM_PRINTCLIENT:
+            volcar(reinterpret_cast<HDC>(w), lienzo().entero());
+            return 0;
+        case WM_ERASEBKGND:
+            return 1;
+        case WM_MOUSEMOVE:
+            anfitrion().alMoverRaton(m_zona);
+            return 0;
+        case WM_GETTEXT:
+            return copiarLeyenda(w, l);
+        case WM_GETTEXTLENGTH:
+            return static_cast<LRESULT>(aAncho(m_leyenda).size());
+        case WM_GETDLGCODE:
+            return DLGC_STATIC;
+        default:
+            return porDefecto(mensaje, w, l);
+    }
+}
+
+}  // namespace sorvanel

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <string>
+
+#include "platform/win32/base/ventanaWin.h"
+#include "platform/win32/painting/anfitrion.h"
+#include "platform/win32/painting/pinturaWin.h"
+
+namespace sorvanel {
+
+// A surface as a child window. All is painted on a picture in memory; the window only copies what
+// was touched when the system wants it painted, so that many changes between two paints cost one
+// copy, nothing flickers, and what was covered comes back.
+class SuperficieWin final : public PinturaWin, private VentanaWin {
+public:
+    SuperficieWin(AnfitrionSuperficies& anfitrion, IdControl id, int elemento);
+    ~SuperficieWin() override;
+
+    using VentanaWin::hwnd;
+    // The window came to another scale: the same place in twips, a new picture.
+    void alCambiarEscala();
+
+    void colocar(const Rectangulo& lugar) override;
+    void mostrar(bool visible) override;
+    bool visible() const override { return m_visible; }
+    bool hasDC() const override;
+    void leyenda(std::string_view texto) override;
+    void sugerencia(std::string_view texto) override;
+    void refrescar() override;
+
+private:
+    void tocar(const RECT* zona) override { invalidar(zona); }
+    LRESULT alMensaje(UINT mensaje, WPARAM w, LPARAM l) override;
+    void alPintar();
+    LRESULT copiarLeyenda(WPARAM capacidad, LPARAM destino) const;
+    // The pictured words were changed and somebody listens.
+    void avisarLeyenda();
+
+    const ZonaRaton m_zona;
+    bool m_visible = false;
+    std::string m_leyenda;
+    bool m_leyendaNueva = false;
+    bool m_sugerida = false;
+};
+
+}  // namespace sorvanel

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <windows.h>
+
+#include <array>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "platform/superficie.h"
+#include "platform/win32/base/manejadores.h"
+
+namespace sorvanel {
+
+// Vertical extent of ink, device pixels from the top of the line.
+struct Tinta {
+    int superior = 0;
+    int inferior = 0;
+};
+
+// A font made for one height in device pixels, and what is known of its characters.
+class FuenteWin {
+public:
+    // Throws std::runtime_error when the system makes none.
+    FuenteWin(const Fuente& fuente, int altoPixeles);
+
+    HFONT get() const { return m_fuente.get(); }
+    // The font must be selected in that device context.
+    Tinta tinta(HDC dc, std::wstring_view texto);
+
+private:
+    struct Caracter {
+        bool sabido = false;
+        bool conTinta = false;
+        Tinta tinta;
+    };
+    Caracter medir(HDC dc, wchar_t letra);
+    const TEXTMETRICW& metrica(HDC dc);
+
+    FuenteGDI m_fuente;
+    bool m_medida = false;
+    TEXTMETRICW m_metrica{};
+    // Weights are digits and signs: they are asked of the system once.
+    std::array<Caracter, 128> m_comunes{};
+};
+
+// The fonts in use: equal ones are one, whoever asks. A font that nobody holds is kept for a while,
+// since the next layout often asks for it again.
+class FuentesWin {
+public:
+    std::shared_ptr<FuenteWin> pedir(const Fuente& fuente, int altoPixeles);
+
+private:
+    struct Entrada {
+        Fuente fuente;
+        int alto = 0;
+        std::shared_ptr<FuenteWin> hecha;
+    };
+    void podar();
+
+    static constexpr std::size_t SOBRANTES = 16;
+    std::vector<Entrada> m_entradas;  // those asked for last stand last
+};
+
+// The font of buttons: the system's own where it is there. The height is the em, twips.
+Fuente fuenteInterfaz(float alto, bool negrita = false);
+
+}  // namespace sorvanel

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "platform/sistema.h"
+#include "platform/win32/system/ventanasApagadas.h"
+
+namespace sorvanel {
+
+class AvisosWin : public Avisos {
+public:
+    // Above which window the boxes stand unless another one of ours is being worked with; null for
+    // none.
+    void propietaria(HWND ventana) { m_propietaria = ventana; }
+    // True while a box is open.
+    bool abierto() const { return m_abiertos > 0; }
+
+    void critico(const std::string& texto) override;
+    void informacion(const std::string& texto) override;
+    void cerrar() override;
+
+    // As long as it lives a box of the system is open: all our windows are disabled but the one that
+    // the box is given as its owner, which it disables itself.
+    class Apertura {
+    public:
+        explicit Apertura(AvisosWin& avisos);
+        ~Apertura() { --m_avisos.m_abiertos; }
+        Apertura(const Apertura&) = delete;
+        Apertura& operator=(const Apertura&) = delete;
+        HWND propietaria() const { return m_propietaria; }
+
+    private:
+        AvisosWin& m_avisos;
+        HWND m_propietaria;
+        VentanasApagadas m_apagadas;
+    };
+
+private:
+    void mostrar(const std::string& texto, UINT icono);
+
+    HWND m_propietaria = nullptr;
+    int m_abiertos = 0;
+    const std::wstring* m_primero = nullptr;  // what the box says that has been open for longest
+};
+
+}  // namespace sorvanel

@@ -1,0 +1,66 @@
+#include "platform/win32/system/programaWin.h"
+
+#include <windows.h>
+#include <winsock2.h>
+// After windows.h, whose types it uses.
+#include <shlobj.h>
+
+#include <array>
+#include <vector>
+
+#include "platform/win32/base/textoWin.h"
+
+namespace sorvanel {
+
+namespace {
+
+std::wstring rutaEjecutable() {
+    std::wstring ruta(MAX_PATH, L'\0');
+    while (true) {
+        const DWORD largo = GetModuleFileNameW(nullptr, ruta.data(), static_cast<DWORD>(ruta.size()));
+        if (largo < ruta.size()) {
+            ruta.resize(largo);
+            return ruta;
+        }
+        ruta.resize(ruta.size() * 2);
+    }
+}
+
+std::string carpetaEspecial(int cual) {
+    std::array<wchar_t, MAX_PATH> ruta{};
+    return SHGetSpecialFolderPathW(nullptr, ruta.data(), cual, FALSE) ? aUtf8(ruta.data()) : std::string();
+}
+
+}  // namespace
+
+std::string ProgramaWin::nombreEjecutable() const {
+    std::wstring nombre = rutaEjecutable();
+    nombre.erase(0, nombre.find_last_of(L"\\/") + 1);
+    return aUtf8(nombre.substr(0, nombre.rfind(L'.')));
+}
+
+std::string ProgramaWin::carpetaBase() const {
+    const std::string comun = carpetaEspecial(CSIDL_COMMON_APPDATA);
+    return comun.empty() ? carpetaEspecial(CSIDL_LOCAL_APPDATA) : comun;
+}
+
+std::string ProgramaWin::separadorDecimal() const {
+    std::array<wchar_t, 8> separador{};
+    const int largo = GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, LOCALE_SDECIMAL, separador.data(),
+                                      static_cast<int>(separador.size()));
+    return largo > 1 ? aUtf8(separador.data()) : ",";
+}
+
+Version ProgramaWin::version() const {
+    const std::wstring ruta = rutaEjecutable();
+    DWORD cero = 0;
+    std::vector<char> recurso(GetFileVersionInfoSizeW(ruta.c_str(), &cero));
+    VS_FIXEDFILEINFO* fija = nullptr;
+    UINT tamano = 0;
+    if (recurso.empty() || !GetFileVersionInfoW(ruta.c_str(), 0, static_cast<DWORD>(recurso.size()), recurso.data()) ||
+        !VerQueryValueW(recurso.data(), L"\\", reinterpret_cast<void**>(&fija), &tamano) || tamano < sizeof *fija)
+        return {};
+    return {HIWORD(fija->dwFileVersionMS), LOWORD(fija->dwFileVersionMS), HIWORD(fija->dwFileVersionLS)};
+}
+
+}  // namespace sorvanel
