@@ -23,7 +23,7 @@ TEST(Enlaces, UnPuertoOcupadoSeAvisaYLosDemasMarchan) {
     indicador.enviar(puerto + 2, trama(3000));
     EXPECT_TRUE(programa.esperarTexto(IdControl::picRep, 1, "1"));
     EXPECT_TRUE(programa.esperarTexto(IdControl::picRep, 3, "3"));
-    EXPECT_EQ(programa.texto(IdControl::picRep, 2), "");
+    EXPECT_EQ(programa.texto(IdControl::picRep, 2), "-----");
     EXPECT_FALSE(IsWindowEnabled(programa.ventana()));
     EXPECT_TRUE(programa.caja().cerrar());
     EXPECT_TRUE(IsWindowEnabled(programa.ventana()));
