@@ -31,28 +31,6 @@ TEST(Enlaces, UnPuertoOcupadoSeAvisaYLosDemasMarchan) {
     EXPECT_TRUE(programa.terminar());
 }
 
-// Its address on the concentrator cannot be reached by any attempt: the port is no port.
-TEST(Enlaces, UnVisorDelConcentradorInalcanzableSeAvisaYSeConserva) {
-    const std::string ini = Configuracion()
-                                .reticula(1, 1)
-                                .visor(305, 1, 1)
-                                .clave("Protocolo", "Pavona")
-                                .clave("ModoBulk", "2")
-                                .clave("Etiqueta", "Silo 3")
-                                .seccion("PAVONA")
-                                .clave("Host", "127.0.0.1")
-                                .clave("Port", "70000");
-    Programa programa(ini);
-    programa.arrancar();
-    EXPECT_EQ(programa.caja().esperarTexto(), "Port 305 inadecuado. Posiblemente en uso");
-    EXPECT_TRUE(programa.caja().cerrar());
-    EXPECT_TRUE(programa.seVe(IdControl::botPau));
-    EXPECT_TRUE(programa.seVe(IdControl::picRep, 1));
-    EXPECT_EQ(programa.texto(IdControl::picCap, 1), "Silo 3");
-    EXPECT_TRUE(programa.terminar());
-    EXPECT_EQ(programa.leerINI(), ini);
-}
-
 TEST(Enlaces, AlPararQuedaLibreElPuerto) {
     const int puerto = puertosLibres();
     Programa programa(Configuracion().reticula(1, 1).visor(puerto, 1, 1));
