@@ -244,11 +244,12 @@ TEST_F(Pavona, LosAvisosVienenEnTrozos) {
         Sleep(ENTRE_TROZOS);
     }
     ASSERT_EQ(concentrador->oir(4), "REP\r");
-    for (const char* trozo : {"XX", "X>"}) {
+    // The first reading in one segment with the end of the prompt.
+    for (const std::string& trozo : {std::string("XX"), "X>" + lineaPavona(305, "-D", "00041.50")}) {
         ASSERT_TRUE(concentrador->decir(trozo));
         Sleep(ENTRE_TROZOS);
     }
-    Sleep(ENTRE_TROZOS);
+    ASSERT_TRUE(lee(1, "41.5 D"));
     const std::string linea = lineaPavona(305, "C-", "00042.50");
     EXPECT_TRUE(esperar([&] {
         for (const std::string& trozo : {linea.substr(0, 9), linea.substr(9, 17), linea.substr(26)}) {
@@ -360,7 +361,7 @@ TEST(PavonaInalcanzable, UnDestinoQueNoPuedeSerSeAvisa) {
         EXPECT_EQ(programa.caja().esperarTexto(),
                   "Port 305 inadecuado. Posiblemente en uso\nPort 1203 inadecuado. Posiblemente en uso");
         EXPECT_TRUE(programa.caja().cerrar());
-        EXPECT_EQ(programa.texto(IdControl::picRep, 1), "");
+        EXPECT_EQ(programa.texto(IdControl::picRep, 1), SIN_DATOS);
         EXPECT_TRUE(programa.terminar());
     }
 }

@@ -23,34 +23,12 @@ TEST(Enlaces, UnPuertoOcupadoSeAvisaYLosDemasMarchan) {
     indicador.enviar(puerto + 2, trama(3000));
     EXPECT_TRUE(programa.esperarTexto(IdControl::picRep, 1, "1"));
     EXPECT_TRUE(programa.esperarTexto(IdControl::picRep, 3, "3"));
-    EXPECT_EQ(programa.texto(IdControl::picRep, 2), "");
+    EXPECT_EQ(programa.texto(IdControl::picRep, 2), "-----");
     EXPECT_FALSE(IsWindowEnabled(programa.ventana()));
     EXPECT_TRUE(programa.caja().cerrar());
     EXPECT_TRUE(IsWindowEnabled(programa.ventana()));
     EXPECT_TRUE(programa.seVe(IdControl::botPau));
     EXPECT_TRUE(programa.terminar());
-}
-
-// Its address on the concentrator cannot be reached by any attempt: the port is no port.
-TEST(Enlaces, UnVisorDelConcentradorInalcanzableSeAvisaYSeConserva) {
-    const std::string ini = Configuracion()
-                                .reticula(1, 1)
-                                .visor(305, 1, 1)
-                                .clave("Protocolo", "Pavona")
-                                .clave("ModoBulk", "2")
-                                .clave("Etiqueta", "Silo 3")
-                                .seccion("PAVONA")
-                                .clave("Host", "127.0.0.1")
-                                .clave("Port", "70000");
-    Programa programa(ini);
-    programa.arrancar();
-    EXPECT_EQ(programa.caja().esperarTexto(), "Port 305 inadecuado. Posiblemente en uso");
-    EXPECT_TRUE(programa.caja().cerrar());
-    EXPECT_TRUE(programa.seVe(IdControl::botPau));
-    EXPECT_TRUE(programa.seVe(IdControl::picRep, 1));
-    EXPECT_EQ(programa.texto(IdControl::picCap, 1), "Silo 3");
-    EXPECT_TRUE(programa.terminar());
-    EXPECT_EQ(programa.leerINI(), ini);
 }
 
 TEST(Enlaces, AlPararQuedaLibreElPuerto) {
