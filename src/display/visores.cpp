@@ -68,7 +68,7 @@ void Visores::ubicar(std::string& errores) {
 }
 
 void Visores::reubicar() {
-    for (const auto& v : m_visores) v->reubicar();
+    paraCada([](visor& v) { v.reubicar(); });
 }
 
 void Visores::desubicar() {
@@ -76,27 +76,30 @@ void Visores::desubicar() {
 }
 
 void Visores::Run(bool marcha) {
-    for (const auto& v : m_visores) correr(*v, marcha);
+    paraCada([marcha](visor& v) { v.Run(marcha); });
 }
 
 // One that cannot be painted, which the next thing shown makes good, does not hold up the others.
-void Visores::correr(visor& uno, bool marcha) {
-    try {
-        uno.Run(marcha);
-    } catch (const std::exception&) {
+template <typename Accion>
+void Visores::paraCada(Accion accion) {
+    for (const auto& v : m_visores) {
+        try {
+            accion(*v);
+        } catch (const std::exception&) {
+        }
     }
 }
 
 bool Visores::letsRun(std::string& errores) {
+    const auto arrancar = [](visor& v) {
+        if (v.ubicado()) v.Run(true);
+    };
     // A display at rest holds some free port, which may be the very one of another that starts before it:
     // that one starts the second time.
+    paraCada(arrancar);
+    paraCada(arrancar);
     for (const auto& v : m_visores) {
-        if (v->ubicado()) correr(*v, true);
-    }
-    for (const auto& v : m_visores) {
-        if (!v->ubicado()) continue;
-        correr(*v, true);
-        if (!v->Run()) errores += v->ultimoerror() + "\n";
+        if (v->ubicado() && !v->Run()) errores += v->ultimoerror() + "\n";
     }
     return errores.empty();
 }

@@ -39,7 +39,8 @@ public:
 private:
     // From the file, those behind the last one here.
     void cargarSiguientes();
-    static void correr(visor& uno, bool marcha);
+    template <typename Accion>
+    void paraCada(Accion accion);
 
     const Entorno& m_entorno;
     EnlaceCompartido& m_compartido;

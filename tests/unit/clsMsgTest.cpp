@@ -102,7 +102,6 @@ TEST(AjustesMensaje, cadaParteQueFaltaVienePorOmision) {
                                                              {"FF0000,", rgb(0, 0, 255), BLANCO},
                                                              {"rojo,zzz", NEGRO, BLANCO},
                                                              {"7F0000FF,112233,445566", ROJO, 0x112233},
-                                                             {"0000FF, 0000FF", ROJO, ROJO},
                                                              {" 0000FF ,\tFF0000", ROJO, rgb(0, 0, 255)}};
     for (const auto& [texto, fondo, letra] : colores) {
         const AjustesMensaje a = leido(std::string("Color=") + texto);
