@@ -97,9 +97,16 @@ void base::alActivar() {
 }
 
 void base::primeraActivacion() {
-    if (m_descargado || esperarAjustes()) return;
+    if (m_descargado || m_estado != Estado::iniciando) return;
+    // What throws half-way is tried again, too: nobody may be there to do it.
+    m_espera->habilitado(true);
+    const std::string motivo = ilegible();
+    m_montaje.letrero(motivo);
+    if (!motivo.empty()) return;
+    if (m_montaje.parrilla() != nullptr) m_montaje.desmontar();
     std::string errores;
     construir(errores);
+    m_espera->habilitado(false);
     if (visores().cuantos() > 0) {
         // The errors wait until all that can run does: nobody may be there to answer the box.
         ponerEnMarcha(errores);
@@ -112,11 +119,9 @@ void base::primeraActivacion() {
 
 // Others look through files too, at start-up above all. One that cannot be read is not an empty one: it would be a
 // screen without displays until somebody comes, and what is typed there would replace it.
-bool base::esperarAjustes() {
+std::string base::ilegible() const {
     const std::string motivo = comun(m_entorno).ilegible();
-    m_montaje.letrero(motivo.empty() ? motivo : "No se puede leer la configuración: " + motivo);
-    m_espera->habilitado(!motivo.empty());
-    return !motivo.empty();
+    return motivo.empty() ? motivo : "No se puede leer la configuración: " + motivo;
 }
 
 void base::cubrirMonitor() {
@@ -132,15 +137,17 @@ void base::construir(std::string& errores) {
     m_montaje.montarParrilla();
     m_montaje.cargarVisores();
     m_montaje.situarVisores(errores);
+    const std::string motivo = ilegible();
+    if (!motivo.empty()) errores += motivo + "\n";
     m_montaje.montarMensaje();
     estado(Estado::pausa);
 }
 
 void base::ponerEnMarcha(std::string& errores) {
     visores().letsRun(errores);
-    mensaje().marcha();
     estado(Estado::marcha);
     m_barra.incidencia(errores);
+    mensaje().marcha();
 }
 
 // Somebody else may have given the port back.
@@ -160,7 +167,7 @@ void base::configurar() {
         m_conCopia = true;
         entrarEnConfiguracion();
     } else {
-        m_entorno.avisos.critico("Error al hacer copia de configuración");
+        avisar("Error al hacer copia de configuración\n" + ilegible());
     }
 }
 
@@ -283,15 +290,15 @@ void base::cambiarMonitor(std::int16_t indice) {
 }
 
 void base::alCambiarMonitores() {
-    if (m_estado == Estado::iniciando || m_descargado) return;
+    if (m_descargado) return;
     const oScreen pantalla(m_entorno);
     // Between two monitors there may be none for a while: what stands, stands.
     if (pantalla.monitor().vacio()) return;
-    if (pantalla.monitor() == m_monitor) {
+    if (m_estado == Estado::iniciando || pantalla.monitor() != m_monitor) {
+        redisponer();
+    } else {
         // Meanwhile the system may have put the window elsewhere.
         m_formulario.cubrir(m_monitor);
-    } else {
-        redisponer();
     }
 }
 

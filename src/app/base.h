@@ -58,8 +58,8 @@ private:
     void unirBotones();
     void prepararTemporizadores();
     void primeraActivacion();
-    // Whether the settings are waited for; then the first activation comes again.
-    bool esperarAjustes();
+    // What the operator is told while the settings cannot be read; empty when they can.
+    std::string ilegible() const;
     void construir(std::string& errores);
     void situarVisores();
     void cubrirMonitor();

@@ -90,13 +90,14 @@ void Montaje::vaciar() {
     Parrilla parrilla(m_entorno);
     parrilla.definir(*m_picRep, *this);
     parrilla.pintarAplicacion();
+    m_picRep->leyenda(m_letrero);
+    if (!m_letrero.empty()) pintarLetrero(*m_picRep, m_letrero);
 }
 
 void Montaje::letrero(const std::string& texto) {
-    if (std::exchange(m_letrero, texto) == texto) return;
-    m_picRep->limpiar();
-    m_picRep->leyenda(texto);
-    if (!texto.empty()) pintarLetrero(*m_picRep, texto);
+    if (texto == m_letrero) return;
+    m_letrero = texto;
+    vaciar();
 }
 
 // Cuts the window to what is seen, also where only the message is there.

@@ -15,8 +15,11 @@ struct AlmacenPerfil::Ficha {
     Estado estado = Estado::limpia;
     std::int64_t desde = 0;  // when the first pending write came
     bool avisada = false;
-    bool conocida = false;    // what the file holds, or that there is none, has been seen once
-    std::string motivo = {};  // why it cannot be read now
+    bool fallo = false;        // the last try to write it
+    bool conocida = false;     // what the file holds, or that there is none, has been seen once
+    std::string disco = {};    // that
+    std::string motivo = {};   // why it cannot be read now
+    std::int64_t intento = 0;  // when it last could not
 };
 
 AlmacenPerfil::AlmacenPerfil(Archivos& archivos, const Reloj& reloj, Fabrica& fabrica)
@@ -39,17 +42,19 @@ AlmacenPerfil::Ficha& AlmacenPerfil::ficha(const std::string& ruta) {
 std::optional<std::string> AlmacenPerfil::leerEntero(const std::string& ruta, const SelloArchivo& sello, Ficha& ficha) {
     Lectura leida = sello.tamano <= TAMANO_MAXIMO ? m_archivos.leer(ruta) : Lectura{.motivo = "es demasiado grande"};
     ficha.motivo = leida.contenido || leida.ausente ? std::string() : leida.motivo;
+    ficha.intento = m_reloj.ahora();
     return leida.ausente ? std::string() : std::move(leida.contenido);
 }
 
 void AlmacenPerfil::leerDisco(const std::string& ruta, Ficha& ficha) {
     // The stamp first: what is written between the two shows as a change the next time.
     const SelloArchivo sello = m_archivos.sello(ruta);
-    const std::optional<std::string> contenido = leerEntero(ruta, sello, ficha);
+    std::optional<std::string> contenido = leerEntero(ruta, sello, ficha);
     if (!contenido) return;
     ficha.conocida = true;
     ficha.sello = sello;
     ficha.perfil = PerfilINI(*contenido);
+    ficha.disco = std::move(*contenido);
 }
 
 std::string AlmacenPerfil::leer(const std::string& ruta, std::string_view seccion, std::string_view clave) {
@@ -91,7 +96,10 @@ bool AlmacenPerfil::reponer(const std::string& ruta, std::string_view bytes) {
     // What never reached the file need not be taken back from it.
     const bool esta = m_archivos.leer(ruta).contenido == bytes;
     const bool bien = esta || (reemplazable(ruta, f) && m_archivos.reemplazar(ruta, bytes));
-    if (bien) anotar(ruta, f, {true, m_archivos.sello(ruta)});
+    if (bien) {
+        f.disco = bytes;
+        anotar(ruta, f, {true, m_archivos.sello(ruta)});
+    }
     programar();
     return bien;
 }
@@ -100,8 +108,9 @@ void AlmacenPerfil::descartar(const std::string& ruta) {
     asentar();
     Ficha& f = ficha(ruta);
     f.estado = Ficha::Estado::limpia;
-    f.avisada = false;
+    f.avisada = f.fallo = false;
     std::erase(m_porAvisar, ruta);
+    f.perfil = PerfilINI(f.disco);
     leerDisco(ruta, f);
     programar();
 }
@@ -111,9 +120,10 @@ void AlmacenPerfil::refrescar(const std::string& ruta) {
     // What is under way will be what the file holds.
     if (ruta == m_escribiendo) return;
     Ficha& f = ficha(ruta);
-    if (f.estado == Ficha::Estado::limpia && (!f.motivo.empty() || m_archivos.sello(ruta) != f.sello)) {
-        leerDisco(ruta, f);
-    }
+    if (f.estado != Ficha::Estado::limpia) return;
+    // Whoever holds it makes each reading wait: not with every key that is asked for.
+    const bool toca = f.motivo.empty() ? m_archivos.sello(ruta) != f.sello : m_reloj.ahora() - f.intento >= RELECTURA;
+    if (toca) leerDisco(ruta, f);
 }
 
 const std::string& AlmacenPerfil::ilegible(const std::string& ruta) {
@@ -176,9 +186,13 @@ bool AlmacenPerfil::volcar() {
     bool bien = true;
     for (auto& [ruta, f] : m_fichas) {
         if (f->estado == Ficha::Estado::limpia) continue;
-        const bool escrita = reemplazable(ruta, *f) && m_archivos.reemplazar(ruta, f->perfil.bytes());
-        anotar(ruta, *f, {escrita, m_archivos.sello(ruta)});
+        std::string bytes = f->perfil.bytes();
+        const bool libre = reemplazable(ruta, *f);
+        const bool escrita = libre && !cederAOtro(ruta, *f) && m_archivos.reemplazar(ruta, bytes);
         bien = bien && escrita;
+        if (f->estado == Ficha::Estado::limpia) continue;  // it has given way
+        if (escrita) f->disco = std::move(bytes);
+        anotar(ruta, *f, {escrita, m_archivos.sello(ruta)});
     }
     programar();
     avisar();
@@ -190,13 +204,25 @@ bool AlmacenPerfil::reemplazable(const std::string& ruta, Ficha& ficha) {
     return ficha.motivo.empty() || leerEntero(ruta, m_archivos.sello(ruta), ficha).has_value();
 }
 
+// Ours had its chance, and since then somebody has written the file. Who typed ours is told that it was not saved.
+bool AlmacenPerfil::cederAOtro(const std::string& ruta, Ficha& ficha) {
+    if (!ficha.fallo || m_archivos.sello(ruta) == ficha.sello) return false;
+    leerDisco(ruta, ficha);
+    ficha.estado = Ficha::Estado::limpia;
+    ficha.fallo = ficha.avisada = false;
+    m_porAvisar.push_back(ruta);
+    return true;
+}
+
 void AlmacenPerfil::empezar(const std::string& ruta, Ficha& ficha) {
     if (!reemplazable(ruta, ficha)) {
         anotar(ruta, ficha, {});
         return;
     }
+    if (cederAOtro(ruta, ficha)) return;
     m_empezado = m_reloj.ahora();
-    m_archivos.reemplazarAparte(ruta, ficha.perfil.bytes());
+    m_bytes = ficha.perfil.bytes();
+    m_archivos.reemplazarAparte(ruta, m_bytes);
     m_escribiendo = ruta;
     // What is written from now on waits for the next time.
     ficha.estado = Ficha::Estado::limpia;
@@ -209,6 +235,7 @@ void AlmacenPerfil::recoger(const std::optional<Reemplazo>& fin) {
     const std::string ruta = std::exchange(m_escribiendo, {});
     Ficha& f = ficha(ruta);
     const Ficha::Estado despues = f.estado;
+    if (fin->bien) f.disco = std::move(m_bytes);
     anotar(ruta, f, *fin);
     if (despues == Ficha::Estado::pendiente) f.estado = despues;
 }
@@ -217,11 +244,12 @@ void AlmacenPerfil::anotar(const std::string& ruta, Ficha& ficha, const Reemplaz
     if (fin.bien) {
         ficha.sello = fin.sello;
         ficha.estado = Ficha::Estado::limpia;
-        ficha.avisada = false;
+        ficha.avisada = ficha.fallo = false;
         std::erase(m_porAvisar, ruta);  // what failed has come right before anybody was told
         return;
     }
     ficha.estado = Ficha::Estado::fallida;
+    ficha.fallo = true;
     if (!std::exchange(ficha.avisada, true)) m_porAvisar.push_back(ruta);
 }
 

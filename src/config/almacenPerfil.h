@@ -24,11 +24,13 @@ class PerfilINI;
 // tried again every five seconds.
 //
 // A file that is there but cannot be read is never taken for an empty one: what was read of it before
-// stays, and nothing replaces it until it can be read again.
+// stays, and nothing replaces it until it can be read again. What somebody else has put there while ours
+// could not be written is newer than ours, and counts.
 class AlmacenPerfil {
 public:
     static constexpr int RETRASO_MAXIMO = 100;  // milliseconds
     static constexpr int REINTENTO = 5000;      // milliseconds
+    static constexpr int RELECTURA = 200;       // milliseconds, while it cannot be read
     // A larger file is no settings file: it cannot be read, and so is never replaced.
     static constexpr std::size_t TAMANO_MAXIMO = std::size_t{4} << 20U;  // bytes
 
@@ -77,6 +79,7 @@ private:
     void leerDisco(const std::string& ruta, Ficha& ficha);
     void cambiar(const std::string& ruta, const Cambio& cambio);
     bool reemplazable(const std::string& ruta, Ficha& ficha);
+    bool cederAOtro(const std::string& ruta, Ficha& ficha);
     void tic();
     void programar();
     void empezar(const std::string& ruta, Ficha& ficha);
@@ -91,6 +94,7 @@ private:
     int m_plazo = 0;  // what the timer is set to; 0: it is off
     std::map<std::string, std::unique_ptr<Ficha>> m_fichas;
     std::string m_escribiendo;  // the path of what is being written beside the one thread; empty for none
+    std::string m_bytes;        // what is being written
     std::int64_t m_empezado = -RETRASO_MAXIMO;
     std::vector<std::string> m_porAvisar;
     std::function<void(const std::string&)> m_aviso;

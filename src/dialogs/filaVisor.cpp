@@ -101,8 +101,11 @@ void FilaVisor::crearCajas(TallerDialogo& taller) {
 void FilaVisor::unir(CajaTexto& caja, CampoVisor campo) {
     caja.alRecibirFoco([this, campo] { m_tabla.alEnfocar(*this, campo); });
     caja.alPulsarTecla([this, campo](Tecla tecla) { return alPulsarTecla(campo, tecla); });
-    caja.alCambiar([this, campo] {
-        tecleado(campo) = true;
+    caja.alCambiar([this, &caja, campo] {
+        // What the toggle emptied, and is empty again, says no more than before.
+        const bool comoEstaba =
+            campo == CampoVisor::port && caja.texto().empty() && visorPropio().protocolo() != m_familiaPort;
+        tecleado(campo) = !comoEstaba;
         if (campo == CampoVisor::etiqueta) sugerirEtiqueta();
     });
     caja.alValidar([this, campo] { return validar(campo); });

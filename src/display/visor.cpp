@@ -168,12 +168,13 @@ void visor::pintarPeso(Muestra que) {
 // The link first: whatever the painting does, it is started or stopped.
 void visor::Run(bool marcha) {
     if (marcha && m_run) return;
+    m_sinEnlace = marcha && ubicado();
     if (marcha) {
         m_run = arrancar();
+        m_sinEnlace = m_sinEnlace && !m_run;
     } else if (m_run) {
         parar();
     }
-    m_sinEnlace = marcha && !m_run && ubicado();
     if (ubicado()) {
         mostrar(sinPeso());
     } else {

@@ -62,8 +62,14 @@ visor* Visores::uno(std::int16_t posicion) {
 }
 
 void Visores::ubicar(std::string& errores) {
+    int posicion = 1;
     for (const auto& v : m_visores) {
-        if (!v->ubicar(0, 0)) errores += v->ultimoerror() + "\n";
+        try {
+            if (!v->ubicar(0, 0)) errores += v->ultimoerror() + "\n";
+        } catch (const std::exception&) {
+            errores += "El visor #" + std::to_string(posicion) + " no se ha podido mostrar\n";
+        }
+        ++posicion;
     }
 }
 

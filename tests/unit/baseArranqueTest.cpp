@@ -13,6 +13,10 @@ TEST(base, unaCopiaQueFallaDejaElEstadoComoEsta) {
     t.configurar();
     EXPECT_EQ(t.b->estado(), Estado::pausa);
     EXPECT_EQ(t.e.avisos.textos, std::vector<std::string>{"Error al hacer copia de configuración"});
+    t.e.archivos.rutaIlegible = t.e.rutaINI();
+    t.e.archivos.poner(t.e.rutaINI(), "");
+    t.formulario.pulsar(Id::botCfg);
+    EXPECT_NE(t.e.avisos.textos.back().find("(retenido)"), std::string::npos) << "and why, where that is known";
     EXPECT_TRUE(t.puesto(1));
 }
 
@@ -72,11 +76,38 @@ TEST(base, unArchivoIlegibleAlArrancarSeEsperaLoQueHagaFalta) {
     EXPECT_EQ(t.b->estado(), Estado::iniciando);
     EXPECT_EQ(fondo.textoLeyenda(), "No se puede leer la configuración: " + t.e.rutaINI() + " (retenido)");
     EXPECT_EQ(t.e.archivos.contenido(com.rutaCopia()), DOS_VISORES) << "the copy is left alone";
+    t.pantalla({0, 0, 1920, 1080});
+    EXPECT_EQ(t.formulario.cubierto.area.right, 1920) << "the screen may change meanwhile";
+    EXPECT_NE(fondo.textoLeyenda(), "");
     t.e.archivos.rutaIlegible.clear();
     pasar(1);
     EXPECT_EQ(t.b->estado(), Estado::marcha);
     EXPECT_EQ(fondo.textoLeyenda(), "");
     EXPECT_EQ(t.e.ini(), DOS_VISORES);
+}
+
+// At an unattended start nobody is there to try again.
+TEST(base, loQueFallaAMediasDelArranqueSeReintenta) {
+    int fallidos = 0;
+    for (int n = 1; n <= 20; ++n) {
+        Banco t(DOS_VISORES, false);
+        t.b->cargar();
+        t.formulario.superficie(Id::picRep)->fallarEn(n);
+        try {
+            t.e.cola.ejecutar();
+        } catch (const std::exception&) {
+            ++fallidos;
+            EXPECT_NE(t.b->estado(), Estado::marcha);
+        }
+        t.formulario.superficie(Id::picRep)->fallarEn(0);
+        t.e.reloj.avanzar(250);
+        t.e.cola.ejecutar();
+        EXPECT_EQ(t.b->estado(), Estado::marcha) << n;
+        EXPECT_TRUE(t.puesto(1) && t.puesto(2));
+        t.enviar(3002, "XNZ+00055000");
+        EXPECT_EQ(t.leyenda(2), "55");
+    }
+    EXPECT_GT(fallidos, 3);
 }
 
 TEST(base, unArchivoIlegibleMasTardeNoCambiaNada) {

@@ -93,6 +93,7 @@ TEST_F(CamposVisor, soloLoTecleadoEsUnaEntrada) {
                  {true, {"", "", "", ""}, "30/1", "3001"},
                  {false, {"5", ""}, "3001", "3001"},
                  {false, {"", "5"}, "", "3001"},
+                 {false, {"", "5<"}, "3001", "3001"},
                  {false, {"", "5>"}, "", "5"},
                  {false, {"", "5>", ""}, "0/5", "5"}};
     for (const auto& c : casos) {
@@ -100,9 +101,10 @@ TEST_F(CamposVisor, soloLoTecleadoEsUnaEntrada) {
             SCOPED_TRACE(std::to_string(&c - casos) + (cerrando ? " closing" : " leaving"));
             abrirCon(2, c.pavona ? "Protocolo=Pavona\r\n" : "");
             for (std::string teclas : c.tecleado) {
-                const bool entrado = teclas.ends_with('>');
-                if (entrado) teclas.pop_back();
+                const bool entrado = teclas.ends_with('>'), borrado = teclas.ends_with('<');
+                if (entrado || borrado) teclas.pop_back();
                 if (!teclas.empty()) caja(Id::txPort, 1).reescribir(teclas);
+                if (borrado) caja(Id::txPort, 1).reescribir("");
                 if (entrado) caja(Id::txPort, 1).pulsar(Tecla::intro);
                 ASSERT_TRUE(v().imagen(Id::imPtc, 1)->pulsar());
             }

@@ -121,8 +121,11 @@ TEST_F(ConfigAlmacen, MientrasSeEscribeSeSigueYNadaSePierde) {
     m.perfil.ocio(true);
     m.archivos.poner(m_ruta, "[S]\r\nk=ajeno\r\n");
     EXPECT_EQ(c.abrir("S").leer("k"), "3.5");
+    m.perfil.asentar();
     // One that fails and then comes right is no failure.
     m.archivos.fallarEscritura = true;
+    k("3.6");
+    m.reloj.avanzar(100);
     m.perfil.asentar();
     m.archivos.fallarEscritura = false;
     k("3");
@@ -184,16 +187,45 @@ TEST_F(ConfigAlmacen, LoQueNoSePuedeLeerNiSeVaciaNiSePisa) {
         EXPECT_EQ(com.abrir("S").leer("k"), leidoAntes ? "1" : "") << "what was read before stays";
         EXPECT_FALSE(com.hacerCopiaDeINI());
         EXPECT_FALSE(e.archivos.existe(com.rutaCopia()));
-        // Written on what was read before, or not at all.
+        // Not written, neither now nor later: somebody else has written it since it was read.
+        std::vector<std::string> avisos;
+        e.perfil.alFallar([&](const std::string& cual) { avisos.push_back(cual); });
         com.abrir("S").escribir("j", "2");
         e.reloj.avanzar(60'000);
         EXPECT_EQ(e.perfil.volcar(), !leidoAntes);
+        EXPECT_EQ(avisos.size(), leidoAntes ? 1U : 0U);
         EXPECT_EQ(e.archivos.contenido(ruta), completo + "y=4\r\n");
         e.archivos.rutaIlegible.clear();
         e.reloj.avanzar(AlmacenPerfil::REINTENTO);
         EXPECT_EQ(com.ilegible(), "");
-        EXPECT_EQ(e.archivos.contenido(ruta), completo + (leidoAntes ? "j=2\r\n" : "y=4\r\n"));
+        EXPECT_EQ(e.archivos.contenido(ruta), completo + "y=4\r\n");
+        EXPECT_EQ(com.abrir("S").leer("y") + com.abrir("S").leer("j"), "4");
+        EXPECT_EQ(avisos.size(), leidoAntes ? 2U : 0U) << "and whoever typed it is told";
     }
+    // Held while it stays as it was: ours follows.
+    m.archivos.rutaIlegible = m_ruta;
+    m.archivos.fallarEscritura = true;
+    k("2");
+    EXPECT_FALSE(m.perfil.volcar());
+    m.archivos.fallarEscritura = false;
+    m.archivos.rutaIlegible.clear();
+    m.reloj.avanzar(AlmacenPerfil::REINTENTO);
+    EXPECT_EQ(disco(), "[S]\r\nk=2\r\n");
+    // Put there by another while ours could not be: that is newer.
+    m.archivos.fallarEscritura = true;
+    k("3");
+    EXPECT_FALSE(m.perfil.volcar());
+    m.archivos.fallarEscritura = false;
+    m.archivos.poner(m_ruta, "[S]\r\nk=7\r\n");
+    m.reloj.avanzar(AlmacenPerfil::REINTENTO);
+    EXPECT_EQ(k() + disco(), "7[S]\r\nk=7\r\n");
+    // What is cancelled while nothing can be read is not what was typed.
+    k("8");
+    m.archivos.rutaIlegible = m_ruta;
+    c.descartarCambios();
+    EXPECT_EQ(k(), "7");
+    m.archivos.rutaIlegible.clear();
+
     const std::string enorme = "[S]\nk=1\n" + std::string(AlmacenPerfil::TAMANO_MAXIMO, '\n');
     m.ini(enorme);
     k("2");

@@ -1,6 +1,7 @@
 #include "platform/win32/base/ventanaMensajes.h"
 
 #include <exception>
+#include <new>
 #include <stdexcept>
 
 namespace sorvanel {
@@ -100,7 +101,16 @@ void VentanaMensajes::atenderEnOtroBucle(UINT mensaje, WPARAM w, LPARAM l) {
     } else if (mensaje == WM_TIMER || enTurno()) {
         repartir(mensaje, w, l);
     } else {
+        aplazar(mensaje, w, l);
+    }
+}
+
+// Without memory for it, better late than never answered: the system says nothing more of a socket until then.
+void VentanaMensajes::aplazar(UINT mensaje, WPARAM w, LPARAM l) {
+    try {
         m_aplazados.push_back({mensaje, w, l});
+    } catch (const std::bad_alloc&) {
+        repartir(mensaje, w, l);
     }
 }
 

@@ -77,6 +77,7 @@ private:
     template <typename Accion>
     static void contener(Accion accion) noexcept;
     void atenderEnOtroBucle(UINT mensaje, WPARAM w, LPARAM l);
+    void aplazar(UINT mensaje, WPARAM w, LPARAM l);
     bool enTurno();
     void nuevoTurno();
     void terminarTurno();
