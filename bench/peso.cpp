@@ -107,14 +107,6 @@ void BM_tramaAPintura(benchmark::State& estado) {
 }
 BENCHMARK(BM_tramaAPintura);
 
-void BM_encaje(benchmark::State& estado) {
-    SuperficieNula etiqueta, peso;
-    PinturaVisor pintura(etiqueta, peso);
-    const AspectoVisor usual = aspecto("####0");
-    for ([[maybe_unused]] auto vuelta : estado) benchmark::DoNotOptimize(pintura.encajar({0, 0, 12000, 3000}, usual));
-}
-BENCHMARK(BM_encaje);
-
 }  // namespace
 
 }  // namespace sorvanel

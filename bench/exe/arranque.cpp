@@ -36,12 +36,6 @@ void esperarPantallaLimpia(const RECT& donde) {
         if (ahora() > fin) throw std::runtime_error("the screen still shows the last run");
 }
 
-// Milliseconds, both: until the number was seen, and of the processor's time until then.
-struct Arranque {
-    double tiempo = 0;
-    double cpu = 0;
-};
-
 // Milliseconds until the number is seen; `turno` runs each time before a look.
 template <class Arrancar, class Turno>
 double hastaVerlo(const RECT& donde, Arrancar arrancar, Turno turno) {
@@ -55,32 +49,20 @@ double hastaVerlo(const RECT& donde, Arrancar arrancar, Turno turno) {
     throw std::runtime_error("nothing is seen after the start");
 }
 
-Arranque arranqueDesnudo() {
+double arranqueDesnudo() {
     Desnudo desnudo(Desnudo::Modo::ventana);
-    const double tiempo = hastaVerlo(
+    return hastaVerlo(
         zona(1), [&] { desnudo.arrancar(); }, [] {});
-    desnudo.esperarVentana();
-    return {tiempo, desnudo.observado().segundosCPU() * 1000};
 }
 
 // The indicator sends all the time, so the weight is there as soon as the port listens.
-Arranque arranqueReal(const pruebas::Programa& programa, const RECT& donde, int puerto) {
+double arranqueReal(const pruebas::Programa& programa, const RECT& donde, int puerto) {
     pruebas::EmisorUDP indicador;
     std::unique_ptr<pruebas::Proceso> proceso;
-    const double tiempo = hastaVerlo(
+    return hastaVerlo(
         donde, [&] { proceso = std::make_unique<pruebas::Proceso>(programa.ejecutable()); },
         [&] { indicador.enviar(puerto, pruebas::trama(PESO * 1000)); });
-    return {tiempo, Observado(proceso->id(), programa.ejecutable()).segundosCPU() * 1000};
 }
-
-struct Serie {
-    std::vector<double> tiempo, cpu;
-
-    void anotar(const Arranque& uno) {
-        tiempo.push_back(uno.tiempo);
-        cpu.push_back(uno.cpu);
-    }
-};
 
 std::string deVerde(std::string ajustes) {
     return ajustes +
@@ -94,22 +76,20 @@ bool medirArranque(int veces) {
     const int puerto = pruebas::puertosLibres(VISORES);
     const pruebas::Programa uno(deVerde(pruebas::Configuracion().reticula(1, 1).visor(puerto, 1, 1)));
     const pruebas::Programa muchos(deVerde(ajustes(VISORES, puerto, 0, 0)));
-    Serie desnudo, conUno, conMuchos;
+    std::vector<double> desnudo, conUno, conMuchos;
     // The first run of each finds nothing in the system's caches: it does not count.
     for (int vuelta = -1; vuelta < veces; ++vuelta) {
-        const Arranque ventana = arranqueDesnudo();
-        const Arranque primero = arranqueReal(uno, zona(1), puerto);
-        const Arranque ultimo = arranqueReal(muchos, zona(8), puerto + VISORES - 1);
+        const double ventana = arranqueDesnudo();
+        const double primero = arranqueReal(uno, zona(1), puerto);
+        const double ultimo = arranqueReal(muchos, zona(8), puerto + VISORES - 1);
         if (vuelta < 0) continue;
-        desnudo.anotar(ventana);
-        conUno.anotar(primero);
-        conMuchos.anotar(ultimo);
+        desnudo.push_back(ventana);
+        conUno.push_back(primero);
+        conMuchos.push_back(ultimo);
     }
     titulo("Start until the first weight is seen, beside an empty window");
-    fila("1 display", conUno.tiempo, desnudo.tiempo, "ms");
-    fila("1 display, processor", conUno.cpu, desnudo.cpu, "ms");
-    fila("64 displays, the last one's weight", conMuchos.tiempo, desnudo.tiempo, "ms");
-    fila("64 displays, processor", conMuchos.cpu, desnudo.cpu, "ms");
+    fila("1 display", conUno, desnudo, "ms");
+    fila("64 displays, the last one's weight", conMuchos, desnudo, "ms");
     return true;
 }
 

@@ -1,12 +1,10 @@
 // Dragging the grid's handle as a quick hand does, 125 moves a second: how long after each move the handle stands under
-// the pointer, how many moves are over before it does, and whether the grid, which is painted anew with each, flickers.
+// the pointer, how many moves the next one overtakes, and whether the grid, which is painted anew with each, flickers.
 // With an application colour, and with none, where each move also cuts the window's shape anew.
 
 #include <windows.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -28,10 +26,8 @@ constexpr int PASO = 3;                                   // pixels each
 constexpr int VUELTA = 60;                                // moves one way, then as many back
 
 struct Cifras {
-    std::vector<double> mediana, peor;  // milliseconds until the handle is there
-    std::vector<double> tarde;          // percent of the moves that the next one overtook
-    std::vector<double> detras;         // most moves that the handle was behind the pointer
-    std::vector<double> cpu;            // percent of one processor
+    std::vector<double> mediana;  // milliseconds until the handle is there
+    std::vector<double> tarde;    // percent of the moves that the next one overtook
     int parpadeos = 0;
 };
 
@@ -44,7 +40,7 @@ public:
         m_y = (sitio.top + sitio.bottom) / 2;
         llevar(0);
         boton(MOUSEEVENTF_LEFTDOWN);
-        if (!pruebas::esperar([&] { return conCaptura(); })) throw std::runtime_error("the handle is not grabbed");
+        exigir(pruebas::esperar([&] { return conCaptura(); }), "the handle is not grabbed");
     }
     ~Mano() { boton(MOUSEEVENTF_LEFTUP); }
     Mano(const Mano&) = delete;
@@ -98,50 +94,40 @@ void medirUna(const std::string& ini, Cifras& cifras) {
     pruebas::Programa programa(ini);
     programa.arrancar();
     // Without displays it begins with the configuration.
-    if (!programa.esperarVisible(IdControl::botSize)) throw std::runtime_error("it does not configure");
+    exigir(programa.esperarVisible(IdControl::botSize), "it does not configure");
     programa.pulsar(IdControl::botSize);
-    if (!programa.esperarVisible(IdControl::imDrgWH)) throw std::runtime_error("no handle comes");
+    exigir(programa.esperarVisible(IdControl::imDrgWH), "no handle comes");
     const HWND asa = programa.control(IdControl::imDrgWH);
     const RECT inicio = pruebas::lugar(asa);
-    const Observado observado(programa.proceso().id(), programa.ejecutable());
-    const Vigia vigia(pruebas::lugar(programa.ventana()));
     const Mano mano(asa);
     const auto recorridos = [&] { return static_cast<int>(inicio.left - pruebas::lugar(asa).left); };
     std::vector<double> esperas;
-    int tarde = 0, detras = 0;
-    const double antes = observado.segundosCPU(), cero = ahora();
+    int tarde = 0;
+    const double cero = ahora();
     aRitmo(MOVIMIENTOS, MOVIMIENTOS_POR_SEGUNDO, [&](int i) {
         const double salida = ahora(), limite = cero + (i + 1) / MOVIMIENTOS_POR_SEGUNDO;
         mano.llevar(recorrido(i));
         const auto llegada = [&] { return recorridos() == recorrido(i); };
         bool llego = llegada();
         for (; !llego && ahora() < limite; llego = llegada()) Sleep(1);
-        if (!llego) {
-            ++tarde;
-            detras = std::max(detras, std::abs(recorridos() - recorrido(i)) / PASO);
-        }
+        if (!llego) ++tarde;
         esperas.push_back((ahora() - salida) * 1000);
     });
-    cifras.cpu.push_back((observado.segundosCPU() - antes) * 100 / (ahora() - cero));
-    if (!pruebas::esperar([&] { return recorridos() == recorrido(MOVIMIENTOS - 1); }))
-        throw std::runtime_error("the handle does not end where the pointer does");
+    exigir(pruebas::esperar([&] { return recorridos() == recorrido(MOVIMIENTOS - 1); }),
+           "the handle does not end where the pointer does");
     // Looking takes time: it is done with moves of its own.
+    const Vigia vigia(pruebas::lugar(programa.ventana()));
     for (int i = 0; i < VUELTA; ++i) {
         mano.llevar(recorrido(i));
         if (!vigia.igual()) ++cifras.parpadeos;
     }
     cifras.mediana.push_back(mediana(esperas));
-    cifras.peor.push_back(mayor(esperas));
-    cifras.detras.push_back(detras);
     cifras.tarde.push_back(100.0 * tarde / MOVIMIENTOS);
 }
 
 bool escribir(const std::string& nombre, const Cifras& cifras) {
     fila(nombre + ", handle under the pointer after", cifras.mediana, "ms");
-    fila(nombre + ", the slowest, at most until the next move", cifras.peor, "ms");
     fila(nombre + ", moves that the next one overtook", cifras.tarde, "%");
-    fila(nombre + ", at most behind the pointer", cifras.detras, "moves");
-    fila(nombre + ", processor", cifras.cpu, "%");
     if (cifras.parpadeos > 0) nota(nombre + ", looks that saw it flicker: " + std::to_string(cifras.parpadeos));
     return cifras.parpadeos == 0 && mediana(cifras.mediana) < TURNO;
 }

@@ -22,9 +22,7 @@ namespace {
 
 constexpr double LECTURAS_POR_SEGUNDO = 20;
 constexpr double PIXELES_POR_SEGUNDO = 400;  // 4 each 10 ms
-constexpr double SEGUNDOS_EN_PAUSA = 2;
 constexpr double SEGUNDOS_EN_MARCHA = 6;
-constexpr int SIN_BANDA = 0;
 constexpr double DESVIO_ADMITIDO = 0.05;
 // Milliseconds between two movements: what is longer the eye sees as a stop. A busy machine may cause one too, so
 // the runs' median is judged.
@@ -74,28 +72,11 @@ private:
 };
 
 struct Cifras {
-    std::vector<double> enPausa, enMarcha;  // percent of one processor
-    std::vector<double> velocidad, pausa, entreMiradas;
+    std::vector<double> cpu;  // percent of one processor
+    std::vector<double> velocidad, pausa;
     int sinCasar = 0;
     std::size_t perdidas = 0;  // displays that do not say the last value
 };
-
-template <class Hacer>
-double porcentajeCPU(const Observado& observado, double segundos, Hacer hacer) {
-    const double antes = observado.segundosCPU(), inicio = ahora();
-    while (ahora() < inicio + segundos) hacer();
-    return (observado.segundosCPU() - antes) * 100 / (ahora() - inicio);
-}
-
-double cpuEnPausa(const pruebas::Programa& programa, const Observado& observado) {
-    programa.pulsar(IdControl::botPau);
-    if (!programa.esperarVisible(IdControl::botRun)) throw std::runtime_error("the program does not pause");
-    Sleep(300);
-    const double cpu = porcentajeCPU(observado, SEGUNDOS_EN_PAUSA, [] { Sleep(10); });
-    programa.pulsar(IdControl::botRun);
-    if (!programa.esperarVisible(IdControl::botPau)) throw std::runtime_error("the program does not run again");
-    return cpu;
-}
 
 // Some rows through the middle of the letters.
 RECT zonaBanda(const pruebas::Programa& programa) {
@@ -108,48 +89,37 @@ RECT zonaBanda(const pruebas::Programa& programa) {
 void seguir(const pruebas::Programa& programa, const Observado& observado, Cifras& cifras) {
     Desplazamiento desplazamiento(zonaBanda(programa));
     Sleep(300);
-    cifras.enMarcha.push_back(porcentajeCPU(observado, SEGUNDOS_EN_MARCHA, [&] {
-        desplazamiento.mirar();
-        Sleep(1);
-    }));
+    const double antes = observado.segundosCPU(), inicio = ahora();
+    for (; ahora() < inicio + SEGUNDOS_EN_MARCHA; Sleep(1)) desplazamiento.mirar();
+    cifras.cpu.push_back((observado.segundosCPU() - antes) * 100 / (ahora() - inicio));
     if (desplazamiento.segundos() < SEGUNDOS_EN_MARCHA / 10)
         throw std::runtime_error("the message is not seen to move");
     cifras.velocidad.push_back(desplazamiento.pixelesPorSegundo());
     cifras.pausa.push_back(desplazamiento.peorPausa());
-    cifras.entreMiradas.push_back(desplazamiento.entreMiradas());
     cifras.sinCasar += desplazamiento.sinCasar();
 }
 
 void medirUna(int caracteres, Cifras& cifras) {
     pruebas::Concentrador concentrador;
-    std::string ini = ajustes(0, 0, VISORES, concentrador.puerto());
-    if (caracteres != SIN_BANDA) ini += ajustesBanda(textoVariado(caracteres));
-    pruebas::Programa programa(ini);
+    pruebas::Programa programa(ajustes(0, 0, VISORES, concentrador.puerto()) + ajustesBanda(textoVariado(caracteres)));
     arrancarEnMarcha(programa);
     const Observado observado(programa.proceso().id(), programa.ejecutable());
-    cifras.enPausa.push_back(cpuEnPausa(programa, observado));
     const Pesos pesos(programa, VISORES);
-    if (!concentrador.abrirSesion()) throw std::runtime_error("no session with the concentrator");
+    exigir(concentrador.abrirSesion(), "no session with the concentrator");
     Lecturas lecturas(concentrador);
-    if (caracteres == SIN_BANDA) {
-        cifras.enMarcha.push_back(porcentajeCPU(observado, SEGUNDOS_EN_MARCHA, [] { Sleep(10); }));
-    } else {
-        seguir(programa, observado, cifras);
-    }
+    seguir(programa, observado, cifras);
     const std::vector<int> faltan = pesos.sinDecir(std::to_string(lecturas.terminar()));
     if (!faltan.empty()) nota("do not say the last reading: " + quienes(faltan, pesos));
     cifras.perdidas += faltan.size();
 }
 
 bool escribir(int caracteres, const Cifras& cifras) {
-    const std::string nombre = caracteres == SIN_BANDA ? "no message" : std::to_string(caracteres) + " characters";
-    fila(nombre + ", processor, beside paused", cifras.enMarcha, cifras.enPausa, "%");
+    const std::string nombre = std::to_string(caracteres) + " characters";
+    fila(nombre + ", processor", cifras.cpu, "%");
     if (cifras.perdidas > 0) nota(nombre + ", last readings not shown: " + std::to_string(cifras.perdidas));
-    if (caracteres == SIN_BANDA) return cifras.perdidas == 0;
     const std::vector<double> debida(cifras.velocidad.size(), PIXELES_POR_SEGUNDO);
     fila(nombre + ", speed, beside what it should be", cifras.velocidad, debida, "px/s");
     fila(nombre + ", worst gap between movements", cifras.pausa, "ms");
-    fila(nombre + ", time between two looks", cifras.entreMiradas, "ms");
     if (cifras.sinCasar > 0) nota(nombre + ", looks that no shift explains: " + std::to_string(cifras.sinCasar));
     const double desvio = mediana(cifras.velocidad) / PIXELES_POR_SEGUNDO - 1;
     const bool aSuPaso = desvio < DESVIO_ADMITIDO && -desvio < DESVIO_ADMITIDO;
@@ -162,15 +132,13 @@ bool escribir(int caracteres, const Cifras& cifras) {
 }  // namespace
 
 bool medirBanda(int veces) {
-    const std::vector<int> largos{SIN_BANDA, 10, 100, 10000};
+    const std::vector<int> largos{10, 100, 10000};
     std::map<int, Cifras> cifras;
     for (int vuelta = 0; vuelta < veces; ++vuelta)
         for (const int largo : largos) medirUna(largo, cifras[largo]);
     titulo("64 displays of the concentrator at 20 readings a second, and the message");
     bool bien = true;
     for (const int largo : largos) bien = escribir(largo, cifras[largo]) && bien;
-    // A message of ten characters leaves the strip empty most of the time: compare full strips.
-    fila("processor, 10000 beside 100 characters", cifras[10000].enMarcha, cifras[100].enMarcha, "%");
     return bien;
 }
 

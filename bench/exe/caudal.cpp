@@ -87,7 +87,7 @@ Pasada pasarReal(const pruebas::Programa& programa, const Preparar& preparar, co
     const auto mostrada = [&](int ultima) {
         const std::vector<int> faltan = pesos.sinDecir(std::to_string(ultima));
         if (!faltan.empty()) nota("do not say reading " + std::to_string(ultima) + ": " + quienes(faltan, pesos));
-        return static_cast<long>(faltan.size()) + (puerto > 0 ? std::max(descartados(puerto, VISORES), 0L) : 0);
+        return static_cast<long>(faltan.size()) + (puerto > 0 ? descartados(puerto, VISORES) : 0);
     };
     // On a busy machine the first painting may last until the first readings are forgotten, or the session given up.
     calentar(preparar, ronda, INTENTOS, mostrada);
@@ -138,12 +138,8 @@ void medirTessel(Familia& familia) {
 
 void medirPavona(Familia& familia) {
     pruebas::Concentrador concentrador;
-    const Preparar preparar = [&] {
-        if (!concentrador.abrirSesion()) throw std::runtime_error("no session with the concentrator");
-    };
-    const Ronda ronda = [&](int valor) {
-        if (!concentrador.decir(lineas(VISORES, valor))) throw std::runtime_error("the session was lost");
-    };
+    const Preparar preparar = [&] { exigir(concentrador.abrirSesion(), "no session with the concentrator"); };
+    const Ronda ronda = [&](int valor) { exigir(concentrador.decir(lineas(VISORES, valor)), "the session was lost"); };
     Pasada medida;
     {
         Desnudo desnudo(Desnudo::Modo::tcp, concentrador.puerto());

@@ -52,7 +52,6 @@ void Desplazamiento::mirar() {
     } else if (!m_antes.empty()) {
         m_segundos += instante - m_instante;
         m_pixeles += movido;
-        ++m_miradas;
     }
     if (movido > 0) {
         if (m_ultimoPaso >= 0) m_peorPausa = std::max(m_peorPausa, (instante - m_ultimoPaso) * 1000);

@@ -16,10 +16,8 @@ public:
     void mirar();
 
     double pixelesPorSegundo() const { return m_segundos > 0 ? static_cast<double>(m_pixeles) / m_segundos : 0; }
-    // Longest time between two looks that saw it moved since the look before, milliseconds; no less than what lies
-    // between two looks.
+    // Longest time between two looks that saw it moved since the look before, milliseconds.
     double peorPausa() const { return m_peorPausa; }
-    double entreMiradas() const { return m_miradas > 0 ? m_segundos * 1000 / m_miradas : 0; }  // mean, milliseconds
     double segundos() const { return m_segundos; }  // for which it could be followed
     // Looks that no shift explains: the text jumped, or stood anew.
     int sinCasar() const { return m_sinCasar; }
@@ -37,7 +35,6 @@ private:
     double m_segundos = 0;
     double m_peorPausa = 0;
     long m_pixeles = 0;
-    int m_miradas = 0;
     int m_sinCasar = 0;
 };
 

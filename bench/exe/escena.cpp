@@ -57,6 +57,10 @@ std::string lineas(int pavona, int valor) {
     return todas;
 }
 
+void exigir(bool seCumple, const std::string& que) {
+    if (!seCumple) throw std::runtime_error(que);
+}
+
 double ahora() {
     LARGE_INTEGER cuenta{}, frecuencia{};
     QueryPerformanceCounter(&cuenta);
@@ -74,7 +78,7 @@ void aRitmo(int turnos, double porSegundo, const std::function<void(int)>& turno
 
 void arrancarEnMarcha(Programa& programa) {
     programa.arrancar();
-    if (!programa.esperarVisible(IdControl::botPau)) throw std::runtime_error("the program does not come to run");
+    exigir(programa.esperarVisible(IdControl::botPau), "the program does not come to run");
 }
 
 Desnudo::Desnudo(Modo modo, int puerto) {

@@ -24,6 +24,9 @@ std::string textoVariado(int caracteres);
 // One reading for each of `pavona` displays, as the concentrator writes them: all the same whole number.
 std::string lineas(int pavona, int valor);
 
+// Throws with that text unless it holds.
+void exigir(bool seCumple, const std::string& que);
+
 // Seconds, of no known origin.
 double ahora();
 // Calls `turno` with 0, 1, 2 ... at that rate in each second, without drift; as late as it must, never early.

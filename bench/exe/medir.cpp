@@ -1,6 +1,7 @@
-// medir [--veces N] [arranque] [caudal] [banda] [reconexion] [herramienta] [asas]: prints the figures of those parts,
-// or of all. Ends with 0; with 1 when a figure shows a fault or could not be had, with 2 for bad usage.
+// medir [--veces N] [PART ...]: prints the figures of those parts, or of all but the soak. Ends with 0; with 1 when a
+// figure shows a fault or could not be had, with 2 for bad usage.
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -17,12 +18,9 @@ using namespace sorvanel::medidas;
 struct Parte {
     const char* nombre;
     bool (*medir)(int);
-    int veces;  // runs, unless told otherwise
+    int veces;     // unless told otherwise
+    bool elegida;  // so too
 };
-
-constexpr Parte PARTES[] = {
-    {"arranque", medirArranque, 7},     {"caudal", medirCaudal, 3},           {"banda", medirBanda, 3},
-    {"reconexion", medirReconexion, 5}, {"herramienta", medirHerramienta, 3}, {"asas", medirAsas, 3}};
 
 bool ejecutar(const Parte& parte, int veces) {
     try {
@@ -33,32 +31,37 @@ bool ejecutar(const Parte& parte, int veces) {
     }
 }
 
-int uso() {
-    std::puts("medir [--veces N] [arranque] [caudal] [banda] [reconexion] [herramienta] [asas]");
-    return 2;
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
+    Parte partes[] = {{"arranque", medirArranque, 7, true},
+                      {"caudal", medirCaudal, 3, true},
+                      {"banda", medirBanda, 3, true},
+                      {"reconexion", medirReconexion, 5, true},
+                      {"herramienta", medirHerramienta, 3, true},
+                      {"asas", medirAsas, 3, true},
+                      {"remojo", medirRemojo, 10, false}};
     int veces = 0;
-    std::vector<const Parte*> elegidas;
+    std::vector<std::string> pedidas;
     for (int i = 1; i < argc; ++i) {
-        const std::string palabra = argv[i];
-        if (palabra == "--veces" && i + 1 < argc) {
-            veces = std::atoi(argv[++i]);
-            if (veces < 1 || veces > 1000) return uso();
-            continue;
-        }
-        const std::size_t antes = elegidas.size();
-        for (const Parte& parte : PARTES)
-            if (palabra == parte.nombre) elegidas.push_back(&parte);
-        if (elegidas.size() == antes) return uso();
+        pedidas.emplace_back(argv[i]);
+        if (pedidas.back() != "--veces" || i + 1 == argc) continue;
+        pedidas.pop_back();
+        veces = std::atoi(argv[++i]);
     }
-    if (elegidas.empty())
-        for (const Parte& parte : PARTES) elegidas.push_back(&parte);
+    std::size_t conocidas = pedidas.empty() ? 0 : pedidas.size();
+    for (Parte& parte : partes) {
+        const bool pedida = std::find(pedidas.begin(), pedidas.end(), parte.nombre) != pedidas.end();
+        if (!pedidas.empty()) parte.elegida = pedida;
+        conocidas -= pedida ? 1 : 0;
+    }
+    if (conocidas != 0 || veces < 0 || veces > 1000) {
+        std::puts("medir [--veces N] [arranque] [caudal] [banda] [reconexion] [herramienta] [asas] [remojo]");
+        return 2;
+    }
     const sorvanel::pruebas::Winsock winsock;
     bool bien = true;
-    for (const Parte* parte : elegidas) bien = ejecutar(*parte, veces) && bien;
+    for (const Parte& parte : partes)
+        if (parte.elegida) bien = ejecutar(parte, veces) && bien;
     return bien ? 0 : 1;
 }

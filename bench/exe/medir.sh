@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # Measures the whole Sorvanel.exe, as it is built for release, under Wine on a virtual screen; the figures stand in a
 # small table, and in build/medidas.txt.
-#   bench/exe/medir.sh [--veces N] [arranque] [caudal] [banda] [reconexion] [herramienta] [asas]
-# Without a part: all of them, about five minutes. Needs what ./test.sh installs. The machine should be idle: a
-# figure and the one it stands beside come from the same run, but not from the same second.
+#   bench/exe/medir.sh [--veces N] [arranque] [caudal] [banda] [reconexion] [herramienta] [asas] [remojo]
+# Without a part: all but remojo, about five minutes. Needs what ./test.sh installs. The machine should be idle: a
+# figure and the one it stands beside come from the same run, but not from the same second. It runs from a copy: other
+# runs may build meanwhile.
 set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.." || exit 1
 for parte in comun pantalla wine; do
@@ -12,8 +13,7 @@ for parte in comun pantalla wine; do
 done
 
 construir() {
-    cmake --preset windows -DSORVANEL_BENCH=ON &&
-        cmake --build --preset windows --target Sorvanel desnudo medir
+    cmake --preset windows -DSORVANEL_BENCH=ON && cmake --build --preset windows --target Sorvanel desnudo medir
 }
 
 cerrojo
@@ -23,17 +23,23 @@ construir </dev/null >"$OBRA/construccion-medidas.txt" 2>&1 9>&- || {
     error "it does not build; see build/construccion-medidas.txt"
     exit 1
 }
+SALIDA="$OBRA/medidas.txt"
+COPIA="$OBRA/medidas"
+mkdir -p "$COPIA/bench/exe" "$COPIA/src"
+cp "$OBRA"/windows/bench/exe/*.exe "$COPIA/bench/exe/" && cp "$OBRA/windows/src/Sorvanel.exe" "$COPIA/src/" || exit 1
+exec 9>&- # a run of hours holds nobody up
+OBRA="$COPIA" # its screen and its prefix are its own too
 pantalla_iniciar || exit 1
-wine_iniciar "$OBRA/prefijo-medidas" || exit 1
+wine_iniciar "$OBRA/prefijo" || exit 1
 titulo "Measuring"
 nota "load of the machine before it begins: $(cut -d' ' -f1-3 /proc/loadavg), on $(nproc) processors"
 # Its output goes through a file: a pipe would be kept open by what Wine leaves running.
-: >"$OBRA/medidas.txt" # the last run's must not be shown as this one's
-wine "$OBRA/windows/bench/exe/medir.exe" "$@" </dev/null >"$OBRA/medidas.txt" 2>&1 9>&- &
+: >"$SALIDA" # the last run's must not be shown as this one's
+wine "$OBRA/bench/exe/medir.exe" "$@" </dev/null >"$SALIDA" 2>&1 &
 MEDIDOR=$!
 al_terminar medidor_parar
 medidor_parar() { [[ -z $MEDIDOR ]] || kill "$MEDIDOR" 2>/dev/null; }
-tail -n +1 -F --pid="$MEDIDOR" "$OBRA/medidas.txt" 2>/dev/null 9>&-
+tail -n +1 -F --pid="$MEDIDOR" "$SALIDA" 2>/dev/null
 wait "$MEDIDOR"
 CODIGO=$?
 MEDIDOR= # its number may be another's by now

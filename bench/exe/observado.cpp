@@ -1,31 +1,13 @@
 #include "observado.h"
 
-#include <winternl.h>
-// After windows.h.
-#include <psapi.h>
-
-#include <algorithm>
 #include <array>
 #include <sstream>
 #include <stdexcept>
-#include <vector>
 
 #include "harness/texto.h"
 
 namespace sorvanel::medidas {
 namespace {
-
-constexpr auto MANEJADORES_DE_TODOS = static_cast<SYSTEM_INFORMATION_CLASS>(16);
-
-// One of that list; before the first stands how many there are, in the room of a pointer.
-struct EntradaManejador {
-    ULONG duena;
-    UCHAR clase;
-    UCHAR marcas;
-    USHORT valor;
-    void* objeto;
-    ULONG acceso;
-};
 
 // Files of /proc say that they are empty: read until nothing comes.
 std::string leerDeLinux(const std::string& ruta) {
@@ -68,28 +50,12 @@ long long kilobytes(const std::string& estado, const std::string& nombre) {
     return std::stoll(estado.substr(lugar + nombre.size() + 2));
 }
 
-double segundos(const FILETIME& tiempo) {
-    return (static_cast<double>(tiempo.dwHighDateTime) * 4294967296.0 + static_cast<double>(tiempo.dwLowDateTime)) /
-           1e7;
-}
-
-PROCESS_MEMORY_COUNTERS_EX memoria(HANDLE proceso) {
-    PROCESS_MEMORY_COUNTERS_EX cuenta{};
-    cuenta.cb = sizeof cuenta;
-    GetProcessMemoryInfo(proceso, reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&cuenta), sizeof cuenta);
-    return cuenta;
-}
-
 }  // namespace
-
-bool bajoWine() {
-    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
-}
 
 Observado::Observado(DWORD id, const std::wstring& ejecutable)
     : m_proceso(OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id)) {
     if (m_proceso == nullptr) throw std::runtime_error("cannot look at the program");
-    if (bajoWine()) m_carpeta = carpetaEnLinux(ejecutable);
+    m_carpeta = carpetaEnLinux(ejecutable);
 }
 
 Observado::~Observado() {
@@ -97,11 +63,6 @@ Observado::~Observado() {
 }
 
 double Observado::segundosCPU() const {
-    if (m_carpeta.empty()) {
-        FILETIME creado{}, acabado{}, nucleo{}, usuario{};
-        GetProcessTimes(m_proceso, &creado, &acabado, &nucleo, &usuario);
-        return segundos(nucleo) + segundos(usuario);
-    }
     // After the name, which may hold blanks: state, ten more, then the two times in hundredths.
     const std::string linea = leerDeLinux(m_carpeta + "/stat");
     const std::size_t trasNombre = linea.rfind(')');
@@ -115,40 +76,15 @@ double Observado::segundosCPU() const {
 }
 
 long long Observado::memoriaPrivada() const {
-    if (m_carpeta.empty()) return static_cast<long long>(memoria(m_proceso).PrivateUsage / 1024);
     const std::string estado = leerDeLinux(m_carpeta + "/status");
     return kilobytes(estado, "RssAnon") + kilobytes(estado, "VmSwap");
 }
 
 long long Observado::memoriaResidente() const {
-    if (m_carpeta.empty()) return static_cast<long long>(memoria(m_proceso).WorkingSetSize / 1024);
     return kilobytes(leerDeLinux(m_carpeta + "/status"), "VmRSS");
 }
 
-long manejadores(HANDLE proceso) {
-    if (!bajoWine()) {
-        DWORD cuantos = 0;
-        GetProcessHandleCount(proceso, &cuantos);
-        return static_cast<long>(cuantos);
-    }
-    std::vector<char> lista(1U << 20U);
-    ULONG hacenFalta = 0;
-    while (true) {
-        const NTSTATUS resultado =
-            NtQuerySystemInformation(MANEJADORES_DE_TODOS, lista.data(), static_cast<ULONG>(lista.size()), &hacenFalta);
-        if (resultado >= 0) break;
-        if (lista.size() > 64U << 20U) throw std::runtime_error("no list of handles");
-        lista.resize(lista.size() * 2);
-    }
-    const auto cuantos = static_cast<std::size_t>(*reinterpret_cast<const ULONG*>(lista.data()));
-    const auto* const primera = reinterpret_cast<const EntradaManejador*>(lista.data() + sizeof(void*));
-    const DWORD id = GetProcessId(proceso);
-    return static_cast<long>(
-        std::count_if(primera, primera + cuantos, [id](const EntradaManejador& una) { return una.duena == id; }));
-}
-
 long descartados(int primero, int cuantos) {
-    if (!bajoWine()) return -1;
     std::istringstream lineas(leerDeLinux("/proc/net/udp"));
     std::string linea;
     if (!std::getline(lineas, linea)) throw std::runtime_error("no /proc/net/udp");

@@ -65,13 +65,13 @@ public:
 
     double porcentajeEnPausa(double segundos) const {
         m_programa.pulsar(IdControl::botPau);
-        if (!m_programa.esperarVisible(IdControl::botRun)) throw std::runtime_error("the program does not pause");
+        exigir(m_programa.esperarVisible(IdControl::botRun), "the program does not pause");
         return porcentajeCPU(segundos);
     }
 
 private:
     void leer() {
-        if (!m_concentrador->abrirSesion()) throw std::runtime_error("the program does not come back");
+        exigir(m_concentrador->abrirSesion(), "the program does not come back");
         ++m_valor;
         if (!m_concentrador->decir(lineas(PAVONA, m_valor)) || !m_pesos->sinDecir(std::to_string(m_valor)).empty())
             throw std::runtime_error("no readings after the connection");

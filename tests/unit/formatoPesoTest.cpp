@@ -67,7 +67,7 @@ TEST(FormatoPesoTest, SinMemoriaNuevaEnRegimen) {
     EXPECT_EQ(texto.data(), lugar);
 }
 
-// A sample of the full comparison that bench/exactitud makes: dense at the ends, then steps by a prime.
+// Dense at the ends, then steps by a prime.
 TEST(FormatoPesoTest, CoincideConElOraculo) {
     const struct {
         const char* formato;

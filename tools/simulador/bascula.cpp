@@ -16,6 +16,7 @@ constexpr double FINCARGA = 0.40;
 constexpr double FINREPOSO = 0.80;
 constexpr double FINDESCARGA = 0.90;
 
+constexpr double CICLO = 30;         // seconds of a load's stay, about: each scale keeps a pace of its own around it
 constexpr double CONVERSIONES = 25;  // a second
 // Below half a division together, so that a settled weight never flickers.
 constexpr double RUIDOREPOSO = 0.3;
@@ -31,8 +32,7 @@ enum : std::uint64_t { AzarPeriodo = 1, AzarDesfase, AzarCarga, AzarRuido, AzarC
 }  // namespace
 
 Bascula::Bascula(const DatosBascula& datos) : m_datos(datos) {
-    const double ciclo = std::chrono::duration<double>(datos.ciclo).count();
-    m_periodo = ciclo * entre(0.85, 1.15, mezclar(datos.semilla, AzarPeriodo));
+    m_periodo = CICLO * entre(0.85, 1.15, mezclar(datos.semilla, AzarPeriodo));
     m_desfase = m_periodo * fraccion(mezclar(datos.semilla, AzarDesfase));
 }
 
@@ -102,7 +102,7 @@ double Bascula::ruido(double segundos) const {
 
 Lectura Bascula::redondeada(double milesimas) const {
     const std::int64_t divisiones = std::llround(milesimas / static_cast<double>(m_datos.division));
-    // The family's frame has no minus sign: below zero an indicator of it shows zero.
+    // Below zero an indicator shows zero.
     return {.milesimas = std::clamp<std::int64_t>(divisiones * m_datos.division, 0, MAXMILESIMAS)};
 }
 

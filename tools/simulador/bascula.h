@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <cstdint>
 
 #include "simulador/lectura.h"
@@ -11,8 +10,6 @@ struct DatosBascula {
     // In thousandths; the division is above 0 and at most a tenth of the capacity.
     std::int64_t capacidad = 6'000'000;
     std::int64_t division = 1'000;
-    // A load's stay, about; each scale keeps a pace of its own around it.
-    std::chrono::milliseconds ciclo{30'000};
     std::uint64_t semilla = 0;
 };
 

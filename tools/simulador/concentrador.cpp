@@ -1,192 +1,162 @@
-#include "simulador/concentrador.h"
+#include "simulador/papeles.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
-#include <tuple>
+#include <iterator>
+#include <list>
+#include <string>
+#include <vector>
+
+#include "simulador/red.h"
+#include "simulador/sesion.h"
+#include "simulador/sistema.h"
+#include "simulador/texto.h"
 
 namespace sorvanel::simulador {
 
 namespace {
 
-// Beyond them clients wait to be accepted.
-constexpr std::size_t MAXSESIONES = 500;
 constexpr Instante REINTENTO = std::chrono::milliseconds{200};
 // Long enough to rest, short enough to see the user's wish to end.
 constexpr Instante MAXESPERA = std::chrono::milliseconds{100};
 
-void sumar(CuentaSesion& total, const CuentaSesion& otra) {
-    total.lineas += otra.lineas;
-    total.avalancha += otra.avalancha;
-    total.defectuosas += otra.defectuosas;
-    total.inesperadas += otra.inesperadas;
-    total.bytesDeMas += otra.bytesDeMas;
-    total.retrasos += otra.retrasos;
-    total.respuestas += otra.respuestas;
-}
+class Concentrador {
+public:
+    Concentrador(const Opciones& opciones, std::uint64_t semilla)
+        : m_opciones(opciones), m_semilla(semilla), m_puerto(opciones.puerto) {}
+
+    void correr() {
+        m_comienzo = simulador::ahora();
+        while (!finPedido() && (!m_opciones.duracion || m_ahora < *m_opciones.duracion)) {
+            atenderPuerto();
+            esperar();
+            m_ahora = simulador::ahora() - m_comienzo;
+            if (m_oyente.hay()) aceptar();
+            for (auto& cliente : m_clientes) atender(cliente);
+            m_clientes.remove_if([](const Cliente& cliente) { return cliente.ido; });
+        }
+        despedir("fin de la ejecución");
+        decir("Sesiones: " + std::to_string(m_sesiones) + ", abiertas con REP: " + std::to_string(m_abiertas) + "\n" +
+              resumen(m_lineas, "lecturas", m_ahora));
+    }
+
+private:
+    struct Cliente {
+        std::int64_t numero = 0;
+        Zocalo zocalo;
+        Sesion sesion;
+        Instante proximo{};
+        bool lleno = false;  // the system has no more room for what is sent
+        bool ido = false;
+    };
+
+    void contar(const std::string& que) const { decir(suceso(m_ahora, que)); }
+    static std::string nombre(const Cliente& cliente) { return "sesión " + std::to_string(cliente.numero); }
+
+    void atenderPuerto() {
+        if (m_opciones.ausencia && m_opciones.ausencia->contiene(m_ahora)) {
+            if (!m_oyente.hay()) return;
+            m_oyente = Zocalo();
+            contar("ya no se escucha");
+            despedir("ausente");
+        } else if (!m_oyente.hay() && m_ahora >= m_reintento) {
+            try {
+                m_oyente = escuchar(m_opciones.todas, m_puerto);
+            } catch (const ErrorRed& error) {
+                // At first it is the user's to mend; later it may be what is left of past connections.
+                if (m_reintento == Instante{0}) throw;
+                quejarse("simulador: " + std::string(error.what()) + "\n");
+            }
+            m_reintento = m_ahora + REINTENTO;
+            if (!m_oyente.hay()) return;
+            m_puerto = m_oyente.puerto();
+            contar("escuchando en el puerto " + std::to_string(m_puerto));
+        }
+    }
+
+    void esperar() {
+        std::vector<Sondeo> sondeos;
+        Instante hasta = m_ahora + MAXESPERA;
+        if (m_oyente.hay()) sondeos.push_back({m_oyente.numero(), POLLIN, 0});
+        for (const auto& cliente : m_clientes) {
+            const int interes = cliente.lleno ? POLLIN | POLLOUT : POLLIN;
+            sondeos.push_back({cliente.zocalo.numero(), static_cast<short>(interes), 0});
+            hasta = std::min(hasta, cliente.proximo);
+        }
+        sondear(sondeos, std::max(hasta - m_ahora, Instante{0}));
+    }
+
+    void aceptar() {
+        std::string quien;
+        Zocalo zocalo = m_oyente.aceptar(quien);
+        if (!zocalo.hay()) return;
+        const bool conFaltas = !m_opciones.veces || m_sesiones < *m_opciones.veces;
+        m_clientes.push_back({.numero = ++m_sesiones,
+                              .zocalo = std::move(zocalo),
+                              .sesion = Sesion(m_opciones, conFaltas ? m_opciones.faltas : Faltas{}, m_semilla)});
+        contar(nombre(m_clientes.back()) + ": " + quien);
+    }
+
+    void atender(Cliente& cliente) {
+        const auto datos = cliente.zocalo.recibir();
+        if (!datos) return terminar(cliente, "se fue el cliente");
+        if (!datos->empty()) {
+            if (m_opciones.mostrar) contar(nombre(cliente) + " < " + visible(*datos));
+            cliente.sesion.alRecibir(*datos);
+        }
+        cliente.proximo = cliente.sesion.avanzar(m_ahora);
+        std::string& salida = cliente.sesion.salida();
+        if (!salida.empty() && !enviar(cliente, salida)) return terminar(cliente, "se fue el cliente");
+        if (!salida.empty() || cliente.sesion.fin() == Sesion::Fin::Sigue) return;
+        const bool reinicia = cliente.sesion.fin() == Sesion::Fin::Reinicia;
+        if (reinicia) cliente.zocalo.reiniciar();
+        terminar(cliente, reinicia ? "reiniciada" : "cerrada");
+    }
+
+    bool enviar(Cliente& cliente, std::string& salida) {
+        const auto enviados = cliente.zocalo.enviar(salida);
+        if (!enviados) return false;
+        if (m_opciones.mostrar && *enviados > 0)
+            contar(nombre(cliente) + " > " + visible(std::string_view(salida).substr(0, *enviados)));
+        salida.erase(0, *enviados);
+        cliente.lleno = !salida.empty();
+        // What waited for it to go can be done now.
+        if (!cliente.lleno) cliente.proximo = m_ahora;
+        return true;
+    }
+
+    void terminar(Cliente& cliente, const std::string& motivo) {
+        const Sesion& sesion = cliente.sesion;
+        contar(nombre(cliente) + ": " + motivo + ", " + std::to_string(sesion.lineas()) + " lecturas" +
+               (sesion.bytesInesperados() > 0
+                    ? ", recibió " + std::to_string(sesion.bytesInesperados()) + " bytes que no esperaba"
+                    : ""));
+        m_lineas += sesion.lineas();
+        m_abiertas += sesion.abierta() ? 1 : 0;
+        cliente.ido = true;
+    }
+
+    void despedir(const std::string& motivo) {
+        for (auto& cliente : m_clientes) terminar(cliente, motivo);
+        m_clientes.clear();
+    }
+
+    const Opciones& m_opciones;
+    std::uint64_t m_semilla;
+    std::uint16_t m_puerto;
+    Zocalo m_oyente;
+    std::list<Cliente> m_clientes;
+    Instante m_comienzo{};
+    Instante m_ahora{};  // since the beginning
+    Instante m_reintento{};
+    std::int64_t m_sesiones = 0;
+    std::int64_t m_abiertas = 0;
+    std::int64_t m_lineas = 0;
+};
 
 }  // namespace
 
-Concentrador::Concentrador(const OpcionesConcentrador& opciones, std::uint64_t semilla, Red& red, Reloj& reloj,
-                           TestigoConcentrador& testigo)
-    : m_opciones(opciones), m_semilla(semilla), m_red(red), m_reloj(reloj), m_testigo(testigo) {}
-
-ResumenConcentrador Concentrador::correr() {
-    m_comienzo = m_reloj.ahora();
-    std::vector<Suceso> sucesos;
-    while (!termina() && atenderPuerto()) {
-        const bool acepta = !m_opciones.sinAceptar && m_sesiones.size() < MAXSESIONES;
-        sucesos.clear();
-        m_red.esperar(espera(), acepta, sucesos);
-        m_ahora = m_reloj.ahora() - m_comienzo;
-        for (const auto& suceso : sucesos) atender(suceso);
-        avanzar();
-    }
-    while (!m_sesiones.empty()) terminar(m_sesiones.begin()->first, "fin de la ejecución");
-    m_red.dejarDeEscuchar();
-    m_resumen.tiempo = m_reloj.ahora() - m_comienzo;
-    return m_resumen;
-}
-
-bool Concentrador::termina() const {
-    return m_reloj.finPedido() || (m_opciones.duracion && m_ahora >= *m_opciones.duracion) ||
-           (m_opciones.sesiones && m_terminadas >= *m_opciones.sesiones);
-}
-
-bool Concentrador::ausente() const {
-    const auto& ausencias = m_opciones.ausencias;
-    return std::any_of(ausencias.begin(), ausencias.end(), [&](const Ventana& v) { return v.contiene(m_ahora); });
-}
-
-bool Concentrador::atenderPuerto() {
-    if (ausente()) {
-        if (m_escucha) {
-            m_red.dejarDeEscuchar();
-            m_escucha = false;
-            m_testigo.alCallar(m_ahora);
-            while (!m_sesiones.empty()) {
-                m_red.cerrar(m_sesiones.begin()->first);
-                terminar(m_sesiones.begin()->first, "ausente");
-            }
-        }
-        return true;
-    }
-    if (m_escucha || m_ahora < m_reintento) return true;
-    const std::string motivo = m_red.escuchar();
-    m_escucha = motivo.empty();
-    m_reintento = m_ahora + REINTENTO;
-    if (!m_escucha) {
-        m_testigo.alFallar(m_ahora, motivo);
-        m_resumen.fallo = !m_resumen.escucho;
-        return m_resumen.escucho;
-    }
-    m_resumen.escucho = true;
-    m_testigo.alEscuchar(m_ahora, m_red.donde());
-    return true;
-}
-
-void Concentrador::atender(const Suceso& suceso) {
-    if (suceso.tipo == Suceso::Tipo::Llega) {
-        const bool conFaltas = !m_opciones.veces || m_resumen.sesiones < *m_opciones.veces;
-        ++m_resumen.sesiones;
-        m_sesiones.emplace(std::piecewise_construct, std::forward_as_tuple(suceso.conexion),
-                           std::forward_as_tuple(m_opciones, conFaltas ? m_opciones.faltas : m_sinFaltas, m_semilla));
-        m_testigo.alLlegar(m_ahora, suceso.conexion, suceso.datos);
-        return;
-    }
-    const auto sesion = m_sesiones.find(suceso.conexion);
-    if (sesion == m_sesiones.end()) return;
-    if (suceso.tipo == Suceso::Tipo::SeVa) {
-        terminar(suceso.conexion, "se fue el cliente");
-    } else if (suceso.tipo == Suceso::Tipo::Datos) {
-        m_testigo.alRecibir(m_ahora, suceso.conexion, suceso.datos);
-        sesion->second.alRecibir(suceso.datos);
-    }
-}
-
-void Concentrador::avanzar() {
-    std::vector<std::int64_t> numeros;
-    numeros.reserve(m_sesiones.size());
-    for (const auto& [numero, sesion] : m_sesiones) numeros.push_back(numero);
-    for (const std::int64_t numero : numeros) {
-        Sesion& sesion = m_sesiones.at(numero);
-        if (avanzar(numero, sesion)) continue;
-        const bool cierra = sesion.fin() == Sesion::Fin::Cierra;
-        if (cierra)
-            m_red.cerrar(numero);
-        else
-            m_red.reiniciar(numero);
-        terminar(numero, cierra ? "cerrada" : "reiniciada");
-    }
-}
-
-bool Concentrador::avanzar(std::int64_t numero, Sesion& sesion) {
-    sesion.avanzar(m_ahora);
-    std::string& salida = sesion.salida();
-    if (!salida.empty()) {
-        const std::size_t enviados = m_red.enviar(numero, salida);
-        if (enviados > 0) m_testigo.alEnviar(m_ahora, numero, std::string_view(salida).substr(0, enviados));
-        salida.erase(0, enviados);
-    }
-    return sesion.fin() == Sesion::Fin::Sigue || !salida.empty();
-}
-
-void Concentrador::terminar(std::int64_t numero, std::string_view motivo) {
-    const auto sesion = m_sesiones.find(numero);
-    sumar(m_resumen.cuenta, sesion->second.cuenta());
-    m_testigo.alTerminar(m_ahora, numero, motivo, sesion->second.cuenta());
-    m_sesiones.erase(sesion);
-    ++m_terminadas;
-}
-
-Instante Concentrador::espera() const {
-    Instante hasta = m_ahora + MAXESPERA;
-    for (const auto& [numero, sesion] : m_sesiones)
-        if (const auto proximo = sesion.proximo(m_ahora)) hasta = std::min(hasta, *proximo);
-    for (const auto& ausencia : m_opciones.ausencias)
-        for (const Instante cambio : {Instante{ausencia.desde}, Instante{ausencia.hasta}})
-            if (cambio > m_ahora) hasta = std::min(hasta, cambio);
-    if (m_opciones.duracion) hasta = std::min<Instante>(hasta, *m_opciones.duracion);
-    return hasta > m_ahora ? hasta - m_ahora : Instante{0};
-}
-
-std::string textoResumen(const ResumenConcentrador& resumen) {
-    const CuentaSesion& cuenta = resumen.cuenta;
-    std::string texto = "Sesiones: " + std::to_string(resumen.sesiones) +
-                        ", abiertas con REP: " + std::to_string(cuenta.respuestas) + "\n";
-    texto += "Enviadas: " + textoRitmo(cuenta.lineas, "lecturas", resumen.tiempo);
-    const auto contar = [&](const char* que, std::int64_t cuantas) {
-        if (cuantas > 0) texto += std::string(que) + ": " + std::to_string(cuantas) + "\n";
-    };
-    contar("De ellas en la avalancha", cuenta.avalancha);
-    contar("Además, líneas defectuosas y basura", cuenta.defectuosas);
-    contar("Respuestas que no eran REP", cuenta.inesperadas);
-    contar("Bytes que el cliente no tenía que enviar", cuenta.bytesDeMas);
-    contar("Retrasos de más de un segundo", cuenta.retrasos);
-    return texto;
-}
-
-std::string visible(std::string_view datos) {
-    std::string texto;
-    for (const char c : datos) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (c == '\r') {
-            texto += "\\r";
-        } else if (c == '\n') {
-            texto += "\\n";
-        } else if (c == '\t') {
-            texto += "\\t";
-        } else if (c == '\\') {
-            texto += "\\\\";
-        } else if (byte < 0x20 || byte > 0x7E) {
-            std::array<char, 8> cifras{};
-            std::snprintf(cifras.data(), cifras.size(), "\\x%02X", static_cast<unsigned>(byte));
-            texto += cifras.data();
-        } else {
-            texto += c;
-        }
-    }
-    return texto;
+void concentrar(const Opciones& opciones, std::uint64_t semilla) {
+    Concentrador(opciones, semilla).correr();
 }
 
 }  // namespace sorvanel::simulador

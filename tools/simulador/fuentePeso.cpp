@@ -1,42 +1,45 @@
 #include "simulador/fuentePeso.h"
 
+#include <algorithm>
+
 namespace sorvanel::simulador {
 
 namespace {
 
-DatosBascula datosBascula(const OrigenPeso& origen, std::size_t indicador, std::uint64_t semilla) {
-    return {.capacidad = origen.capacidades[indicador % origen.capacidades.size()],
-            .division = origen.divisiones[indicador % origen.divisiones.size()],
-            .ciclo = origen.ciclo,
-            .semilla = semilla};
+constexpr std::int64_t MAXCARGAS = 10;
+
+std::int64_t capacidad(const OrigenPeso& origen, std::size_t indicador) {
+    return origen.capacidades[indicador % origen.capacidades.size()];
 }
 
 }  // namespace
 
-FuentePeso::FuentePeso(const OrigenPeso& origen, std::size_t indicador, std::int64_t numeroPropio,
-                       std::uint64_t semilla)
+FuentePeso::FuentePeso(const OrigenPeso& origen, std::size_t indicador, int numeroPropio, std::uint64_t semilla,
+                       std::int64_t unidad, std::int64_t maximo)
     : m_modo(origen.modo),
-      m_fijo(origen.modo == OrigenPeso::Modo::Numero ? numeroPropio * 1000 : origen.fijo),
-      m_minimo(origen.minimo),
-      m_paso(origen.paso),
-      m_pasos((origen.maximo - origen.minimo) / origen.paso + 1),
-      m_bascula(datosBascula(origen, indicador, semilla)) {}
+      m_fijo(origen.modo == OrigenPeso::Modo::Numero ? std::int64_t{numeroPropio} * 1000 : origen.fijo),
+      m_unidad(unidad),
+      m_maximo(maximo),
+      m_cargas(static_cast<int>(std::clamp<std::int64_t>(maximo / capacidad(origen, indicador), 1, MAXCARGAS))),
+      m_bascula({.capacidad = capacidad(origen, indicador),
+                 .division = origen.divisiones[indicador % origen.divisiones.size()],
+                 .semilla = semilla}) {}
 
 Lectura FuentePeso::lectura(Instante instante, std::int64_t cuenta) const {
     switch (m_modo) {
         case OrigenPeso::Modo::Fijo:
         case OrigenPeso::Modo::Numero:
             return {.milesimas = m_fijo, .estable = true};
-        case OrigenPeso::Modo::Barrido:
-            return {.milesimas = m_minimo + cuenta % m_pasos * m_paso};
+        case OrigenPeso::Modo::Cuenta:
+            return {.milesimas = cuenta % (m_maximo / m_unidad + 1) * m_unidad};
         case OrigenPeso::Modo::Bascula:
             break;
     }
     return m_bascula.lectura(instante);
 }
 
-std::int64_t FuentePeso::acumulado(Instante instante, int cargas) const {
-    return m_modo == OrigenPeso::Modo::Bascula ? m_bascula.acumulado(instante, cargas) : 0;
+std::int64_t FuentePeso::acumulado(Instante instante) const {
+    return m_modo == OrigenPeso::Modo::Bascula ? m_bascula.acumulado(instante, m_cargas) : 0;
 }
 
 }  // namespace sorvanel::simulador

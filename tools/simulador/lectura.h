@@ -5,7 +5,7 @@
 
 namespace sorvanel::simulador {
 
-// Time since the run's first frame was due.
+// Time since something began: the run, the session's first line.
 using Instante = std::chrono::nanoseconds;
 
 // Weights everywhere are whole thousandths of the unit; a frame has eight digits for them.
@@ -17,8 +17,14 @@ struct Lectura {
     bool estable = false;
     bool cargando = false;
     bool descargando = false;
-
-    bool operator==(const Lectura&) const = default;
 };
+
+// When turn `numero`, from 0, is due. It comes from its number alone: no error adds up.
+constexpr Instante vence(std::int64_t numero, double porSegundo) {
+    return Instante{static_cast<Instante::rep>(static_cast<double>(numero) * 1e9 / porSegundo)};
+}
+
+// A machine that slept, or cannot keep up, goes on from where it is: no flood to catch up.
+constexpr Instante MAXRETRASO = std::chrono::seconds{1};
 
 }  // namespace sorvanel::simulador

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 
 #include "simulador/azar.h"
+#include "simulador/trama.h"
 
 namespace sorvanel::simulador {
 
@@ -11,52 +13,39 @@ namespace {
 
 constexpr std::size_t ANCHO = 8;
 constexpr std::size_t PRIMERVALOR = 9;
-constexpr std::array<std::string_view, 2> LETRAS = {"C-", "D-"};
+constexpr std::array<std::int64_t, 4> UNIDADES = {1000, 100, 10, 1};
 
-std::string letras(const Lectura& lectura, const Marcas& marcas, std::uint64_t azar) {
-    if (marcas.modo == Marcas::Modo::Fijas) return marcas.fijas;
-    if (marcas.modo == Marcas::Modo::Azar) return {LETRAS[0][azar & 1U], LETRAS[1][azar >> 1U & 1U]};
-    return {lectura.cargando ? 'C' : '-', lectura.descargando ? 'D' : '-'};
-}
-
-std::string valor(std::int64_t milesimas, Decimales decimales) {
-    constexpr std::array<std::int64_t, 4> UNIDADES = {1000, 100, 10, 1};
-    milesimas = std::clamp<std::int64_t>(milesimas, 0, decimales.maximo());
-    const auto cifras = static_cast<std::size_t>(decimales.cifras);
+std::string valor(std::int64_t milesimas, int decimales) {
+    // The sign takes the place of a digit.
+    const bool negativo = milesimas < 0;
+    const std::int64_t tope = negativo ? maximo(decimales) / 10 : maximo(decimales);
     const std::int64_t unidades =
-        cifras < UNIDADES.size() ? (milesimas + UNIDADES[cifras] / 2) / UNIDADES[cifras] : milesimas * 10;
-    const bool punto = cifras > 0 || decimales.puntoFinal;
+        (std::min<std::int64_t>(std::abs(milesimas), tope) + unidad(decimales) / 2) / unidad(decimales);
     std::string texto = std::to_string(unidades);
-    texto.insert(0, ANCHO - (punto ? 1 : 0) - texto.size(), '0');
-    if (punto) texto.insert(texto.size() - cifras, 1, '.');
+    texto.insert(0, ANCHO - (decimales > 0 ? 1 : 0) - texto.size(), '0');
+    if (decimales > 0) texto.insert(texto.size() - static_cast<std::size_t>(decimales), 1, '.');
+    if (negativo) texto[0] = '-';
     return texto;
 }
 
 }  // namespace
 
-std::int64_t Decimales::unidad() const {
-    std::int64_t milesimas = 1000;
-    for (int i = 0; i < cifras && milesimas > 1; ++i) milesimas /= 10;
-    return milesimas;
+std::int64_t unidad(int decimales) {
+    return UNIDADES[static_cast<std::size_t>(decimales)];
 }
 
-std::int64_t Decimales::maximo() const {
-    // Seven digits beside the point; eight of thousandths is what weights have everywhere.
-    constexpr std::array<std::int64_t, 5> TOPES = {99'999'000, 99'999'900, 99'999'990, 9'999'999, 999'999};
-    return TOPES[static_cast<std::size_t>(cifras)];
+std::int64_t maximo(int decimales) {
+    const std::int64_t caben = decimales == 3 ? 9'999'999 : MAXMILESIMAS;
+    return caben - caben % unidad(decimales);
 }
 
-bool sonMarcasPavona(std::string_view texto) {
-    return texto.size() == LETRAS.size() && LETRAS[0].find(texto[0]) != std::string_view::npos &&
-           LETRAS[1].find(texto[1]) != std::string_view::npos;
-}
-
-std::string lineaPavona(Direccion direccion, const Lectura& lectura, std::int64_t acumulado, Decimales decimales,
-                        const Marcas& marcas, std::uint64_t azar) {
+std::string lineaPavona(Direccion direccion, const Lectura& lectura, std::int64_t acumulado, int decimales,
+                        std::string_view marcas) {
     std::array<char, 32> principio{};
     std::snprintf(principio.data(), principio.size(), "%02d/%02d ", direccion.primero % 100, direccion.segundo % 100);
-    return principio.data() + letras(lectura, marcas, azar) + " " + valor(lectura.milesimas, decimales) + " " +
-           valor(acumulado, decimales);
+    std::string letras{marcas};
+    if (letras.empty()) letras = {lectura.cargando ? 'C' : '-', lectura.descargando ? 'D' : '-'};
+    return principio.data() + letras + " " + valor(lectura.milesimas, decimales) + " " + valor(acumulado, decimales);
 }
 
 std::string lineaMala(ClaseLinea clase, std::string_view linea, std::uint64_t azar) {
@@ -85,6 +74,8 @@ std::string lineaMala(ClaseLinea clase, std::string_view linea, std::uint64_t az
             // A letter among digits: of the line's shape, but no number.
             mala[PRIMERVALOR + azar % 2 * (ANCHO + 1) + otro % ANCHO] = 'A';
             break;
+        case ClaseLinea::Basura:
+            return basura(azar);
     }
     return mala;
 }

@@ -6,9 +6,10 @@
 #include <string_view>
 
 #include "simulador/lectura.h"
-#include "simulador/trama.h"
 
 namespace sorvanel::simulador {
+
+constexpr std::array<std::string_view, 2> LETRASPAVONA = {"C-", "D-"};
 
 // An indicator's address on the concentrator, each number from 0 to 99.
 struct Direccion {
@@ -19,32 +20,21 @@ struct Direccion {
     bool operator==(const Direccion&) const = default;
 };
 
-// How a value's eight characters are used: digits after the point, 0 to 4, and whether there is a point
-// though no digit follows.
-struct Decimales {
-    int cifras = 1;
-    bool puntoFinal = false;
+// In thousandths, with 0 to 3 decimals: what the last digit is worth, and the most that fits beside the point.
+std::int64_t unidad(int decimales);
+std::int64_t maximo(int decimales);
 
-    // The last digit's worth and the most that fits, in thousandths; a ten-thousandth counts as 1.
-    std::int64_t unidad() const;
-    std::int64_t maximo() const;
-    bool operator==(const Decimales&) const = default;
-};
-
-// Two letters: "C" or "-", and "D" or "-".
-bool sonMarcasPavona(std::string_view texto);
-
-// A reading line without its end. The values, in thousandths, are rounded to the decimals and kept within
-// what fits; `azar` chooses the letters where chance does.
-std::string lineaPavona(Direccion direccion, const Lectura& lectura, std::int64_t acumulado, Decimales decimales,
-                        const Marcas& marcas, std::uint64_t azar);
+// A reading line of the `Pavona` concentrator, without its end. The letters are those, or where none are given as the
+// reading says; the values, in thousandths, are rounded to the decimals and kept within what fits.
+std::string lineaPavona(Direccion direccion, const Lectura& lectura, std::int64_t acumulado, int decimales,
+                        std::string_view marcas);
 
 // What can be wrong with a line.
-enum class ClaseLinea { Media, Larga, Direccion, Marcas, Separador, Valor };
+enum class ClaseLinea { Media, Larga, Direccion, Marcas, Separador, Valor, Basura };
+constexpr std::array<std::string_view, 7> CLASESLINEA = {"media",     "larga", "direccion", "marcas",
+                                                         "separador", "valor", "basura"};
 
-constexpr std::array<std::string_view, 6> CLASESLINEA = {"media", "larga", "direccion", "marcas", "separador", "valor"};
-
-// `linea` is a good one; what comes back is none, and has no line end either.
+// Of a good line one that is none; without an end too, except that garbage has its own.
 std::string lineaMala(ClaseLinea clase, std::string_view linea, std::uint64_t azar);
 
 }  // namespace sorvanel::simulador

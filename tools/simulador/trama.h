@@ -1,23 +1,30 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "simulador/lectura.h"
 
 namespace sorvanel::simulador {
 
-// The three letters before the weight: as the reading says, by chance, or always the same.
-struct Marcas {
-    enum class Modo { Lectura, Azar, Fijas };
-    Modo modo = Modo::Lectura;
-    std::string fijas;
-};
+// The letters that may stand in each place before the weight.
+constexpr std::array<std::string_view, 3> LETRASTESSEL = {"EX", "CNX", "DZX"};
 
-bool sonMarcas(const std::string& texto);
+// A `Tessel` frame with its carriage return. The letters are those, or where none are given as the reading says; the
+// weight is kept within 0 and MAXMILESIMAS.
+std::string tramaTessel(const Lectura& lectura, std::string_view marcas);
 
-// A `Tessel` frame with its carriage return. The weight is kept within 0 and MAXMILESIMAS; `azar`
-// chooses the letters where chance does.
-std::string tramaTessel(const Lectura& lectura, const Marcas& marcas, std::uint64_t azar);
+// What can be wrong with a frame.
+enum class ClaseTrama { Letras, Signo, Corta, Larga, Cifras, Basura };
+constexpr std::array<std::string_view, 6> CLASESTRAMA = {"letras", "signo", "corta", "larga", "cifras", "basura"};
+
+// Of a good frame one that is none; it ends in a carriage return too, or is empty.
+std::string tramaMala(ClaseTrama clase, std::string_view trama, std::uint64_t azar);
+
+// Up to 64 bytes of any value, carriage returns among them, that hold no frame or line of either family and end in
+// one, if there are any: what follows stays whole.
+std::string basura(std::uint64_t azar);
 
 }  // namespace sorvanel::simulador

@@ -1,28 +1,42 @@
 #include "simulador/valores.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 
 namespace sorvanel::simulador {
 
 namespace {
 
-std::string textoMilesimas(std::int64_t milesimas) {
-    std::string texto = std::to_string(milesimas / 1000);
-    if (milesimas % 1000 == 0) return texto;
-    std::string decimales = std::to_string(1000 + milesimas % 1000).substr(1);
-    decimales.erase(decimales.find_last_not_of('0') + 1);
-    return texto + "." + decimales;
-}
-
-[[noreturn]] void fueraDeMargen(std::string_view texto, const std::string& minimo, const std::string& maximo) {
-    throw ErrorUso(entreComillas(texto) + " está fuera de margen: de " + minimo + " a " + maximo);
+[[noreturn]] void fueraDeMargen(std::string_view texto) {
+    throw ErrorUso(entreComillas(texto) + " está fuera de margen");
 }
 
 // Digits only: neither sign nor blanks nor exponent.
 bool leerCifras(std::string_view texto, std::int64_t& valor) {
     if (texto.empty() || texto.find_first_not_of("0123456789") != std::string_view::npos) return false;
     return std::from_chars(texto.data(), texto.data() + texto.size(), valor).ec == std::errc{};
+}
+
+int leerDireccion(std::string_view texto) {
+    const auto numeros = partir(texto, '/');
+    if (numeros.size() != 2) throw ErrorUso(entreComillas(texto) + " no es una dirección como 12/3");
+    return static_cast<int>(leerEntero(numeros[0], 0, 99) * 100 + leerEntero(numeros[1], 0, 99));
+}
+
+int leerPuerto(std::string_view texto) {
+    return static_cast<int>(leerEntero(texto, 1, 65535));
+}
+
+// "3" or "3-7", of what `leer` reads.
+template <class Leer, class Poner>
+void leerIntervalo(std::string_view texto, Leer leer, Poner poner) {
+    const auto extremos = partir(texto, '-');
+    if (extremos.size() > 2) throw ErrorUso(entreComillas(texto) + " no es un intervalo");
+    const int primero = leer(extremos.front());
+    const int ultimo = leer(extremos.back());
+    if (ultimo < primero) throw ErrorUso("el intervalo " + entreComillas(texto) + " está al revés");
+    for (int numero = primero; numero <= ultimo; ++numero) poner(numero);
 }
 
 }  // namespace
@@ -44,144 +58,126 @@ std::vector<std::string_view> partir(std::string_view texto, char separador) {
 std::int64_t leerEntero(std::string_view texto, std::int64_t minimo, std::int64_t maximo) {
     std::int64_t valor = 0;
     if (!leerCifras(texto, valor)) throw ErrorUso(entreComillas(texto) + " no es un número entero");
-    if (valor < minimo || valor > maximo) fueraDeMargen(texto, std::to_string(minimo), std::to_string(maximo));
+    if (valor < minimo || valor > maximo) fueraDeMargen(texto);
     return valor;
 }
 
 std::int64_t leerMilesimas(std::string_view texto, std::int64_t minimo, std::int64_t maximo) {
-    const std::size_t punto = texto.find('.');
-    std::string cifras = "0";  // so that ".5" has a whole part too
-    cifras += texto.substr(0, punto);
-    const std::string_view decimales = punto == std::string_view::npos ? "" : texto.substr(punto + 1);
-    const bool bienCortado = punto == std::string_view::npos || (!decimales.empty() && decimales.size() <= 3);
+    const bool negativo = texto.starts_with('-');
+    const auto partes = partir(texto.substr(negativo ? 1 : 0), '.');
+    std::string cifras{partes.front()};
+    const std::string_view decimales = partes.size() == 2 ? partes.back() : "";
     cifras += decimales;
-    cifras.append(3 - (bienCortado ? decimales.size() : 0), '0');
+    cifras.append(3 - std::min<std::size_t>(decimales.size(), 3), '0');
     std::int64_t valor = 0;
-    if (!bienCortado || texto.empty() || !leerCifras(cifras, valor))
+    if (partes.front().empty() || partes.size() > 2 || decimales.size() > 3 || !leerCifras(cifras, valor))
         throw ErrorUso(entreComillas(texto) + " no es un número (con punto decimal y tres decimales como mucho)");
-    if (valor < minimo || valor > maximo) fueraDeMargen(texto, textoMilesimas(minimo), textoMilesimas(maximo));
+    if (negativo) valor = -valor;
+    if (valor < minimo || valor > maximo) fueraDeMargen(texto);
     return valor;
 }
 
-std::vector<std::int64_t> leerListaMilesimas(std::string_view texto, std::int64_t minimo, std::int64_t maximo) {
+std::vector<std::int64_t> leerListaMilesimas(std::string_view texto) {
     std::vector<std::int64_t> valores;
-    for (const auto parte : partir(texto, ',')) valores.push_back(leerMilesimas(parte, minimo, maximo));
+    for (const auto parte : partir(texto, ',')) valores.push_back(leerMilesimas(parte, 1, MAXMILESIMAS));
     return valores;
 }
 
-std::chrono::milliseconds leerSegundos(std::string_view texto, bool admiteCero) {
+std::chrono::milliseconds leerSegundos(std::string_view texto) {
     constexpr std::int64_t AÑO = std::int64_t{365} * 24 * 3600 * 1000;
-    return std::chrono::milliseconds{leerMilesimas(texto, admiteCero ? 0 : 1, AÑO)};
+    return std::chrono::milliseconds{leerMilesimas(texto, 0, AÑO)};
 }
 
-std::vector<Destino> leerPuertos(std::string_view texto) {
-    std::vector<Destino> destinos;
-    for (auto parte : partir(texto, ',')) {
-        std::string host;
-        if (const std::size_t corte = parte.find(':'); corte != std::string_view::npos) {
-            host = parte.substr(0, corte);
-            if (host.empty()) throw ErrorUso("falta el equipo en " + entreComillas(parte));
-            parte.remove_prefix(corte + 1);
-        }
-        const std::size_t guion = parte.find('-');
-        const std::int64_t primero = leerEntero(parte.substr(0, guion), 1, 65535);
-        const std::int64_t ultimo =
-            guion == std::string_view::npos ? primero : leerEntero(parte.substr(guion + 1), 1, 65535);
-        if (ultimo < primero) throw ErrorUso("el intervalo " + entreComillas(parte) + " está al revés");
-        for (std::int64_t puerto = primero; puerto <= ultimo; ++puerto)
-            destinos.push_back({host, static_cast<std::uint16_t>(puerto)});
-    }
-    return destinos;
+Ventana leerVentana(std::string_view texto, bool admiteAbierta) {
+    const auto momentos = partir(texto, '-');
+    Ventana ventana{leerSegundos(momentos.front()), {}};
+    if (momentos.size() == 2) ventana.hasta = leerSegundos(momentos.back());
+    if (momentos.size() > 2 || (momentos.size() == 1 && !admiteAbierta))
+        throw ErrorUso(entreComillas(texto) + " no tiene la forma DESDE-HASTA");
+    if (ventana.hasta && *ventana.hasta <= ventana.desde)
+        throw ErrorUso(entreComillas(texto) + " termina antes de comenzar");
+    return ventana;
 }
 
-std::vector<Callada> leerCalladas(std::string_view texto) {
-    std::vector<Callada> calladas;
-    for (const auto parte : partir(texto, ',')) {
-        const std::size_t corte = parte.find(':');
-        if (corte == std::string_view::npos)
-            throw ErrorUso(entreComillas(parte) + " no tiene la forma INDICADOR:SEGUNDOS");
-        Callada callada;
-        callada.indicador = static_cast<std::size_t>(leerEntero(parte.substr(0, corte), 1, 65535) - 1);
-        const auto momentos = partir(parte.substr(corte + 1), '-');
-        callada.desde = leerSegundos(momentos[0], true);
-        if (momentos.size() > 1) callada.hasta = leerSegundos(momentos[1]);
-        if (momentos.size() > 2 || (callada.hasta && *callada.hasta <= callada.desde))
-            throw ErrorUso("en " + entreComillas(parte) + " el silencio termina antes de comenzar");
-        calladas.push_back(callada);
-    }
-    return calladas;
+std::vector<int> leerPuertos(std::string_view texto) {
+    std::vector<int> puertos;
+    for (const auto parte : partir(texto, ',')) leerIntervalo(parte, leerPuerto, [&](int n) { puertos.push_back(n); });
+    return puertos;
 }
 
-Pausas leerPausas(std::string_view texto) {
-    constexpr std::string_view AZAR = "azar:";
-    Pausas pausas;
-    pausas.azar = texto.starts_with(AZAR);
-    const auto partes = partir(pausas.azar ? texto.substr(AZAR.size()) : texto, ':');
-    if (partes.size() != 2) throw ErrorUso(entreComillas(texto) + " no tiene la forma CADA:DURA o azar:CADA:DURA");
-    pausas.cada = leerSegundos(partes[0]);
-    pausas.dura = leerSegundos(partes[1]);
-    if (pausas.dura >= pausas.cada) throw ErrorUso("en " + entreComillas(texto) + " la pausa dura más que su turno");
-    return pausas;
+std::vector<Direccion> leerDirecciones(std::string_view texto) {
+    std::vector<Direccion> direcciones;
+    for (const auto parte : partir(texto, ','))
+        leerIntervalo(parte, leerDireccion, [&](int n) { direcciones.push_back({n / 100, n % 100}); });
+    return direcciones;
 }
 
-void leerPeso(std::string_view texto, std::string_view palabra, OrigenPeso& peso) {
-    peso.modo = texto == palabra ? OrigenPeso::Modo::Numero : OrigenPeso::Modo::Fijo;
-    if (peso.modo == OrigenPeso::Modo::Fijo) peso.fijo = leerMilesimas(texto, 0, MAXMILESIMAS);
-}
-
-void leerBarrido(std::string_view texto, OrigenPeso& peso) {
+Callada leerCallada(std::string_view texto) {
     const auto partes = partir(texto, ':');
-    if (partes.size() != 3) throw ErrorUso(entreComillas(texto) + " no tiene la forma MÍNIMO:MÁXIMO:PASO");
-    peso.modo = OrigenPeso::Modo::Barrido;
-    peso.minimo = leerMilesimas(partes[0], 0, MAXMILESIMAS);
-    peso.maximo = leerMilesimas(partes[1], 0, MAXMILESIMAS);
-    peso.paso = leerMilesimas(partes[2], 1, MAXMILESIMAS);
-    if (peso.maximo - peso.minimo < peso.paso)
-        throw ErrorUso("el barrido " + entreComillas(texto) + " no deja sitio para un paso");
+    if (partes.size() != 2) throw ErrorUso(entreComillas(texto) + " no tiene la forma INDICADOR:SEGUNDOS");
+    return {static_cast<std::size_t>(leerEntero(partes[0], 1, 65535) - 1), leerVentana(partes[1], true)};
 }
 
-Marcas leerMarcas(std::string_view texto) {
-    if (texto == "modelo") return {Marcas::Modo::Lectura, ""};
-    if (texto == "azar") return {Marcas::Modo::Azar, ""};
-    if (!sonMarcas(std::string(texto)))
-        throw ErrorUso(entreComillas(texto) +
-                       " no son marcas: «modelo», «azar» o tres letras (E o X, C N o X, D Z o X)");
-    return {Marcas::Modo::Fijas, std::string(texto)};
+std::string leerMarcas(std::string_view texto, std::span<const std::string_view> letras) {
+    bool valen = texto.size() == letras.size();
+    for (std::size_t i = 0; valen && i < letras.size(); ++i) valen = letras[i].find(texto[i]) != std::string_view::npos;
+    if (!valen) throw ErrorUso(entreComillas(texto) + " no son marcas");
+    return std::string(texto);
 }
 
-Ventana leerVentana(std::string_view texto) {
-    const auto momentos = partir(texto, ':');
-    if (momentos.size() != 2) throw ErrorUso(entreComillas(texto) + " no tiene la forma DESDE:HASTA");
-    const Ventana ventana{leerSegundos(momentos[0], true), leerSegundos(momentos[1])};
-    if (ventana.hasta <= ventana.desde) throw ErrorUso(entreComillas(texto) + " termina antes de comenzar");
-    return ventana;
-}
-
-Ventana leerAvalancha(std::string_view texto) {
-    const Ventana ventana = leerVentana(texto);
-    if (ventana.hasta - ventana.desde > MAXAVALANCHA)
-        throw ErrorUso(entreComillas(texto) + " dura más de " + std::to_string(MAXAVALANCHA.count()) + " segundos");
-    return ventana;
-}
-
-std::int64_t leerCada(std::string_view texto, std::span<const std::string_view> nombres,
-                      std::vector<std::size_t>& elegidos) {
+Malas leerMalas(std::string_view texto, std::span<const std::string_view> clases) {
     const std::size_t corte = texto.find(':');
-    const std::int64_t cada = leerEntero(texto.substr(0, corte), 1, MAXTRAMAS);
+    Malas malas{leerEntero(texto.substr(0, corte), 1, MAXCADA), {}};
     if (corte == std::string_view::npos) {
-        for (std::size_t i = 0; i < nombres.size(); ++i) elegidos.push_back(i);
-        return cada;
+        for (std::size_t i = 0; i < clases.size(); ++i) malas.clases.push_back(i);
+        return malas;
     }
     for (const auto nombre : partir(texto.substr(corte + 1), ',')) {
-        const auto hallado = std::find(nombres.begin(), nombres.end(), nombre);
-        if (hallado == nombres.end()) {
-            std::string todos;
-            for (const auto posible : nombres) todos += (todos.empty() ? "" : ", ") + std::string(posible);
-            throw ErrorUso(entreComillas(nombre) + " no es ninguna de estas clases: " + todos);
-        }
-        elegidos.push_back(static_cast<std::size_t>(hallado - nombres.begin()));
+        const auto hallado = std::find(clases.begin(), clases.end(), nombre);
+        if (hallado == clases.end()) throw ErrorUso(entreComillas(nombre) + " no es una clase");
+        malas.clases.push_back(static_cast<std::size_t>(hallado - clases.begin()));
     }
-    return cada;
+    return malas;
+}
+
+std::string leerTexto(std::string_view texto) {
+    const auto partes = partir(texto, '\\');
+    std::string leido{partes.front()};
+    for (const auto parte : std::span(partes).subspan(1)) {
+        unsigned valor = 0;
+        if (parte.size() < 3 || parte[0] != 'x' ||
+            std::from_chars(parte.data() + 1, parte.data() + 3, valor, 16).ptr != parte.data() + 3)
+            throw ErrorUso("en " + entreComillas(texto) + " tras «\\» va xHH");
+        leido += static_cast<char>(valor);
+        leido += parte.substr(3);
+    }
+    return leido;
+}
+
+std::string leerFinLinea(std::string_view texto) {
+    if (texto == "cr") return "\r";
+    if (texto == "lf") return "\n";
+    if (texto == "crlf") return "\r\n";
+    throw ErrorUso(entreComillas(texto) + " no es un fin de línea: cr, lf o crlf");
+}
+
+Tropiezo leerTropiezo(std::string_view texto, Tropiezo::Tipo tipo) {
+    using Punto = Etapa::Punto;
+    constexpr std::array<std::string_view, 5> PUNTOS = {"saludo", "rep", "abierta", "lecturas", "media"};
+    const auto partes = partir(texto, ':');
+    const auto hallado = std::find(PUNTOS.begin(), PUNTOS.end(), partes[0]);
+    if (hallado == PUNTOS.end())
+        throw ErrorUso(entreComillas(texto) + " no es un momento: saludo, rep, abierta, lecturas:N o media:N");
+    Tropiezo tropiezo{{static_cast<Punto>(hallado - PUNTOS.begin())}, tipo, {}};
+    const Punto punto = tropiezo.etapa.punto;
+    std::size_t leidas = 1;
+    if (punto == Punto::Lecturas || punto == Punto::Media) {
+        if (partes.size() < 2) throw ErrorUso("en " + entreComillas(texto) + " falta cuántas lecturas");
+        tropiezo.etapa.lineas = leerEntero(partes[leidas++], punto == Punto::Lecturas ? 1 : 0, MAXCADA);
+    }
+    if (tipo == Tropiezo::Tipo::Calla && leidas < partes.size()) tropiezo.dura = leerSegundos(partes[leidas++]);
+    if (leidas < partes.size()) throw ErrorUso("en " + entreComillas(texto) + " sobra algo");
+    return tropiezo;
 }
 
 }  // namespace sorvanel::simulador

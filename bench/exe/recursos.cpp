@@ -1,4 +1,4 @@
-#include "objetos.h"
+#include "recursos.h"
 
 #include <winternl.h>
 
@@ -20,10 +20,32 @@ struct EntradaGDI {
     std::uint64_t usuario;
 };
 static_assert(sizeof(EntradaGDI) == 24);
+// One of the list of all handles; before the first stands how many there are, in the room of a pointer.
+struct EntradaManejador {
+    ULONG duena;
+    UCHAR clase;
+    UCHAR marcas;
+    USHORT valor;
+    void* objeto;
+    ULONG acceso;
+};
+constexpr auto MANEJADORES_DE_TODOS = static_cast<SYSTEM_INFORMATION_CLASS>(16);
 constexpr std::size_t ENTRADAS = 65536;
 constexpr std::size_t LUGAR_TABLA = 0xF8;  // of its address, in a 64-bit PEB
 
-long gdiEnTabla(HANDLE proceso) {
+struct Cuenta {
+    long gdi, user, manejadores;
+    bool operator==(const Cuenta&) const = default;
+};
+
+Cuenta contar() {
+    const HANDLE propio = GetCurrentProcess();
+    return {objetosGDI(propio), objetosUSER(), manejadores(propio)};
+}
+
+}  // namespace
+
+long objetosGDI(HANDLE proceso) {
     PROCESS_BASIC_INFORMATION basica{};
     if (NtQueryInformationProcess(proceso, ProcessBasicInformation, &basica, sizeof basica, nullptr) < 0)
         throw std::runtime_error("the program's PEB is not known");
@@ -37,19 +59,16 @@ long gdiEnTabla(HANDLE proceso) {
         std::count_if(entradas.begin(), entradas.end(), [](const EntradaGDI& una) { return una.tipo != 0; }));
 }
 
-std::uintptr_t valor(HMENU menu) {
-    return reinterpret_cast<std::uintptr_t>(menu);
-}
-
-long userEnSesion() {
+long objetosUSER() {
     constexpr std::uintptr_t PRIMERO = 0x20;
     std::vector<HMENU> relleno;
     long vivos = -1;
     while (vivos < 0) {
         const HMENU menu = CreateMenu();
         if (menu == nullptr) break;
-        const bool nueva = (valor(menu) >> 16U & 0xFFFFU) == 1;
-        const auto indice = static_cast<long>(((valor(menu) & 0xFFFFU) - PRIMERO) / 2);
+        const auto valor = reinterpret_cast<std::uintptr_t>(menu);
+        const bool nueva = (valor >> 16U & 0xFFFFU) == 1;
+        const auto indice = static_cast<long>(((valor & 0xFFFFU) - PRIMERO) / 2);
         if (nueva) vivos = indice - static_cast<long>(relleno.size());
         relleno.push_back(menu);
     }
@@ -58,44 +77,40 @@ long userEnSesion() {
     return vivos;
 }
 
-long gdiDe(HANDLE proceso) {
-    return bajoWine() ? gdiEnTabla(proceso) : static_cast<long>(GetGuiResources(proceso, GR_GDIOBJECTS));
+long manejadores(HANDLE proceso) {
+    std::vector<char> lista(1U << 20U);
+    ULONG hacenFalta = 0;
+    while (true) {
+        const NTSTATUS resultado =
+            NtQuerySystemInformation(MANEJADORES_DE_TODOS, lista.data(), static_cast<ULONG>(lista.size()), &hacenFalta);
+        if (resultado >= 0) break;
+        if (lista.size() > 64U << 20U) throw std::runtime_error("no list of handles");
+        lista.resize(lista.size() * 2);
+    }
+    const auto cuantos = static_cast<std::size_t>(*reinterpret_cast<const ULONG*>(lista.data()));
+    const auto* const primera = reinterpret_cast<const EntradaManejador*>(lista.data() + sizeof(void*));
+    const DWORD id = GetProcessId(proceso);
+    return static_cast<long>(
+        std::count_if(primera, primera + cuantos, [id](const EntradaManejador& una) { return una.duena == id; }));
 }
 
-long userDe(HANDLE proceso) {
-    return bajoWine() ? userEnSesion() : static_cast<long>(GetGuiResources(proceso, GR_USEROBJECTS));
-}
-
-}  // namespace
-
-long ContadorObjetos::gdi() const {
-    return gdiDe(m_programa.manejador());
-}
-
-long ContadorObjetos::user() const {
-    return userDe(m_programa.manejador());
-}
-
-bool ContadorObjetos::fiable() {
+bool cuentasFiables() {
     constexpr long MUESTRAS = 70;
-    const HANDLE propio = GetCurrentProcess();
-    const long gdiAntes = gdiDe(propio), userAntes = userDe(propio);
     std::vector<HPEN> plumas;
     std::vector<HMENU> menus;
     std::vector<HANDLE> sucesos;
-    const long manejadoresAntes = manejadores(propio);
+    const Cuenta antes = contar();
     for (long i = 0; i < MUESTRAS; ++i) {
         sucesos.push_back(CreateEventW(nullptr, FALSE, FALSE, nullptr));
         plumas.push_back(CreatePen(PS_SOLID, static_cast<int>(i) + 1, RGB(1, 2, 3)));
         menus.push_back(CreateMenu());
     }
-    const long gdiCon = gdiDe(propio), userCon = userDe(propio), manejadoresCon = manejadores(propio);
+    const Cuenta con = contar();
     for (const HANDLE suceso : sucesos) CloseHandle(suceso);
     for (const HPEN pluma : plumas) DeleteObject(pluma);
     for (const HMENU menu : menus) DestroyMenu(menu);
-    return gdiCon == gdiAntes + MUESTRAS && userCon == userAntes + MUESTRAS &&
-           manejadoresCon == manejadoresAntes + MUESTRAS && gdiDe(propio) == gdiAntes && userDe(propio) == userAntes &&
-           manejadores(propio) == manejadoresAntes;
+    return con == Cuenta{antes.gdi + MUESTRAS, antes.user + MUESTRAS, antes.manejadores + MUESTRAS} &&
+           contar() == antes;
 }
 
 }  // namespace sorvanel::medidas
