@@ -26,7 +26,7 @@ fotos_de() { (cd "$1" 2>/dev/null && find . -name '*.png' ! -name '*.diferencia.
 
 comparar_una() { # BEFORE AFTER: says how many pixels differ; true when none does
     local pixeles codigo=0
-    pixeles="$(compare -metric AE "$1" "$2" "${2%.png}.diferencia.png" 2>&1)" || codigo=$?
+    pixeles="$(compare -precision 9 -metric AE "$1" "$2" "${2%.png}.diferencia.png" 2>&1)" || codigo=$?
     ((codigo != 0)) || rm -f "${2%.png}.diferencia.png"
     ((codigo < 2)) && [[ $pixeles =~ ^[0-9.e+]+$ ]] || pixeles="cannot be compared:"
     printf '%s' "$pixeles"
@@ -75,6 +75,7 @@ jugar() { # FOLDER PERCENT ACT...
     local carpeta="$1" tanto="$2" codigo=0
     shift 2
     rm -rf "$OBRA/escenas/fotos"
+    (($# > 0)) || rm -f "$carpeta/$tanto"/*.png # nothing old passes for new
     mkdir -p "$OBRA/escenas/fotos" "$carpeta/$tanto"
     agrandar_pantalla "$tanto" && escala_de_wine $((96 * tanto / 100)) || return 1
     # Its output goes through a file: a pipe would be kept open by what Wine leaves running.

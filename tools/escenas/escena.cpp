@@ -52,10 +52,16 @@ void exigir(bool condicion, const std::string& motivo) {
 Escena::Escena(std::wstring carpeta)
     : m_carpeta(std::move(carpeta)), m_zona(monitorPrimario()), m_telon(m_zona, COLOR_TELON) {}
 
-void Escena::arrancar(const std::string& ini) {
+void Escena::vaciar() {
     m_latido = nullptr;
     m_herramienta.reset();
     m_programa.reset();
+    // The system may take a moment to give back what an ended program held.
+    exigir(esperar([] { return EmisorUDP().ocupar(PUERTO); }), "somebody else holds the port of the first display");
+}
+
+void Escena::arrancar(const std::string& ini) {
+    if (m_programa) vaciar();
     m_programa.emplace("\xEF\xBB\xBF" + ini);
     m_programa->arrancar();
     exigir(esperar([this] { return m_programa->seVe(IdControl::botPau) || m_programa->seVe(IdControl::botOk); }),

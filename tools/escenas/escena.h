@@ -29,6 +29,8 @@ class Escena {
 public:
     explicit Escena(std::wstring carpeta);
 
+    // Ends the program, and frees its ports.
+    void vaciar();
     // Starts it anew with that file, which is UTF-8; the program before it is ended.
     void arrancar(const std::string& ini);
     // Before the last words of a scene: it is said again before each look at the screen.

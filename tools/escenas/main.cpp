@@ -13,13 +13,15 @@ namespace {
 using namespace sorvanel;
 
 bool jugar(escenas::Escena& escena, const escenas::Acto& acto) {
+    bool bien = true;
     try {
         acto.jugar(escena);
-        return true;
     } catch (const std::exception& fallo) {
         std::printf("%ls: %s\n", acto.nombre, fallo.what());
-        return false;
+        bien = false;
     }
+    escena.vaciar();
+    return bien;
 }
 
 }  // namespace

@@ -16,6 +16,7 @@ using enum IdControl;
 
 std::vector<std::string> pesos(int cuantos) {
     std::vector<std::string> tramas;
+    tramas.reserve(static_cast<std::size_t>(cuantos));
     for (int i = 0; i < cuantos; ++i) tramas.push_back(trama((i * 7919 + 40) % 60000 * 1000 + 250));
     return tramas;
 }
@@ -103,7 +104,7 @@ void pavona(Escena& e) {
     e.esperarPeso(3, "12.5");
     e.esperarPeso(4, "9999.9");
     e.foto("pavona");
-    e.mientras(nullptr);
+    e.vaciar();
 }
 
 Configuracion enMedio(const char* colorAplicacion) {
