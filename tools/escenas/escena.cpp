@@ -54,6 +54,7 @@ Escena::Escena(std::wstring carpeta)
 
 void Escena::vaciar() {
     m_latido = nullptr;
+    m_enfocado = nullptr;
     m_herramienta.reset();
     m_programa.reset();
     // The system may take a moment to give back what an ended program held.
@@ -94,6 +95,7 @@ void Escena::esperarPeso(int visor, std::string_view trozo) {
 
 void Escena::pausar() {
     m_latido = nullptr;
+    m_enfocado = nullptr;
     m_programa->pulsar(IdControl::botPau);
     exigir(m_programa->esperarVisible(IdControl::botRun), "it does not pause");
 }
@@ -107,24 +109,26 @@ void Escena::configurar(const std::string& ini) {
 }
 
 void Escena::abrir(IdControl boton, IdControl herramienta, IdControl ultimo, int elemento) {
+    m_enfocado = nullptr;
     m_programa->pulsar(boton);
     m_herramienta.emplace(*m_programa, herramienta);
     exigir(m_herramienta->esperarAbierta() && m_herramienta->esperarControl(ultimo, elemento), "the tool is not open");
 }
 
 void Escena::pulsar(IdControl id, int elemento, IdControl otro, int otroElemento, bool seVe) {
+    m_enfocado = nullptr;
     m_herramienta->pulsar(id, elemento);
     exigir(esperar([&] { return pruebas::seVe(m_herramienta->control(otro, otroElemento)) == seVe; }),
            "pressing " + std::to_string(numero(id, elemento)) + " does not do what it should");
 }
 
 void Escena::enfocar(IdControl id, int elemento) {
-    const HWND buscado = m_herramienta ? m_herramienta->control(id, elemento) : m_programa->control(id, elemento);
+    m_enfocado = m_herramienta ? m_herramienta->control(id, elemento) : m_programa->control(id, elemento);
     for (int i = 0; i < VUELTA; ++i) {
-        const HWND antes = foco(buscado);
-        if (antes == buscado) return;
-        teclear(buscado, VK_TAB);
-        esperar([&] { return foco(buscado) != antes; }, 1000);
+        const HWND antes = foco(m_enfocado);
+        if (antes == m_enfocado) return;
+        teclear(m_enfocado, VK_TAB);
+        esperar([&] { return foco(m_enfocado) != antes; });
     }
     exigir(false, "the focus does not come to " + std::to_string(numero(id, elemento)));
 }
@@ -146,6 +150,11 @@ void Escena::foto(const std::string& nombre) {
     const auto quieta = [&] {
         Fotografia nueva = mirar();
         iguales = nueva == ultima ? iguales + 1 : 1;
+        // A key may have been on its way still when the program itself moved the focus.
+        if (m_enfocado != nullptr && foco(m_enfocado) != m_enfocado) {
+            enfocar(static_cast<IdControl>(GetDlgCtrlID(m_enfocado)));
+            iguales = 0;
+        }
         ultima = std::move(nueva);
         return iguales >= IGUALES;
     };

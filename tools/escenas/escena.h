@@ -46,7 +46,7 @@ public:
     void abrir(IdControl boton, IdControl herramienta, IdControl ultimo, int elemento = 0);
     // Presses a control of the open tool and waits until the other one is seen, or no more.
     void pulsar(IdControl id, int elemento, IdControl otro, int otroElemento, bool seVe = true);
-    // By the Tab key, in the open tool or else on the bar.
+    // By the Tab key, in the open tool or else on the bar; the pictures have it there until something else is done.
     void enfocar(IdControl id, int elemento = 0);
     // When the screen stands still, into <folder>\<name>.ppm.
     void foto(const std::string& nombre);
@@ -62,6 +62,7 @@ private:
     pruebas::Telon m_telon;
     pruebas::EmisorUDP m_indicador;
     std::function<void()> m_latido;
+    HWND m_enfocado = nullptr;  // where the focus has to be in a picture; null for wherever it is
     std::optional<pruebas::Programa> m_programa;
     std::optional<pruebas::VentanaHerramienta> m_herramienta;
 };

@@ -70,6 +70,7 @@ void visores(Escena& e) {
                               {"visores_foco_ubicacion", txUbi, 2}, {"visores_foco_diseno", imFoco, 2},
                               {"visores_foco_nuevo", botNvo},       {"visores_foco_eliminar", botElim}};
     fotosConFoco(e, FOCOS);
+    e.enfocar(lstModo, 1);
     const HWND lista = e.herramienta().control(lstModo, 1);
     pruebas::pulsar(lista);
     exigir(esperar([&] { return SendMessageW(lista, CB_GETDROPPEDSTATE, 0, 0) != 0; }), "the list does not open");
