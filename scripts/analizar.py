@@ -3,8 +3,8 @@
 
 A file is looked at again only when it, a header of the project that it includes (by whatever way),
 the list of checks, or clang-tidy itself has changed. The portable rooms and the tools are compiled
-as for this machine; platform/win32, the entry point and what
-ends in Win32.cpp as for Windows.
+as for this machine; platform/win32, the entry point, tools/escenas and
+what ends in Win32.cpp as for Windows.
 
     analizar.py [--todo] [FILE...]   --todo forgets what is remembered
 """
@@ -19,10 +19,11 @@ from pathlib import Path
 
 RAIZ = Path(__file__).resolve().parent.parent
 SRC = RAIZ / "src"
+CARPETAS = [SRC, RAIZ / "tools", RAIZ / "tests" / "system"]  # where includes are looked for
 MEMORIA = RAIZ / "build" / "analisis"
 INCLUSION = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.M)
 
-COMUNES = ["-std=c++20", "-Wall", "-Wextra", f"-I{SRC}", f"-I{RAIZ / 'tools'}"]
+COMUNES = ["-std=c++20", "-Wall", "-Wextra", *(f"-I{carpeta}" for carpeta in CARPETAS)]
 DEFINICIONES_WINDOWS = [
     "-DUNICODE", "-D_UNICODE", "-DWIN32_LEAN_AND_MEAN", "-DNOMINMAX", "-DWINVER=0x0601", "-D_WIN32_WINNT=0x0601",
 ]
@@ -30,7 +31,8 @@ DEFINICIONES_WINDOWS = [
 
 def de_windows(ruta):
     nombre = ruta.relative_to(RAIZ).as_posix()
-    return nombre.startswith("src/platform/win32/") or nombre == "src/app/main.cpp" or nombre.endswith("Win32.cpp")
+    return (nombre.startswith(("src/platform/win32/", "tools/escenas/")) or nombre == "src/app/main.cpp"
+            or nombre.endswith("Win32.cpp"))
 
 
 def carpetas_mingw():
@@ -67,7 +69,7 @@ class Huellas:
             return
         visto.add(ruta)
         for nombre in INCLUSION.findall(self.texto(ruta).decode("utf-8")):
-            for carpeta in (SRC, RAIZ / "tools"):
+            for carpeta in CARPETAS:
                 if (carpeta / nombre).is_file():
                     self.alcance(carpeta / nombre, visto)
                     break
