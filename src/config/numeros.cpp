@@ -8,14 +8,13 @@
 #include <string>
 #include <system_error>
 
+#include "config/texto.h"
+
 namespace sorvanel {
 namespace {
 
 bool esBlanco(char c) {
     return c == ' ' || c == '\t';
-}
-bool esCifra(char c) {
-    return c >= '0' && c <= '9';
 }
 
 std::string_view sinBlancosDelante(std::string_view texto) {
