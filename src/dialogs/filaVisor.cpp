@@ -81,11 +81,16 @@ FilaVisor::FilaVisor(TallerDialogo& taller, TablaVisores& tabla, std::int16_t nu
 
 void FilaVisor::crearCajas(TallerDialogo& taller) {
     const std::string visor = "Visor " + std::to_string(m_numero) + ": ";
-    m_txPort = taller.cajaTexto(IdControl::txPort, m_numero, visor + "port", sugerenciaPort());
+    std::string ayudaPort = "Port del visor", ayudaModo = "Qué lectura muestra un visor de la familia";
+    for (const Familia* f : familias()) {
+        ayudaPort += f->ayudaPort;
+        if (f->conModo) ayudaModo += std::string(" ") + f->nombre;
+    }
+    m_txPort = taller.cajaTexto(IdControl::txPort, m_numero, visor + "port", ayudaPort);
     m_txPort->filtro([this](char32_t c) { return familia().filtroPort(c); });
     m_lbPav = taller.rotulo(IdControl::lbPav, m_numero, {});
     m_lbPav->colorTexto(COLOR_MARCA);
-    m_lstModo = taller.lista(IdControl::lstModo, m_numero, MODOS, visor + "modo bulk", sugerenciaModo());
+    m_lstModo = taller.lista(IdControl::lstModo, m_numero, MODOS, visor + "modo bulk", ayudaModo);
     m_txEtq = taller.cajaTexto(IdControl::txEtq, m_numero, visor + "etiqueta", SUGERENCIA_ETIQUETA);
     m_txEtq->filtro(filtroEtiqueta);
     m_txUbi = taller.cajaTexto(IdControl::txUbi, m_numero, visor + "ubicación",
@@ -152,7 +157,8 @@ void FilaVisor::mostrarProtocolo() {
     const std::string nombre = "Visor " + std::to_string(m_numero) + ": familia " + familia().nombre;
     m_imPtc->dibujo(familia().dibujo);
     m_imPtc->nombre(nombre);
-    m_imPtc->sugerencia(nombre + sugerenciaFamilia(familia()));
+    m_imPtc->sugerencia(nombre + ", " + familia().enlace + ". Pulse para pasar a " +
+                        familiaSiguiente(familia()).nombre);
     m_lbPav->texto(familia().formaPort);
     m_lbPav->mostrar(m_visible && familia().conForma());
 }

@@ -12,26 +12,6 @@ constexpr double CIEN = 100;
 
 }  // namespace
 
-std::string sugerenciaPort() {
-    std::string texto = "Port del visor";
-    for (const Familia* f : familias()) {
-        if (f->conForma()) texto += std::string("; en la familia ") + f->nombre + ", " + f->ayudaPort;
-    }
-    return texto;
-}
-
-std::string sugerenciaModo() {
-    std::string nombres;
-    for (const Familia* f : familias()) {
-        if (f->conModo) nombres += (nombres.empty() ? "" : " o ") + std::string(f->nombre);
-    }
-    return "Qué lectura muestra un visor de la familia " + nombres;
-}
-
-std::string sugerenciaFamilia(const Familia& familia) {
-    return std::string(", ") + familia.enlace + ". Pulse para pasar a " + familiaSiguiente(familia).nombre;
-}
-
 std::string textoUbicacion(std::optional<Ubicacion> ubicacion) {
     if (!ubicacion) return {};
     return std::to_string(ubicacion->fila) + SEPARADOR_UBICACION + std::to_string(ubicacion->columna);

@@ -11,12 +11,6 @@ namespace sorvanel {
 // How a display's values stand in the boxes in which they are edited, and what those take of each
 // character typed or pasted (0 for what is discarded).
 
-// Tool tips that name the families that they are about.
-std::string sugerenciaPort();
-std::string sugerenciaModo();
-// How it reads and which family comes next, to go on after its name.
-std::string sugerenciaFamilia(const Familia& familia);
-
 // "row,column"; empty without a place.
 std::string textoUbicacion(std::optional<Ubicacion> ubicacion);
 // Nothing unless there are exactly two numbers that fit their type.

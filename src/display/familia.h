@@ -40,7 +40,7 @@ struct Familia {
     std::string (*textoPort)(std::int32_t port) = sorvanel::textoPort;
     std::optional<std::int32_t> (*leerPort)(std::string_view texto) = sorvanel::leerPort;
     char32_t (*filtroPort)(char32_t caracter) = filtroNumerico;
-    // Where it is more than a number: the form in which it is typed, and what it is.
+    // Where it is more than a number: the form in which it is typed, and what the tool tip says besides.
     const char* formaPort = "";
     const char* ayudaPort = "";
     bool conForma() const { return *formaPort != '\0'; }

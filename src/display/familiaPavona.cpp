@@ -44,6 +44,6 @@ constinit const Familia FAMILIA_PAVONA{.protocolo = 2,
                                        .leerPort = leerDireccion,
                                        .filtroPort = filtroDireccion,
                                        .formaPort = "A/B",
-                                       .ayudaPort = "su dirección A/B, como en 12/3"};
+                                       .ayudaPort = "; en la familia Pavona, su dirección A/B, como en 12/3"};
 
 }  // namespace sorvanel
