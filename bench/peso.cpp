@@ -7,6 +7,7 @@
 #include <new>
 #include <string>
 
+#include "display/familia.h"
 #include "display/formatoPeso.h"
 #include "display/pinturaVisor.h"
 #include "display/trama.h"
@@ -96,12 +97,13 @@ void BM_tramaAPintura(benchmark::State& estado) {
     SuperficieNula etiqueta, peso;
     PinturaVisor pintura(etiqueta, peso);
     if (!pintura.encajar({0, 0, 12000, 3000}, aspecto("0000.0 kg"))) return estado.SkipWithError("does not fit");
-    for (const std::string& texto : TRAMAS) pintura.pintarPeso(leerTrama(texto).value_or(Trama{}), true);
+    for (const std::string& texto : TRAMAS)
+        pintura.pintarPeso(leerTrama(texto).value_or(Trama{}), FAMILIA_PAVONA.marcas);
     std::size_t i = 0;
     const long antes = g_peticiones;
     for ([[maybe_unused]] auto vuelta : estado) {
         const auto trama = leerTrama(TRAMAS[i++ % TRAMAS.size()]);
-        if (trama) pintura.pintarPeso(*trama, true);
+        if (trama) pintura.pintarPeso(*trama, FAMILIA_PAVONA.marcas);
     }
     contarMemoria(estado, antes);
 }

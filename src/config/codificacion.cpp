@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 
 namespace sorvanel {
 namespace {
@@ -53,44 +54,36 @@ void anadirUtf8(std::string& destino, char32_t caracter) {
     destino += static_cast<char>(0x80U | (caracter & 0x3FU));
 }
 
-struct Leido {
-    char32_t caracter = 0;
-    std::size_t octetos = 0;  // 0: no valid character begins here
-};
-
 // Overlong forms, surrogates and numbers beyond U+10FFFF are not valid.
-Leido leerUtf8(std::string_view texto) {
+std::optional<CaracterUtf8> leerUtf8(std::string_view texto) {
     const std::uint8_t primero = octeto(texto[0]);
     if (primero < 0x80) {
-        return {primero, 1};
+        return CaracterUtf8{primero, 1};
     }
     const std::size_t octetos = primero >= 0xF0 ? 4 : primero >= 0xE0 ? 3 : primero >= 0xC0 ? 2 : 0;
     if (octetos == 0 || primero > 0xF4 || texto.size() < octetos) {
-        return {};
+        return std::nullopt;
     }
     char32_t caracter = primero & (0x7FU >> octetos);
     for (std::size_t i = 1; i < octetos; ++i) {
         if ((octeto(texto[i]) & 0xC0U) != 0x80U) {
-            return {};
+            return std::nullopt;
         }
         caracter = caracter << 6U | (octeto(texto[i]) & 0x3FU);
     }
     constexpr std::array<char32_t, 5> MENOR = {0, 0, 0x80, 0x800, 0x10000};
     if (caracter < MENOR[octetos] || caracter > 0x10FFFF || (caracter >= 0xD800 && caracter < 0xE000)) {
-        return {};
+        return std::nullopt;
     }
-    return {caracter, octetos};
+    return CaracterUtf8{caracter, octetos};
 }
 
 // Calls para(character, its bytes) for each character; stray bytes count as Windows-1252.
 template <typename Funcion>
 void recorrer(std::string_view texto, Funcion para) {
     while (!texto.empty()) {
-        Leido leido = leerUtf8(texto);
-        if (leido.octetos == 0) {
-            leido = {caracter1252(texto[0]), 1};
-        }
-        para(leido.caracter, texto.substr(0, leido.octetos));
+        const CaracterUtf8 leido = leerUtf8(texto).value_or(CaracterUtf8{caracter1252(texto[0]), 1});
+        para(leido.codigo, texto.substr(0, leido.octetos));
         texto.remove_prefix(leido.octetos);
     }
 }
@@ -142,6 +135,10 @@ std::string utf8Valido(std::string_view texto) {
         }
     });
     return valido;
+}
+
+CaracterUtf8 leerCaracter(std::string_view texto) {
+    return leerUtf8(texto).value_or(CaracterUtf8{octeto(texto[0]), 1});
 }
 
 }  // namespace sorvanel

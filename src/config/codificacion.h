@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -17,5 +18,12 @@ bool cabeEnWindows1252(std::string_view utf8);
 // The text as valid UTF-8: a byte that is no part of a character is taken as Windows-1252, which is
 // what an editor that does not know of UTF-8 leaves behind.
 std::string utf8Valido(std::string_view texto);
+
+struct CaracterUtf8 {
+    char32_t codigo = 0;
+    std::size_t octetos = 0;
+};
+// The character that the text, which is not empty, begins with; a byte that begins none is one of its own.
+CaracterUtf8 leerCaracter(std::string_view texto);
 
 }  // namespace sorvanel

@@ -58,6 +58,10 @@ std::string comun::valDflt(const AccesorINI& accesor, std::string_view clave, co
     return texto.empty() ? omision : texto;
 }
 
+Color comun::valColor(const AccesorINI& accesor, std::string_view clave, const char* omision) const {
+    return colorPintable(rgb2Long(valDflt(accesor, clave, omision)));
+}
+
 void comun::limitar(std::int16_t& valor, std::int16_t superior, std::int16_t inferior) {
     if (valor < inferior) {
         valor = inferior;

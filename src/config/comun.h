@@ -34,6 +34,8 @@ public:
     std::int32_t valDflt(const AccesorINI& accesor, std::string_view clave, std::int32_t omision) const;
     // Text comes as it is stored.
     std::string valDflt(const AccesorINI& accesor, std::string_view clave, const char* omision) const;
+    // A colour that can be painted, whatever the text is; the default is such a text too.
+    Color valColor(const AccesorINI& accesor, std::string_view clave, const char* omision) const;
 
     // Upper bound before lower bound.
     static void limitar(std::int16_t& valor, std::int16_t superior, std::int16_t inferior);

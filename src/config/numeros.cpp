@@ -8,22 +8,10 @@
 #include <string>
 #include <system_error>
 
+#include "config/texto.h"
+
 namespace sorvanel {
 namespace {
-
-bool esBlanco(char c) {
-    return c == ' ' || c == '\t';
-}
-bool esCifra(char c) {
-    return c >= '0' && c <= '9';
-}
-
-std::string_view sinBlancosDelante(std::string_view texto) {
-    while (!texto.empty() && esBlanco(texto.front())) {
-        texto.remove_prefix(1);
-    }
-    return texto;
-}
 
 // Takes the digits at the front off the text.
 std::string_view sacarCifras(std::string_view& texto) {
@@ -55,9 +43,10 @@ struct Partes {
     std::string_view exponente;
 };
 
-// Takes the number at the front off the text. Empty, and the text as it was, when there is none.
+// Takes the number at the front off the text, and the blanks around the whole. Empty, and the text as it was, when
+// there is none.
 std::optional<Partes> sacarPartes(std::string_view& texto) {
-    std::string_view resto = sinBlancosDelante(texto);
+    std::string_view resto = recortar(texto);
     Partes partes;
     partes.signo = sacarSigno(resto);
     partes.enteras = sacarCifras(resto);
@@ -139,7 +128,7 @@ std::string conSeparador(std::string texto, std::string_view separador) {
 
 std::optional<double> leerNumero(std::string_view texto) {
     const std::optional<Partes> partes = sacarPartes(texto);
-    if (!partes || !sinBlancosDelante(texto).empty()) {
+    if (!partes || !texto.empty()) {
         return std::nullopt;
     }
     const double valor = valorDe(*partes);

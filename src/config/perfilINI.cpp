@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "config/codificacion.h"
+#include "config/texto.h"
 
 namespace sorvanel {
 namespace {
@@ -15,15 +16,6 @@ constexpr std::string_view FIN_LINEA = "\r\n";
 constexpr std::string_view BLANCOS = " \t";
 // What would end a line, or a text in the hands of Windows.
 constexpr std::string_view ROMPEN = std::string_view("\r\n\0", 3);
-
-// Only blanks and tabs: a no-break space is part of the text.
-std::string_view recortar(std::string_view texto) {
-    const std::size_t desde = texto.find_first_not_of(BLANCOS);
-    if (desde == std::string_view::npos) {
-        return {};
-    }
-    return texto.substr(desde, texto.find_last_not_of(BLANCOS) - desde + 1);
-}
 
 std::string_view sinFin(std::string_view linea) {
     const std::size_t ultimo = linea.find_last_not_of("\r\n");
@@ -50,19 +42,7 @@ bool esComentario(std::string_view linea) {
 
 // The name by which sections and keys are found: trimmed, in lower case, accented letters too.
 std::string plegar(std::string_view nombre) {
-    std::string plegado = utf8Valido(recortar(nombre));
-    unsigned char anterior = 0;
-    for (char& c : plegado) {
-        const auto o = static_cast<unsigned char>(c);
-        const bool ascii = o >= 'A' && o <= 'Z';
-        // 0xC3 is followed by the letters of Latin-1; 0x97 is the multiplication sign.
-        const bool latina = anterior == 0xC3 && o >= 0x80 && o <= 0x9E && o != 0x97;
-        anterior = o;
-        if (ascii || latina) {
-            c = static_cast<char>(o + 0x20);
-        }
-    }
-    return plegado;
+    return minusculas(utf8Valido(recortar(nombre)));
 }
 
 std::string enUnaLinea(std::string_view texto) {

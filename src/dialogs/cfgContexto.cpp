@@ -8,9 +8,9 @@
 
 #include "config/comun.h"
 #include "config/numeros.h"
+#include "config/texto.h"
 #include "dialogs/filaColor.h"
 #include "dialogs/filaValor.h"
-#include "dialogs/filtroNumerico.h"
 #include "dialogs/vistaPrevia.h"
 
 namespace sorvanel {

@@ -94,7 +94,9 @@ void cfgVisor::alMostrar() {
 }
 
 cfgVisor::Vista cfgVisor::vista() {
-    return {m_conDiseno != 0, hayPavona(), pagina().cuantos() > PaginaVisores::FILAS || pagina().primera() > 1};
+    return {m_conDiseno != 0, hayFamilia([](const Familia& f) { return f.compartida; }),
+            hayFamilia([](const Familia& f) { return f.conForma(); }),
+            pagina().cuantos() > PaginaVisores::FILAS || pagina().primera() > 1};
 }
 
 // What is seen only at times has room only then.
@@ -110,9 +112,9 @@ Pieza cfgVisor::disposicion(const Vista& vista) {
         barra.poner(0, 4, pieza(*m_c->imBajar, taller().botonImagen()));
     }
     Rejilla izquierda(HUECO, HUECO);
-    izquierda.poner(0, 0, pagina().comoPieza(vista.pavona));
+    izquierda.poner(0, 0, pagina().comoPieza(vista.marca));
     izquierda.poner(1, 0, barra.comoPieza());
-    if (vista.pavona) izquierda.poner(2, 0, m_c->pavona->comoPieza());
+    if (vista.conexion) izquierda.poner(2, 0, m_c->pavona->comoPieza());
     Rejilla todo(HUECO, HUECO);
     todo.poner(0, 0, izquierda.comoPieza());
     if (vista.panel) todo.poner(0, 1, m_c->panel->comoPieza());
@@ -183,9 +185,9 @@ void cfgVisor::alCambiarProtocolo(FilaVisor& fila) {
 
 // ---- selection and page ----
 
-bool cfgVisor::hayPavona() {
+bool cfgVisor::hayFamilia(bool (*cual)(const Familia&)) {
     for (std::int16_t n = 1; n <= pagina().cuantos(); ++n) {
-        if (uno(n)->protocolo() == PROTOCOLO_PAVONA) return true;
+        if (cual(uno(n)->familia())) return true;
     }
     return false;
 }
@@ -250,11 +252,11 @@ void cfgVisor::actualizar() {
     const Vista ahora = vista();
     std::vector<Control*> salen;
     if (!ahora.paginas) salen = {m_c->imSubir.get(), m_c->imBajar.get()};
-    if (!ahora.pavona) m_c->pavona->anadirTeclado(salen);
+    if (!ahora.conexion) m_c->pavona->anadirTeclado(salen);
     cederFoco(salen, *m_c->botNvo);
     m_c->imSubir->mostrar(ahora.paginas);
     m_c->imBajar->mostrar(ahora.paginas);
-    m_c->pavona->mostrar(ahora.pavona);
+    m_c->pavona->mostrar(ahora.conexion);
     ordenarTeclado();
     if (m_vista && *m_vista != ahora) redisponer();
 }

@@ -33,7 +33,8 @@ private:
     // What there is room for.
     struct Vista {
         bool panel = true;
-        bool pavona = true;
+        bool conexion = true;
+        bool marca = true;
         bool paginas = true;
         bool operator==(const Vista&) const = default;
     };
@@ -62,7 +63,7 @@ private:
     PaginaVisores& pagina();
     // The display of that number; null when there is none.
     visor* uno(std::int16_t n) { return mesa().visores().uno(n); }
-    bool hayPavona();
+    bool hayFamilia(bool (*cual)(const Familia&));
 
     void irA(std::int16_t n, CampoVisor campo);
     // The row's field of the kind that has the focus now.

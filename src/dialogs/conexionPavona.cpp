@@ -1,27 +1,14 @@
 #include "dialogs/conexionPavona.h"
 
-#include <cstdint>
-
-#include "config/comun.h"
 #include "config/numeros.h"
-#include "dialogs/filtroNumerico.h"
+#include "config/texto.h"
+#include "links/destinoPavona.h"
 
 namespace sorvanel {
 
 namespace {
 
-constexpr const char* SECCION = "PAVONA";
-constexpr const char* HOST_OMISION = "localhost";
-constexpr std::int32_t PORT_OMISION = 9084;
 constexpr int CIFRAS_PORT = 5;
-
-// A name that was pasted may bring some along; with them it is no host's.
-std::string sinBlancos(const std::string& texto) {
-    constexpr const char* BLANCOS = " \t";
-    const auto inicio = texto.find_first_not_of(BLANCOS);
-    if (inicio == std::string::npos) return {};
-    return texto.substr(inicio, texto.find_last_not_of(BLANCOS) - inicio + 1);
-}
 
 }  // namespace
 
@@ -31,23 +18,19 @@ ConexionPavona::ConexionPavona(TallerDialogo& taller, const Entorno& entorno) : 
     m_rotuloHost = taller.rotulo("Equipo");
     m_txPavHost = taller.cajaTexto(IdControl::txPavHost, 0, "Equipo de la conexión Pavona",
                                    "Nombre o dirección IP del concentrador");
-    m_txPavHost->alCambiar(
-        [this] { comun(m_entorno).abrir(SECCION).escribir("Host", sinBlancos(m_txPavHost->texto())); });
+    // A name that was pasted may bring blanks along; with them it is no host's.
+    m_txPavHost->alCambiar([this] { guardarHostPavona(m_entorno, recortar(m_txPavHost->texto())); });
     m_rotuloPort = taller.rotulo("Port");
     m_txPavPort = taller.cajaTexto(IdControl::txPavPort, 0, "Port de la conexión Pavona", "Port TCP del concentrador");
     m_txPavPort->longitudMaxima(CIFRAS_PORT);
     m_txPavPort->filtro(filtroNumerico);
-    m_txPavPort->alCambiar([this] {
-        const std::int32_t port = numeroInicial(m_txPavPort->texto());
-        comun(m_entorno).abrir(SECCION).escribir("Port", std::to_string(port));
-    });
+    m_txPavPort->alCambiar([this] { guardarPortPavona(m_entorno, numeroInicial(m_txPavPort->texto())); });
 }
 
 void ConexionPavona::rellenar() {
-    const comun com(m_entorno);
-    const AccesorINI ini = com.abrir(SECCION);
-    m_txPavHost->texto(com.valDflt(ini, "Host", HOST_OMISION));
-    m_txPavPort->texto(std::to_string(com.valDflt(ini, "Port", PORT_OMISION)));
+    const DestinoPavona destino = leerDestinoPavona(m_entorno);
+    m_txPavHost->texto(destino.host);
+    m_txPavPort->texto(std::to_string(destino.port));
 }
 
 void ConexionPavona::mostrar(bool visible) {

@@ -21,8 +21,6 @@ constexpr std::string_view MUESTRA_NUMERO = "#64";
 constexpr std::string_view MUESTRA_PORT = "000/00";
 constexpr std::string_view MUESTRA_ETIQUETA = "Báscula de camión";
 constexpr std::string_view MUESTRA_UBICACION = "00,00";
-// The form in which an address is typed.
-constexpr const char* MARCA_PAVONA = "A/B";
 
 constexpr const char* SUGERENCIA_ETIQUETA = "Texto que acompaña al peso";
 
@@ -39,10 +37,15 @@ constexpr Color COLOR_MARCA = rgb(0x5A, 0x65, 0x70);
 // ---- columns ----
 
 ColumnasFila::ColumnasFila(const TallerDialogo& taller, bool conMarca) : m_altoControl(taller.botonImagen().alto) {
-    m_anchos = {
-        taller.texto(MUESTRA_NUMERO).ancho,        taller.botonImagen().ancho, taller.cajaTexto(MUESTRA_PORT).ancho,
-        taller.texto(MARCA_PAVONA).ancho,          taller.lista(MODOS).ancho,  taller.cajaTexto(MUESTRA_ETIQUETA).ancho,
-        taller.cajaTexto(MUESTRA_UBICACION).ancho, taller.botonImagen().ancho};
+    m_anchos = {taller.texto(MUESTRA_NUMERO).ancho,
+                taller.botonImagen().ancho,
+                taller.cajaTexto(MUESTRA_PORT).ancho,
+                0,
+                taller.lista(MODOS).ancho,
+                taller.cajaTexto(MUESTRA_ETIQUETA).ancho,
+                taller.cajaTexto(MUESTRA_UBICACION).ancho,
+                taller.botonImagen().ancho};
+    for (const Familia* f : familias()) m_anchos[marca] = std::max(m_anchos[marca], taller.texto(f->formaPort).ancho);
     for (std::size_t i = 0; i < m_anchos.size(); ++i) {
         if (!TITULOS[i].empty()) m_anchos[i] = std::max(m_anchos[i], taller.texto(TITULOS[i]).ancho);
     }
@@ -78,13 +81,16 @@ FilaVisor::FilaVisor(TallerDialogo& taller, TablaVisores& tabla, std::int16_t nu
 
 void FilaVisor::crearCajas(TallerDialogo& taller) {
     const std::string visor = "Visor " + std::to_string(m_numero) + ": ";
-    m_txPort = taller.cajaTexto(IdControl::txPort, m_numero, visor + "port",
-                                "Port del visor; en la familia Pavona, su dirección A/B, como en 12/3");
-    m_txPort->filtro([this](char32_t c) { return filtroPort(c, pavona()); });
-    m_lbPav = taller.rotulo(IdControl::lbPav, m_numero, MARCA_PAVONA);
+    std::string ayudaPort = "Port del visor", ayudaModo = "Qué lectura muestra un visor de la familia";
+    for (const Familia* f : familias()) {
+        ayudaPort += f->ayudaPort;
+        if (f->conModo) ayudaModo += std::string(" ") + f->nombre;
+    }
+    m_txPort = taller.cajaTexto(IdControl::txPort, m_numero, visor + "port", ayudaPort);
+    m_txPort->filtro([this](char32_t c) { return familia().filtroPort(c); });
+    m_lbPav = taller.rotulo(IdControl::lbPav, m_numero, {});
     m_lbPav->colorTexto(COLOR_MARCA);
-    m_lstModo = taller.lista(IdControl::lstModo, m_numero, MODOS, visor + "modo bulk",
-                             "Qué lectura muestra un visor de la familia Pavona");
+    m_lstModo = taller.lista(IdControl::lstModo, m_numero, MODOS, visor + "modo bulk", ayudaModo);
     m_txEtq = taller.cajaTexto(IdControl::txEtq, m_numero, visor + "etiqueta", SUGERENCIA_ETIQUETA);
     m_txEtq->filtro(filtroEtiqueta);
     m_txUbi = taller.cajaTexto(IdControl::txUbi, m_numero, visor + "ubicación",
@@ -113,7 +119,7 @@ void FilaVisor::unir(CajaTexto& caja, CampoVisor campo) {
 
 void FilaVisor::crearImagenes(TallerDialogo& taller) {
     const std::string visor = "Visor " + std::to_string(m_numero) + ": ";
-    m_imPtc = taller.botonImagen(IdControl::imPtc, m_numero, Dibujo::tessel, {});
+    m_imPtc = taller.botonImagen(IdControl::imPtc, m_numero, Dibujo::ninguno, {});
     m_imPtc->alPulsar([this] { alternarProtocolo(); });
     m_imFoco = taller.botonImagen(IdControl::imFoco, m_numero, Dibujo::diseno, visor + "diseño particular");
     m_imFoco->alPulsar([this] { m_tabla.alPedirDiseno(*this); });
@@ -124,17 +130,17 @@ void FilaVisor::crearImagenes(TallerDialogo& taller) {
 void FilaVisor::rellenar() {
     m_rellena = true;
     for (const CampoVisor campo : {CampoVisor::port, CampoVisor::modo, CampoVisor::etiqueta, CampoVisor::ubicacion}) {
-        mostrarCampo(campo, pavona());
+        mostrarCampo(campo);
     }
     mostrarProtocolo();
 }
 
-void FilaVisor::mostrarCampo(CampoVisor campo, bool enPartes) {
+void FilaVisor::mostrarCampo(CampoVisor campo, bool llano) {
     const visor& v = visorPropio();
     switch (campo) {
         case CampoVisor::port:
-            m_txPort->texto(textoPort(v.port(), enPartes));
-            m_familiaPort = v.protocolo();
+            m_txPort->texto(llano ? textoPort(v.port()) : familia().textoPort(v.port()));
+            m_familiaPort = &familia();
             break;
         case CampoVisor::modo:
             m_lstModo->indice(std::clamp<int>(v.modoBulk(), 0, MODO_BULK_MAXIMO));
@@ -151,12 +157,13 @@ void FilaVisor::mostrarCampo(CampoVisor campo, bool enPartes) {
 }
 
 void FilaVisor::mostrarProtocolo() {
-    const std::string nombre = "Visor " + std::to_string(m_numero) + ": familia " + (pavona() ? "Pavona" : "Tessel");
-    m_imPtc->dibujo(pavona() ? Dibujo::pavona : Dibujo::tessel);
+    const std::string nombre = "Visor " + std::to_string(m_numero) + ": familia " + familia().nombre;
+    m_imPtc->dibujo(familia().dibujo);
     m_imPtc->nombre(nombre);
-    m_imPtc->sugerencia(nombre + (pavona() ? ", conexión común. Pulse para pasar a Tessel"
-                                           : ", port propio. Pulse para pasar a Pavona"));
-    m_lbPav->mostrar(m_visible && pavona());
+    m_imPtc->sugerencia(nombre + ", " + familia().enlace + ". Pulse para pasar a " +
+                        familiaSiguiente(familia()).nombre);
+    m_lbPav->texto(familia().formaPort);
+    m_lbPav->mostrar(m_visible && familia().conForma());
 }
 
 // The whole caption where the box cannot show it.
@@ -175,7 +182,7 @@ void FilaVisor::mostrar(bool visible) {
                                                       m_txEtq.get(), m_txUbi.get(), m_imFoco.get()}) {
         c->mostrar(visible);
     }
-    m_lbPav->mostrar(visible && pavona());
+    m_lbPav->mostrar(visible && familia().conForma());
 }
 
 void FilaVisor::colocar(const Rectangulo& marco, const ColumnasFila& columnas) {
@@ -261,8 +268,8 @@ bool FilaVisor::alPulsarTecla(CampoVisor campo, Tecla tecla) {
     if (tecla == Tecla::derecha && c != nullptr && !c->alFinal()) return false;
     if (tecla == Tecla::izquierda && c != nullptr && !c->alInicio()) return false;
     if (tecla == Tecla::escape) {
-        // The port as the plain number also in the concentrator's family: it can be entered so.
-        mostrarCampo(campo, false);
+        // Every family takes the port as the plain number too.
+        mostrarCampo(campo, true);
     } else if (validar(campo) && tecla != Tecla::intro) {
         m_tabla.mover(*this, campo, tecla);
     }
@@ -274,9 +281,9 @@ bool FilaVisor::alPulsarTecla(CampoVisor campo, Tecla tecla) {
 void FilaVisor::alternarProtocolo() {
     if (!m_tabla.puedeAlternar(*this)) return;
     visor& v = visorPropio();
-    v.protocolo(static_cast<std::int16_t>(PROTOCOLO_TESSEL + PROTOCOLO_PAVONA - v.protocolo()));
-    if (v.protocolo() == m_familiaPort && !tecleado(CampoVisor::port)) {
-        mostrarCampo(CampoVisor::port, pavona());
+    v.protocolo(familiaSiguiente(v.familia()).protocolo);
+    if (&v.familia() == m_familiaPort && !tecleado(CampoVisor::port)) {
+        mostrarCampo(CampoVisor::port);
     } else {
         m_txPort->texto({});
         tecleado(CampoVisor::port) = false;
@@ -298,7 +305,7 @@ bool FilaVisor::validar(CampoVisor campo) {
     const bool entrada = tecleado(campo);
     if (entrada && !entrar(campo)) return false;
     // A port that the other family waits for stays away.
-    if (entrada || !c->texto().empty()) mostrarCampo(campo, pavona());
+    if (entrada || !c->texto().empty()) mostrarCampo(campo);
     return true;
 }
 
@@ -317,7 +324,7 @@ bool FilaVisor::entrar(CampoVisor campo) {
 
 bool FilaVisor::entrarPort() {
     visor& v = visorPropio();
-    const auto port = leerPort(m_txPort->texto(), pavona());
+    const auto port = familia().leerPort(m_txPort->texto());
     if (port && *port != v.port()) v.port(*port);
     return port == v.port() || rechazar(PORT_RECHAZADO);
 }

@@ -48,8 +48,7 @@ public:
                                                                    "Modo bulk", "Etiqueta", "Ubicación", "Diseño"};
 
     ColumnasFila() = default;
-    // Measured with the texts that stand in them. Without the mark of the concentrator's family the
-    // caption has its room too.
+    // Measured with the texts that stand in them. Without the mark of an address's form the caption has its room too.
     ColumnasFila(const TallerDialogo& taller, bool conMarca);
 
     float ancho() const { return m_ancho; }
@@ -105,13 +104,13 @@ private:
     std::array<Control*, 6> teclado() const;
 
     bool alPulsarTecla(CampoVisor campo, Tecla tecla);
-    // What the display has; the port in two parts or as the plain number.
-    void mostrarCampo(CampoVisor campo, bool enPartes);
+    // What the display has; the port as its family writes it or as the plain number.
+    void mostrarCampo(CampoVisor campo, bool llano = false);
     bool& tecleado(CampoVisor campo) { return m_tecleado[static_cast<std::size_t>(campo)]; }
     void alternarProtocolo();
     void mostrarProtocolo();
     void sugerirEtiqueta();
-    bool pavona() const { return visorPropio().protocolo() == PROTOCOLO_PAVONA; }
+    const Familia& familia() const { return visorPropio().familia(); }
     visor& visorPropio() const { return m_tabla.visorDe(*this); }
 
     bool entrar(CampoVisor campo);
@@ -125,8 +124,8 @@ private:
     const std::int16_t m_numero;
     bool m_rellena = false;
     bool m_visible = false;
-    std::array<bool, 4> m_tecleado{};  // by field: changed by the user, and neither taken nor replaced since
-    std::int16_t m_familiaPort = 0;    // in which the box last showed the display's port
+    std::array<bool, 4> m_tecleado{};        // by field: changed by the user, and neither taken nor replaced since
+    const Familia* m_familiaPort = nullptr;  // in which the box last showed the display's port
     std::unique_ptr<Marco> m_frVis;
     std::unique_ptr<Rotulo> m_lbVis;
     std::unique_ptr<BotonImagen> m_imPtc;

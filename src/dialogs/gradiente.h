@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdint>
-
 #include "platform/color.h"
 #include "platform/superficie.h"
 

@@ -54,7 +54,7 @@ public:
     // Which displays are seen, in words.
     std::string texto() const;
 
-    // With or without the column of the concentrator's mark.
+    // With or without the column of the mark beside the port.
     Pieza comoPieza(bool conMarca);
     void anadirTeclado(std::vector<Control*>& orden);
 

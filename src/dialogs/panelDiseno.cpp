@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "config/comun.h"
-#include "dialogs/filtroNumerico.h"
+#include "config/texto.h"
 #include "dialogs/textosVisor.h"
 
 namespace sorvanel {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,13 +10,6 @@ namespace sorvanel {
 
 // How a display's values stand in the boxes in which they are edited, and what those take of each
 // character typed or pasted (0 for what is discarded).
-
-// One number, empty for 0; in the concentrator's family the two halves of an address, "12/3" for 1203.
-std::string textoPort(std::int32_t port, bool pavona);
-// Nothing when it is no number, has more than two halves or fits no port's type. The empty text, and an
-// empty half, is 0. Whether the display takes it is the display's to say.
-std::optional<std::int32_t> leerPort(std::string_view texto, bool pavona);
-char32_t filtroPort(char32_t caracter, bool pavona);
 
 // "row,column"; empty without a place.
 std::string textoUbicacion(std::optional<Ubicacion> ubicacion);

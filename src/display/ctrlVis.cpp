@@ -4,20 +4,10 @@
 
 #include "config/comun.h"
 #include "config/numeros.h"
+#include "config/texto.h"
 #include "display/registroVisor.h"
 
 namespace sorvanel {
-
-namespace {
-
-// Ordinary blanks only: a no-break space is part of a caption.
-std::string_view recortar(std::string_view texto) {
-    const auto inicio = texto.find_first_not_of(" \t");
-    if (inicio == std::string_view::npos) return {};
-    return texto.substr(inicio, texto.find_last_not_of(" \t") - inicio + 1);
-}
-
-}  // namespace
 
 ctrlVis::ctrlVis(const Entorno& entorno) {
     const comun com(entorno);

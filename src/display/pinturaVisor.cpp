@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "config/codificacion.h"
+
 namespace sorvanel {
 
 namespace {
@@ -10,13 +12,6 @@ constexpr std::int64_t MUESTRA_MILESIMAS = 9'999'000;
 constexpr int RAYAS = 5;
 constexpr std::string_view LEYENDA_SIN_DATOS = "-----";
 constexpr float ANCHO_CORTE = 0.9F;  // of the width of "0": kept for the arrow of a cut weight
-
-// Drops the first character of a UTF-8 text.
-std::string_view sinPrimero(std::string_view texto) {
-    std::size_t bytes = 1;
-    while (bytes < texto.size() && (static_cast<unsigned char>(texto[bytes]) & 0xC0U) == 0x80U) ++bytes;
-    return texto.substr(bytes);
-}
 
 }  // namespace
 
@@ -77,12 +72,12 @@ void PinturaVisor::pintarEtiqueta() {
     }
 }
 
-void PinturaVisor::pintarPeso(const Trama& trama, bool pavona) {
+void PinturaVisor::pintarPeso(const Trama& trama, const MarcasVisor& suyas) {
     if (!m_encajado) return;
     m_formato.escribir(trama.milesimas, m_texto);
     borrarTexto();
     imprimirPeso();
-    const MarcasVisor marcas{!pavona && trama.E, pavona && trama.C, pavona && trama.D};
+    const MarcasVisor marcas{suyas.E && trama.E, suyas.C && trama.C, suyas.D && trama.D};
     ponerMarcas(marcas);
 
     m_leyenda = m_texto;
@@ -92,19 +87,13 @@ void PinturaVisor::pintarPeso(const Trama& trama, bool pavona) {
     m_peso.leyenda(m_leyenda);
 }
 
-void PinturaVisor::pintarSinDatos(bool pavona) {
+void PinturaVisor::pintarSinDatos(const MarcasVisor& suyas) {
     if (!m_encajado) return;
     borrarTexto();
     const float paso = m_encaje.anchoCero;
     float x = m_encaje.derecha - 3 * paso / 4;
     for (int i = 0; i < RAYAS; ++i, x -= paso) m_peso.caja({x, m_encaje.alto / 4, paso / 2, m_encaje.alto / 2}, ROJO);
-    MarcasVisor quedan = m_marcas;
-    if (pavona) {
-        quedan.C = quedan.D = false;
-    } else {
-        quedan.E = false;
-    }
-    ponerMarcas(quedan);
+    ponerMarcas({m_marcas.E && !suyas.E, m_marcas.C && !suyas.C, m_marcas.D && !suyas.D});
     m_peso.leyenda(LEYENDA_SIN_DATOS);
 }
 
@@ -135,7 +124,7 @@ void PinturaVisor::imprimirCortado() {
     std::string_view resto = m_texto;
     float ancho = 0;
     do {
-        resto = sinPrimero(resto);
+        resto.remove_prefix(leerCaracter(resto).octetos);
         ancho = resto.empty() ? 0 : m_peso.medir(resto).ancho;
     } while (ancho > m_encaje.derecha - corte);
     m_peso.imprimir(m_encaje.derecha - ancho, m_encaje.yPeso, resto, m_aspecto.textoPeso);

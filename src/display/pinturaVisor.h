@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "display/encajeVisor.h"
 #include "display/formatoPeso.h"
@@ -22,7 +21,6 @@ public:
     // left blank in their colours; shown or hidden they stay as they were. False, and nothing
     // changed, when the cell cannot hold the display: no positive size, or digits below 8 pixels.
     bool encajar(const Rectangulo& celda, const AspectoVisor& aspecto);
-    bool encajado() const { return m_encajado; }
     // False when the caption's width is 0: its surface then has no area.
     bool hayEtiqueta() const { return m_encajado && m_encaje.anchoEtiqueta > 0; }
 
@@ -31,10 +29,10 @@ public:
     void aspecto(const AspectoVisor& aspecto);
 
     void pintarEtiqueta();
-    // The weight, and the marks of the family: C and D for pavona, else E.
-    void pintarPeso(const Trama& trama, bool pavona);
+    // The weight, and the frame's marks, of those that the family has.
+    void pintarPeso(const Trama& trama, const MarcasVisor& suyas);
     // Five red dashes, and the family's marks erased.
-    void pintarSinDatos(bool pavona);
+    void pintarSinDatos(const MarcasVisor& suyas);
     // Neither weight nor marks.
     void limpiarPeso();
 

@@ -1,30 +1,12 @@
 #include "display/registroVisor.h"
 
-#include <algorithm>
-#include <cctype>
+#include <tuple>
 
 #include "config/numeros.h"
 
 namespace sorvanel {
 
 namespace {
-
-std::string minusculas(std::string texto) {
-    std::transform(texto.begin(), texto.end(), texto.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return texto;
-}
-
-bool esDigito(char c) {
-    return c >= '0' && c <= '9';
-}
-
-// One digit each, as the grid has no more than eight rows and columns.
-void leerUbicacion(const std::string& texto, RegistroVisor& registro) {
-    if (texto.size() != 3 || !esDigito(texto[0]) || texto[1] != ',' || !esDigito(texto[2])) return;
-    registro.fila = static_cast<std::int16_t>(texto[0] - '0');
-    registro.columna = static_cast<std::int16_t>(texto[2] - '0');
-}
 
 std::optional<std::int16_t> leerAcotado(const AccesorINI& ini, const char* clave, std::int16_t maximo) {
     auto valor = leerEntero16(ini.leer(clave));
@@ -50,13 +32,14 @@ void escribirPropio(AccesorINI& ini, const char* clave, const std::optional<T>& 
 
 RegistroVisor leerRegistroVisor(const comun& com, const AccesorINI& ini) {
     RegistroVisor registro;
-    const bool pavona = minusculas(com.valDflt(ini, "Protocolo", "Tessel")) == "pavona";
-    registro.protocolo = pavona ? PROTOCOLO_PAVONA : PROTOCOLO_TESSEL;
+    registro.familia = &familiaDe(ini.leer("Protocolo"));
     registro.modoBulk = com.valDflt(ini, "ModoBulk", MODO_BULK_OMISION);
     registro.port = numeroInicial(ini.leer("Port"));
     registro.caption = ini.leer("Etiqueta");
     registro.formatoPeso = ini.leer("formatoPeso");
-    leerUbicacion(ini.leer("Ubicacion"), registro);
+    // One digit each, as the grid has no more than eight rows and columns.
+    if (const auto lugar = leerDosCifras(ini.leer("Ubicacion"), ','))
+        std::tie(registro.fila, registro.columna) = *lugar;
     registro.anchoEtiqueta = leerAcotado(ini, "anchoEtiqueta", comun::MAXWIDLABL);
     registro.ajusteEtiqueta = leerAcotado(ini, "ajusteEtiqueta", 2);
     registro.colorFondoEtiqueta = leerColor(ini, "fondoEtiqueta");
@@ -73,7 +56,7 @@ void guardarRegistroVisor(const Entorno& entorno, int n, const RegistroVisor& re
     const auto color = [](Color valor) { return comun::Long2RGB(valor); };
     const std::string separador = entorno.programa.separadorDecimal();
 
-    ini.escribir("Protocolo", registro.protocolo == PROTOCOLO_PAVONA ? "Pavona" : "Tessel");
+    ini.escribir("Protocolo", registro.familia->nombre);
     ini.escribir("ModoBulk", std::to_string(registro.modoBulk));
     ini.escribir("Port", std::to_string(registro.port));
     ini.escribir("Etiqueta", registro.caption);

@@ -6,12 +6,11 @@
 
 #include "config/comun.h"
 #include "config/seccionVisor.h"
+#include "display/familia.h"
 #include "platform/color.h"
 
 namespace sorvanel {
 
-constexpr std::int16_t PROTOCOLO_TESSEL = 1;
-constexpr std::int16_t PROTOCOLO_PAVONA = 2;
 // What a display of the concentrator's family shows unless told otherwise: "Suma en carga (2)".
 constexpr std::int16_t MODO_BULK_OMISION = 4;
 constexpr std::int16_t MODO_BULK_MAXIMO = 5;
@@ -19,7 +18,7 @@ constexpr std::int16_t MODO_BULK_MAXIMO = 5;
 // What the settings file holds of one display. An empty appearance value means: as the shared
 // design says; it is stored as an absent key.
 struct RegistroVisor {
-    std::int16_t protocolo = PROTOCOLO_TESSEL;
+    const Familia* familia = &FAMILIA_TESSEL;
     std::int16_t modoBulk = 0;
     std::int32_t port = 0;
     std::string caption;

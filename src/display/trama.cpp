@@ -1,5 +1,7 @@
 #include "display/trama.h"
 
+#include "config/texto.h"
+
 namespace sorvanel {
 
 namespace {
@@ -20,7 +22,7 @@ std::optional<Trama> leerTrama(std::string_view texto) {
     }
     Trama trama{texto[0] == 'E', texto[1] == 'C', texto[2] == 'D', 0};
     for (const char cifra : texto.substr(PRIMERA_CIFRA)) {
-        if (cifra < '0' || cifra > '9') return std::nullopt;
+        if (!esCifra(cifra)) return std::nullopt;
         trama.milesimas = trama.milesimas * 10 + (cifra - '0');
     }
     return trama;

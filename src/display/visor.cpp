@@ -1,7 +1,6 @@
 #include "display/visor.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "config/comun.h"
@@ -10,9 +9,6 @@
 namespace sorvanel {
 
 namespace {
-
-constexpr std::size_t LARGO_GRUPO = 9;  // sign and eight digits
-constexpr std::size_t LARGO_MARCAS = 3;
 
 std::string conNumero(std::string_view plantilla, std::int32_t numero) {
     std::string texto;
@@ -31,14 +27,26 @@ std::string conNumero(std::string_view plantilla, std::int32_t numero) {
 visor::visor(const Entorno& entorno, EnlaceCompartido& compartido) : visor(entorno, compartido, diseñoVisor(entorno)) {}
 
 visor::visor(const Entorno& entorno, EnlaceCompartido& compartido, diseñoVisor diseno)
-    : m_entorno(entorno), m_pavona(compartido), m_tessel(entorno.fabrica, entorno.reloj), m_diseno(std::move(diseno)) {}
+    : m_entorno(entorno),
+      m_compartido(compartido),
+      m_propio(entorno.fabrica, entorno.reloj),
+      m_diseno(std::move(diseno)) {}
 
 visor::~visor() {
-    m_tessel.Cerrar();
-    if (m_saludado) {
-        m_pavona.Cerrar(*this);
-        m_pavona.adios();
-    }
+    m_propio.Cerrar();
+    if (familia().compartida) m_compartido.Cerrar(*this);
+    enlace().adios();
+}
+
+EnlacePeso& visor::enlace() {
+    if (familia().compartida) return m_compartido;
+    return m_propio;
+}
+
+void visor::mudarse(EnlacePeso& antes) {
+    if (&antes == &enlace()) return;
+    enlace().hola();
+    antes.adios();
 }
 
 bool visor::error(std::string_view plantilla, std::int32_t numero) {
@@ -59,11 +67,9 @@ bool visor::cargarComo(std::int16_t n) {
 bool visor::cargarComo(std::int16_t n, AccesorINI& ini) {
     if (n < 1 || n > MAXIMO_VISORES || identificado()) return false;
     ini.seccion(seccionVisor(n));
+    EnlacePeso& antes = enlace();
     m_registro = leerRegistroVisor(comun(m_entorno), ini);
-    if (pavona() && !m_saludado) {
-        m_pavona.hola();
-        m_saludado = true;
-    }
+    mudarse(antes);
     m_numero = n;
     return true;
 }
@@ -157,10 +163,10 @@ void visor::pintarPeso(Muestra que) {
             m_pintura->limpiarPeso();
             break;
         case Muestra::peso:
-            m_pintura->pintarPeso(m_trama, pavona());
+            m_pintura->pintarPeso(m_trama, familia().marcas);
             break;
         case Muestra::sinDatos:
-            m_pintura->pintarSinDatos(pavona());
+            m_pintura->pintarSinDatos(familia().marcas);
             break;
     }
 }
@@ -184,18 +190,11 @@ void visor::Run(bool marcha) {
 
 bool visor::arrancar() {
     if (!ubicado()) return error("El visor #@ está desubicado", m_numero);
-    if (pavona()) {
-        return m_pavona.enMarcha(*this) ? sinError() : error("Port @ inadecuado. Posiblemente en uso", m_registro.port);
-    }
-    return m_tessel.enMarcha(*this) ? sinError() : error("Error en reconexión TCP/IP", m_numero);
+    return enlace().enMarcha(*this) ? sinError() : error(familia().sinEnlace, m_registro.port);
 }
 
 void visor::parar() {
-    if (pavona()) {
-        m_pavona.Cerrar(*this);
-    } else {
-        m_tessel.Cerrar();
-    }
+    enlace().Cerrar(*this);
     m_run = false;
     sinError();
 }
@@ -206,16 +205,10 @@ bool visor::frWsk_refrescoPeso(std::string_view linea) {
 
 bool visor::mmTCP_refrescoPeso(std::int16_t primero, std::int16_t segundo, std::string_view carga) {
     const bool paraTodos = primero < 1 && carga.empty();
-    if (!paraTodos && (primero != m_registro.port / 100 || segundo != m_registro.port % 100)) return false;
-    if (carga.empty()) return recibir({});
+    if (!paraTodos && (primero != port() / BASE_DIRECCION || segundo != port() % BASE_DIRECCION)) return false;
     const auto modo = static_cast<std::size_t>(std::clamp<std::int16_t>(modoBulk(), 0, MODO_BULK_MAXIMO));
-    const std::size_t grupo = LARGO_MARCAS + LARGO_GRUPO * modo;
-    if (carga.size() < grupo + LARGO_GRUPO) return false;
-    if (carga.substr(grupo, LARGO_GRUPO) == GRUPO_SIN_DATO) return recibir({});
-    std::array<char, LARGO_MARCAS + LARGO_GRUPO> trama{};
-    const auto fin = std::copy_n(carga.begin(), LARGO_MARCAS, trama.begin());
-    std::copy_n(carga.begin() + static_cast<std::ptrdiff_t>(grupo), LARGO_GRUPO, fin);
-    return recibir({trama.data(), trama.size()});
+    const auto trama = tramaPavona(carga, modo);
+    return trama && recibir(*trama);
 }
 
 bool visor::recibir(std::string_view trama) {
@@ -224,7 +217,7 @@ bool visor::recibir(std::string_view trama) {
         mostrar(Muestra::sinDatos);
         return false;
     }
-    const auto leida = leerTrama(trama);
+    const auto leida = familia().leer(trama);
     if (!leida) return false;
     if (m_muestra == Muestra::peso && trama == m_ultimaTrama) return true;
     m_ultimaTrama = trama;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -61,8 +60,9 @@ public:
     void ubicacion(std::optional<Ubicacion> lugar);  // refused when taken or outside the grid
     std::int32_t port() const override { return m_registro.port; }
     void port(std::int32_t port);  // 0 to 99999; refused when taken
-    std::int16_t protocolo() const { return m_registro.protocolo; }
-    void protocolo(std::int16_t protocolo);  // 2 or else 1; ignored while running
+    std::int16_t protocolo() const { return familia().protocolo; }
+    void protocolo(std::int16_t protocolo);  // a family's, or else the first one's; ignored while running
+    const Familia& familia() const { return *m_registro.familia; }
     std::int16_t modoBulk() const override { return m_registro.modoBulk; }
     void modoBulk(std::int16_t modo);  // clamped to 0 to 5
 
@@ -110,7 +110,8 @@ private:
     // What stands there while no weight has come.
     Muestra sinPeso() const { return m_sinEnlace ? Muestra::sinDatos : Muestra::nada; }
     bool definido() const { return m_parrilla != nullptr && m_pintura.has_value(); }
-    bool pavona() const { return m_registro.protocolo == PROTOCOLO_PAVONA; }
+    EnlacePeso& enlace();
+    void mudarse(EnlacePeso& antes);
     AspectoVisor aspecto() const;
     bool recibir(std::string_view trama);
     bool arrancar();
@@ -126,8 +127,8 @@ private:
     bool sinError();
 
     const Entorno& m_entorno;
-    EnlaceCompartido& m_pavona;
-    frWsk m_tessel;
+    EnlaceCompartido& m_compartido;
+    frWsk m_propio;
     diseñoVisor m_diseno;
     RegistroVisor m_registro;
     std::int16_t m_numero = 0;
@@ -138,7 +139,6 @@ private:
     bool m_ubicado = false;
     bool m_run = false;
     bool m_sinEnlace = false;  // it should hear, and could not be given its port or its link
-    bool m_saludado = false;
     Muestra m_muestra = Muestra::nada;
     std::string m_ultimaTrama;  // of the weight
     Trama m_trama;

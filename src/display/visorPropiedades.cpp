@@ -106,9 +106,9 @@ void visor::port(std::int32_t port) {
     m_registro.port = port;
     guardarSiIdentificado();
     if (!m_run) return;
-    m_sinEnlace = !m_tessel.enMarcha(*this);
+    m_sinEnlace = !m_propio.enMarcha(*this);
     if (m_sinEnlace) {
-        error("Port @ inadecuado. Posiblemente en uso", port);
+        error(PORT_INADECUADO, port);
     } else {
         sinError();
     }
@@ -118,13 +118,9 @@ void visor::port(std::int32_t port) {
 
 void visor::protocolo(std::int16_t protocolo) {
     if (m_run) return;
-    m_registro.protocolo = protocolo == PROTOCOLO_PAVONA ? PROTOCOLO_PAVONA : PROTOCOLO_TESSEL;
-    if (pavona() && !m_saludado) {
-        m_pavona.hola();
-    } else if (!pavona() && m_saludado) {
-        m_pavona.adios();
-    }
-    m_saludado = pavona();
+    EnlacePeso& antes = enlace();
+    m_registro.familia = &familiaDe(protocolo);
+    mudarse(antes);
     guardar();
 }
 

@@ -37,7 +37,7 @@ visor* Visores::nuevo(std::int32_t port, const std::string& caption) {
     auto creado = std::make_unique<visor>(m_entorno, m_compartido);
     creado->port(port);
     creado->caption(caption);
-    creado->protocolo(PROTOCOLO_TESSEL);
+    creado->protocolo(FAMILIA_TESSEL.protocolo);
     creado->modoBulk(MODO_BULK_OMISION);
     visor* const nuevo = m_visores.emplace_back(std::move(creado)).get();
     nuevo->guardarComo(cuantos());

@@ -1,12 +1,14 @@
 #include "grid/persistenciaParrilla.h"
 
 #include <algorithm>
-#include <cctype>
 #include <string>
 #include <string_view>
+#include <tuple>
+#include <utility>
 
 #include "config/comun.h"
 #include "config/numeros.h"
+#include "config/texto.h"
 
 namespace sorvanel {
 
@@ -27,25 +29,15 @@ Fracciones leerFracciones(std::string_view texto, double omision) {
     return {uno.value_or(omision), dos.value_or(omision)};
 }
 
-bool esDigito(char c) {
-    return c >= '0' && c <= '9';
-}
-
 void leerFilasColumnas(std::string_view texto, AjustesParrilla& ajustes) {
-    ajustes.filas = 4;
-    ajustes.columnas = 1;
-    if (texto.size() != 3 || !esDigito(texto[0]) || texto[1] != 'x' || !esDigito(texto[2])) return;
-    ajustes.filas = static_cast<std::int16_t>(texto[0] - '0');
-    ajustes.columnas = static_cast<std::int16_t>(texto[2] - '0');
+    std::tie(ajustes.filas, ajustes.columnas) =
+        leerDosCifras(texto, 'x').value_or(std::pair<std::int16_t, std::int16_t>(4, 1));
     comun::limitar(ajustes.filas, comun::MAXROWS, 1);
     comun::limitar(ajustes.columnas, comun::MAXCOLS, 1);
 }
 
 Color leerColorAplicacion(const std::string& texto) {
-    std::string minusculas = texto;
-    std::transform(minusculas.begin(), minusculas.end(), minusculas.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return minusculas.starts_with("tran") ? Color{-1} : colorPintable(comun::rgb2Long(texto));
+    return minusculas(texto).starts_with("tran") ? Color{-1} : colorPintable(comun::rgb2Long(texto));
 }
 
 float dentro(double valor, float maximo) {
@@ -76,8 +68,8 @@ AjustesParrilla leerParrilla(const Entorno& entorno, float anchoPantalla, float 
     ajustes.gruesoVertical = com.valDflt(ini, "gruesoVertical", std::int16_t{4});
     comun::limitar(ajustes.gruesoHorizontal, comun::MAXWIDHORZ, 0);
     comun::limitar(ajustes.gruesoVertical, comun::MAXWIDVERT, 0);
-    ajustes.colorReticula = colorPintable(comun::rgb2Long(com.valDflt(ini, "colorReticula", "000000")));
-    ajustes.colorFondo = colorPintable(comun::rgb2Long(com.valDflt(ini, "colorFondo", "808080")));
+    ajustes.colorReticula = com.valColor(ini, "colorReticula", "000000");
+    ajustes.colorFondo = com.valColor(ini, "colorFondo", "808080");
     ajustes.colorAplicacion = leerColorAplicacion(com.valDflt(ini, "colorAplicacion", "FFFFFF"));
     return ajustes;
 }

@@ -1,20 +1,15 @@
 #pragma once
 
-#include "links/suscriptorPeso.h"
+#include "links/enlacePeso.h"
 
 namespace sorvanel {
 
 // The one connection through which all displays of the concentrator's family read. The program
 // owns it; displays count themselves in and out.
-class EnlaceCompartido {
+class EnlaceCompartido : public EnlacePeso {
 public:
-    virtual ~EnlaceCompartido() = default;
-
-    virtual void hola() = 0;
-    virtual void adios() = 0;
-    // Subscribes; false when the link cannot be started. The subscriber must call Cerrar before it goes.
-    virtual bool enMarcha(SuscriptorPeso& visor) = 0;
-    virtual void Cerrar(SuscriptorPeso& visor) = 0;
+    void hola() override = 0;
+    void adios() override = 0;
 };
 
 }  // namespace sorvanel

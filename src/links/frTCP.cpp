@@ -3,16 +3,13 @@
 #include <algorithm>
 #include <exception>
 
-#include "config/comun.h"
+#include "links/destinoPavona.h"
 #include "links/pausaVigilancia.h"
 
 namespace sorvanel {
 
 namespace {
 
-constexpr const char* SECCION = "PAVONA";
-constexpr const char* HOST_OMISION = "localhost";
-constexpr std::int32_t PORT_OMISION = 9084;
 constexpr std::string_view AVISO_LINEA = "LIN>";
 constexpr std::string_view AVISO_SEGUNDO = "XXX>";
 constexpr std::string_view RESPUESTA = "REP\r";
@@ -84,10 +81,8 @@ bool frTCP::conectar() {
     m_bufer.clear();
     m_trasRetorno = false;
     m_wsk->protocolo(ProtocoloZocalo::TCP);
-    const comun com(m_entorno);
-    const AccesorINI ini = com.abrir(SECCION);
-    const bool iniciada =
-        m_wsk->conectar(com.valDflt(ini, "Host", HOST_OMISION), com.valDflt(ini, "Port", PORT_OMISION));
+    const DestinoPavona destino = leerDestinoPavona(m_entorno);
+    const bool iniciada = m_wsk->conectar(destino.host, destino.port);
     if (iniciada) m_estado = Estado::conectando;
     m_inicioConexion = m_entorno.reloj.ahora();
     m_intentos[m_siguienteIntento] = m_inicioConexion;

@@ -4,14 +4,14 @@
 #include <memory>
 #include <string>
 
-#include "links/suscriptorPeso.h"
+#include "links/enlacePeso.h"
 #include "platform/sistema.h"
 
 namespace sorvanel {
 
 // The receiving end of one indicator: a UDP port of its own whose bytes are lines ended by a
 // carriage return, in datagrams of any cut. What a line means is the display's business.
-class frWsk final : private OyenteZocalo {
+class frWsk final : public EnlacePeso, private OyenteZocalo {
 public:
     // No whole line for this long is told as an empty one, and again every so long; half a line is dropped then.
     static constexpr int VIGILANCIA = 1000;  // milliseconds
@@ -27,7 +27,8 @@ public:
 
     // Receives on the display's port from now on, also when it was receiving on another. False when
     // the port cannot be had. The display must outlive this or call Cerrar.
-    bool enMarcha(SuscriptorPeso& visor);
+    bool enMarcha(SuscriptorPeso& visor) override;
+    void Cerrar(SuscriptorPeso&) override { Cerrar(); }
     void Cerrar();
 
 private:

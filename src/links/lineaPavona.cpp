@@ -1,7 +1,8 @@
 #include "links/lineaPavona.h"
 
 #include <algorithm>
-#include <string>
+
+#include "config/texto.h"
 
 namespace sorvanel {
 
@@ -9,18 +10,15 @@ namespace {
 
 constexpr std::size_t LARGO_LINEA = 26;
 constexpr std::size_t LARGO_VALOR = 8;
+constexpr std::size_t LARGO_GRUPO = LARGO_VALOR + 1;  // with its sign
+constexpr std::size_t LARGO_MARCAS = 3;
 constexpr std::size_t PRIMER_VALOR = 9;
 constexpr std::size_t SEGUNDO_VALOR = 18;
 constexpr std::int64_t MAGNITUD_MAXIMA = 99'999'999;
 
-bool esDigito(char c) {
-    return c >= '0' && c <= '9';
-}
-
 bool tieneForma(std::string_view l) {
-    return l.size() == LARGO_LINEA && esDigito(l[0]) && esDigito(l[1]) && l[2] == '/' && esDigito(l[3]) &&
-           esDigito(l[4]) && l[5] == ' ' && (l[6] == 'C' || l[6] == '-') && (l[7] == 'D' || l[7] == '-') &&
-           l[8] == ' ' && l[17] == ' ';
+    return l.size() == LARGO_LINEA && esCifra(l[0]) && esCifra(l[1]) && l[2] == '/' && esCifra(l[3]) && esCifra(l[4]) &&
+           l[5] == ' ' && (l[6] == 'C' || l[6] == '-') && (l[7] == 'D' || l[7] == '-') && l[8] == ' ' && l[17] == ' ';
 }
 
 std::int16_t dosCifras(std::string_view texto) {
@@ -29,16 +27,15 @@ std::int16_t dosCifras(std::string_view texto) {
 
 // Blanks around it, a sign, and digits, its points left out.
 std::optional<std::int64_t> leerSinPuntos(std::string_view texto) {
-    const std::size_t inicio = texto.find_first_not_of(" .");
-    if (inicio == std::string_view::npos) return std::nullopt;
-    texto = texto.substr(inicio, texto.find_last_not_of(" .") - inicio + 1);
+    texto = recortar(texto, " .");
+    if (texto.empty()) return std::nullopt;
     const bool negativo = texto.front() == '-';
     if (negativo || texto.front() == '+') texto.remove_prefix(1);
     std::int64_t valor = 0;
     bool hayCifra = false;
     for (const char c : texto) {
         if (c == '.') continue;
-        if (!esDigito(c)) return std::nullopt;
+        if (!esCifra(c)) return std::nullopt;
         valor = valor * 10 + (c - '0');
         hayCifra = true;
     }
@@ -94,6 +91,15 @@ std::optional<LecturaPavona> leerLineaPavona(std::string_view linea) {
     *destino++ = descargando ? 'D' : 'X';
     for (const std::int64_t valor : valores) destino = escribirGrupo(valor, destino);
     return lectura;
+}
+
+std::optional<std::string> tramaPavona(std::string_view carga, std::size_t valor) {
+    if (carga.empty()) return std::string();
+    const std::size_t inicio = LARGO_MARCAS + LARGO_GRUPO * valor;
+    if (carga.size() < inicio + LARGO_GRUPO) return std::nullopt;
+    const std::string_view grupo = carga.substr(inicio, LARGO_GRUPO);
+    if (grupo == GRUPO_SIN_DATO) return std::string();
+    return std::string(carga.substr(0, LARGO_MARCAS)).append(grupo);
 }
 
 // What is missing is zeros, or blanks to the end of the value that has begun: where neither makes a line, nothing does.

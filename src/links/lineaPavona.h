@@ -1,11 +1,16 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace sorvanel {
+
+// An indicator's address as one number: 1203 for 12/03.
+constexpr std::int32_t BASE_DIRECCION = 100;
 
 // A reading line of the concentrator:
 //
@@ -28,6 +33,10 @@ struct LecturaPavona {
 
     std::string_view texto() const { return {carga.data(), carga.size()}; }
 };
+
+// A weight frame with one of the payload's values, 0 to 5; empty when there is none to be had, as in an empty payload.
+// Nothing when the payload does not reach so far.
+std::optional<std::string> tramaPavona(std::string_view carga, std::size_t valor);
 
 // Nothing when the text is not such a line from its first character to its last, or one of the two
 // values is no number.

@@ -4,11 +4,11 @@
 #include <array>
 #include <cctype>
 #include <limits>
-#include <optional>
 #include <vector>
 
 #include "config/comun.h"
 #include "config/numeros.h"
+#include "config/texto.h"
 
 namespace sorvanel {
 
@@ -30,11 +30,9 @@ std::vector<std::string> partes(const std::string& texto) {
     return lista;
 }
 
-bool leerSiNo(std::string texto) {
-    std::transform(texto.begin(), texto.end(), texto.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    constexpr std::array<std::string_view, 8> AFIRMATIVOS{"sí", "sÍ", "si", "yes", "true", "verdadero", "1", "-1"};
-    return std::find(AFIRMATIVOS.begin(), AFIRMATIVOS.end(), texto) != AFIRMATIVOS.end();
+bool leerSiNo(const std::string& texto) {
+    constexpr std::array<std::string_view, 7> AFIRMATIVOS{"sí", "si", "yes", "true", "verdadero", "1", "-1"};
+    return std::find(AFIRMATIVOS.begin(), AFIRMATIVOS.end(), minusculas(texto)) != AFIRMATIVOS.end();
 }
 
 FuenteMensaje leerFuente(const std::string& texto) {
@@ -56,7 +54,7 @@ FuenteMensaje leerFuente(const std::string& texto) {
 
 // Somebody wrote it by hand, perhaps with blanks around the comma.
 Color leerColor(std::string_view texto, Color omision) {
-    texto.remove_prefix(std::min(texto.find_first_not_of(" \t"), texto.size()));
+    texto = recortar(texto);
     const bool hayCifra = !texto.empty() && std::isxdigit(static_cast<unsigned char>(texto[0])) != 0;
     return hayCifra ? colorPintable(comun::rgb2Long(texto)) : omision;
 }

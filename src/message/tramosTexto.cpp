@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "config/codificacion.h"
 #include "message/marcasUnicode.h"
 
 namespace sorvanel {
@@ -11,35 +12,6 @@ namespace {
 constexpr int CARACTERES_POR_TRAMO = 24;
 constexpr int CARACTERES_POR_FRASE = 120;  // what a piece costs must not grow with the text
 constexpr char32_t UNION = 0x200D;         // zero-width joiner: the next character belongs to this one too
-
-struct Caracter {
-    char32_t codigo;
-    std::size_t bytes;
-};
-
-// A byte that begins no valid sequence counts as a character of its own.
-Caracter leerCaracter(std::string_view texto) {
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(texto[i]); };
-    const unsigned char primero = byte(0);
-    std::size_t largo = 1;
-    char32_t codigo = primero;
-    if (primero >= 0xF0) {
-        largo = 4;
-        codigo = primero & 0x07U;
-    } else if (primero >= 0xE0) {
-        largo = 3;
-        codigo = primero & 0x0FU;
-    } else if (primero >= 0xC0) {
-        largo = 2;
-        codigo = primero & 0x1FU;
-    }
-    if (largo > texto.size()) return {primero, 1};
-    for (std::size_t i = 1; i < largo; ++i) {
-        if ((byte(i) & 0xC0U) != 0x80U) return {primero, 1};
-        codigo = codigo << 6U | (byte(i) & 0x3FU);
-    }
-    return {codigo, largo};
-}
 
 bool esBandera(char32_t c) {
     return c >= 0x1F1E6 && c <= 0x1F1FF;
@@ -52,9 +24,9 @@ bool esBlanco(char32_t c) {
 // The first character from there on that is no blank; 0 for none.
 char32_t siguienteLetra(std::string_view texto) {
     while (!texto.empty()) {
-        const Caracter c = leerCaracter(texto);
+        const CaracterUtf8 c = leerCaracter(texto);
         if (!esBlanco(c.codigo)) return c.codigo;
-        texto.remove_prefix(c.bytes);
+        texto.remove_prefix(c.octetos);
     }
     return 0;
 }
@@ -70,7 +42,7 @@ std::vector<std::string_view> cortarEnTramos(std::string_view texto) {
     char32_t ultimaLetra = 0;
     bool banderaAbierta = false;
     while (i < texto.size()) {
-        const Caracter c = leerCaracter(texto.substr(i));
+        const CaracterUtf8 c = leerCaracter(texto.substr(i));
         const bool pareja = esBandera(c.codigo) && banderaAbierta;
         const bool unido = seUneAlAnterior(c.codigo) || anterior == UNION || pareja;
         const bool lleno = caracteres >= CARACTERES_POR_TRAMO || esBlanco(anterior);
@@ -88,7 +60,7 @@ std::vector<std::string_view> cortarEnTramos(std::string_view texto) {
         banderaAbierta = esBandera(c.codigo) && !pareja;
         anterior = c.codigo;
         if (!unido && !esBlanco(c.codigo)) ultimaLetra = c.codigo;
-        i += c.bytes;
+        i += c.octetos;
     }
     if (i > inicio) tramos.push_back(texto.substr(inicio));
     return tramos;

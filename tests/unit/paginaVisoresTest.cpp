@@ -170,7 +170,7 @@ TEST_F(PaginaVisores, unCampoInvalidoNoDejaHacerNadaMas) {
         EXPECT_EQ(caja(Id::txPort, 2).texto(), "3001");
         EXPECT_EQ(mesa.visores().cuantos(), 9);
         EXPECT_EQ(pagina(), "1 a 8");
-        EXPECT_EQ(uno(1).protocolo(), PROTOCOLO_TESSEL);
+        EXPECT_EQ(uno(1).protocolo(), FAMILIA_TESSEL.protocolo);
     }
     EXPECT_TRUE(dialogo.Descargar(true)) << "discarding asks nothing";
     EXPECT_EQ(clave(2, "Port"), "3002");

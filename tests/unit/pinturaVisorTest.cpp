@@ -6,6 +6,7 @@
 #include <cmath>
 #include <limits>
 
+#include "display/familia.h"
 #include "doubles/superficieDoble.h"
 
 namespace sorvanel {
@@ -40,12 +41,13 @@ protected:
     }
     Lineas peso(std::int32_t milesimas, bool pavona = false, MarcasVisor marcas = {}) {
         m_peso.olvidar();
-        m_pintura.pintarPeso({marcas.E, marcas.C, marcas.D, milesimas}, pavona);
+        m_pintura.pintarPeso({marcas.E, marcas.C, marcas.D, milesimas},
+                             (pavona ? FAMILIA_PAVONA : FAMILIA_TESSEL).marcas);
         return m_peso.lineas();
     }
     Lineas sinDatos(bool pavona = false) {
         m_peso.olvidar();
-        m_pintura.pintarSinDatos(pavona);
+        m_pintura.pintarSinDatos((pavona ? FAMILIA_PAVONA : FAMILIA_TESSEL).marcas);
         return m_peso.lineas();
     }
     Lineas etiqueta() {

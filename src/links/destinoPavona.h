@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "config/entorno.h"
+
+namespace sorvanel {
+
+// Where the concentrator is: its section of the settings file. Each value is written by itself.
+struct DestinoPavona {
+    std::string host;
+    std::int32_t port = 0;  // TCP; whatever number the file holds
+};
+
+DestinoPavona leerDestinoPavona(const Entorno& entorno);
+void guardarHostPavona(const Entorno& entorno, std::string_view host);
+void guardarPortPavona(const Entorno& entorno, std::int32_t port);
+
+}  // namespace sorvanel
