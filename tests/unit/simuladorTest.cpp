@@ -169,14 +169,13 @@ std::string sesion(const std::string& orden, const std::string& respuesta = "REP
 }
 
 TEST(Simulador, LaSesionConSusFaltas) {
-    const std::string avisos = "LIN>|XXX>|", cero = "12/03 -- 0000.000 0000.000\r",
-                      uno = "12/03 -- 0000.001 0000.000\r",
+    const std::string avisos = "LIN>|XXX>", cero = "12/03 -- 0000.000 0000.000\r", uno = "12/03 -- 0000.001 0000.000\r",
                       resto =
                           "|12/03 -- 0000.002 0000.000\r|12/03 -- 0000.003 0000.000\r|12/03 -- 0000.004 0000.000\r|",
                       todo = avisos + cero + "|" + uno + resto;
     EXPECT_EQ(sesion(""), todo);
     const std::pair<const char*, std::string> casos[] = {
-        {"--pegada", "LIN>|XXX>" + cero + "|" + uno + resto},
+        {"--aparte", "LIN>|XXX>|" + cero + "|" + uno + resto},
         {"--saludo Ho\\x00la --segundo NO --cierra abierta", std::string("Ho\0la|NO|#", 10)},
         {"--fin crlf --cierra lecturas:1", avisos + cero + "\n|#"},
         {"--trozos 2:0.05 --cierra rep", "LI|N>|#"},

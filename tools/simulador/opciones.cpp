@@ -112,8 +112,8 @@ constexpr Opcion OPCIONES[] = {
      [](Opciones& o, Valor v) { o.faltas.saludo = leerTexto(v); }},
     {Familia::Pavona, "--segundo", "TEXTO", "en vez de XXX>",
      [](Opciones& o, Valor v) { o.faltas.segundo = leerTexto(v); }},
-    {Familia::Pavona, "--pegada", "", "la primera lectura va en un mismo envío con XXX>",
-     [](Opciones& o, Valor) { o.faltas.pegada = true; }},
+    {Familia::Pavona, "--aparte", "", "la primera lectura va una décima de segundo después de XXX>",
+     [](Opciones& o, Valor) { o.faltas.aparte = true; }},
     {Familia::Pavona, "--trozos", "N:SEGUNDOS", "todo va de N en N bytes, con esa pausa", ponerTrozos},
     {Familia::Pavona, "--enmudece", "MOMENTO", "calla en ese MOMENTO para siempre, o MOMENTO:SEGUNDOS y sigue",
      ponerTropiezo<Tipo::Calla>},
@@ -200,7 +200,7 @@ Uso: simulador [opciones]                 indicadores de la familia Tessel, cada
 Sin opciones hace de cuatro básculas que se cargan y se descargan y envían diez tramas por
 segundo cada una, a los puertos 9001 a 9004 de este mismo equipo, hasta que se pulse Ctrl+C.
 El concentrador saluda a cada cliente con «LIN>», espera «REP» y un retorno de carro, contesta
-«XXX>» y, una décima de segundo después, envía lecturas: dirección, marcas, peso y acumulado.
+«XXX>» y, en el mismo envío, empieza con las lecturas: dirección, marcas, peso y acumulado.
 
 De los dos
 )" + textoOpciones(Familia::Ambas) +

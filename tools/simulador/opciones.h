@@ -69,7 +69,7 @@ struct Tropiezo {
 struct Faltas {
     std::string saludo = "LIN>";
     std::string segundo = "XXX>";
-    bool pegada = false;    // the first line comes in one piece with the second prompt
+    bool aparte = false;    // the first line comes a while after the second prompt, not in one piece with it
     std::size_t trozo = 0;  // most bytes that are sent at a time; 0 is all
     std::chrono::milliseconds pausa{};
     std::vector<Tropiezo> tropiezos;

@@ -45,7 +45,7 @@ void Sesion::alRecibir(std::string_view datos) {
     llegar({Etapa::Punto::Rep});
     encolar(m_faltas.segundo);
     llegar({Etapa::Punto::Abierta});
-    if (!m_faltas.pegada) m_pasos.push_back({Paso::Tipo::Pausa, {}, TRASAVISO});
+    if (m_faltas.aparte) m_pasos.push_back({Paso::Tipo::Pausa, {}, TRASAVISO});
 }
 
 Instante Sesion::avanzar(Instante ahora) {
