@@ -46,10 +46,6 @@ void PinturaVisor::aspecto(const AspectoVisor& aspecto) {
 }
 
 void PinturaVisor::colores() {
-    m_aspecto.fondoEtiqueta = colorPintable(m_aspecto.fondoEtiqueta);
-    m_aspecto.textoEtiqueta = colorPintable(m_aspecto.textoEtiqueta);
-    m_aspecto.fondoPeso = colorPintable(m_aspecto.fondoPeso);
-    m_aspecto.textoPeso = colorPintable(m_aspecto.textoPeso);
     m_etiqueta.colorFondo(m_aspecto.fondoEtiqueta);
     m_peso.colorFondo(m_aspecto.fondoPeso);
     m_marcasSeguras = false;
