@@ -28,7 +28,6 @@ private:
     void crearPantalla();
     void crearParrilla();
     void crearDiseno();
-    void crearFormato();
     Pieza panelPantalla();
     Pieza panelParrilla();
     Pieza panelDiseno();
@@ -37,9 +36,6 @@ private:
     void alCambiarParrilla();
     void alPulsarTransparente();
     void mostrarTransparencia(bool transparente);
-    void alCambiarRatio();
-    void mostrarRatio();
-    void pintarPrevia();
 
     std::unique_ptr<diseñoVisor> m_diseño;
     std::unique_ptr<Controles> m_c;

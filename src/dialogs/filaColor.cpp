@@ -5,11 +5,12 @@
 namespace sorvanel {
 
 FilaColor::FilaColor(TallerDialogo& taller, DialogosSistema& sistema, Datos datos)
-    : m_taller(taller),
-      m_sistema(sistema),
-      m_datos(std::move(datos)),
-      m_boton(taller.botonTexto(m_datos.boton, m_datos.elemento, m_datos.texto, m_datos.texto + ": elegir el color")),
-      m_marco(taller.marcoColor(m_datos.marco, m_datos.elemento, m_datos.texto + ": color actual")) {
+    : m_taller(taller), m_sistema(sistema), m_datos(std::move(datos)) {
+    const std::string& nombre = m_datos.nombre.empty() ? m_datos.texto : m_datos.nombre;
+    const std::string elegirlo = nombre + ": elegir el color";
+    m_boton = taller.botonTexto(m_datos.boton, m_datos.elemento, m_datos.texto, elegirlo);
+    if (!m_datos.nombre.empty()) m_boton->nombre(elegirlo);
+    m_marco = taller.marcoColor(m_datos.marco, m_datos.elemento, nombre + ": color actual");
     m_boton->alPulsar([this] { elegir(); });
     m_marco->alPulsar([this] { elegir(); });
 }
@@ -36,6 +37,14 @@ Pieza FilaColor::piezaBoton() {
 
 Pieza FilaColor::piezaMarco() {
     return pieza(*m_marco, m_taller.marcoColor());
+}
+
+Pieza FilaColor::comoPieza() {
+    Rejilla par;
+    par.estirar(0);
+    par.poner(0, 0, piezaBoton());
+    par.poner(0, 1, piezaMarco());
+    return par.comoPieza();
 }
 
 }  // namespace sorvanel

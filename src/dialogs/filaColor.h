@@ -22,6 +22,8 @@ public:
         std::function<Color()> actual;
         // A colour was chosen, be it the one that there was; the frame shows it already.
         std::function<void(Color)> alElegir;
+        // For screen readers and tool tips, where the button does not say what the colour is of.
+        std::string nombre = {};
     };
 
     FilaColor(TallerDialogo& taller, DialogosSistema& sistema, Datos datos);
@@ -37,6 +39,8 @@ public:
 
     Pieza piezaBoton();
     Pieza piezaMarco();
+    // Both side by side.
+    Pieza comoPieza();
 
 private:
     void elegir();

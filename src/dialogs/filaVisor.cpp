@@ -109,8 +109,7 @@ void FilaVisor::unir(CajaTexto& caja, CampoVisor campo) {
     caja.alPulsarTecla([this, campo](Tecla tecla) { return alPulsarTecla(campo, tecla); });
     caja.alCambiar([this, &caja, campo] {
         // What the toggle emptied, and is empty again, says no more than before.
-        const bool comoEstaba =
-            campo == CampoVisor::port && caja.texto().empty() && visorPropio().protocolo() != m_familiaPort;
+        const bool comoEstaba = campo == CampoVisor::port && caja.texto().empty() && &familia() != m_familiaPort;
         tecleado(campo) = !comoEstaba;
         if (campo == CampoVisor::etiqueta) sugerirEtiqueta();
     });

@@ -4,14 +4,11 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <string>
 #include <vector>
 
-#include "dialogs/filaColor.h"
-#include "dialogs/filaValor.h"
+#include "dialogs/campoAspecto.h"
 #include "dialogs/tallerDialogo.h"
 #include "dialogs/vistaPrevia.h"
-#include "display/disenoVisor.h"
 #include "display/visor.h"
 
 namespace sorvanel {
@@ -41,43 +38,25 @@ public:
     bool tieneFoco() const;
 
 private:
-    enum Propiedad { ancho, ajuste, textoEtiqueta, fondoEtiqueta, textoPeso, fondoPeso, formato, ratio, CUANTAS };
-    static constexpr std::size_t COLORES = 4;
+    // A value of the look, in the order of their table.
+    struct Fila {
+        std::unique_ptr<CasillaMarca> casilla;
+        std::unique_ptr<CampoAspecto> campo;
+    };
 
-    void crearCasillas();
-    void crearAncho();
-    void crearColor(DialogosSistema& sistema, std::size_t i);
-    void crearTextos();
-    CasillaMarca& casilla(Propiedad p) const { return *m_casillas[p]; }
-    bool propio(Propiedad p) const { return casilla(p).marcada(); }
-    // What the keyboard reaches of a property while it is the display's own.
-    std::vector<Control*> propios(Propiedad p) const;
+    std::unique_ptr<CampoAspecto> crearCampo(DialogosSistema& sistema, const FilaCampo& fila);
+    // Its control is seen while the value is the display's own.
     void mostrarPropios();
-    void mostrarRatio(std::string texto);
-    void alCambiarRatio();
-    // Its own, or the shared one.
-    float ratioDe(const visor& v) const;
-    float ratioElegido(const visor& v) const;
-    void cambiar(const std::function<void(visor&)>& cambio);
-    void pintarPrevia();
 
     TallerDialogo& m_taller;
-    const Entorno& m_entorno;
+    const Programa& m_programa;
     const Datos m_datos;
-    // What a display has where it sets nothing of its own.
-    const diseñoVisor m_diseño;
     bool m_abierto = false;
     std::unique_ptr<Marco> m_frDise;
     std::unique_ptr<Rotulo> m_titulo;
     std::unique_ptr<BotonImagen> m_imDesf;
-    std::array<std::unique_ptr<CasillaMarca>, CUANTAS> m_casillas;
-    std::unique_ptr<FilaValor> m_ancho;
-    std::unique_ptr<Rotulo> m_anchoComun;
-    std::unique_ptr<Lista> m_lstAjte;
-    std::array<std::unique_ptr<FilaColor>, COLORES> m_colores;
-    std::unique_ptr<CajaTexto> m_txFmt;
-    std::unique_ptr<CajaTexto> m_txRatio;
-    std::string m_ratioMostrado;  // as long as the user leaves it, it stands for the exact ratio
+    std::array<Fila, RASGOS.size()> m_filas;
+    std::unique_ptr<Rotulo> m_anchoComun;  // in the place of a width that is not the display's own
     std::unique_ptr<VistaPrevia> m_previa;
 };
 

@@ -9,11 +9,9 @@ namespace sorvanel {
 
 namespace {
 
-constexpr std::int64_t MUESTRA_MILESIMAS = 9'999'000;
 constexpr const char* MUESTRA_ETIQUETA = "A";
 constexpr float ALTO_LETRA = aTwips(28);
 constexpr float ALTO_MINIMO_LETRA = aTwips(6);
-constexpr float RATIO_MINIMO = 0.1F;
 // Room for the weight, beside the widest caption, in widths of "0".
 constexpr float UNIDADES_PESO = 8;
 
@@ -33,7 +31,7 @@ VistaPrevia::VistaPrevia(TallerDialogo& taller)
       m_picEjEtq(taller.formulario().crearSuperficie(IdControl::picEjEtq, 0)),
       m_picEjVis(taller.formulario().crearSuperficie(IdControl::picEjVis, 0)) {}
 
-void VistaPrevia::aspecto(const AspectoPrevia& aspecto) {
+void VistaPrevia::aspecto(const AspectoVisor& aspecto) {
     m_aspecto = aspecto;
     disponer();
 }
@@ -71,25 +69,20 @@ void VistaPrevia::disponer() {
 }
 
 void VistaPrevia::pintarEtiqueta(float unidad) {
-    m_picEjEtq->colorFondo(colorPintable(m_aspecto.colorFondoEtiqueta));
+    m_picEjEtq->colorFondo(m_aspecto.fondoEtiqueta);
     m_picEjEtq->limpiar();
-    m_picEjEtq->fuente(fuenteMuestra(ALTO_LETRA * std::clamp(m_aspecto.ratioAlturas, RATIO_MINIMO, 1.0F)));
+    m_picEjEtq->fuente(fuenteMuestra(ALTO_LETRA * m_aspecto.ratioAcotado()));
     const MedidaTexto medida = m_picEjEtq->medir(MUESTRA_ETIQUETA);
-    const float libre = m_picEjEtq->lugar().ancho - medida.ancho;
-    float x = libre / 2;
-    if (m_aspecto.ajusteEtiqueta == 0) x = unidad / 2;
-    if (m_aspecto.ajusteEtiqueta == 1) x = libre - unidad / 2;
-    m_picEjEtq->imprimir(x, arribaCentrado(*m_picEjEtq, medida), MUESTRA_ETIQUETA,
-                         colorPintable(m_aspecto.colorTextoEtiqueta));
+    const float x = m_aspecto.inicioEtiqueta(m_picEjEtq->lugar().ancho - medida.ancho, unidad / 2);
+    m_picEjEtq->imprimir(x, arribaCentrado(*m_picEjEtq, medida), MUESTRA_ETIQUETA, m_aspecto.textoEtiqueta);
     m_picEjEtq->leyenda(MUESTRA_ETIQUETA);
 }
 
 // A format with much text in it is shown smaller, so that all of it is seen.
 void VistaPrevia::pintarPeso() {
-    m_picEjVis->colorFondo(colorPintable(m_aspecto.colorFondoPeso));
+    m_picEjVis->colorFondo(m_aspecto.fondoPeso);
     m_picEjVis->limpiar();
-    std::string texto;
-    FormatoPeso(m_aspecto.formatoPeso).escribir(MUESTRA_MILESIMAS, texto);
+    const std::string texto = FormatoPeso(m_aspecto.formato).muestra();
     const float hueco = m_picEjVis->lugar().ancho - SEPARACION;
     MedidaTexto medida = m_picEjVis->medir(texto);
     for (float alto = ALTO_LETRA; medida.ancho > hueco && alto > ALTO_MINIMO_LETRA; medida = m_picEjVis->medir(texto)) {
@@ -97,7 +90,7 @@ void VistaPrevia::pintarPeso() {
         m_picEjVis->fuente(fuenteMuestra(alto));
     }
     m_picEjVis->imprimir(std::max((m_picEjVis->lugar().ancho - medida.ancho) / 2, 0.0F),
-                         arribaCentrado(*m_picEjVis, medida), texto, colorPintable(m_aspecto.colorTextoPeso));
+                         arribaCentrado(*m_picEjVis, medida), texto, m_aspecto.textoPeso);
     m_picEjVis->leyenda(texto);
 }
 

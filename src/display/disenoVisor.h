@@ -4,7 +4,7 @@
 #include <string>
 
 #include "config/entorno.h"
-#include "platform/color.h"
+#include "display/aspecto.h"
 
 namespace sorvanel {
 
@@ -14,36 +14,32 @@ class diseñoVisor {
 public:
     explicit diseñoVisor(const Entorno& entorno);
 
-    std::int16_t anchoEtiqueta() const { return m_anchoEtiqueta; }
-    void anchoEtiqueta(std::int16_t ancho);  // clamped to 0 to 6
-    std::int16_t ajusteEtiqueta() const { return m_ajusteEtiqueta; }
-    void ajusteEtiqueta(std::int16_t ajuste);  // 0 left, 1 right, 2 centre; clamped
-    Color colorFondoEtiqueta() const { return m_colorFondoEtiqueta; }
-    void colorFondoEtiqueta(Color color);
-    Color colorTextoEtiqueta() const { return m_colorTextoEtiqueta; }
-    void colorTextoEtiqueta(Color color);
-    Color colorFondoPeso() const { return m_colorFondoPeso; }
-    void colorFondoPeso(Color color);
-    Color colorTextoPeso() const { return m_colorTextoPeso; }
-    void colorTextoPeso(Color color);
-    const std::string& formatoPeso() const { return m_formatoPeso; }
-    void formatoPeso(const std::string& formato);
+    const ValoresRasgos& valores() const { return m_valores; }
+    const ValorRasgo& valor(Rasgo rasgo) const { return m_valores[rasgo]; }
+    // Clamped to its range; a ratio is ignored unless between 0.1 and 1, both excluded.
+    void valor(Rasgo rasgo, const ValorRasgo& nuevo);
+
+    std::int16_t anchoEtiqueta() const { return como<std::int16_t>(valor(Rasgo::anchoEtiqueta)); }
+    void anchoEtiqueta(std::int16_t ancho) { valor(Rasgo::anchoEtiqueta, ancho); }
+    std::int16_t ajusteEtiqueta() const { return como<std::int16_t>(valor(Rasgo::ajusteEtiqueta)); }
+    void ajusteEtiqueta(std::int16_t ajuste) { valor(Rasgo::ajusteEtiqueta, ajuste); }
+    Color colorFondoEtiqueta() const { return como<Color>(valor(Rasgo::colorFondoEtiqueta)); }
+    void colorFondoEtiqueta(Color color) { valor(Rasgo::colorFondoEtiqueta, color); }
+    Color colorTextoEtiqueta() const { return como<Color>(valor(Rasgo::colorTextoEtiqueta)); }
+    void colorTextoEtiqueta(Color color) { valor(Rasgo::colorTextoEtiqueta, color); }
+    Color colorFondoPeso() const { return como<Color>(valor(Rasgo::colorFondoPeso)); }
+    void colorFondoPeso(Color color) { valor(Rasgo::colorFondoPeso, color); }
+    Color colorTextoPeso() const { return como<Color>(valor(Rasgo::colorTextoPeso)); }
+    void colorTextoPeso(Color color) { valor(Rasgo::colorTextoPeso, color); }
+    std::string formatoPeso() const { return como<std::string>(valor(Rasgo::formatoPeso)); }
+    void formatoPeso(const std::string& formato) { valor(Rasgo::formatoPeso, formato); }
     // The caption's font height as a share of the weight's.
-    float ratioAlturas() const { return m_ratioAlturas; }
-    void ratioAlturas(float ratio);  // ignored unless between 0.1 and 1, both excluded
+    float ratioAlturas() const { return como<float>(valor(Rasgo::ratioAlturas)); }
+    void ratioAlturas(float ratio) { valor(Rasgo::ratioAlturas, ratio); }
 
 private:
-    void guardar() const;
-
     const Entorno& m_entorno;
-    std::int16_t m_anchoEtiqueta;
-    std::int16_t m_ajusteEtiqueta;
-    Color m_colorFondoEtiqueta;
-    Color m_colorTextoEtiqueta;
-    Color m_colorFondoPeso;
-    Color m_colorTextoPeso;
-    std::string m_formatoPeso;
-    float m_ratioAlturas;
+    ValoresRasgos m_valores;
 };
 
 }  // namespace sorvanel

@@ -23,11 +23,6 @@ float alPixelCercano(float twips) {
     return aPixelEntero(twips + TWIPS_POR_PIXEL / 2);
 }
 
-// Written so that what is not a number becomes the lower bound.
-float acotar(float valor, float minimo, float maximo) {
-    return valor >= minimo ? std::min(valor, maximo) : minimo;
-}
-
 Fuente fuenteDe(float alto) {
     Fuente fuente;
     fuente.alto = alto;
@@ -56,7 +51,7 @@ public:
           m_aspecto(aspecto),
           m_muestra(muestra),
           m_anchoEfectivo(std::clamp(static_cast<float>(aspecto.anchoEtiqueta), 0.0F, ANCHO_EFECTIVO_MAXIMO)),
-          m_ratio(acotar(aspecto.ratioAlturas, 0.1F, 1.0F)) {}
+          m_ratio(aspecto.ratioAcotado()) {}
 
     std::optional<EncajeVisor> encajar();
 

@@ -1,27 +1,13 @@
 #pragma once
 
 #include <optional>
-#include <string>
 #include <string_view>
 
+#include "display/aspecto.h"
 #include "display/encajeEtiqueta.h"
-#include "platform/color.h"
 #include "platform/superficie.h"
 
 namespace sorvanel {
-
-// How a display looks: the effective values, bounded where they are used.
-struct AspectoVisor {
-    std::string etiqueta;
-    int anchoEtiqueta = 0;   // 0..6
-    int ajusteEtiqueta = 2;  // 0 left, 1 right, 2 centre
-    Color fondoEtiqueta = NEGRO;
-    Color textoEtiqueta = BLANCO;
-    Color fondoPeso = BLANCO;
-    Color textoPeso = NEGRO;
-    std::string formato;         // empty: the usual one
-    float ratioAlturas = 0.95F;  // caption's font height to the weight's, 0.1..1
-};
 
 // Where everything of a display lies, twips. Caption and weight each have coordinates of their own,
 // from the top-left corner of their surface.

@@ -125,6 +125,13 @@ void FormatoPeso::escribir(std::int64_t milesimas, std::string& destino) const {
     }
 }
 
+std::string FormatoPeso::muestra() const {
+    constexpr std::int64_t MILESIMAS = 9'999'000;
+    std::string texto;
+    escribir(MILESIMAS, texto);
+    return texto;
+}
+
 void FormatoPeso::escribirEntero(const Pieza& pieza, std::string_view cifras, std::string& destino) const {
     const std::size_t alFinal = m_enteros - pieza.indice;  // places from this one to the point
     if (alFinal > cifras.size()) {

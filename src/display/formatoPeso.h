@@ -20,6 +20,8 @@ public:
     // decimals, in whole numbers only. The result shows points and no comma. Allocates nothing once
     // `destino` has had its room.
     void escribir(std::int64_t milesimas, std::string& destino) const;
+    // 9999: as wide as weights usually get.
+    std::string muestra() const;
 
 private:
     enum class Clase : unsigned char { literal, entero, punto, decimal };

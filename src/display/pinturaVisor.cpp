@@ -8,7 +8,6 @@ namespace sorvanel {
 
 namespace {
 
-constexpr std::int64_t MUESTRA_MILESIMAS = 9'999'000;
 constexpr int RAYAS = 5;
 constexpr std::string_view LEYENDA_SIN_DATOS = "-----";
 constexpr float ANCHO_CORTE = 0.9F;  // of the width of "0": kept for the arrow of a cut weight
@@ -17,9 +16,7 @@ constexpr float ANCHO_CORTE = 0.9F;  // of the width of "0": kept for the arrow 
 
 bool PinturaVisor::encajar(const Rectangulo& celda, const AspectoVisor& aspecto) {
     const FormatoPeso formato(aspecto.formato);
-    std::string muestra;
-    formato.escribir(MUESTRA_MILESIMAS, muestra);
-    const std::optional<EncajeVisor> encaje = encajarVisor(m_peso, celda, aspecto, muestra);
+    const std::optional<EncajeVisor> encaje = encajarVisor(m_peso, celda, aspecto, formato.muestra());
     if (!encaje) {
         m_peso.fuente(m_encaje.fuentePeso);
         return false;
@@ -39,19 +36,11 @@ bool PinturaVisor::encajar(const Rectangulo& celda, const AspectoVisor& aspecto)
 }
 
 void PinturaVisor::aspecto(const AspectoVisor& aspecto) {
-    m_aspecto.ajusteEtiqueta = aspecto.ajusteEtiqueta;
-    m_aspecto.fondoEtiqueta = aspecto.fondoEtiqueta;
-    m_aspecto.textoEtiqueta = aspecto.textoEtiqueta;
-    m_aspecto.fondoPeso = aspecto.fondoPeso;
-    m_aspecto.textoPeso = aspecto.textoPeso;
+    m_aspecto = aspecto;
     if (m_encajado) colores();
 }
 
 void PinturaVisor::colores() {
-    m_aspecto.fondoEtiqueta = colorPintable(m_aspecto.fondoEtiqueta);
-    m_aspecto.textoEtiqueta = colorPintable(m_aspecto.textoEtiqueta);
-    m_aspecto.fondoPeso = colorPintable(m_aspecto.fondoPeso);
-    m_aspecto.textoPeso = colorPintable(m_aspecto.textoPeso);
     m_etiqueta.colorFondo(m_aspecto.fondoEtiqueta);
     m_peso.colorFondo(m_aspecto.fondoPeso);
     m_marcasSeguras = false;
@@ -64,10 +53,7 @@ void PinturaVisor::pintarEtiqueta() {
     if (!hayEtiqueta() || m_aspecto.etiqueta.empty()) return;
     const EncajeEtiqueta& etiqueta = m_encaje.etiqueta;
     for (const LineaEtiqueta& linea : etiqueta.lineas) {
-        const float libre = m_encaje.anchoEtiqueta - linea.ancho;
-        float x = libre / 2;
-        if (m_aspecto.ajusteEtiqueta == 0) x = etiqueta.margen;
-        if (m_aspecto.ajusteEtiqueta == 1) x = libre - etiqueta.margen;
+        const float x = m_aspecto.inicioEtiqueta(m_encaje.anchoEtiqueta - linea.ancho, etiqueta.margen);
         m_etiqueta.imprimir(x, linea.y, linea.texto, m_aspecto.textoEtiqueta);
     }
 }

@@ -24,8 +24,8 @@ public:
     // False when the caption's width is 0: its surface then has no area.
     bool hayEtiqueta() const { return m_encajado && m_encaje.anchoEtiqueta > 0; }
 
-    // Takes over the colours and the caption's alignment, without fitting anew; text, width, format
-    // and ratio need encajar(). Shows with the next painting.
+    // Takes over the colours and the caption's alignment, without fitting anew: what changes texts or sizes needs
+    // encajar(). Shows with the next painting.
     void aspecto(const AspectoVisor& aspecto);
 
     void pintarEtiqueta();

@@ -66,36 +66,37 @@ public:
     std::int16_t modoBulk() const override { return m_registro.modoBulk; }
     void modoBulk(std::int16_t modo);  // clamped to 0 to 5
 
-    // The display's own values; empty: as the shared design says.
-    std::optional<std::int16_t> anchoEtiqueta() const { return m_registro.anchoEtiqueta; }
-    void anchoEtiqueta(std::optional<std::int16_t> ancho);
-    std::optional<std::int16_t> ajusteEtiqueta() const { return m_registro.ajusteEtiqueta; }
-    void ajusteEtiqueta(std::optional<std::int16_t> ajuste);
-    std::optional<Color> colorFondoEtiqueta() const { return m_registro.colorFondoEtiqueta; }
-    void colorFondoEtiqueta(std::optional<Color> color);
-    std::optional<Color> colorTextoEtiqueta() const { return m_registro.colorTextoEtiqueta; }
-    void colorTextoEtiqueta(std::optional<Color> color);
-    std::optional<Color> colorFondoPeso() const { return m_registro.colorFondoPeso; }
-    void colorFondoPeso(std::optional<Color> color);
-    std::optional<Color> colorTextoPeso() const { return m_registro.colorTextoPeso; }
-    void colorTextoPeso(std::optional<Color> color);
-    std::optional<float> ratioAlturas() const { return m_registro.ratioAlturas; }
-    void ratioAlturas(std::optional<float> ratio);
-    const std::string& formatoPeso() const { return m_registro.formatoPeso; }
-    void formatoPeso(const std::string& formato);
-
+    // The display's own value; empty: as the shared design says. Clamped to its range.
+    const ValorRasgo& propio(Rasgo rasgo) const { return m_registro.rasgos[rasgo]; }
+    void propio(Rasgo rasgo, const ValorRasgo& valor);
     // The value in force: the own one, else the design's.
-    std::int16_t anchoEtiquetaEfv() const { return m_registro.anchoEtiqueta.value_or(m_diseno.anchoEtiqueta()); }
-    std::int16_t ajusteEtiquetaEfv() const { return m_registro.ajusteEtiqueta.value_or(m_diseno.ajusteEtiqueta()); }
-    Color colorFondoEtiquetaEfv() const {
-        return m_registro.colorFondoEtiqueta.value_or(m_diseno.colorFondoEtiqueta());
-    }
-    Color colorTextoEtiquetaEfv() const {
-        return m_registro.colorTextoEtiqueta.value_or(m_diseno.colorTextoEtiqueta());
-    }
-    Color colorFondoPesoEfv() const { return m_registro.colorFondoPeso.value_or(m_diseno.colorFondoPeso()); }
-    Color colorTextoPesoEfv() const { return m_registro.colorTextoPeso.value_or(m_diseno.colorTextoPeso()); }
-    const std::string& formatoPesoEfv() const;
+    const ValorRasgo& efectivo(Rasgo rasgo) const;
+    AspectoVisor aspecto() const;
+
+    std::optional<std::int16_t> anchoEtiqueta() const { return tomar<std::int16_t>(propio(Rasgo::anchoEtiqueta)); }
+    void anchoEtiqueta(std::optional<std::int16_t> ancho) { propio(Rasgo::anchoEtiqueta, valorDe(ancho)); }
+    std::optional<std::int16_t> ajusteEtiqueta() const { return tomar<std::int16_t>(propio(Rasgo::ajusteEtiqueta)); }
+    void ajusteEtiqueta(std::optional<std::int16_t> ajuste) { propio(Rasgo::ajusteEtiqueta, valorDe(ajuste)); }
+    std::optional<Color> colorFondoEtiqueta() const { return tomar<Color>(propio(Rasgo::colorFondoEtiqueta)); }
+    void colorFondoEtiqueta(std::optional<Color> color) { propio(Rasgo::colorFondoEtiqueta, valorDe(color)); }
+    std::optional<Color> colorTextoEtiqueta() const { return tomar<Color>(propio(Rasgo::colorTextoEtiqueta)); }
+    void colorTextoEtiqueta(std::optional<Color> color) { propio(Rasgo::colorTextoEtiqueta, valorDe(color)); }
+    std::optional<Color> colorFondoPeso() const { return tomar<Color>(propio(Rasgo::colorFondoPeso)); }
+    void colorFondoPeso(std::optional<Color> color) { propio(Rasgo::colorFondoPeso, valorDe(color)); }
+    std::optional<Color> colorTextoPeso() const { return tomar<Color>(propio(Rasgo::colorTextoPeso)); }
+    void colorTextoPeso(std::optional<Color> color) { propio(Rasgo::colorTextoPeso, valorDe(color)); }
+    std::optional<float> ratioAlturas() const { return tomar<float>(propio(Rasgo::ratioAlturas)); }
+    void ratioAlturas(std::optional<float> ratio) { propio(Rasgo::ratioAlturas, valorDe(ratio)); }
+    std::string formatoPeso() const { return como<std::string>(propio(Rasgo::formatoPeso)); }
+    void formatoPeso(const std::string& formato) { propio(Rasgo::formatoPeso, formato); }
+
+    std::int16_t anchoEtiquetaEfv() const { return como<std::int16_t>(efectivo(Rasgo::anchoEtiqueta)); }
+    std::int16_t ajusteEtiquetaEfv() const { return como<std::int16_t>(efectivo(Rasgo::ajusteEtiqueta)); }
+    Color colorFondoEtiquetaEfv() const { return como<Color>(efectivo(Rasgo::colorFondoEtiqueta)); }
+    Color colorTextoEtiquetaEfv() const { return como<Color>(efectivo(Rasgo::colorTextoEtiqueta)); }
+    Color colorFondoPesoEfv() const { return como<Color>(efectivo(Rasgo::colorFondoPeso)); }
+    Color colorTextoPesoEfv() const { return como<Color>(efectivo(Rasgo::colorTextoPeso)); }
+    std::string formatoPesoEfv() const { return como<std::string>(efectivo(Rasgo::formatoPeso)); }
 
     const std::string& ultimoerror() const { return m_ultimoerror; }
 
@@ -105,14 +106,12 @@ public:
 private:
     // Uncertain: a painting has not come to its end, and anything may stand there.
     enum class Muestra { incierta, nada, peso, sinDatos };
-    enum class Alcance { colores, medidas };
 
     // What stands there while no weight has come.
     Muestra sinPeso() const { return m_sinEnlace ? Muestra::sinDatos : Muestra::nada; }
     bool definido() const { return m_parrilla != nullptr && m_pintura.has_value(); }
     EnlacePeso& enlace();
     void mudarse(EnlacePeso& antes);
-    AspectoVisor aspecto() const;
     bool recibir(std::string_view trama);
     bool arrancar();
     void parar();
@@ -120,7 +119,7 @@ private:
     void quitarDeLaPantalla();
     void mostrar(Muestra que);
     void pintarPeso(Muestra que);
-    void trasCambioDeAspecto(Alcance alcance);
+    void trasCambioDeAspecto(bool encaja);
     void guardar() const;
     void guardarSiIdentificado() const;
     bool error(std::string_view plantilla, std::int32_t numero);

@@ -12,10 +12,6 @@ namespace {
 
 constexpr std::int32_t PORT_MAXIMO = 99999;
 
-std::optional<Color> pintable(std::optional<Color> color) {
-    return color ? std::optional(colorPintable(*color)) : std::nullopt;
-}
-
 }  // namespace
 
 bool visor::guardarComo(std::int16_t n) {
@@ -34,27 +30,26 @@ void visor::guardarSiIdentificado() const {
     if (identificado()) guardar();
 }
 
-const std::string& visor::formatoPesoEfv() const {
-    return m_registro.formatoPeso.empty() ? m_diseno.formatoPeso() : m_registro.formatoPeso;
+void visor::propio(Rasgo rasgo, const ValorRasgo& valor) {
+    m_registro.rasgos[rasgo] = acotar(filaDe(rasgo), valor);
+    trasCambioDeAspecto(filaDe(rasgo).encaja);
+}
+
+const ValorRasgo& visor::efectivo(Rasgo rasgo) const {
+    return vacio(propio(rasgo)) ? m_diseno.valor(rasgo) : propio(rasgo);
 }
 
 AspectoVisor visor::aspecto() const {
-    AspectoVisor aspecto;
+    ValoresRasgos efectivos;
+    for (const FilaRasgo& fila : RASGOS) efectivos[fila.rasgo] = efectivo(fila.rasgo);
+    AspectoVisor aspecto = aspectoDe(efectivos);
     aspecto.etiqueta = m_registro.caption;
-    aspecto.anchoEtiqueta = anchoEtiquetaEfv();
-    aspecto.ajusteEtiqueta = ajusteEtiquetaEfv();
-    aspecto.fondoEtiqueta = colorFondoEtiquetaEfv();
-    aspecto.textoEtiqueta = colorTextoEtiquetaEfv();
-    aspecto.fondoPeso = colorFondoPesoEfv();
-    aspecto.textoPeso = colorTextoPesoEfv();
-    aspecto.formato = formatoPesoEfv();
-    aspecto.ratioAlturas = m_registro.ratioAlturas.value_or(m_diseno.ratioAlturas());
     return aspecto;
 }
 
-void visor::trasCambioDeAspecto(Alcance alcance) {
+void visor::trasCambioDeAspecto(bool encaja) {
     guardarSiIdentificado();
-    if (alcance == Alcance::medidas || m_muestra == Muestra::incierta) {
+    if (encaja || m_muestra == Muestra::incierta) {
         // Also a display that did not fit its cell until now.
         if (definido() && ubicacion()) reubicar();
     } else if (ubicado()) {
@@ -69,7 +64,7 @@ void visor::trasCambioDeAspecto(Alcance alcance) {
 void visor::caption(const std::string& texto) {
     if (ctrlVis(m_entorno).etiquetaExiste(texto)) return;
     m_registro.caption = texto;
-    trasCambioDeAspecto(Alcance::medidas);
+    trasCambioDeAspecto(true);
 }
 
 std::optional<Ubicacion> visor::ubicacion() const {
@@ -128,48 +123,6 @@ void visor::modoBulk(std::int16_t modo) {
     comun::limitar(modo, MODO_BULK_MAXIMO, 0);
     m_registro.modoBulk = modo;
     guardar();
-}
-
-void visor::anchoEtiqueta(std::optional<std::int16_t> ancho) {
-    comun::vLimitar(ancho, comun::MAXWIDLABL, 0);
-    m_registro.anchoEtiqueta = ancho;
-    trasCambioDeAspecto(Alcance::medidas);
-}
-
-void visor::ajusteEtiqueta(std::optional<std::int16_t> ajuste) {
-    comun::vLimitar(ajuste, 2, 0);
-    m_registro.ajusteEtiqueta = ajuste;
-    trasCambioDeAspecto(Alcance::colores);
-}
-
-void visor::colorFondoEtiqueta(std::optional<Color> color) {
-    m_registro.colorFondoEtiqueta = pintable(color);
-    trasCambioDeAspecto(Alcance::colores);
-}
-
-void visor::colorTextoEtiqueta(std::optional<Color> color) {
-    m_registro.colorTextoEtiqueta = pintable(color);
-    trasCambioDeAspecto(Alcance::colores);
-}
-
-void visor::colorFondoPeso(std::optional<Color> color) {
-    m_registro.colorFondoPeso = pintable(color);
-    trasCambioDeAspecto(Alcance::colores);
-}
-
-void visor::colorTextoPeso(std::optional<Color> color) {
-    m_registro.colorTextoPeso = pintable(color);
-    trasCambioDeAspecto(Alcance::colores);
-}
-
-void visor::ratioAlturas(std::optional<float> ratio) {
-    m_registro.ratioAlturas = ratio;
-    trasCambioDeAspecto(Alcance::medidas);
-}
-
-void visor::formatoPeso(const std::string& formato) {
-    m_registro.formatoPeso = formato;
-    trasCambioDeAspecto(Alcance::medidas);
 }
 
 }  // namespace sorvanel

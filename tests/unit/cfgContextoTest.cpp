@@ -42,15 +42,14 @@ TEST_F(CfgContexto, cadaValorSePintaYGuardaYNoPasaDeSusLimites) {
         {Id::lbRow, Id::imRwP, Id::imRwM, "RETICULA", "FilasColumnas", "3x2", "3", "4x2", "8", "1", "8x2", "1x2"},
         {Id::lbCol, Id::imCoP, Id::imCoM, "RETICULA", "FilasColumnas", "3x2", "2", "3x3", "8", "1", "3x8", "3x1"},
         {Id::lbGrH, Id::imGrHP, Id::imGrHM, "RETICULA", "gruesoHorizontal", "5", "5", "6", "32", "0", "32", "0"},
-        {Id::lbGrV, Id::imGrVP, Id::imGrVM, "RETICULA", "gruesoVertical", "7", "7", "8", "32", "0", "32", "0"},
-        {Id::lbWidEt, Id::imWidEtP, Id::imWidEtM, "VISORES", "anchoEtiqueta", "3", "3", "4", "6", "0", "6", "0"}};
+        {Id::lbGrV, Id::imGrVP, Id::imGrVM, "RETICULA", "gruesoVertical", "7", "7", "8", "32", "0", "32", "0"}};
     for (const auto& c : casos) {
         SCOPED_TRACE(numero(c.valor));
         abrirCon(c.seccion, std::string(c.clave) + "=" + c.enElArchivo);
         EXPECT_EQ(v().rotulo(c.valor)->texto(), c.alAbrir);
         pulsar(c.mas);
         EXPECT_EQ(e.valor(c.seccion, c.clave), c.unoMas);
-        if (c.valor != Id::lbWidEt) esperarPintado(c.clave);
+        esperarPintado(c.clave);
         pulsar(c.mas, 40);
         EXPECT_EQ(v().rotulo(c.valor)->texto(), c.arriba);
         EXPECT_EQ(e.valor(c.seccion, c.clave), c.archivoArriba);
@@ -93,9 +92,6 @@ TEST_F(CfgContexto, losColoresSeEligenConElBotonYConElMarco) {
     } casos[] = {{Id::botColFdo, Id::frColorFdo, "RETICULA", "colorFondo"},
                  {Id::botColRet, Id::frColorRet, "RETICULA", "colorReticula"},
                  {Id::botColorApp, Id::frColorApp, "RETICULA", "colorAplicacion"},
-                 {Id::botColTxEt, Id::frColorTxEt, "VISORES", "textoEtiqueta"},
-                 {Id::botColFdEt, Id::frColorFdEt, "VISORES", "fondoEtiqueta"},
-                 {Id::botColTxPe, Id::frColorTxPe, "VISORES", "textoPeso"},
                  {Id::botColFdPe, Id::frColorFdPe, "VISORES", "fondoPeso"}};
     for (const auto& c : casos) {
         SCOPED_TRACE(c.clave);
@@ -159,15 +155,11 @@ TEST_F(CfgContexto, elRatioEnseñaLoQueElDiseñoAcepto) {
     }
 }
 
-TEST_F(CfgContexto, ajusteYFormatoSeAplicanAlMomento) {
-    abrir("[VISORES]\r\najusteEtiqueta=1\r\nformatoPeso=##0.00\r\n");
-    ListaDoble* lista = v().lista(Id::lstAjte);
-    EXPECT_EQ(lista->indice(), 1);
-    EXPECT_EQ(v().caja(Id::txFmt)->texto(), "##0.00");
-    EXPECT_TRUE(lista->elegir(2));
-    EXPECT_EQ(visores("ajusteEtiqueta"), "2");
-    EXPECT_TRUE(v().caja(Id::txFmt)->reescribir("0,0 kg"));
-    EXPECT_EQ(visores("formatoPeso"), "0,0 kg");
+TEST_F(CfgContexto, elDiseñoSeAplicaAlMomento) {
+    abrir("[VISORES]\r\najusteEtiqueta=1\r\n");
+    EXPECT_EQ(v().lista(Id::lstAjte)->indice(), 1);
+    EXPECT_TRUE(v().lista(Id::lstAjte)->elegir(2) && v().caja(Id::txFmt)->reescribir("0,0 kg"));
+    EXPECT_EQ(visores("ajusteEtiqueta") + visores("formatoPeso"), "20,0 kg");
     EXPECT_EQ(v().superficie(Id::picEjVis)->textoLeyenda(), "9999.0 kg");
 }
 

@@ -245,7 +245,7 @@ TEST_F(PinturaVisorTest, OtrosColoresSinMoverNada) {
     ASSERT_TRUE(encajar());
     peso(1000, true, C);
     m_peso.olvidar();
-    aspecto.fondoPeso = static_cast<Color>(0xFF000000U) | rgb(0, 128, 0);  // beyond 24 bits
+    aspecto.fondoPeso = rgb(0, 128, 0);
     aspecto.textoPeso = rgb(255, 255, 0);
     aspecto.formato = "0";
     m_pintura.aspecto(aspecto);

@@ -88,22 +88,36 @@ TEST(visor, seNumeraDeUnoASesentaYCuatroYUnaSolaVez) {
 }
 
 TEST(visor, losValoresPropiosVencenALosDelDiseno) {
-    Banco b("[VISORES]\r\nanchoEtiqueta=3\r\nformatoPeso=0.0\r\nfondoPeso=0000FF\r\n[VISOR_1]\r\nPort=1\r\n", false);
-    const auto efectivos = [&](int ancho, const char* formato, Color fondo) {
-        EXPECT_EQ(b.v->anchoEtiquetaEfv(), ancho);
-        EXPECT_EQ(b.v->formatoPesoEfv(), formato);
-        EXPECT_EQ(b.v->colorFondoPesoEfv(), fondo);
+    Banco b(
+        "[VISORES]\r\nanchoEtiqueta=3\r\najusteEtiqueta=0\r\nfondoEtiqueta=1\r\ntextoEtiqueta=2\r\nfondoPeso=3\r\n"
+        "textoPeso=4\r\nformatoPeso=0.0\r\nratioAlturas=0,5\r\n[VISOR_1]\r\nPort=1\r\n",
+        false);
+    visor& v = *b.v;
+    const auto efectivos = [&] {
+        return std::tuple(v.anchoEtiquetaEfv(), v.ajusteEtiquetaEfv(), v.colorFondoEtiquetaEfv(),
+                          v.colorTextoEtiquetaEfv(), v.colorFondoPesoEfv(), v.colorTextoPesoEfv(), v.formatoPesoEfv(),
+                          v.aspecto().ratioAlturas);
     };
-    efectivos(3, "0.0", ROJO);
-    EXPECT_EQ(b.v->colorFondoEtiquetaEfv(), 0xFF0000) << "the default is pure blue";
-    b.v->anchoEtiqueta(9);
-    b.v->formatoPeso("0.00");
-    b.v->colorFondoPeso(NEGRO);
-    efectivos(6, "0.00", NEGRO);
-    b.v->anchoEtiqueta(std::nullopt);
-    b.v->formatoPeso("");
-    b.v->colorFondoPeso(std::nullopt);
-    efectivos(3, "0.0", ROJO);
+    const auto propios = [&] {
+        return std::tuple(v.anchoEtiqueta(), v.ajusteEtiqueta(), v.colorFondoEtiqueta(), v.colorTextoEtiqueta(),
+                          v.colorFondoPeso(), v.colorTextoPeso(), v.formatoPeso(), v.ratioAlturas());
+    };
+    const auto poner = [&](auto ancho, auto ajuste, auto color, const char* formato, auto ratio) {
+        v.anchoEtiqueta(ancho), v.ajusteEtiqueta(ajuste), v.formatoPeso(formato), v.ratioAlturas(ratio);
+        v.colorFondoEtiqueta(color(5)), v.colorTextoEtiqueta(color(6)), v.colorFondoPeso(color(7));
+        v.colorTextoPeso(color(8));
+    };
+    const std::tuple comunes(3, 0, 1, 2, 3, 4, "0.0", 0.5F), suyos(6, 1, 5, 6, 7, 8, "0.00", 2.5F);
+    EXPECT_EQ(efectivos(), comunes);
+    poner(
+        9, 1, [](int n) { return static_cast<Color>(0xFF000000U) | n; }, "0.00", 2.5F);  // 24 bits are kept
+    EXPECT_EQ(efectivos(), suyos);
+    EXPECT_EQ(propios(), suyos);
+    const auto nada = std::nullopt;
+    poner(
+        nada, nada, [&](int) { return nada; }, "", nada);
+    EXPECT_EQ(efectivos(), comunes);
+    EXPECT_EQ(propios(), std::tuple(nada, nada, nada, nada, nada, nada, "", nada));
 }
 
 TEST(visor, cadaNegativaAUbicarTieneSuTexto) {

@@ -94,16 +94,18 @@ TEST(diseñoVisor, tieneOmisionesYLimites) {
         const char* ini;
         int ancho, ajuste;
         float ratio;
-    } casos[] = {{"", 2, 2, 0.95F},
-                 {"anchoEtiqueta=12\r\najusteEtiqueta=-3\r\nratioAlturas=1.5", 6, 0, 1.5F},
-                 {"anchoEtiqueta=-3\r\najusteEtiqueta=9\r\nratioAlturas=0,5", 0, 2, 0.5F},
-                 {"anchoEtiqueta=x\r\nratioAlturas=x", 2, 2, 0.95F}};
+        Color fondo;
+    } casos[] = {
+        {"", 2, 2, 0.95F, 0xFF0000},
+        {"anchoEtiqueta=12\r\najusteEtiqueta=-3\r\nratioAlturas=1.5\r\nfondoEtiqueta=FF00000A", 6, 0, 1.5F, 10},
+        {"anchoEtiqueta=-3\r\najusteEtiqueta=9\r\nratioAlturas=0,5\r\nfondoEtiqueta=B rojo", 0, 2, 0.5F, 11},
+        {"anchoEtiqueta=x\r\nratioAlturas=x\r\nfondoEtiqueta=x", 2, 2, 0.95F, 0}};
     for (const auto& c : casos) {
         EntornoDoble e;
         e.ini(std::string("[VISORES]\r\n") + c.ini + "\r\n");
         const diseñoVisor d(e.entorno);
-        EXPECT_EQ(std::tuple(d.anchoEtiqueta(), d.ajusteEtiqueta(), d.ratioAlturas()),
-                  std::tuple(c.ancho, c.ajuste, c.ratio))
+        EXPECT_EQ(std::tuple(d.anchoEtiqueta(), d.ajusteEtiqueta(), d.ratioAlturas(), d.colorFondoEtiqueta()),
+                  std::tuple(c.ancho, c.ajuste, c.ratio, c.fondo))
             << c.ini;
     }
 }
@@ -115,12 +117,14 @@ TEST(diseñoVisor, cadaEscrituraGuardaTodaLaSeccion) {
         d.ratioAlturas(negado);
         EXPECT_EQ(e.ini(), "") << negado;
     }
-    d.ratioAlturas(0.45F);
-    d.anchoEtiqueta(7);
-    d.colorTextoPeso(ROJO);
+    d.anchoEtiqueta(7), d.ajusteEtiqueta(1), d.ratioAlturas(0.45F), d.formatoPeso("");
+    d.colorFondoEtiqueta(1), d.colorTextoEtiqueta(2), d.colorFondoPeso(3), d.colorTextoPeso(0x7F000004);
     EXPECT_EQ(e.ini(),
-              "[VISORES]\r\nanchoEtiqueta=6\r\najusteEtiqueta=2\r\nfondoEtiqueta=FF0000\r\ntextoEtiqueta=FFFFFF\r\n"
-              "fondoPeso=FFFFFF\r\ntextoPeso=0000FF\r\nformatoPeso=####0\r\nratioAlturas=0,45\r\n");
+              "[VISORES]\r\nanchoEtiqueta=6\r\najusteEtiqueta=1\r\nfondoEtiqueta=000001\r\ntextoEtiqueta=000002\r\n"
+              "fondoPeso=000003\r\ntextoPeso=000004\r\nformatoPeso=\r\nratioAlturas=0,45\r\n");
+    EXPECT_EQ(std::tuple(d.anchoEtiqueta(), d.ajusteEtiqueta(), d.colorFondoEtiqueta(), d.colorTextoEtiqueta(),
+                         d.colorFondoPeso(), d.colorTextoPeso(), d.formatoPeso(), d.ratioAlturas()),
+              std::tuple(6, 1, 1, 2, 3, 4, "", 0.45F));
 }
 
 }  // namespace

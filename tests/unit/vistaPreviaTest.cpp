@@ -27,17 +27,17 @@ protected:
     SuperficieDoble& peso = *formulario.superficie(IdControl::picEjVis);
 
     void SetUp() override { previa.comoPieza().colocar(ZONA); }
-    void pintar(std::int16_t ancho, std::int16_t ajuste, const char* formato = "0") {
+    void pintar(int ancho, int ajuste, const char* formato = "0") {
         etiqueta.olvidar();
         peso.olvidar();
-        previa.aspecto({ancho, ajuste, 0x112233, 0x445566, 0x778899, 0xAABBCC, formato});
+        previa.aspecto({"", ancho, ajuste, 0x112233, 0x445566, 0x778899, 0xAABBCC, formato, 1});
     }
 };
 
 // A unit is 210 twips, and the caption's letter 294.
 TEST_F(PreviaTest, laEtiquetaTieneUnaUnidadMasDeAnchoYSeAjusta) {
     const struct {
-        std::int16_t ancho, ajuste;
+        int ancho, ajuste;
         float anchoEtiqueta, x;
     } casos[] = {{1, 0, 420, 105}, {1, 1, 420, 21}, {1, 2, 420, 63}, {6, 0, 1470, 105}, {6, 1, 1470, 1071}};
     for (const auto& c : casos) {
