@@ -56,7 +56,7 @@ TEST(Simulador, LasMalasNuncaSonBuenas) {
         return lineaMala(static_cast<ClaseLinea>(clase), linea, azar);
     });
     comprobar(CLASESTRAMA, "ECX+00012345\r", [](std::size_t clase, const std::string& trama, auto azar) {
-        const std::string mala = tramaMala(static_cast<ClaseTrama>(clase), trama, azar);
+        std::string mala = tramaMala(static_cast<ClaseTrama>(clase), trama, azar);
         EXPECT_TRUE(mala.empty() || mala.back() == '\r');
         return mala;
     });

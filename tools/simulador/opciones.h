@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
@@ -104,9 +105,9 @@ struct Opciones {
 
     std::size_t indicadores() const { return concentrador ? direcciones.size() : puertos.size(); }
     bool callado(std::size_t indicador, Instante instante) const {
-        for (const auto& callada : calladas)
-            if (callada.indicador == indicador && callada.cuando.contiene(instante)) return true;
-        return false;
+        return std::any_of(calladas.begin(), calladas.end(), [&](const Callada& callada) {
+            return callada.indicador == indicador && callada.cuando.contiene(instante);
+        });
     }
 };
 

@@ -1,6 +1,7 @@
 #include "simulador/sesion.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "simulador/azar.h"
 
@@ -14,8 +15,8 @@ constexpr Instante TRASAVISO = std::chrono::milliseconds{100};
 
 }  // namespace
 
-Sesion::Sesion(const Opciones& opciones, const Faltas& faltas, std::uint64_t semilla)
-    : m_opciones(opciones), m_faltas(faltas), m_semilla(semilla), m_cuentas(opciones.direcciones.size()) {
+Sesion::Sesion(const Opciones& opciones, Faltas faltas, std::uint64_t semilla)
+    : m_opciones(opciones), m_faltas(std::move(faltas)), m_semilla(semilla), m_cuentas(opciones.direcciones.size()) {
     for (std::size_t i = 0; i < opciones.direcciones.size(); ++i)
         m_fuentes.emplace_back(opciones.peso, i, opciones.direcciones[i].numero(), mezclar(semilla, i),
                                unidad(opciones.decimales), maximo(opciones.decimales));

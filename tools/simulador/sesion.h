@@ -19,7 +19,7 @@ public:
     enum class Fin { Sigue, Cierra, Reinicia };
 
     // `opciones` must outlive it.
-    Sesion(const Opciones& opciones, const Faltas& faltas, std::uint64_t semilla);
+    Sesion(const Opciones& opciones, Faltas faltas, std::uint64_t semilla);
 
     void alRecibir(std::string_view datos);
     // Does what is due, as long as the output has room: past `CABIDA` it waits, and loses nothing. Answers when there
