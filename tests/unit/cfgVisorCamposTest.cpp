@@ -86,15 +86,10 @@ TEST_F(CamposVisor, soloLoTecleadoEsUnaEntrada) {
         bool pavona;
         std::vector<const char*> tecleado;
         const char *queda, *guarda;
-    } casos[] = {{false, {""}, "", "3001"},
-                 {false, {"", ""}, "3001", "3001"},
-                 {true, {"", ""}, "30/1", "3001"},
-                 {false, {"", "", ""}, "", "3001"},
-                 {true, {"", "", "", ""}, "30/1", "3001"},
-                 {false, {"5", ""}, "3001", "3001"},
-                 {false, {"", "5"}, "", "3001"},
-                 {false, {"", "5>"}, "", "5"},
-                 {false, {"", "5>", ""}, "0/5", "5"}};
+    } casos[] = {{false, {""}, "", "3001"},          {false, {"", ""}, "3001", "3001"},
+                 {true, {"", ""}, "30/1", "3001"},   {false, {"", "", ""}, "", "3001"},
+                 {false, {"5", ""}, "3001", "3001"}, {false, {"", "5"}, "", "3001"},
+                 {false, {"", "5>"}, "", "5"},       {false, {"", "5>", ""}, "0/5", "5"}};
     for (const auto& c : casos) {
         for (const bool cerrando : {false, true}) {
             SCOPED_TRACE(std::to_string(&c - casos) + (cerrando ? " closing" : " leaving"));
@@ -195,6 +190,9 @@ TEST_F(CamposVisor, cambiarDeFamiliaVaciaElPortYMuestraLaConexionComun) {
         EXPECT_EQ(clave(1, "Protocolo"), familia);
         EXPECT_EQ(v().imagen(Id::imPtc, 1)->textoNombre, "Visor 1: familia " + familia);
         EXPECT_EQ(v().imagen(Id::imPtc, 1)->imagen, dibujo);
+        EXPECT_EQ(v().imagen(Id::imPtc, 1)->textoSugerencia, "Visor 1: familia " + familia +
+                                                                 (pavona ? ", conexión común. Pulse para pasar a Tessel"
+                                                                         : ", port propio. Pulse para pasar a Pavona"));
         for (const auto& [id, n] : {std::pair(Id::lbPav, 1), {Id::frPav, 0}, {Id::txPavHost, 0}, {Id::txPavPort, 0}})
             EXPECT_EQ(v().control(id, n)->seVe, pavona);
         EXPECT_FALSE(v().control(Id::lbPav, 2)->seVe);
@@ -203,6 +201,9 @@ TEST_F(CamposVisor, cambiarDeFamiliaVaciaElPortYMuestraLaConexionComun) {
         EXPECT_EQ(caja(Id::txPort, 1).texto(), "");
         EXPECT_TRUE(conFoco(Id::txPort, 1));
     };
+    EXPECT_EQ(caja(Id::txPort, 1).textoSugerencia,
+              "Port del visor; en la familia Pavona, su dirección A/B, como en 12/3");
+    EXPECT_EQ(v().lista(Id::lstModo, 1)->textoSugerencia, "Qué lectura muestra un visor de la familia Pavona");
     caja(Id::txEtq, 2).irA();
     ASSERT_TRUE(v().imagen(Id::imPtc, 1)->pulsar());
     esperar("Pavona", Dibujo::pavona, true);
@@ -227,7 +228,6 @@ TEST_F(CamposVisor, elModoSeGuardaAlElegirlo) {
 
 TEST_F(CamposVisor, laConexionComunSeGuardaACadaCambio) {
     abrirCon(1, "Protocolo=Pavona\r\n");
-    EXPECT_EQ(caja(Id::txPavHost).texto() + ":" + caja(Id::txPavPort).texto(), "localhost:9084");
     caja(Id::txPavHost).reescribir("  báscula 1 ");
     EXPECT_EQ(e.valor("PAVONA", "Host"), "báscula 1");
     const struct {
