@@ -9,6 +9,7 @@
 #include "dialogs/filaColor.h"
 #include "dialogs/filaValor.h"
 #include "dialogs/vistaPrevia.h"
+#include "screen/monitores.h"
 
 namespace sorvanel {
 
@@ -223,9 +224,16 @@ void cfgContexto::soltar() {
     m_diseño.reset();
 }
 
-// The window goes there at once, and the tool with it.
+// The window goes there at once, and the tool with it. One whose data cannot be had is passed over.
 int cfgContexto::elegirMonitor(int indice) {
-    mesa().cambiarMonitor(static_cast<std::int16_t>(indice));
+    const Monitores monitores(entorno().monitores);
+    const std::int16_t actual = oScreen(entorno()).monitorActual();
+    const auto paso = static_cast<std::int16_t>(indice < actual ? -1 : 1);
+    auto elegido = static_cast<std::int16_t>(indice);
+    while (elegido >= 1 && elegido <= monitores.cuantos() && !monitores.existe(elegido))
+        elegido = static_cast<std::int16_t>(elegido + paso);
+    if (!monitores.existe(elegido)) return actual;
+    mesa().cambiarMonitor(elegido);
     seguirMonitor(mesa().monitorEnUso());
     return oScreen(entorno()).monitorActual();
 }

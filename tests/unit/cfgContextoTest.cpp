@@ -83,6 +83,13 @@ TEST_F(CfgContexto, losMonitoresSeCuentanAlPulsar) {
     pulsar(Id::imMoM, 2);
     EXPECT_EQ(mostrado(), "1");
     EXPECT_EQ(v().centrado, primero);
+
+    // One whose data cannot be had is passed over, there and back.
+    e.monitores.lista = {primero, Monitor{}, segundo, Monitor{}};
+    pulsar(Id::imMoP, 3);
+    EXPECT_EQ(mostrado(), "3");
+    pulsar(Id::imMoM);
+    EXPECT_EQ(mostrado(), "1");
 }
 
 TEST_F(CfgContexto, losColoresSeEligenConElBotonYConElMarco) {
