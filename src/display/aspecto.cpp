@@ -6,6 +6,23 @@
 
 namespace sorvanel {
 
+namespace {
+
+ValorRasgo leerSinAcotar(ClaseRasgo clase, const std::string& texto) {
+    switch (clase) {
+        case ClaseRasgo::color:
+            return valorDe(leerHexadecimal(texto));
+        case ClaseRasgo::texto:
+            return texto;
+        case ClaseRasgo::razon:
+            return valorDe(leerReal(texto));
+        default:
+            return valorDe(leerEntero16(texto));
+    }
+}
+
+}  // namespace
+
 ValorRasgo acotar(const FilaRasgo& fila, ValorRasgo valor) {
     if (auto* const n = std::get_if<std::int32_t>(&valor)) {
         *n = fila.clase == ClaseRasgo::color ? colorPintable(*n) : std::clamp(*n, 0, fila.maximo);
@@ -15,16 +32,7 @@ ValorRasgo acotar(const FilaRasgo& fila, ValorRasgo valor) {
 }
 
 ValorRasgo leerRasgo(const FilaRasgo& fila, const std::string& texto) {
-    switch (fila.clase) {
-        case ClaseRasgo::color:
-            return acotar(fila, valorDe(leerHexadecimal(texto)));
-        case ClaseRasgo::texto:
-            return acotar(fila, texto);
-        case ClaseRasgo::razon:
-            return valorDe(leerReal(texto));
-        default:
-            return acotar(fila, valorDe(leerEntero16(texto)));
-    }
+    return acotar(fila, leerSinAcotar(fila.clase, texto));
 }
 
 std::string escribirRasgo(const FilaRasgo& fila, const ValorRasgo& valor, const std::string& separadorDecimal) {

@@ -123,29 +123,5 @@ TEST(Pesos, ElSilencioSonCincoRayasRojas) {
     EXPECT_TRUE(programa.terminar());
 }
 
-TEST(Pesos, LoQueNoEsUnPesoNoLoMantieneVivo) {
-    const int puerto = puertosLibres();
-    Programa programa(unVisor(puerto));
-    programa.arrancar();
-    ASSERT_TRUE(programa.esperarVisible(IdControl::botPau));
-    EmisorUDP indicador;
-    indicador.enviar(puerto, trama(5000));
-    ASSERT_TRUE(programa.esperarTexto(IdControl::picRep, 1, "0005.0"));
-    // A minus sign ten times a second: no silence on the wire, and no weight either.
-    const ULONGLONG inicio = GetTickCount64();
-    ULONGLONG ultima = 0;
-    EXPECT_TRUE(esperar(
-        [&] {
-            if (GetTickCount64() - ultima >= 100) {
-                indicador.enviar(puerto, "XXX-00005000\r");
-                ultima = GetTickCount64();
-            }
-            return programa.texto(IdControl::picRep, 1) == SIN_DATOS;
-        },
-        15000));
-    EXPECT_GT(GetTickCount64() - inicio, 8000U) << "given up too early";
-    EXPECT_TRUE(programa.terminar());
-}
-
 }  // namespace
 }  // namespace sorvanel::pruebas

@@ -163,8 +163,9 @@ TEST_F(CfgContexto, elRatioEnseñaLoQueElDiseñoAcepto) {
 }
 
 TEST_F(CfgContexto, elDiseñoSeAplicaAlMomento) {
-    abrir("[VISORES]\r\najusteEtiqueta=1\r\n");
+    abrir("[VISORES]\r\najusteEtiqueta=1\r\nratioAlturas=20\r\n");
     EXPECT_EQ(v().lista(Id::lstAjte)->indice(), 1);
+    EXPECT_EQ(v().caja(Id::txRatio)->texto(), "999") << "all that the box has room for";
     EXPECT_TRUE(v().lista(Id::lstAjte)->elegir(2) && v().caja(Id::txFmt)->reescribir("0,0 kg"));
     EXPECT_EQ(visores("ajusteEtiqueta") + visores("formatoPeso"), "20,0 kg");
     EXPECT_EQ(v().superficie(Id::picEjVis)->textoLeyenda(), "9999.0 kg");

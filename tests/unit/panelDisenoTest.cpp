@@ -145,7 +145,8 @@ TEST_F(PanelDiseno, cadaCambioEsDelVisorAlMomentoYSeVeEnLaMuestra) {
     EXPECT_EQ(peso.textoLeyenda(), "9999") << "the shared format again";
     const struct {
         const char *teclas, *guarda, *queda;
-    } ratios[] = {{"4x5", "0,45", "45"}, {"057", "0,57", "57"}, {"", "0,57", "57"}, {"1000", "1", "100"}};
+    } ratios[] = {
+        {"4x5", "0,45", "45"}, {"057", "0,57", "57"}, {"57", "0,57", "57"}, {"", "0,57", "57"}, {"1000", "1", "100"}};
     for (const auto& r : ratios) {
         caja(Id::txRatio).reescribir(r.teclas);
         EXPECT_EQ(clave(1, "ratioAlturas"), r.guarda);

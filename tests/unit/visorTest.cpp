@@ -93,31 +93,50 @@ TEST(visor, losValoresPropiosVencenALosDelDiseno) {
         "textoPeso=4\r\nformatoPeso=0.0\r\nratioAlturas=0,5\r\n[VISOR_1]\r\nPort=1\r\n",
         false);
     visor& v = *b.v;
-    const auto efectivos = [&] {
-        return std::tuple(v.anchoEtiquetaEfv(), v.ajusteEtiquetaEfv(), v.colorFondoEtiquetaEfv(),
-                          v.colorTextoEtiquetaEfv(), v.colorFondoPesoEfv(), v.colorTextoPesoEfv(), v.formatoPesoEfv(),
-                          v.aspecto().ratioAlturas);
-    };
-    const auto propios = [&] {
-        return std::tuple(v.anchoEtiqueta(), v.ajusteEtiqueta(), v.colorFondoEtiqueta(), v.colorTextoEtiqueta(),
-                          v.colorFondoPeso(), v.colorTextoPeso(), v.formatoPeso(), v.ratioAlturas());
+    const auto esperar = [&](const auto& efectivos, const auto& propios) {
+        const AspectoVisor a = v.aspecto();
+        EXPECT_EQ(std::tuple(a.anchoEtiqueta, a.ajusteEtiqueta, a.fondoEtiqueta, a.textoEtiqueta, a.fondoPeso,
+                             a.textoPeso, a.formato, a.ratioAlturas),
+                  efectivos);
+        EXPECT_EQ(std::tuple(v.anchoEtiquetaEfv(), v.ajusteEtiquetaEfv(), v.colorFondoEtiquetaEfv(),
+                             v.colorTextoEtiquetaEfv(), v.colorFondoPesoEfv(), v.colorTextoPesoEfv(),
+                             v.formatoPesoEfv(), a.ratioAlturas),
+                  efectivos);
+        EXPECT_EQ(std::tuple(v.anchoEtiqueta(), v.ajusteEtiqueta(), v.colorFondoEtiqueta(), v.colorTextoEtiqueta(),
+                             v.colorFondoPeso(), v.colorTextoPeso(), v.formatoPeso(), v.ratioAlturas()),
+                  propios);
     };
     const auto poner = [&](auto ancho, auto ajuste, auto color, const char* formato, auto ratio) {
         v.anchoEtiqueta(ancho), v.ajusteEtiqueta(ajuste), v.formatoPeso(formato), v.ratioAlturas(ratio);
         v.colorFondoEtiqueta(color(5)), v.colorTextoEtiqueta(color(6)), v.colorFondoPeso(color(7));
         v.colorTextoPeso(color(8));
     };
-    const std::tuple comunes(3, 0, 1, 2, 3, 4, "0.0", 0.5F), suyos(6, 1, 5, 6, 7, 8, "0.00", 2.5F);
-    EXPECT_EQ(efectivos(), comunes);
-    poner(
-        9, 1, [](int n) { return static_cast<Color>(0xFF000000U) | n; }, "0.00", 2.5F);  // 24 bits are kept
-    EXPECT_EQ(efectivos(), suyos);
-    EXPECT_EQ(propios(), suyos);
     const auto nada = std::nullopt;
+    const std::tuple comunes(3, 0, 1, 2, 3, 4, "0.0", 0.5F), suyos(6, 1, 5, 6, 7, 8, "0.00", 2.5F);
+    const std::tuple ninguno(nada, nada, nada, nada, nada, nada, "", nada);
+    esperar(comunes, ninguno);
+    const auto de32Bits = [](int n) { return static_cast<Color>(0xFF000000U) | n; };
+    poner(9, 1, de32Bits, "0.00", 2.5F);
+    esperar(suyos, suyos);
     poner(
         nada, nada, [&](int) { return nada; }, "", nada);
-    EXPECT_EQ(efectivos(), comunes);
-    EXPECT_EQ(propios(), std::tuple(nada, nada, nada, nada, nada, nada, "", nada));
+    esperar(comunes, ninguno);
+}
+
+TEST(visor, soloSeEncajaDeNuevoDondeCambianLasMedidas) {
+    const std::tuple<Rasgo, ValorRasgo, bool> casos[] = {
+        {Rasgo::anchoEtiqueta, 5, true},   {Rasgo::formatoPeso, "0.000", true},  {Rasgo::ratioAlturas, 0.2F, true},
+        {Rasgo::ajusteEtiqueta, 0, false}, {Rasgo::colorFondoPeso, ROJO, false}, {Rasgo::colorTextoPeso, ROJO, false}};
+    for (const auto& [rasgo, valor, encaja] : casos) {
+        Banco b(TESSEL);
+        b.arrancar();
+        b.picCap.olvidar();
+        b.v->propio(rasgo, valor);
+        const auto& lineas = b.picCap.lineas();
+        EXPECT_FALSE(lineas.empty());
+        EXPECT_EQ(std::any_of(lineas.begin(), lineas.end(), [](auto& l) { return l.starts_with("colocar"); }), encaja)
+            << filaDe(rasgo).clave;
+    }
 }
 
 TEST(visor, cadaNegativaAUbicarTieneSuTexto) {
