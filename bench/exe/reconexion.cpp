@@ -63,7 +63,7 @@ public:
         return (m_observado->segundosCPU() - antes) * 100 / (ahora() - inicio);
     }
 
-    double porcentajeEnPausa(double segundos) const {
+    double porcentajeEnPausa(double segundos) {
         m_programa.pulsar(IdControl::botPau);
         exigir(m_programa.esperarVisible(IdControl::botRun), "the program does not pause");
         return porcentajeCPU(segundos);
