@@ -85,7 +85,7 @@ private:
     Estado m_estado = Estado::iniciando;
     bool m_activado = false;
     bool m_descargado = false;
-    const std::unique_ptr<Temporizador> m_espera;     // until the settings can be read
+    const std::unique_ptr<Temporizador> m_espera;     // until the start has come to its end
     const std::unique_ptr<Temporizador> m_reintento;  // of displays that could not be started
     const std::unique_ptr<Temporizador> m_plazoAviso;
     bool m_conCopia = false;  // of the settings as they were when the configuration was entered
