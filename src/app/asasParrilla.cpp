@@ -12,8 +12,8 @@ constexpr float LADO = aTwips(24);
 
 AsasParrilla::AsasParrilla(Formulario& formulario, std::function<void()> trasMover)
     : m_trasMover(std::move(trasMover)),
-      m_imDrgXY(formulario.crearAsa(IdControl::imDrgXY)),
-      m_imDrgWH(formulario.crearAsa(IdControl::imDrgWH)) {
+      m_imDrgXY(formulario.crear<Asa>(IdControl::imDrgXY)),
+      m_imDrgWH(formulario.crear<Asa>(IdControl::imDrgWH)) {
     m_imDrgXY->nombre("Mover la esquina superior izquierda de la parrilla (ratón o flechas)");
     m_imDrgWH->nombre("Mover la esquina inferior derecha de la parrilla (ratón o flechas)");
     m_imDrgXY->oyente(&m_oyenteXY);

@@ -11,6 +11,7 @@ constexpr float ALTO_BARRA = aTwips(32);
 constexpr float ALTO_BOTON = aTwips(26);
 constexpr float ANCHO_BOTON = aTwips(52);
 constexpr float ANCHO_SOLO_DIBUJO = aTwips(44);
+constexpr float ALREDEDOR = aTwips(44);  // of a caption: the picture, and the margins between and outside
 constexpr float ANCHO_VERSION = aTwips(64);
 constexpr Color COLOR_BARRA = rgb(0xE6, 0xEA, 0xEE);
 constexpr Color COLOR_FILO = rgb(0xB4, 0xBD, 0xC6);
@@ -61,13 +62,14 @@ bool visibleEn(const Definicion& definicion, Estado estado) {
 }  // namespace
 
 BarraBotones::BarraBotones(Formulario& formulario)
-    : m_picBot(formulario.crearSuperficie(IdControl::picBot, 0)),
+    : m_formulario(formulario),
+      m_picBot(formulario.crearSuperficie(IdControl::picBot, 0)),
       m_lbVer(formulario.crearSuperficie(IdControl::lbVer, 0)) {
     for (std::size_t i = 0; i < BOTONES.size(); ++i) {
-        m_botones[i] = formulario.crearBoton(BOTONES[i].id);
+        m_botones[i] = formulario.crear<Boton>(BOTONES[i].id);
+        m_botones[i]->estilo(EstiloBoton::barra);
         m_botones[i]->dibujo(BOTONES[i].dibujo);
         m_botones[i]->nombre(BOTONES[i].nombre);
-        m_botones[i]->colorDetras(COLOR_BARRA);
     }
 }
 
@@ -78,7 +80,7 @@ Boton& BarraBotones::boton(IdControl id) {
 }
 
 void BarraBotones::alPulsar(IdControl id, std::function<void()> accion) {
-    boton(id).alPulsar(std::move(accion));
+    boton(id).alActuar(std::move(accion));
 }
 
 void BarraBotones::version(const std::string& texto) {
@@ -121,14 +123,14 @@ float BarraBotones::disponerHerramientas(float limite) {
     std::array<float, HERRAMIENTAS> anchos{};
     float total = SEPARACION;
     for (std::size_t i = 0; i < HERRAMIENTAS; ++i) {
-        anchos[i] = m_botones[i]->anchoRotulo(BOTONES[i].rotulo);
+        anchos[i] = m_formulario.medir(BOTONES[i].rotulo).ancho + ALREDEDOR;
         total += anchos[i] + SEPARACION;
     }
     const bool caben = total <= limite;
     float x = SEPARACION;
     for (std::size_t i = 0; i < HERRAMIENTAS; ++i) {
         const float propio = caben ? anchos[i] : ANCHO_SOLO_DIBUJO;
-        m_botones[i]->rotulo(caben ? BOTONES[i].rotulo : "");
+        m_botones[i]->texto(caben ? BOTONES[i].rotulo : "");
         m_botones[i]->colocar({x, m_arriba, propio, ALTO_BOTON});
         x += propio + SEPARACION;
     }
@@ -167,11 +169,6 @@ void BarraBotones::estado(Estado estado) {
 }
 
 void BarraBotones::refrescar() {
-    for (const IdControl id :
-         {IdControl::botDise, IdControl::botVisores, IdControl::botMensaje, IdControl::botOk, IdControl::botCan,
-          IdControl::botPau, IdControl::botRun, IdControl::botCfg, IdControl::botOff}) {
-        boton(id).refrescar();
-    }
     m_picBot->refrescar();
 }
 

@@ -35,6 +35,7 @@ private:
     void pintarFondo();
     void pintarVersion(float izquierda, float derecha);
 
+    Formulario& m_formulario;
     std::unique_ptr<Superficie> m_picBot;
     std::unique_ptr<Superficie> m_lbVer;
     std::array<std::unique_ptr<Boton>, 10> m_botones;

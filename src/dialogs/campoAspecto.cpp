@@ -56,7 +56,7 @@ CampoAspecto::CampoAspecto(TallerDialogo& taller, DialogosSistema& sistema, cons
             break;
         case ClaseRasgo::opcion:
             m_lista = taller.lista(m_datos.fila.control, 0, m_datos.fila.opciones, texto());
-            m_lista->alElegir([this] { m_datos.alCambiar(m_lista->indice()); });
+            m_lista->alActuar([this] { m_datos.alCambiar(m_lista->indice()); });
             break;
         case ClaseRasgo::color:
             crearColor(sistema);
@@ -89,7 +89,7 @@ void CampoAspecto::crearCaja(const TextosCaja& textos) {
     constexpr int CIFRAS_RATIO = 3;
     m_caja = m_taller.cajaTexto(m_datos.fila.control, 0, std::string(textos.nombre),
                                 std::string(m_datos.propio ? textos.sugerenciaPropio : textos.sugerenciaComun));
-    m_caja->alCambiar([this] { alEscribir(); });
+    m_caja->alActuar([this] { alEscribir(); });
     if (clase() == ClaseRasgo::texto) return;
     m_caja->longitudMaxima(CIFRAS_RATIO);
     m_caja->filtro(filtroNumerico);

@@ -116,7 +116,7 @@ void cfgContexto::crearParrilla() {
         if (i == COLOR_APLICACION) {
             m_c->ckTrpa = taller().casilla(IdControl::ckTrpa, 0, TEXTO_TRANSPARENTE,
                                            "Solo se ven la parrilla y la barra: alrededor queda lo que haya detrás");
-            m_c->ckTrpa->alPulsar([this] { alPulsarTransparente(); });
+            m_c->ckTrpa->alActuar([this] { alPulsarTransparente(); });
         }
         m_c->colores[i] = std::make_unique<FilaColor>(
             taller(), sistema(),

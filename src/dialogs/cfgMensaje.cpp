@@ -42,7 +42,7 @@ struct cfgMensaje::Controles {
     std::unique_ptr<Rotulo> lbUsar;
     std::unique_ptr<Rotulo> rotuloTexto;
     std::unique_ptr<CajaTexto> txTexto;
-    std::unique_ptr<BotonTexto> botFont;
+    std::unique_ptr<Boton> botFont;
     std::unique_ptr<Rotulo> rotuloFuente;
     std::unique_ptr<FilaColor> colorTexto, colorFondo;
     std::unique_ptr<FilaValor> velocidad;
@@ -66,9 +66,9 @@ void cfgMensaje::crearControles() {
     m_c->ckUsar = taller().casilla(IdControl::ckUsar, 0, {});
     m_c->ckUsar->nombre(TEXTO_USAR);
     m_c->ckUsar->sugerencia("Un texto que se ve a lo ancho de la pantalla, encima de la barra");
-    m_c->ckUsar->alPulsar([this] { alPulsarUsar(); });
+    m_c->ckUsar->alActuar([this] { alPulsarUsar(); });
     m_c->lbUsar = taller().rotulo(IdControl::lbUsar, 0, TEXTO_USAR);
-    m_c->lbUsar->alPulsar([this] {
+    m_c->lbUsar->alActuar([this] {
         m_c->ckUsar->marcada(!m_c->ckUsar->marcada());
         alPulsarUsar();
     });
@@ -80,12 +80,12 @@ void cfgMensaje::crearControles() {
 void cfgMensaje::crearTexto() {
     m_c->rotuloTexto = taller().rotulo("Texto");
     m_c->txTexto = taller().cajaTexto(IdControl::txTexto, 0, "Texto del mensaje");
-    m_c->txTexto->alCambiar([this] { mesa().mensaje().texto(m_c->txTexto->texto()); });
+    m_c->txTexto->alActuar([this] { mesa().mensaje().texto(m_c->txTexto->texto()); });
 }
 
 void cfgMensaje::crearFuente() {
     m_c->botFont = taller().botonTexto(IdControl::botFont, 0, TEXTO_FUENTE, "Elegir la fuente del mensaje");
-    m_c->botFont->alPulsar([this] { elegirFuente(); });
+    m_c->botFont->alActuar([this] { elegirFuente(); });
     m_c->rotuloFuente = taller().rotulo("");
     m_c->colorTexto = std::make_unique<FilaColor>(
         taller(), sistema(),

@@ -22,9 +22,9 @@ constexpr const char* MUESTRA_PAGINA = "Visores 57 a 64 de 64";
 
 struct cfgVisor::Controles {
     std::unique_ptr<PaginaVisores> pagina;
-    std::unique_ptr<BotonTexto> botNvo, botElim;
+    std::unique_ptr<Boton> botNvo, botElim;
     std::unique_ptr<Rotulo> lbPag;
-    std::unique_ptr<BotonImagen> imSubir, imBajar;
+    std::unique_ptr<Boton> imSubir, imBajar;
     std::unique_ptr<ConexionPavona> pavona;
     std::unique_ptr<PanelDiseno> panel;
 };
@@ -56,17 +56,17 @@ void cfgVisor::crearControles() {
     m_c->pagina = std::make_unique<PaginaVisores>(taller(), tabla);
     m_c->botNvo = taller().botonTexto(IdControl::botNvo, 0, TEXTO_NUEVO, "Añadir un visor al final");
     m_c->botNvo->dibujo(Dibujo::nuevo);
-    m_c->botNvo->alPulsar([this] { nuevo(); });
+    m_c->botNvo->alActuar([this] { nuevo(); });
     m_c->botElim = taller().botonTexto(IdControl::botElim, 0, TEXTO_ELIMINAR, "Eliminar el visor elegido");
     m_c->botElim->dibujo(Dibujo::eliminar);
-    m_c->botElim->alPulsar([this] { eliminar(); });
+    m_c->botElim->alActuar([this] { eliminar(); });
     m_c->botElim->habilitar(false);
     m_c->lbPag = taller().rotulo(IdControl::lbPag, 0, {});
     m_c->lbPag->ajuste(Ajuste::derecha);
     m_c->imSubir = taller().botonImagen(IdControl::imSubir, 0, Dibujo::subir, "Visores anteriores");
-    m_c->imSubir->alPulsar([this] { paginar(-PaginaVisores::FILAS); });
+    m_c->imSubir->alActuar([this] { paginar(-PaginaVisores::FILAS); });
     m_c->imBajar = taller().botonImagen(IdControl::imBajar, 0, Dibujo::bajar, "Visores siguientes");
-    m_c->imBajar->alPulsar([this] { paginar(PaginaVisores::FILAS); });
+    m_c->imBajar->alActuar([this] { paginar(PaginaVisores::FILAS); });
     m_c->pavona = std::make_unique<ConexionPavona>(taller(), entorno());
     m_c->panel = std::make_unique<PanelDiseno>(
         taller(), sistema(), entorno(),

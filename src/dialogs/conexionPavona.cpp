@@ -19,12 +19,12 @@ ConexionPavona::ConexionPavona(TallerDialogo& taller, const Entorno& entorno) : 
     m_txPavHost = taller.cajaTexto(IdControl::txPavHost, 0, "Equipo de la conexión Pavona",
                                    "Nombre o dirección IP del concentrador");
     // A name that was pasted may bring blanks along; with them it is no host's.
-    m_txPavHost->alCambiar([this] { guardarHostPavona(m_entorno, recortar(m_txPavHost->texto())); });
+    m_txPavHost->alActuar([this] { guardarHostPavona(m_entorno, recortar(m_txPavHost->texto())); });
     m_rotuloPort = taller.rotulo("Port");
     m_txPavPort = taller.cajaTexto(IdControl::txPavPort, 0, "Port de la conexión Pavona", "Port TCP del concentrador");
     m_txPavPort->longitudMaxima(CIFRAS_PORT);
     m_txPavPort->filtro(filtroNumerico);
-    m_txPavPort->alCambiar([this] { guardarPortPavona(m_entorno, numeroInicial(m_txPavPort->texto())); });
+    m_txPavPort->alActuar([this] { guardarPortPavona(m_entorno, numeroInicial(m_txPavPort->texto())); });
 }
 
 void ConexionPavona::rellenar() {

@@ -34,7 +34,7 @@ void DialogoConfiguracion::cargar() {
     crearTitulos();
     crearControles();
     m_imUnload = m_taller->botonImagen(IdControl::imUnload, 0, Dibujo::cerrar, "Cerrar");
-    m_imUnload->alPulsar([this] { alPedirCierre(); });
+    m_imUnload->alActuar([this] { alPedirCierre(); });
     rellenar();
 }
 

@@ -94,7 +94,7 @@ private:
     std::unique_ptr<TallerDialogo> m_taller;
     std::unique_ptr<Rotulo> m_ttlo;
     std::unique_ptr<Rotulo> m_ttlo2;
-    std::unique_ptr<BotonImagen> m_imUnload;
+    std::unique_ptr<Boton> m_imUnload;
 };
 
 }  // namespace sorvanel

@@ -11,8 +11,8 @@ FilaColor::FilaColor(TallerDialogo& taller, DialogosSistema& sistema, Datos dato
     m_boton = taller.botonTexto(m_datos.boton, m_datos.elemento, m_datos.texto, elegirlo);
     if (!m_datos.nombre.empty()) m_boton->nombre(elegirlo);
     m_marco = taller.marcoColor(m_datos.marco, m_datos.elemento, nombre + ": color actual");
-    m_boton->alPulsar([this] { elegir(); });
-    m_marco->alPulsar([this] { elegir(); });
+    m_boton->alActuar([this] { elegir(); });
+    m_marco->alActuar([this] { elegir(); });
 }
 
 void FilaColor::color(Color color) {

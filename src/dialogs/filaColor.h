@@ -48,7 +48,7 @@ private:
     TallerDialogo& m_taller;
     DialogosSistema& m_sistema;
     const Datos m_datos;
-    std::unique_ptr<BotonTexto> m_boton;
+    std::unique_ptr<Boton> m_boton;
     std::unique_ptr<MarcoColor> m_marco;
 };
 

@@ -17,14 +17,14 @@ FilaValor::FilaValor(TallerDialogo& taller, Datos datos) : m_taller(taller), m_d
     if (!m_datos.rotulo.empty()) m_rotulo = taller.rotulo(m_datos.rotulo);
     m_menos = taller.botonImagen(m_datos.menos, m_datos.elemento, Dibujo::menos, m_datos.nombre + ": menos");
     m_menos->repetir(m_datos.repetir);
-    m_menos->alPulsar([this] {
+    m_menos->alActuar([this] {
         if (m_valor > m_datos.inferior) pasar(-1);
     });
     m_lbValor = taller.rotulo(m_datos.valor, m_datos.elemento, {});
     m_lbValor->ajuste(Ajuste::centro);
     m_mas = taller.botonImagen(m_datos.mas, m_datos.elemento, Dibujo::mas, m_datos.nombre + ": más");
     m_mas->repetir(m_datos.repetir);
-    m_mas->alPulsar([this] {
+    m_mas->alActuar([this] {
         if (m_valor < m_datos.superior()) pasar(1);
     });
     valor(0);

@@ -55,9 +55,9 @@ private:
     const Datos m_datos;
     int m_valor = 0;
     std::unique_ptr<Rotulo> m_rotulo;
-    std::unique_ptr<BotonImagen> m_menos;
+    std::unique_ptr<Boton> m_menos;
     std::unique_ptr<Rotulo> m_lbValor;
-    std::unique_ptr<BotonImagen> m_mas;
+    std::unique_ptr<Boton> m_mas;
 };
 
 }  // namespace sorvanel

@@ -70,9 +70,9 @@ FilaVisor::FilaVisor(TallerDialogo& taller, TablaVisores& tabla, std::int16_t nu
     : m_taller(taller), m_tabla(tabla), m_numero(numero) {
     taller.ocultos(true);
     m_frVis = taller.marco(IdControl::frVis, numero, "Visor " + std::to_string(numero));
-    m_frVis->alPulsar([this] { m_tabla.alElegirFila(*this); });
+    m_frVis->alActuar([this] { m_tabla.alElegirFila(*this); });
     m_lbVis = taller.rotulo(IdControl::lbVis, numero, "#" + std::to_string(numero));
-    m_lbVis->alPulsar([this] { m_tabla.alElegirFila(*this); });
+    m_lbVis->alActuar([this] { m_tabla.alElegirFila(*this); });
     crearCajas(taller);
     crearImagenes(taller);
     taller.ocultos(false);
@@ -101,13 +101,13 @@ void FilaVisor::crearCajas(TallerDialogo& taller) {
     unir(*m_txUbi, CampoVisor::ubicacion);
     m_lstModo->alRecibirFoco([this] { m_tabla.alEnfocar(*this, CampoVisor::modo); });
     m_lstModo->alPulsarTecla([this](Tecla tecla) { return alPulsarTecla(CampoVisor::modo, tecla); });
-    m_lstModo->alElegir([this] { visorPropio().modoBulk(static_cast<std::int16_t>(m_lstModo->indice())); });
+    m_lstModo->alActuar([this] { visorPropio().modoBulk(static_cast<std::int16_t>(m_lstModo->indice())); });
 }
 
 void FilaVisor::unir(CajaTexto& caja, CampoVisor campo) {
     caja.alRecibirFoco([this, campo] { m_tabla.alEnfocar(*this, campo); });
     caja.alPulsarTecla([this, campo](Tecla tecla) { return alPulsarTecla(campo, tecla); });
-    caja.alCambiar([this, &caja, campo] {
+    caja.alActuar([this, &caja, campo] {
         // What the toggle emptied, and is empty again, says no more than before.
         const bool comoEstaba = campo == CampoVisor::port && caja.texto().empty() && &familia() != m_familiaPort;
         tecleado(campo) = !comoEstaba;
@@ -119,9 +119,9 @@ void FilaVisor::unir(CajaTexto& caja, CampoVisor campo) {
 void FilaVisor::crearImagenes(TallerDialogo& taller) {
     const std::string visor = "Visor " + std::to_string(m_numero) + ": ";
     m_imPtc = taller.botonImagen(IdControl::imPtc, m_numero, Dibujo::ninguno, {});
-    m_imPtc->alPulsar([this] { alternarProtocolo(); });
+    m_imPtc->alActuar([this] { alternarProtocolo(); });
     m_imFoco = taller.botonImagen(IdControl::imFoco, m_numero, Dibujo::diseno, visor + "diseño particular");
-    m_imFoco->alPulsar([this] { m_tabla.alPedirDiseno(*this); });
+    m_imFoco->alActuar([this] { m_tabla.alPedirDiseno(*this); });
 }
 
 // ---- showing ----

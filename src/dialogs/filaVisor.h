@@ -128,14 +128,14 @@ private:
     const Familia* m_familiaPort = nullptr;  // in which the box last showed the display's port
     std::unique_ptr<Marco> m_frVis;
     std::unique_ptr<Rotulo> m_lbVis;
-    std::unique_ptr<BotonImagen> m_imPtc;
+    std::unique_ptr<Boton> m_imPtc;
     std::unique_ptr<CajaTexto> m_txPort;
     std::unique_ptr<Rotulo> m_lbPav;
     std::unique_ptr<Lista> m_lstModo;
     std::unique_ptr<CajaTexto> m_txEtq;
     float m_anchoEtq = 0;
     std::unique_ptr<CajaTexto> m_txUbi;
-    std::unique_ptr<BotonImagen> m_imFoco;
+    std::unique_ptr<Boton> m_imFoco;
 };
 
 }  // namespace sorvanel

@@ -19,11 +19,11 @@ PanelDiseno::PanelDiseno(TallerDialogo& taller, DialogosSistema& sistema, const 
     m_frDise = taller.marco(IdControl::frDise, 0, "Diseño particular");
     m_titulo = taller.rotuloGrupo({});
     m_imDesf = taller.botonImagen(IdControl::imDesf, 0, Dibujo::plegar, "Cerrar el diseño particular");
-    m_imDesf->alPulsar([this] { m_datos.alCerrar(); });
+    m_imDesf->alActuar([this] { m_datos.alCerrar(); });
     for (std::size_t i = 0; i < CAMPOS.size(); ++i) {
         m_filas[i].casilla = taller.casilla(CAMPOS[i].casilla, 0, std::string(CAMPOS[i].propio),
                                             "Marcada, este visor tiene un valor propio; si no, el común");
-        m_filas[i].casilla->alPulsar([this] { mostrarPropios(); });
+        m_filas[i].casilla->alActuar([this] { mostrarPropios(); });
     }
     for (std::size_t i = 0; i < CAMPOS.size(); ++i) {
         m_filas[i].campo = crearCampo(sistema, CAMPOS[i]);

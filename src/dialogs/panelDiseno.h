@@ -54,7 +54,7 @@ private:
     bool m_abierto = false;
     std::unique_ptr<Marco> m_frDise;
     std::unique_ptr<Rotulo> m_titulo;
-    std::unique_ptr<BotonImagen> m_imDesf;
+    std::unique_ptr<Boton> m_imDesf;
     std::array<Fila, RASGOS.size()> m_filas;
     std::unique_ptr<Rotulo> m_anchoComun;  // in the place of a width that is not the display's own
     std::unique_ptr<VistaPrevia> m_previa;

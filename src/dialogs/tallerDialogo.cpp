@@ -57,69 +57,69 @@ std::unique_ptr<Rotulo> TallerDialogo::rotuloGrupo(const std::string& texto) {
     return grupo;
 }
 
-std::unique_ptr<Rotulo> TallerDialogo::rotulo(IdControl id, int elemento, const std::string& texto) {
-    auto nuevo = m_formulario.crearRotulo(id, elemento);
-    nuevo->texto(texto);
+template <typename Tipo>
+std::unique_ptr<Tipo> TallerDialogo::hacer(IdControl id, int elemento) {
+    auto nuevo = m_formulario.crear<Tipo>(id, elemento);
     nuevo->mostrar(!m_ocultos);
     return nuevo;
 }
 
+std::unique_ptr<Rotulo> TallerDialogo::rotulo(IdControl id, int elemento, const std::string& texto) {
+    auto nuevo = hacer<Rotulo>(id, elemento);
+    nuevo->texto(texto);
+    return nuevo;
+}
+
 std::unique_ptr<Marco> TallerDialogo::marco(IdControl id, int elemento, const std::string& nombre) {
-    auto nuevo = m_formulario.crearMarco(id, elemento);
+    auto nuevo = hacer<Marco>(id, elemento);
     nuevo->colorFondo(COLOR_PANEL);
     nuevo->nombre(nombre);
-    nuevo->mostrar(!m_ocultos);
     return nuevo;
 }
 
 std::unique_ptr<CajaTexto> TallerDialogo::cajaTexto(IdControl id, int elemento, const std::string& nombre,
                                                     const std::string& sugerencia) {
-    auto nueva = m_formulario.crearCajaTexto(id, elemento);
+    auto nueva = hacer<CajaTexto>(id, elemento);
     nombrar(*nueva, nombre, sugerencia);
-    nueva->mostrar(!m_ocultos);
     return nueva;
 }
 
 std::unique_ptr<CasillaMarca> TallerDialogo::casilla(IdControl id, int elemento, const std::string& texto,
                                                      const std::string& sugerencia) {
-    auto nueva = m_formulario.crearCasilla(id, elemento);
+    auto nueva = hacer<CasillaMarca>(id, elemento);
     nueva->texto(texto);
     nombrar(*nueva, texto, sugerencia);
-    nueva->mostrar(!m_ocultos);
     return nueva;
 }
 
 std::unique_ptr<Lista> TallerDialogo::lista(IdControl id, int elemento, std::span<const std::string_view> textos,
                                             const std::string& nombre, const std::string& sugerencia) {
-    auto nueva = m_formulario.crearLista(id, elemento);
+    auto nueva = hacer<Lista>(id, elemento);
     nueva->elementos(textos);
     nombrar(*nueva, nombre, sugerencia);
-    nueva->mostrar(!m_ocultos);
     return nueva;
 }
 
-std::unique_ptr<BotonImagen> TallerDialogo::botonImagen(IdControl id, int elemento, Dibujo dibujo,
-                                                        const std::string& nombre) {
-    auto nuevo = m_formulario.crearBotonImagen(id, elemento);
+std::unique_ptr<Boton> TallerDialogo::botonImagen(IdControl id, int elemento, Dibujo dibujo,
+                                                  const std::string& nombre) {
+    auto nuevo = hacer<Boton>(id, elemento);
+    nuevo->estilo(EstiloBoton::imagen);
     nuevo->dibujo(dibujo);
     nuevo->nombre(nombre);
-    nuevo->mostrar(!m_ocultos);
     return nuevo;
 }
 
 std::unique_ptr<MarcoColor> TallerDialogo::marcoColor(IdControl id, int elemento, const std::string& nombre) {
-    auto nuevo = m_formulario.crearMarcoColor(id, elemento);
+    auto nuevo = hacer<MarcoColor>(id, elemento);
     nuevo->nombre(nombre);
-    nuevo->mostrar(!m_ocultos);
     return nuevo;
 }
 
-std::unique_ptr<BotonTexto> TallerDialogo::botonTexto(IdControl id, int elemento, const std::string& texto,
-                                                      const std::string& sugerencia) {
-    auto nuevo = m_formulario.crearBotonTexto(id, elemento);
+std::unique_ptr<Boton> TallerDialogo::botonTexto(IdControl id, int elemento, const std::string& texto,
+                                                 const std::string& sugerencia) {
+    auto nuevo = hacer<Boton>(id, elemento);
     nuevo->texto(texto);
     nombrar(*nuevo, texto, sugerencia);
-    nuevo->mostrar(!m_ocultos);
     return nuevo;
 }
 

@@ -37,9 +37,9 @@ public:
                                           const std::string& sugerencia = {});
     std::unique_ptr<Lista> lista(IdControl id, int elemento, std::span<const std::string_view> textos,
                                  const std::string& nombre, const std::string& sugerencia = {});
-    std::unique_ptr<BotonImagen> botonImagen(IdControl id, int elemento, Dibujo dibujo, const std::string& nombre);
+    std::unique_ptr<Boton> botonImagen(IdControl id, int elemento, Dibujo dibujo, const std::string& nombre);
     std::unique_ptr<MarcoColor> marcoColor(IdControl id, int elemento, const std::string& nombre);
-    std::unique_ptr<BotonTexto> botonTexto(IdControl id, int elemento, const std::string& texto,
+    std::unique_ptr<Boton> botonTexto(IdControl id, int elemento, const std::string& texto,
                                            const std::string& sugerencia = {});
 
     // Least sizes, for the scale that the window has now.
@@ -59,6 +59,8 @@ public:
     Pieza piezaRotuloGrupo(Rotulo& rotulo) const { return pieza(rotulo, textoGrupo(rotulo.texto())); }
 
 private:
+    template <typename Tipo>
+    std::unique_ptr<Tipo> hacer(IdControl id, int elemento);
     // Boxes, lists and buttons of one row are equally high.
     float altoControl() const;
 

@@ -9,7 +9,7 @@
 #include "config/texto.h"
 #include "display/marcasVisor.h"
 #include "display/trama.h"
-#include "platform/formulario.h"
+#include "platform/control.h"
 
 namespace sorvanel {
 

@@ -30,7 +30,7 @@ protected:
     }
     FormularioDialogoDoble& v() { return *fabrica.dialogo(ID); }
     void pulsar(IdControl id, int veces = 1) {
-        for (int i = 0; i < veces; ++i) ASSERT_TRUE(v().imagen(id)->pulsar());
+        for (int i = 0; i < veces; ++i) ASSERT_TRUE(v().boton(id)->pulsar());
     }
     void TearDown() override {
         if (!dialogo.cargado()) return;

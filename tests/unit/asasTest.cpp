@@ -102,7 +102,7 @@ TEST(AsasParrilla, unaParrillaMinimaEnElBordeSeMueveYSeDimensiona) {
 
 TEST(AsasParrilla, unMovimientoEsUnPintadoYUnGuardado) {
     Banco b;
-    EXPECT_TRUE(b.xy.visible && b.wh.visible);
+    EXPECT_TRUE(b.xy.seVe && b.wh.seVe);
     b.comprobar(INICIAL);
     b.lienzo.olvidar();
     b.xy.arrastrar(1500, 1500);
@@ -115,7 +115,7 @@ TEST(AsasParrilla, unMovimientoEsUnPintadoYUnGuardado) {
     EXPECT_EQ(b.refrescos, 1) << "not pressed: it does not move";
     b.wh.quienOye->alEmpujarAsa({15, -150});  // an arrow needs no press
     b.asas.ocultar();
-    EXPECT_FALSE(b.xy.visible || b.wh.visible);
+    EXPECT_FALSE(b.xy.seVe || b.wh.seVe);
     b.xy.arrastrar(100, 100);
     b.comprobar({5340, 4380, 6195, 3870});
 }

@@ -49,7 +49,7 @@ struct Banco {
             {IdControl::botPau, "Pau "},         {IdControl::botOff, "Off "},         {IdControl::botOk, "Ok "},
             {IdControl::botCan, "Can "}};
         for (const auto& [id, nombre] : botones) {
-            if (formulario.boton(id)->visible) lista += nombre;
+            if (formulario.boton(id)->seVe) lista += nombre;
         }
         return lista;
     }

@@ -64,7 +64,7 @@ TEST(base, losBotonesSeDisponenDesdeLaDerecha) {
         EXPECT_EQ(lugar(Id::botCfg).derecha(), lugar(Id::botRun).x - 60);
         EXPECT_TRUE(lugar(Id::botPau) == lugar(Id::botRun) && lugar(Id::botOk) == lugar(Id::botRun));
         EXPECT_EQ(lugar(Id::botCan), lugar(Id::botOff));
-        EXPECT_EQ(t.formulario.boton(Id::botDise)->textoRotulo.empty(), ancho == 640) << ancho;
+        EXPECT_EQ(t.formulario.boton(Id::botDise)->escrito.empty(), ancho == 640) << ancho;
         EXPECT_LT(lugar(Id::botMensaje).derecha(), lugar(Id::botCfg).x) << ancho;
     }
 }
@@ -120,7 +120,7 @@ std::string abiertas(Banco& t) {
     if (t.dialogos.dialogo(Id::cfgContexto) != nullptr) lista += "contexto ";
     if (t.dialogos.dialogo(Id::cfgVisor) != nullptr) lista += "visor ";
     if (t.dialogos.dialogo(Id::cfgMensaje) != nullptr) lista += "mensaje ";
-    if (t.formulario.asa(Id::imDrgXY)->visible) lista += "tamano ";
+    if (t.formulario.asa(Id::imDrgXY)->seVe) lista += "tamano ";
     return lista;
 }
 
@@ -181,7 +181,7 @@ TEST(base, unaEntradaInvalidaImpideAceptarYCambiarDeHerramienta) {
 
 TEST(base, cancelarDevuelveCadaByteConCadaHerramientaAbierta) {
     const std::pair<Id, std::function<void(Banco&)>> casos[] = {
-        {Id::botDise, [](Banco& t) { t.dialogos.dialogo(Id::cfgContexto)->imagen(Id::imRwP)->pulsar(); }},
+        {Id::botDise, [](Banco& t) { t.dialogos.dialogo(Id::cfgContexto)->boton(Id::imRwP)->pulsar(); }},
         {Id::botVisores, [](Banco& t) { t.dialogos.dialogo(Id::cfgVisor)->boton(Id::botNvo)->pulsar(); }},
         {Id::botSize, [](Banco& t) { t.formulario.asa(Id::imDrgXY)->arrastrar(1500, 1500); }},
         {Id::botMensaje, [](Banco& t) { t.dialogos.dialogo(Id::cfgMensaje)->casilla(Id::ckUsar)->pulsar(); }}};
@@ -205,7 +205,7 @@ TEST(base, cerrarMientrasSeConfiguraDejaElArchivoComoEsta) {
     Banco t(DOS_VISORES);
     t.configurar();
     t.formulario.pulsar(Id::botDise);
-    t.dialogos.dialogo(Id::cfgContexto)->imagen(Id::imRwP)->pulsar();
+    t.dialogos.dialogo(Id::cfgContexto)->boton(Id::imRwP)->pulsar();
     t.formulario.cerrar();
     EXPECT_EQ(abiertas(t), "");
     EXPECT_EQ(t.e.valor("RETICULA", "FilasColumnas"), "3x1");
@@ -218,7 +218,7 @@ TEST(base, elMonitorElegidoMueveTodoEnseguida) {
     t.configurar();
     t.formulario.pulsar(Id::botDise);
     FormularioDialogoDoble* contexto = t.dialogos.dialogo(Id::cfgContexto);
-    contexto->imagen(Id::imMoP)->pulsar();
+    contexto->boton(Id::imMoP)->pulsar();
     EXPECT_EQ(t.formulario.cubierto.area.left, -1920);
     EXPECT_EQ(contexto->centrado.area.left, -1920);
     EXPECT_EQ(t.formulario.boton(Id::botCan)->lugar.derecha(), 1920 * 15 - 60);

@@ -59,7 +59,7 @@ TEST_F(CfgContexto, cadaValorSePintaYGuardaYNoPasaDeSusLimites) {
         pulsar(c.menos, 40);
         EXPECT_EQ(v().rotulo(c.valor)->texto(), c.abajo);
         EXPECT_EQ(e.valor(c.seccion, c.clave), c.archivoAbajo);
-        EXPECT_TRUE(v().imagen(c.mas)->repite && v().imagen(c.menos)->repite);
+        EXPECT_TRUE(v().boton(c.mas)->repite && v().boton(c.menos)->repite);
     }
 }
 

@@ -106,7 +106,7 @@ TEST_F(CamposVisor, soloLoTecleadoEsUnaEntrada) {
                 if (!teclas.empty()) caja(Id::txPort, 1).reescribir(teclas);
                 if (borrado) caja(Id::txPort, 1).reescribir("");
                 if (entrado) caja(Id::txPort, 1).pulsar(Tecla::intro);
-                ASSERT_TRUE(v().imagen(Id::imPtc, 1)->pulsar());
+                ASSERT_TRUE(v().boton(Id::imPtc, 1)->pulsar());
             }
             EXPECT_EQ(caja(Id::txPort, 1).texto(), c.queda);
             EXPECT_TRUE(cerrando ? dialogo.Descargar(false) : caja(Id::txPort, 2).irA());
@@ -195,8 +195,8 @@ TEST_F(CamposVisor, cambiarDeFamiliaVaciaElPortYMuestraLaConexionComun) {
     const float alto = v().medidas.alto;
     const auto esperar = [&](const std::string& familia, Dibujo dibujo, bool pavona) {
         EXPECT_EQ(clave(1, "Protocolo"), familia);
-        EXPECT_EQ(v().imagen(Id::imPtc, 1)->textoNombre, "Visor 1: familia " + familia);
-        EXPECT_EQ(v().imagen(Id::imPtc, 1)->imagen, dibujo);
+        EXPECT_EQ(v().boton(Id::imPtc, 1)->textoNombre, "Visor 1: familia " + familia);
+        EXPECT_EQ(v().boton(Id::imPtc, 1)->imagen, dibujo);
         for (const auto& [id, n] : {std::pair(Id::lbPav, 1), {Id::frPav, 0}, {Id::txPavHost, 0}, {Id::txPavPort, 0}})
             EXPECT_EQ(v().control(id, n)->seVe, pavona);
         EXPECT_FALSE(v().control(Id::lbPav, 2)->seVe);
@@ -206,7 +206,7 @@ TEST_F(CamposVisor, cambiarDeFamiliaVaciaElPortYMuestraLaConexionComun) {
         EXPECT_TRUE(conFoco(Id::txPort, 1));
     };
     caja(Id::txEtq, 2).irA();
-    ASSERT_TRUE(v().imagen(Id::imPtc, 1)->pulsar());
+    ASSERT_TRUE(v().boton(Id::imPtc, 1)->pulsar());
     esperar("Pavona", Dibujo::pavona, true);
     EXPECT_EQ(clave(1, "Port"), "3001") << "until another is entered";
     caja(Id::txPort, 1).escribir("12.3");
@@ -214,7 +214,7 @@ TEST_F(CamposVisor, cambiarDeFamiliaVaciaElPortYMuestraLaConexionComun) {
     EXPECT_EQ(clave(1, "Port"), "1203");
     // What its own port says does not matter: it is emptied.
     caja(Id::txPort, 1).reescribir("30/2");
-    ASSERT_TRUE(v().imagen(Id::imPtc, 1)->pulsar());
+    ASSERT_TRUE(v().boton(Id::imPtc, 1)->pulsar());
     esperar("Tessel", Dibujo::tessel, false);
 }
 

@@ -33,7 +33,7 @@ protected:
     void abrirDelTodo() {
         abrirLleno();
         if (ID<Dialogo> != Id::cfgVisor) return;
-        this->v().imagen(Id::imFoco, 3)->pulsar();
+        this->v().boton(Id::imFoco, 3)->pulsar();
         for (ControlComun* c : this->v().recorrido()) {
             if (auto* casilla = dynamic_cast<CasillaMarcaDoble*>(c)) casilla->pulsar();
         }
@@ -130,7 +130,7 @@ TYPED_TEST(Dialogos, elTecladoVaComoLaVistaYTodoTieneNombre) {
 
 TYPED_TEST(Dialogos, cierraDeTodosLosModosYLoSueltaTodo) {
     const std::function<bool()> modos[] = {
-        [this] { return this->v().imagen(Id::imUnload)->pulsar(); }, [this] { return this->v().pedirCierre(), true; },
+        [this] { return this->v().boton(Id::imUnload)->pulsar(); }, [this] { return this->v().pedirCierre(), true; },
         [this] { return this->dialogo.Descargar(false); }, [this] { return this->dialogo.Descargar(true); }};
     for (const auto& cerrar : modos) {
         SCOPED_TRACE(&cerrar - modos);

@@ -27,12 +27,12 @@ TEST_F(PaginaVisores, abreIgualDeDeprisaConSesentaYCuatroYPagina) {
         if (c.cuantos > 8) {
             EXPECT_EQ(v().estado().controlesCreados, creadosConOcho);
         }
-        EXPECT_EQ(v().imagen(Id::imBajar)->pulsar(), c.cuantos > 8);
+        EXPECT_EQ(v().boton(Id::imBajar)->pulsar(), c.cuantos > 8);
         EXPECT_EQ(pagina(), c.despues);
         EXPECT_TRUE(conFoco(Id::botNvo)) << "nothing was selected, so nothing is";
-        for (int i = 0; i < 9; ++i) v().imagen(Id::imBajar)->pulsar();
+        for (int i = 0; i < 9; ++i) v().boton(Id::imBajar)->pulsar();
         EXPECT_EQ(pagina(), c.fin);
-        for (int i = 0; i < 9; ++i) v().imagen(Id::imSubir)->pulsar();
+        for (int i = 0; i < 9; ++i) v().boton(Id::imSubir)->pulsar();
         EXPECT_EQ(pagina(), c.pagina);
         // What is not seen takes no room.
         const ControlComun *texto = v().control(Id::lbPag), *subir = v().control(Id::imSubir);
@@ -45,16 +45,16 @@ TEST_F(PaginaVisores, abreIgualDeDeprisaConSesentaYCuatroYPagina) {
 TEST_F(PaginaVisores, alPaginarLaEleccionQuedaALaVistaSalvoCampoInvalido) {
     abrirCon(20);
     caja(Id::txEtq, 3).irA();
-    EXPECT_TRUE(v().imagen(Id::imBajar)->pulsar());
+    EXPECT_TRUE(v().boton(Id::imBajar)->pulsar());
     EXPECT_EQ(pagina(), "9 a 16");
     EXPECT_TRUE(conFoco(Id::txEtq, 9)) << "the same field, in the nearest row";
     caja(Id::txEtq, 9).reescribir("V1");
-    EXPECT_TRUE(v().imagen(Id::imSubir)->pulsar());
+    EXPECT_TRUE(v().boton(Id::imSubir)->pulsar());
     EXPECT_EQ(avisos(), ETIQUETA_MAL);
     EXPECT_EQ(pagina(), "9 a 16");
     EXPECT_TRUE(conFoco(Id::txEtq, 9));
     caja(Id::txEtq, 9).pulsar(Tecla::escape);
-    v().imagen(Id::imSubir)->pulsarConTeclado();
+    v().boton(Id::imSubir)->pulsarConTeclado();
     EXPECT_EQ(pagina(), "1 a 8");
     EXPECT_TRUE(conFoco(Id::imSubir)) << "it can be pressed again";
     v().boton(Id::botElim)->pulsar();
@@ -71,21 +71,21 @@ TEST_F(PaginaVisores, loQueSeEscondeCedeElFoco) {
             abrirCon(20);
             if (elegida) caja(Id::txPort, 2).irA();
             v().control(id, 3)->irA();
-            v().imagen(Id::imBajar)->pulsar();
+            v().boton(Id::imBajar)->pulsar();
             EXPECT_TRUE(conFoco(id, 9)) << v().foco();
-            v().imagen(Id::imBajar)->pulsar();
-            v().imagen(Id::imSubir)->pulsar();
+            v().boton(Id::imBajar)->pulsar();
+            v().boton(Id::imSubir)->pulsar();
             EXPECT_TRUE(conFoco(id, 12)) << v().foco();
         }
     }
     for (const Id boton : {Id::imSubir, Id::imBajar}) {
         abrirCon(9);
-        v().imagen(Id::imBajar)->pulsar();
+        v().boton(Id::imBajar)->pulsar();
         caja(Id::txPort, 9).irA();
         v().boton(Id::botElim)->pulsar();
         ASSERT_EQ(pagina(), "2 a 8");
-        v().imagen(boton)->irA();
-        v().imagen(Id::imSubir)->pulsarDesdeFuera();
+        v().boton(boton)->irA();
+        v().boton(Id::imSubir)->pulsarDesdeFuera();
         EXPECT_EQ(pagina(), "1 a 8");
         EXPECT_TRUE(conFoco(Id::botNvo)) << v().foco();
     }
@@ -130,7 +130,7 @@ TEST_F(PaginaVisores, eliminarQuitaElElegidoYRenumera) {
     for (const auto& c : casos) {
         SCOPED_TRACE(std::to_string(c.cuantos) + "/" + std::to_string(c.elegido));
         abrirCon(c.cuantos);
-        if (c.cuantos > 8) v().imagen(Id::imBajar)->pulsar();
+        if (c.cuantos > 8) v().boton(Id::imBajar)->pulsar();
         caja(Id::txEtq, c.elegido).irA();
         ASSERT_TRUE(v().boton(Id::botElim)->pulsar());
         EXPECT_EQ(pagina(), c.pagina);
@@ -147,7 +147,7 @@ TEST_F(PaginaVisores, eliminarQuitaElElegidoYRenumera) {
     }
     // A row that was made for another display, seen again.
     abrirCon(10);
-    v().imagen(Id::imBajar)->pulsar();
+    v().boton(Id::imBajar)->pulsar();
     caja(Id::txPort, 3).irA();
     v().boton(Id::botElim)->pulsar();
     for (int n = 3; n > 1; --n) caja(Id::txPort, n).pulsar(Tecla::arriba);
@@ -158,8 +158,8 @@ TEST_F(PaginaVisores, eliminarQuitaElElegidoYRenumera) {
 TEST_F(PaginaVisores, unCampoInvalidoNoDejaHacerNadaMas) {
     const std::function<void()> intentos[] = {
         [&] { v().boton(Id::botElim)->pulsar(); },          [&] { v().boton(Id::botElim)->pulsarDesdeFuera(); },
-        [&] { v().boton(Id::botNvo)->pulsarDesdeFuera(); }, [&] { v().imagen(Id::imBajar)->pulsar(); },
-        [&] { v().imagen(Id::imPtc, 1)->pulsar(); },        [&] { v().rotulo(Id::lbVis, 1)->pulsar(); }};
+        [&] { v().boton(Id::botNvo)->pulsarDesdeFuera(); }, [&] { v().boton(Id::imBajar)->pulsar(); },
+        [&] { v().boton(Id::imPtc, 1)->pulsar(); },        [&] { v().rotulo(Id::lbVis, 1)->pulsar(); }};
     for (const auto& intento : intentos) {
         SCOPED_TRACE(&intento - intentos);
         abrirCon(9);
@@ -179,7 +179,7 @@ TEST_F(PaginaVisores, unCampoInvalidoNoDejaHacerNadaMas) {
 
 TEST_F(PaginaVisores, volverAAbrirEmpiezaDeNuevo) {
     abrirCon(9);
-    v().imagen(Id::imFoco, 8)->pulsar();
+    v().boton(Id::imFoco, 8)->pulsar();
     caja(Id::txPort, 8).pulsar(Tecla::abajo);
     v().pedirCierre();
     dialogo.Mostrar();

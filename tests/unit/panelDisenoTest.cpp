@@ -35,7 +35,7 @@ protected:
         for (const Propiedad& p : PROPIEDADES) ini += std::string(p.clave) + "=" + p.valor + "\r\n";
         return ini;
     }
-    void abrirPanel(int n) { ASSERT_TRUE(v().imagen(Id::imFoco, n)->pulsar()); }
+    void abrirPanel(int n) { ASSERT_TRUE(v().boton(Id::imFoco, n)->pulsar()); }
     void marcarTodo() {
         for (const Propiedad& p : PROPIEDADES) v().casilla(p.casilla)->pulsar();
     }
@@ -75,9 +75,9 @@ TEST_F(PanelDiseno, loMarcadoSeGuardaAlCerrarloOAlPasarAOtroYNoAlCerrarLaVentana
         marcarTodo();
         EXPECT_FALSE(v().control(Id::txRatio)->seVe || v().control(Id::botColTxEt)->seVe);
         esperarClaves(VALOR);  // only shown or hidden
-        if (modo == 0) v().imagen(Id::imDesf)->pulsar();
+        if (modo == 0) v().boton(Id::imDesf)->pulsar();
         if (modo == 1) caja(Id::txPort, 2).irA();
-        if (modo == 2) v().imagen(Id::imUnload)->pulsar();
+        if (modo == 2) v().boton(Id::imUnload)->pulsar();
         if (modo == 3) caja(Id::txEtq, 1).irA();
         esperarClaves(modo == 2 ? VALOR : nullptr);
     }
@@ -99,7 +99,7 @@ TEST_F(PanelDiseno, loMarcadoSeGuardaAlCerrarloOAlPasarAOtroYNoAlCerrarLaVentana
     EXPECT_EQ(clave(1, "anchoEtiqueta"), "2") << "opened where it is open";
     v().casilla(Id::ckWid)->pulsar();
     marcarTodo();
-    v().imagen(Id::imDesf)->pulsarConTeclado();
+    v().boton(Id::imDesf)->pulsarConTeclado();
     EXPECT_TRUE(conFoco(Id::txPort, 1)) << "not left on what is gone";
     EXPECT_FALSE(v().control(Id::ckWid)->seVe);
     EXPECT_LT(v().medidas.ancho, v().control(Id::frDise)->lugar.derecha());
@@ -119,7 +119,7 @@ TEST_F(PanelDiseno, mirarloNoEscribeNada) {
         caja(Id::txRatio).irA();
         v().casilla(Id::ckRat)->irA();
         EXPECT_EQ(caja(Id::txRatio).texto(), c.redondeado) << "finer than the box tells";
-        v().imagen(Id::imDesf)->pulsar();
+        v().boton(Id::imDesf)->pulsar();
         e.perfil.volcar();
         EXPECT_EQ(e.archivos.reemplazos, antes);
         EXPECT_EQ(clave(1, "ratioAlturas"), c.guardado);
@@ -195,7 +195,7 @@ TEST_F(PanelDiseno, elSelectorConservaElCampoYAbiertoNoSeElimina) {
     }
     // Closed by the mouse, it takes the focus from nowhere but itself.
     v().boton(Id::botNvo)->irA();
-    v().imagen(Id::imDesf)->pulsar();
+    v().boton(Id::imDesf)->pulsar();
     EXPECT_TRUE(conFoco(Id::botNvo));
     // A field that is not valid keeps the focus, and the panel comes back to it.
     caja(Id::txPort, 2).reescribir("3001");

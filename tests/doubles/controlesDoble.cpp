@@ -1,4 +1,4 @@
-#include "doubles/dialogoDoble.h"
+#include "doubles/controlesDoble.h"
 
 #include <algorithm>
 
@@ -8,18 +8,18 @@ namespace sorvanel {
 
 // ---- focus ----
 
-void EstadoDialogo::enfocar(ControlComun* nuevo) {
+void EstadoVentana::enfocar(ControlComun* nuevo) {
     if (foco == nuevo) return;
     if (foco != nullptr) porValidar.push_back(foco);
     foco = nuevo;
     if (nuevo != nullptr) ControlComun::avisar(nuevo->m_alRecibirFoco);
 }
 
-bool EstadoDialogo::vive(const ControlComun* control) const {
+bool EstadoVentana::vive(const ControlComun* control) const {
     return std::find(creados.begin(), creados.end(), control) != creados.end();
 }
 
-void EstadoDialogo::asentar() {
+void EstadoVentana::asentar() {
     while (!porValidar.empty()) {
         ControlComun* const dejado = porValidar.front();
         porValidar.pop_front();
@@ -29,6 +29,13 @@ void EstadoDialogo::asentar() {
         // The one that it is taken from was never used.
         porValidar.clear();
     }
+}
+
+ControlComun::ControlComun(std::shared_ptr<EstadoVentana> estado, int clave)
+    : m_estado(std::move(estado)), m_clave(clave) {
+    if (!m_estado->controles.insert_or_assign(clave, this).second) ++m_estado->clavesRepetidas;
+    m_estado->creados.push_back(this);
+    ++m_estado->controlesCreados;
 }
 
 ControlComun::~ControlComun() {
@@ -43,16 +50,6 @@ void ControlComun::perderFocoSiLoTiene() {
     if (!conFoco()) return;
     m_estado->foco = nullptr;
     ++m_estado->focosPerdidos;
-}
-
-void ControlComun::fijarVisible(bool visible) {
-    seVe = visible;
-    if (!visible) perderFocoSiLoTiene();
-}
-
-void ControlComun::fijarActivo(bool si) {
-    activo = si;
-    if (!si) perderFocoSiLoTiene();
 }
 
 bool ControlComun::avisar(std::function<void()> accion) {
@@ -102,7 +99,7 @@ void CajaTextoDoble::insertar(char octeto) {
     if (queda == 0 || (m_maxima > 0 && quedan >= static_cast<std::size_t>(m_maxima))) return;
     m_texto.replace(m_desde, m_hasta - m_desde, 1, static_cast<char>(queda));
     m_hasta = ++m_desde;
-    avisar(m_alCambiar);
+    avisar(m_accion);
 }
 
 bool CajaTextoDoble::escribir(std::string_view texto) {
@@ -119,7 +116,7 @@ bool CajaTextoDoble::reescribir(std::string_view texto) {
     if (!conFoco() && !irA()) return false;
     const bool habia = !std::exchange(m_texto, {}).empty();
     m_desde = m_hasta = 0;
-    if (habia && texto.empty()) avisar(m_alCambiar);
+    if (habia && texto.empty()) avisar(m_accion);
     return texto.empty() || escribir(texto);
 }
 
@@ -130,18 +127,13 @@ bool CajaTextoDoble::pulsar(Tecla tecla) {
     });
 }
 
-bool CajaTextoDoble::validar() {
-    const auto accion = m_alValidar;
-    return !accion || accion();
-}
-
 // ---- list ----
 
 bool ListaDoble::elegir(int indice) {
     if (!vale(indice)) return false;
     return usar(true, [&] {
         m_indice = indice;
-        return avisar(m_alElegir);
+        return avisar(m_accion);
     });
 }
 
@@ -150,57 +142,6 @@ bool ListaDoble::pulsar(Tecla tecla) {
         const auto accion = m_alPulsarTecla;
         return accion && accion(tecla);
     });
-}
-
-// ---- window ----
-
-FormularioDialogoDoble::FormularioDialogoDoble() {
-    Fuente fuente;
-    fuente.alto = 180;
-    m_regla.fuente(fuente);
-    m_fondo.fuente(fuente);
-}
-
-std::vector<ControlComun*> FormularioDialogoDoble::recorrido() const {
-    std::vector<ControlComun*> orden;
-    const auto& creados = m_estado->creados;
-    for (Control* c : m_estado->orden) {
-        const auto it = std::find_if(creados.begin(), creados.end(), [&](auto* u) { return u->comoControl() == c; });
-        if (it != creados.end()) orden.push_back(*it);
-    }
-    for (ControlComun* c : creados) {
-        if (std::find(orden.begin(), orden.end(), c) == orden.end()) orden.push_back(c);
-    }
-    std::erase_if(orden, [](const ControlComun* c) { return !c->alcanzable() || !c->enfocable(); });
-    return orden;
-}
-
-void FormularioDialogoDoble::arrastrar() {
-    if (quienOye != nullptr) quienOye->alArrastrar();
-}
-
-void FormularioDialogoDoble::pedirCierre() {
-    const auto estado = m_estado;
-    if (quienOye != nullptr) quienOye->alPedirCierre();
-    estado->asentar();
-}
-
-// ---- choices ----
-
-std::optional<Color> DialogosSistemaDoble::elegirColor(Color inicial) {
-    coloresIniciales.push_back(inicial);
-    if (colores.empty()) return std::nullopt;
-    const Color elegido = colores.front();
-    colores.pop_front();
-    return elegido;
-}
-
-bool DialogosSistemaDoble::elegirFuente(FuenteElegida& fuente) {
-    fuentesIniciales.push_back(fuente);
-    if (fuentes.empty()) return false;
-    fuente = fuentes.front();
-    fuentes.pop_front();
-    return true;
 }
 
 }  // namespace sorvanel
