@@ -72,9 +72,9 @@ protected:
 
 TEST_F(Entrega, NecesitaSoloLoQueWindowsTrae) {
     const std::set<std::string> deWindows = {
-        "advapi32.dll", "comctl32.dll", "comdlg32.dll", "dwmapi.dll", "gdi32.dll",    "gdiplus.dll", "imm32.dll",
-        "kernel32.dll", "msimg32.dll",  "msvcrt.dll",   "ole32.dll",  "oleaut32.dll", "shell32.dll", "shlwapi.dll",
-        "user32.dll",   "uxtheme.dll",  "version.dll",  "winmm.dll",  "ws2_32.dll",   "wtsapi32.dll"};
+        "advapi32.dll", "comctl32.dll", "comdlg32.dll", "dwmapi.dll",  "gdi32.dll",  "gdiplus.dll",  "imm32.dll",
+        "kernel32.dll", "msimg32.dll",  "msvcrt.dll",   "ole32.dll",   "oleacc.dll", "oleaut32.dll", "shell32.dll",
+        "shlwapi.dll",  "user32.dll",   "uxtheme.dll",  "version.dll", "winmm.dll",  "ws2_32.dll",   "wtsapi32.dll"};
     const std::set<std::string> pedidas = exe.bibliotecas();
     EXPECT_TRUE(pedidas.contains("kernel32.dll"));
     for (const std::string& una : pedidas)

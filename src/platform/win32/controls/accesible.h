@@ -1,0 +1,55 @@
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace sorvanel {
+
+// What a window paints itself although it is a control to everybody else: a label or a group frame.
+struct ElementoPintado {
+    int id;  // the control's number; 0 cannot be asked for
+    bool grupo;
+    bool visible;
+    std::wstring nombre;
+    RECT lugar;  // client area, device pixels
+};
+
+class FuenteElementos {
+public:
+    virtual HWND ventana() const = 0;
+    virtual void recorrer(const std::function<void(const ElementoPintado&)>& ver) const = 0;
+
+protected:
+    ~FuenteElementos() = default;
+};
+
+// Shows them to screen readers, user-interface automation and the like: what these know of the
+// window stays the system's own answer, and the painted elements join it as children without a
+// window, each under its control's number. OLE must have been initialised on the window's thread.
+//
+// Whoever changes a text or shows or hides an element says so with NotifyWinEvent(…, OBJID_CLIENT,
+// number), as the system does by itself where there is a window.
+class AccesibleVentana {
+public:
+    // The source outlives it, or desligar() is called before the source goes.
+    explicit AccesibleVentana(const FuenteElementos& fuente);
+    AccesibleVentana(const AccesibleVentana&) = delete;
+    AccesibleVentana& operator=(const AccesibleVentana&) = delete;
+    ~AccesibleVentana() { desligar(); }
+
+    // The answer to WM_GETOBJECT; 0 when something else is asked for, or the system lacks what it
+    // takes: the window leaves the message to the system then.
+    LRESULT responder(WPARAM wParam, LPARAM lParam) const noexcept;
+
+    // At the window's death: whoever still holds one of the objects handed out learns from it that
+    // the window is gone, and nothing else.
+    void desligar() noexcept { *m_fuente = nullptr; }
+
+private:
+    std::shared_ptr<const FuenteElementos*> m_fuente;
+};
+
+}  // namespace sorvanel
