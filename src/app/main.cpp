@@ -12,7 +12,7 @@
 #include "platform/win32/system/archivosWin.h"
 #include "platform/win32/system/avisosWin.h"
 #include "platform/win32/system/cursorWin.h"
-#include "platform/win32/system/fabricaDialogosWin.h"
+#include "platform/win32/system/dialogosSistemaWin.h"
 #include "platform/win32/system/instancia.h"
 #include "platform/win32/system/monitoresWin.h"
 #include "platform/win32/system/programaWin.h"
@@ -40,8 +40,9 @@ struct Composicion {
     AlmacenPerfil perfil{archivos, reloj, fabrica};
     Entorno entorno{programa, archivos, perfil, monitores, fabrica, reloj, cursor, avisos, cola, reposo};
     frTCP compartido{entorno};
-    FormularioWin formulario{"Sorvanel"};
-    FabricaDialogosWin dialogos{bucle, avisos, formulario.hwnd()};
+    RecursosVentanas recursos;
+    FormularioWin formulario{recursos, "Sorvanel"};
+    FabricaDialogosWin dialogos{recursos, bucle, avisos, formulario.hwnd()};
     base principal{entorno, formulario, dialogos, compartido};
 
     Composicion() {

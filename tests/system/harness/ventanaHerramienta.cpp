@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "harness/elemento.h"
 #include "harness/esperar.h"
 #include "harness/texto.h"
 #include "harness/ventana.h"
@@ -34,11 +35,14 @@ HWND VentanaHerramienta::control(IdControl id, int elemento) const {
 }
 
 bool VentanaHerramienta::esperarControl(IdControl id, int elemento) const {
-    return esperar([&] { return seVe(control(id, elemento)); });
+    return esperar([&] {
+        return seVe(control(id, elemento)) || lugarPintado(ventana(), numero(id, elemento)).has_value();
+    });
 }
 
 std::string VentanaHerramienta::texto(IdControl id, int elemento) const {
-    return pruebas::texto(control(id, elemento));
+    const HWND suyo = control(id, elemento);
+    return suyo != nullptr ? pruebas::texto(suyo) : textoPintado(ventana(), numero(id, elemento));
 }
 
 bool VentanaHerramienta::esperarTexto(IdControl id, int elemento, std::string_view esperado) const {
@@ -46,7 +50,14 @@ bool VentanaHerramienta::esperarTexto(IdControl id, int elemento, std::string_vi
 }
 
 void VentanaHerramienta::pulsar(IdControl id, int elemento) const {
-    if (esperarControl(id, elemento)) pruebas::pulsar(control(id, elemento));
+    if (!esperarControl(id, elemento)) return;
+    if (const HWND suyo = control(id, elemento)) return pruebas::pulsar(suyo);
+    const auto sitio = lugarPintado(ventana(), numero(id, elemento));
+    if (!sitio) return;
+    POINT medio{(sitio->left + sitio->right) / 2, (sitio->top + sitio->bottom) / 2};
+    MapWindowPoints(nullptr, ventana(), &medio, 1);
+    PostMessageW(ventana(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(medio.x, medio.y));
+    PostMessageW(ventana(), WM_LBUTTONUP, 0, MAKELPARAM(medio.x, medio.y));
 }
 
 bool VentanaHerramienta::enfocar(HWND control) const {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/win32/base/mensajes.h"
+
 namespace sorvanel {
 
 void Bucle::anadirDialogo(HWND ventana) {
@@ -80,7 +82,7 @@ void Bucle::repartir(MSG& mensaje) {
 
 void Bucle::anunciarRaton(const MSG& mensaje) const {
     for (const HWND dialogo : m_dialogos) {
-        if (!IsChild(dialogo, mensaje.hwnd)) continue;
+        if (dialogo != mensaje.hwnd && !IsChild(dialogo, mensaje.hwnd)) continue;
         SendMessageW(dialogo, MENSAJE_RATON, 0, reinterpret_cast<LPARAM>(&mensaje));
         return;
     }

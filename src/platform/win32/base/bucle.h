@@ -25,9 +25,6 @@ public:
     Bucle(const RelojWin& reloj, VentanaMensajes& mensajes) : m_reloj(reloj), m_mensajes(mensajes) {}
 
     void ocio(Ocio ocio) { m_ocio = std::move(ocio); }
-    // To a dialog, before a mouse message for one of its children is handed out: the MSG, in lParam.
-    static constexpr UINT MENSAJE_RATON = WM_APP + 32;
-
     // Gives that window the keyboard habits of a dialog, and MENSAJE_RATON, until it is taken off.
     void anadirDialogo(HWND ventana);
     void quitarDialogo(HWND ventana);

@@ -76,7 +76,7 @@ using Icono = Manejador<RasgosIcono>;
 using PunteroRaton = Manejador<RasgosPuntero>;
 // From CreateWindow. A child may have gone with its parent: whoever owns one drops it first, or
 // calls soltar() at WM_NCDESTROY.
-using Ventana = Manejador<RasgosVentana>;
+using VentanaPropia = Manejador<RasgosVentana>;
 
 // From GetDC; a null window means the whole screen.
 class DCVentana {

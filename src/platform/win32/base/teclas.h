@@ -4,7 +4,7 @@
 
 #include <optional>
 
-#include "platform/dialogo.h"
+#include "platform/control.h"
 
 namespace sorvanel {
 

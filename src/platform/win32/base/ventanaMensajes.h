@@ -91,7 +91,7 @@ private:
     bool m_turno = false;         // its timer runs
     std::int64_t m_finTurno = 0;  // microseconds
     UINT m_siguiente = 0;
-    Ventana m_ventana;
+    VentanaPropia m_ventana;
 };
 
 }  // namespace sorvanel

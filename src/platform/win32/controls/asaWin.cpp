@@ -4,7 +4,6 @@
 
 #include <utility>
 
-#include "platform/win32/base/textoWin.h"
 #include "platform/win32/painting/pictogramas.h"
 
 namespace sorvanel {
@@ -19,76 +18,34 @@ constexpr COLORREF CLARO = RGB(0xFF, 0xFF, 0xFF);
 
 }  // namespace
 
-AsaWin::AsaWin(Anfitrion& anfitrion, IdControl id) : m_anfitrion(anfitrion) {
-    MoldeVentana molde;
-    molde.clase = CLASE;
-    molde.estilo = WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP;
-    molde.padre = anfitrion.ventana();
-    molde.id = numero(id);
-    crear(molde);
+AsaWin::AsaWin(Anfitrion& anfitrion, IdControl id, int elemento) : ControlDe(anfitrion) {
+    crearControl(CLASE, nullptr, WS_TABSTOP, id, elemento);
 }
 
-AsaWin::~AsaWin() {
-    m_oyente = nullptr;
-    m_anfitrion.sugerencia(hwnd(), {});
-    destruir();
-    m_anfitrion.baja(*this);
-}
-
-void AsaWin::alCambiarEscala() {
-    situar(m_anfitrion.escala().aPixeles(m_lugar));
-    invalidar();
-}
-
-void AsaWin::colocar(const Rectangulo& lugar) {
-    m_lugar = lugar;
-    alCambiarEscala();
-}
-
-void AsaWin::mostrar(bool visible) {
-    if (visible == m_visible) return;
-    m_visible = visible;
+void AsaWin::ponerVisible(bool visible) {
     if (!visible) soltar();
-    mostrarSinActivar(visible);
-    m_anfitrion.alCambiarControl();
-}
-
-void AsaWin::nombre(const std::string& texto) {
-    if (!hwnd()) return;
-    const std::wstring letras = aAncho(texto);
-    SetWindowTextW(hwnd(), letras.c_str());
-    m_anfitrion.sugerencia(hwnd(), letras);
+    ControlDe::ponerVisible(visible);
 }
 
 // Blue between two lines, so that it is seen on any ground; the line within is wide with the focus.
-void AsaWin::alPintar() {
-    const DCPintado pintado(hwnd());
-    if (!pintado) return;
-    RECT zona{};
-    GetClientRect(hwnd(), &zona);
-    Lienzo& borrador = m_anfitrion.borrador();
-    borrador.alcanzar(zona.right, zona.bottom);
-    if (!borrador.utilizable()) return;
-    const int fina = m_anfitrion.escala().y.largo(TWIPS_POR_PIXEL);
-    const int linea = GetFocus() == hwnd() ? 2 * fina : fina;
+void AsaWin::pintar(Lienzo& lienzo, const RECT& zona) {
+    const int fina = px(1), linea = enfocado() ? 2 * fina : fina;
     const auto capa = [&](int margen, COLORREF color) {
-        borrador.llenar({margen, margen, zona.right - margen, zona.bottom - margen}, color);
+        lienzo.llenar({margen, margen, zona.right - margen, zona.bottom - margen}, color);
     };
     capa(0, AZUL_OSCURO);
     capa(fina, CLARO);
     capa(fina + linea, AZUL);
     const int margen = 4 * fina;
-    dibujarPictograma(borrador, Dibujo::tamano, {margen, margen, zona.right - margen, zona.bottom - margen}, CLARO);
-    BitBlt(pintado.get(), 0, 0, zona.right, zona.bottom, borrador.dc(), 0, 0, SRCCOPY);
+    dibujarPictograma(lienzo, Dibujo::tamano, {margen, margen, zona.right - margen, zona.bottom - margen}, CLARO);
 }
 
 // Reckoned from the form's own pixels: the handle moves meanwhile, and its place in twips is finer
 // than the pixel on which it stands.
 Punto AsaWin::dentro(LPARAM posicion) const {
     POINT p{GET_X_LPARAM(posicion), GET_Y_LPARAM(posicion)};
-    MapWindowPoints(hwnd(), m_anfitrion.ventana(), &p, 1);
-    const Escala& escala = m_anfitrion.escala();
-    return {escala.x.aTwips(p.x) - m_lugar.x, escala.y.aTwips(p.y) - m_lugar.y};
+    MapWindowPoints(hwnd(), anfitrion().hwnd(), &p, 1);
+    return {escala().x.aTwips(p.x) - lugar().x, escala().y.aTwips(p.y) - lugar().y};
 }
 
 void AsaWin::soltar() {
@@ -107,7 +64,7 @@ LRESULT AsaWin::alRaton(UINT mensaje, LPARAM l) {
             break;
         case WM_MOUSEMOVE:
             if (!m_arrastrando) {
-                m_anfitrion.alMoverRaton(ZonaRaton::representacion);
+                alMoverRaton();
             } else if (m_oyente) {
                 m_oyente->alMoverAsa(dentro(l));
             }
@@ -142,13 +99,8 @@ bool AsaWin::alTeclear(WPARAM tecla) {
     return true;
 }
 
-LRESULT AsaWin::alMensaje(UINT mensaje, WPARAM w, LPARAM l) {
+LRESULT AsaWin::atender(UINT mensaje, WPARAM w, LPARAM l) {
     switch (mensaje) {
-        case WM_PAINT:
-            alPintar();
-            return 0;
-        case WM_ERASEBKGND:
-            return 1;
         case WM_LBUTTONDOWN:
         case WM_MOUSEMOVE:
         case WM_LBUTTONUP:
@@ -161,12 +113,8 @@ LRESULT AsaWin::alMensaje(UINT mensaje, WPARAM w, LPARAM l) {
             return DLGC_WANTARROWS;
         case WM_KEYDOWN:
             return alTeclear(w) ? 0 : porDefecto(mensaje, w, l);
-        case WM_SETFOCUS:
-        case WM_KILLFOCUS:
-            invalidar();
-            return 0;
         default:
-            return porDefecto(mensaje, w, l);
+            return ControlDe::atender(mensaje, w, l);
     }
 }
 

@@ -5,68 +5,166 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/win32/base/textoWin.h"
-#include "platform/win32/painting/aspecto.h"
 #include "platform/win32/painting/pictogramas.h"
 
 namespace sorvanel {
 
 namespace {
 
-constexpr const wchar_t* CLASE = L"SorvanelBoton";
+constexpr UINT_PTR RELOJ_REPETICION = 1;
+constexpr UINT ESPERA = 400, RITMO = 60;  // milliseconds
 
 // Design pixels.
-constexpr float MARGEN = 10, SEPARACION = 7, ALTO_TIPICO = 28;
-constexpr float PARTE_DIBUJO = 0.66F;  // of the button's height
+constexpr float DIBUJO = 18, ORLA = 3;  // the latter between a colour and the line around it
 
-using aspecto::aColor;
+// Beside what stands on a button: the least margin left and right, and between picture and text; design pixels.
+struct Huecos {
+    float izquierda, derecha, medio;
+};
+
+Huecos huecosDe(EstiloBoton estilo) {
+    return estilo == EstiloBoton::barra ? Huecos{5, 5, 7} : Huecos{8, 4, 6};
+}
 
 }  // namespace
 
-BotonWin::BotonWin(Anfitrion& anfitrion, IdControl id) : m_anfitrion(anfitrion) {
-    MoldeVentana molde;
-    molde.clase = CLASE;
-    molde.sobre = L"BUTTON";
-    molde.estilo = WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | BS_OWNERDRAW;
-    molde.padre = anfitrion.ventana();
-    molde.id = numero(id);
-    crear(molde);
+PulsadorWin::PulsadorWin(Anfitrion& anfitrion, const wchar_t* clase, IdControl id, int elemento)
+    : ControlWin(anfitrion) {
+    crearControl(clase, L"BUTTON", WS_TABSTOP | BS_OWNERDRAW, id, elemento);
+    sensible();
 }
 
-BotonWin::~BotonWin() {
-    m_anfitrion.sugerencia(hwnd(), {});
-    destruir();
-    m_anfitrion.baja(*this);
+apariencia::Estado PulsadorWin::estado() const {
+    return {(m_apretado && m_dentro) || m_tecla, enfocado(), encima(), habilitado()};
 }
 
-int BotonWin::px(float pixelesDeDiseno) const {
-    return aspecto::px(m_anfitrion.escala(), pixelesDeDiseno);
+void PulsadorWin::alNotificar(UINT aviso) {
+    if (aviso == BN_CLICKED) actuarSiPulsable();
 }
 
-void BotonWin::alCambiarEscala() {
-    situar(m_anfitrion.escala().aPixeles(m_lugar));
+bool PulsadorWin::dentro(LPARAM l) const {
+    RECT zona{};
+    GetClientRect(hwnd(), &zona);
+    return PtInRect(&zona, {GET_X_LPARAM(l), GET_Y_LPARAM(l)}) != 0;
+}
+
+void PulsadorWin::alApretar(LPARAM l) {
+    POINT donde{GET_X_LPARAM(l), GET_Y_LPARAM(l)};
+    ClientToScreen(hwnd(), &donde);
+    if (!anfitrion().pulsaciones().admitir(hwnd(), donde)) return;
+    if (tomaFoco()) SetFocus(hwnd());
+    SetCapture(hwnd());
+    m_apretado = m_dentro = true;
+    invalidar();
+    if (!m_repite) return;
+    SetTimer(hwnd(), RELOJ_REPETICION, ESPERA, nullptr);
+    actuarSiPulsable();
+}
+
+void PulsadorWin::alMover(LPARAM l) {
+    if (m_apretado && std::exchange(m_dentro, dentro(l)) != m_dentro) invalidar();
+}
+
+// Also when the system takes the mouse away.
+void PulsadorWin::soltar() {
+    if (!m_apretado) return;
+    m_apretado = false;
+    KillTimer(hwnd(), RELOJ_REPETICION);
+    if (GetCapture() == hwnd()) ReleaseCapture();
     invalidar();
 }
 
-void BotonWin::colocar(const Rectangulo& lugar) {
-    m_lugar = lugar;
-    alCambiarEscala();
-    m_anfitrion.alCambiarControl();
+void PulsadorWin::alTic() {
+    if (!m_apretado) return;
+    SetTimer(hwnd(), RELOJ_REPETICION, RITMO, nullptr);
+    if (m_dentro) actuarSiPulsable();
 }
 
-void BotonWin::mostrar(bool visible) {
-    if (visible == m_visible) return;
-    m_visible = visible;
-    m_encima = false;
-    mostrarSinActivar(visible);
-    m_anfitrion.alCambiarControl();
+LRESULT PulsadorWin::alRaton(UINT mensaje, LPARAM l) {
+    switch (mensaje) {
+        case WM_LBUTTONDOWN:
+            alApretar(l);
+            return 0;
+        case WM_LBUTTONUP: {
+            const bool completa = m_apretado && !m_repite && dentro(l);
+            soltar();
+            if (completa) actuarSiPulsable();
+            return 0;
+        }
+        default:
+            alMover(l);
+            alMoverRaton();
+            return 0;
+    }
 }
 
-void BotonWin::habilitar(bool si) {
-    if (si == m_habilitado) return;
-    m_habilitado = si;
-    if (hwnd()) EnableWindow(hwnd(), si ? TRUE : FALSE);
-    m_anfitrion.alCambiarControl();
+// Held down, a key repeats as the system's keyboard does; what does not repeat is pressed once.
+bool PulsadorWin::alTeclear(UINT mensaje, WPARAM tecla, LPARAM detalle) {
+    constexpr LPARAM REPETIDA = 1 << 30;
+    if (tecla != VK_SPACE && tecla != VK_RETURN) return false;
+    const bool baja = mensaje == WM_KEYDOWN, primera = !(detalle & REPETIDA);
+    const bool alBajar = m_repite || (primera && tecla == VK_RETURN);
+    const bool alSoltar = tecla == VK_SPACE && m_tecla && !m_repite;
+    if (baja ? alBajar : alSoltar) actuarSiPulsable();
+    if (tecla == VK_SPACE && std::exchange(m_tecla, baja) != m_tecla) invalidar();
+    return true;
+}
+
+LRESULT PulsadorWin::atender(UINT mensaje, WPARAM w, LPARAM l) {
+    switch (mensaje) {
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONUP:
+        case WM_MOUSEMOVE:
+            return alRaton(mensaje, l);
+        case WM_CAPTURECHANGED:
+        case WM_CANCELMODE:
+            soltar();
+            return 0;
+        case WM_TIMER:
+            if (w == RELOJ_REPETICION) alTic();
+            return 0;
+        case WM_KEYDOWN:
+        case WM_KEYUP:
+            return alTeclear(mensaje, w, l) ? 0 : porDefecto(mensaje, w, l);
+        case WM_KILLFOCUS:
+            m_tecla = false;
+            return ControlWin::atender(mensaje, w, l);
+        case BM_CLICK:
+            actuarSiPulsable();
+            return 0;
+        case BM_SETSTYLE:
+            // The system would make a "default button" of it.
+            return 0;
+        case WM_DRAWITEM:
+            pintarEn(reinterpret_cast<const DRAWITEMSTRUCT*>(l)->hDC);
+            return TRUE;
+        case WM_GETDLGCODE: {
+            // The arrows are wanted too, so that they do not lead into some text box.
+            const auto* m = reinterpret_cast<const MSG*>(l);
+            const bool intro = m && m->message == WM_KEYDOWN && m->wParam == VK_RETURN;
+            return DLGC_BUTTON | DLGC_WANTARROWS | (intro ? DLGC_WANTMESSAGE : 0);
+        }
+        default:
+            return ControlWin::atender(mensaje, w, l);
+    }
+}
+
+// ---- Button ----
+
+BotonWin::BotonWin(Anfitrion& anfitrion, IdControl id, int elemento)
+    : ControlDe(anfitrion, L"SorvanelBoton", id, elemento) {}
+
+void BotonWin::texto(const std::string& texto) {
+    std::wstring nuevo = aAncho(texto);
+    if (nuevo == m_texto) return;
+    m_texto = std::move(nuevo);
+    if (hwnd() && !m_conNombre) SetWindowTextW(hwnd(), m_texto.c_str());
+    invalidar();
+}
+
+void BotonWin::ponerNombre(const std::wstring& texto) {
+    m_conNombre = !texto.empty();
+    nombrarConTexto(m_conNombre ? texto : m_texto);
 }
 
 void BotonWin::dibujo(Dibujo dibujo) {
@@ -75,178 +173,62 @@ void BotonWin::dibujo(Dibujo dibujo) {
     invalidar();
 }
 
-void BotonWin::rotulo(const std::string& texto) {
-    std::wstring nuevo = aAncho(texto);
-    if (nuevo == m_rotulo) return;
-    m_rotulo = std::move(nuevo);
-    invalidar();
+bool BotonWin::alTeclear(UINT mensaje, WPARAM tecla, LPARAM detalle) {
+    if (m_estilo != EstiloBoton::barra || tecla < VK_LEFT || tecla > VK_DOWN)
+        return PulsadorWin::alTeclear(mensaje, tecla, detalle);
+    if (mensaje == WM_KEYDOWN) anfitrion().pasarFoco(*this, tecla == VK_LEFT || tecla == VK_UP ? -1 : 1);
+    return true;
 }
 
-void BotonWin::nombre(const std::string& texto) {
-    if (!hwnd()) return;
-    const std::wstring letras = aAncho(texto);
-    SetWindowTextW(hwnd(), letras.c_str());
-    m_anfitrion.sugerencia(hwnd(), letras);
+// The same on both sides, or it looks shifted.
+int BotonWin::ladoDibujo(const RECT& zona) const {
+    if (m_dibujo == Dibujo::ninguno) return 0;
+    if (m_estilo == EstiloBoton::imagen) {
+        const int lado = static_cast<int>(static_cast<float>(std::min(zona.right, zona.bottom)) * 0.72F);
+        return lado - (zona.right - lado) % 2;
+    }
+    int lado = px(DIBUJO);
+    if (m_estilo == EstiloBoton::barra) lado = std::min<int>(escala().y.largo(lugar().alto * 0.66F), zona.right);
+    return lado - (zona.bottom - lado) % 2;
 }
 
-void BotonWin::colorDetras(Color color) {
-    if (color == m_detras) return;
-    m_detras = color;
-    invalidar();
-}
-
-void BotonWin::refrescar() {
-    invalidar();
-    pintarPendiente();
-}
-
-int BotonWin::ladoDibujo() const {
-    const float alto = m_lugar.alto > 0 ? m_lugar.alto : aTwips(ALTO_TIPICO);
-    return m_anfitrion.escala().y.largo(alto * PARTE_DIBUJO);
-}
-
-int BotonWin::anchoTexto(HDC dc, const std::wstring& texto) const {
-    SIZE medida{};
-    GetTextExtentPoint32W(dc, texto.data(), static_cast<int>(texto.size()), &medida);
-    return medida.cx;
-}
-
-float BotonWin::anchoRotulo(const std::string& texto) const {
-    const Escala& escala = m_anfitrion.escala();
-    const Fuente& fuente = m_anfitrion.fuenteBoton();
-    const auto hecha = m_anfitrion.fuentes().pedir(fuente, escala.y.largo(fuente.alto));
-    HDC dc = m_anfitrion.borrador().dc();
-    const Seleccion letra(dc, hecha->get());
-    int ancho = anchoTexto(dc, aAncho(texto)) + 2 * px(MARGEN);
-    if (m_dibujo != Dibujo::ninguno) ancho += ladoDibujo() + px(SEPARACION);
-    return escala.x.aTwips(ancho);
-}
-
-void BotonWin::pulsar() {
-    if (!alcanzable() || !m_accion) return;
-    // A copy: the action may give the button another one.
-    const std::function<void()> accion = m_accion;
-    accion();
-}
-
-void BotonWin::pintar(const DRAWITEMSTRUCT& pedido) {
-    const int ancho = pedido.rcItem.right - pedido.rcItem.left, alto = pedido.rcItem.bottom - pedido.rcItem.top;
-    if (ancho <= 0 || alto <= 0) return;
-    Lienzo& borrador = m_anfitrion.borrador();
-    borrador.alcanzar(ancho, alto);
-    if (!borrador.utilizable()) return;
-    const aspecto::Estado estado{(pedido.itemState & ODS_SELECTED) != 0, (pedido.itemState & ODS_FOCUS) != 0, m_encima,
-                                 m_habilitado};
-    const RECT zona{0, 0, ancho, alto};
-    borrador.llenar(zona, aColor(m_detras));
-    aspecto::pintarCara(borrador, zona, m_anfitrion.escala(), estado);
-    pintarContenido(borrador, zona, estado.habilitado);
-    BitBlt(pedido.hDC, pedido.rcItem.left, pedido.rcItem.top, ancho, alto, borrador.dc(), 0, 0, SRCCOPY);
-}
-
-void BotonWin::pintarContenido(Lienzo& lienzo, const RECT& zona, bool habilitado) const {
-    HDC dc = lienzo.dc();
-    const Fuente& fuente = m_anfitrion.fuenteBoton();
-    const auto hecha = m_anfitrion.fuentes().pedir(fuente, m_anfitrion.escala().y.largo(fuente.alto));
-    const Seleccion letra(dc, hecha->get());
-    int lado = m_dibujo == Dibujo::ninguno ? 0 : std::min<int>(ladoDibujo(), zona.right);
-    if (lado > 0) lado -= (zona.bottom - lado) % 2;  // the same above and below
-    const int texto = m_rotulo.empty() ? 0 : anchoTexto(dc, m_rotulo);
-    const int hueco = lado > 0 && texto > 0 ? px(SEPARACION) : 0;
-    const int margen = texto > 0 ? px(MARGEN) / 2 : 0;
+void BotonWin::pintar(Lienzo& lienzo, const RECT& zona) {
+    apariencia::pintarCara(lienzo, zona, escala(), estado());
+    const Huecos huecos = huecosDe(m_estilo);
+    const int texto = m_texto.empty() ? 0 : extension(lienzo.dc(), m_texto).cx;
+    const int lado = ladoDibujo(zona), hueco = lado > 0 && texto > 0 ? px(huecos.medio) : 0;
+    const int margen = texto > 0 ? px(huecos.izquierda) : 0;
     int x = std::max<int>(margen, (zona.right - lado - hueco - texto) / 2);
-
     if (lado > 0) {
         const int y = (zona.bottom - lado) / 2;
-        dibujarPictograma(lienzo, m_dibujo, {x, y, x + lado, y + lado},
-                          aColor(habilitado ? aspecto::tintaDe(m_dibujo) : aspecto::LETRA_INHABIL));
+        const Color tinta = habilitado() ? apariencia::tintaDe(m_dibujo) : apariencia::LETRA_INHABIL;
+        dibujarPictograma(lienzo, m_dibujo, {x, y, x + lado, y + lado}, apariencia::aColor(tinta));
         x += lado + hueco;
     }
-    if (texto > 0) {
-        RECT sitio{x, zona.top, std::max<LONG>(zona.right - margen, x), zona.bottom};
-        SetTextColor(dc, aColor(habilitado ? aspecto::LETRA : aspecto::LETRA_INHABIL));
-        DrawTextW(dc, m_rotulo.data(), static_cast<int>(m_rotulo.size()), &sitio,
-                  DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
-    }
+    if (texto == 0) return;
+    const RECT sitio{x, zona.top, std::max<LONG>(zona.right - px(huecos.derecha), x), zona.bottom};
+    apariencia::escribir(lienzo.dc(), m_texto, sitio, apariencia::letraDe(habilitado()));
 }
 
-void BotonWin::alMoverRaton() {
-    if (!m_encima) {
-        TRACKMOUSEEVENT aviso{sizeof aviso, TME_LEAVE, hwnd(), 0};
-        m_encima = TrackMouseEvent(&aviso) != 0;
-        invalidar();
-    }
-    m_anfitrion.alMoverRaton(ZonaRaton::barra);
+// ---- Colour ----
+
+MarcoColorWin::MarcoColorWin(Anfitrion& anfitrion, IdControl id, int elemento)
+    : ControlDe(anfitrion, L"SorvanelMarcoColor", id, elemento) {}
+
+void MarcoColorWin::color(Color color) {
+    if (color == m_color) return;
+    m_color = color;
+    invalidar();
 }
 
-// The keys that the system's keyboard handling would otherwise keep for itself.
-LRESULT BotonWin::teclasPropias(LPARAM mensaje) {
-    if (mensaje) {
-        const auto& m = *reinterpret_cast<const MSG*>(mensaje);
-        const bool propia = m.wParam == VK_RETURN || (m.wParam >= VK_LEFT && m.wParam <= VK_DOWN);
-        if (m.message == WM_KEYDOWN && propia) return DLGC_BUTTON | DLGC_WANTMESSAGE;
-    }
-    return DLGC_BUTTON;
-}
-
-bool BotonWin::alTeclear(WPARAM tecla, LPARAM detalle) {
-    constexpr LPARAM REPETIDA = 1 << 30;
-    switch (tecla) {
-        case VK_RETURN:
-            // Held down it presses once: what comes into its place must not be pressed too.
-            if (!(detalle & REPETIDA)) pulsar();
-            return true;
-        case VK_LEFT:
-        case VK_UP:
-            m_anfitrion.pasarFoco(*this, -1);
-            return true;
-        case VK_RIGHT:
-        case VK_DOWN:
-            m_anfitrion.pasarFoco(*this, 1);
-            return true;
-        default:
-            return false;
-    }
-}
-
-LRESULT BotonWin::alMensaje(UINT mensaje, WPARAM w, LPARAM l) {
-    switch (mensaje) {
-        case WM_DRAWITEM:  // sent back by the form
-            pintar(*reinterpret_cast<const DRAWITEMSTRUCT*>(l));
-            return TRUE;
-        case WM_COMMAND:  // the same
-            if (HIWORD(w) == BN_CLICKED) pulsar();
-            return 0;
-        case WM_ERASEBKGND:
-            return 1;
-        case BM_SETSTYLE:
-            // The system would make a "default button" of it, which it paints itself.
-            return 0;
-        case WM_GETDLGCODE:
-            return teclasPropias(l);
-        case WM_KEYDOWN:
-            return alTeclear(w, l) ? 0 : porDefecto(mensaje, w, l);
-        case WM_SETFOCUS: {
-            const LRESULT r = porDefecto(mensaje, w, l);
-            m_anfitrion.alRecibirFoco(*this);
-            invalidar();
-            return r;
-        }
-        case WM_LBUTTONDOWN: {
-            POINT donde{GET_X_LPARAM(l), GET_Y_LPARAM(l)};
-            ClientToScreen(hwnd(), &donde);
-            return m_anfitrion.admitirPulsacion(*this, donde) ? porDefecto(mensaje, w, l) : 0;
-        }
-        case WM_MOUSEMOVE:
-            alMoverRaton();
-            return porDefecto(mensaje, w, l);
-        case WM_MOUSELEAVE:
-            m_encima = false;
-            invalidar();
-            return porDefecto(mensaje, w, l);
-        default:
-            return porDefecto(mensaje, w, l);
-    }
+// The colour lies on a button's face: so it is seen as one also where it is white.
+void MarcoColorWin::pintar(Lienzo& lienzo, const RECT& zona) {
+    apariencia::pintarCara(lienzo, zona, escala(), estado());
+    const int orla = px(ORLA);
+    const RECT muestra{orla, orla, zona.right - orla, zona.bottom - orla};
+    if (muestra.right <= muestra.left || muestra.bottom <= muestra.top) return;
+    apariencia::pintarCaja(lienzo, muestra, px(apariencia::RADIO_CAJA), px(1), apariencia::BORDE_CAMPO,
+                           colorPintable(m_color));
 }
 
 }  // namespace sorvanel

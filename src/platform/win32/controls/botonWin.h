@@ -1,58 +1,73 @@
 #pragma once
 
-#include <string>
-
-#include "platform/formulario.h"
-#include "platform/win32/base/ventanaWin.h"
-#include "platform/win32/painting/anfitrion.h"
+#include "platform/win32/controls/controlWin.h"
 
 namespace sorvanel {
 
-// A push button of the system, painted by us: it keeps the system's behaviour, its messages and its
-// name for screen readers, and has our look.
-class BotonWin final : public Boton, private VentanaWin {
-public:
-    BotonWin(Anfitrion& anfitrion, IdControl id);
-    ~BotonWin() override;
+// How what is pressed is pressed: by the mouse, which must be released on it, by Enter or the space bar. The system's
+// own button would take the focus with each click, and paint as it likes; apart from the mouse and the look it is one.
+class PulsadorWin : public ControlWin {
+protected:
+    PulsadorWin(Anfitrion& anfitrion, const wchar_t* clase, IdControl id, int elemento);
 
-    using VentanaWin::hwnd;
-    void alCambiarEscala();
-    const Rectangulo& lugar() const { return m_lugar; }
-    // Can the keyboard reach it?
-    bool alcanzable() const { return m_visible && m_habilitado && hwnd(); }
+    // A click brings the focus with it.
+    virtual bool tomaFoco() const { return false; }
+    void repite(bool si) { m_repite = si; }
+    apariencia::Estado estado() const;
 
-    void colocar(const Rectangulo& lugar) override;
-    void mostrar(bool visible) override;
-    void habilitar(bool si) override;
-    void dibujo(Dibujo dibujo) override;
-    void rotulo(const std::string& texto) override;
-    void nombre(const std::string& texto) override;
-    void colorDetras(Color color) override;
-    float anchoRotulo(const std::string& texto) const override;
-    void refrescar() override;
-    void alPulsar(std::function<void()> accion) override { m_accion = std::move(accion); }
+    LRESULT atender(UINT mensaje, WPARAM w, LPARAM l) override;
+    void alNotificar(UINT aviso) override;
+    void ponerNombre(const std::wstring& texto) override { nombrarConTexto(texto); }
+    virtual bool alTeclear(UINT mensaje, WPARAM tecla, LPARAM detalle);
 
 private:
-    LRESULT alMensaje(UINT mensaje, WPARAM w, LPARAM l) override;
-    bool alTeclear(WPARAM tecla, LPARAM detalle);
-    LRESULT teclasPropias(LPARAM mensaje);
-    void alMoverRaton();
-    void pulsar();
-    void pintar(const DRAWITEMSTRUCT& pedido);
-    void pintarContenido(Lienzo& lienzo, const RECT& zona, bool habilitado) const;
-    int ladoDibujo() const;
-    int anchoTexto(HDC dc, const std::wstring& texto) const;
-    int px(float pixelesDeDiseno) const;
+    LRESULT alRaton(UINT mensaje, LPARAM l);
+    void alApretar(LPARAM l);
+    void alMover(LPARAM l);
+    void soltar();
+    void alTic();
+    bool dentro(LPARAM l) const;
 
-    Anfitrion& m_anfitrion;
-    Rectangulo m_lugar;
-    bool m_visible = false;
-    bool m_habilitado = true;
-    bool m_encima = false;
+    bool m_repite = false;
+    bool m_apretado = false;  // by the mouse, which is then ours
+    bool m_dentro = false;
+    bool m_tecla = false;  // the space bar is down
+};
+
+// The one button, of the bar and of the tools.
+class BotonWin final : public ControlDe<Boton, PulsadorWin> {
+public:
+    BotonWin(Anfitrion& anfitrion, IdControl id, int elemento);
+
+    void estilo(EstiloBoton estilo) override { m_estilo = estilo; }
+    void texto(const std::string& texto) override;
+    void dibujo(Dibujo dibujo) override;
+    void repetir(bool si) override { repite(si); }
+
+private:
+    bool tomaFoco() const override { return m_estilo != EstiloBoton::imagen; }
+    bool alTeclear(UINT mensaje, WPARAM tecla, LPARAM detalle) override;
+    void ponerNombre(const std::wstring& texto) override;
+    void pintar(Lienzo& lienzo, const RECT& zona) override;
+    int ladoDibujo(const RECT& zona) const;
+
+    EstiloBoton m_estilo = EstiloBoton::dialogo;
+    std::wstring m_texto;
+    bool m_conNombre = false;  // one that is not the text
     Dibujo m_dibujo = Dibujo::ninguno;
-    std::wstring m_rotulo;
-    Color m_detras = BLANCO;
-    std::function<void()> m_accion;
+};
+
+class MarcoColorWin final : public ControlDe<MarcoColor, PulsadorWin> {
+public:
+    MarcoColorWin(Anfitrion& anfitrion, IdControl id, int elemento);
+
+    void color(Color color) override;
+    Color color() const override { return m_color; }
+
+private:
+    void pintar(Lienzo& lienzo, const RECT& zona) override;
+
+    Color m_color = BLANCO;
 };
 
 }  // namespace sorvanel

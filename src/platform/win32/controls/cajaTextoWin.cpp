@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "platform/win32/base/teclas.h"
-#include "platform/win32/controls/portapapeles.h"
 
 namespace sorvanel {
 
@@ -31,6 +30,31 @@ private:
     HDC m_dc;
 };
 
+// The clipboard's text; empty when there is none or another program has it open.
+std::wstring textoDelPortapapeles(HWND ventana) {
+    struct Abierto {
+        explicit Abierto(HWND v) : bien(OpenClipboard(v) != 0) {}
+        ~Abierto() {
+            if (bien) CloseClipboard();
+        }
+        Abierto(const Abierto&) = delete;
+        Abierto& operator=(const Abierto&) = delete;
+        bool bien;
+    };
+    const Abierto abierto(ventana);
+    if (!abierto.bien) return {};
+    const HANDLE bloque = GetClipboardData(CF_UNICODETEXT);  // the clipboard's own
+    const auto* letras = bloque ? static_cast<const wchar_t*>(GlobalLock(bloque)) : nullptr;
+    if (!letras) return {};
+    // Whoever put it there may have forgotten its end.
+    const std::size_t caben = GlobalSize(bloque) / sizeof(wchar_t);
+    std::size_t cuantas = 0;
+    while (cuantas < caben && letras[cuantas] != L'\0') ++cuantas;
+    std::wstring texto(letras, cuantas);
+    GlobalUnlock(bloque);
+    return texto;
+}
+
 bool esMitadAlta(wchar_t unidad) {
     return unidad >= 0xD800 && unidad < 0xDC00;
 }
@@ -54,7 +78,7 @@ void anadir(std::wstring& texto, char32_t caracter) {
 
 }  // namespace
 
-CajaTextoWin::CajaTextoWin(AnfitrionDialogo& anfitrion, IdControl id, int elemento) : ControlDe(anfitrion) {
+CajaTextoWin::CajaTextoWin(Anfitrion& anfitrion, IdControl id, int elemento) : ControlDe(anfitrion) {
     // A double click selects a word.
     crearControl(CLASE, L"EDIT", WS_TABSTOP | ES_AUTOHSCROLL, id, elemento, true);
     ponerLetra();
@@ -248,12 +272,12 @@ void CajaTextoWin::pintarMarco() {
     RECT dentro{}, todo{};
     GetWindowRect(hwnd(), &todo);
     const int ancho = todo.right - todo.left, alto = todo.bottom - todo.top;
-    Lienzo& borrador = anfitrion().borrador();
+    Lienzo& borrador = anfitrion().recursos().borrador;
     borrador.alcanzar(ancho, alto);
     if (!borrador.utilizable() || ancho <= 0 || alto <= 0) return;
     anfitrion().pintarDetras(borrador, sitio());
-    const aspecto::Estado estado{false, enfocado(), false, habilitado()};
-    aspecto::pintarCampo(borrador, {0, 0, ancho, alto}, escala(), estado, colorPintable(m_fondo));
+    const apariencia::Estado estado{false, enfocado(), false, habilitado()};
+    apariencia::pintarCampo(borrador, {0, 0, ancho, alto}, escala(), estado, colorPintable(m_fondo));
     GetClientRect(hwnd(), &dentro);
     MapWindowPoints(hwnd(), nullptr, reinterpret_cast<POINT*>(&dentro), 2);
     OffsetRect(&dentro, -todo.left, -todo.top);
@@ -276,8 +300,8 @@ LRESULT CajaTextoWin::atenderMarco(UINT mensaje, WPARAM w, LPARAM l) {
         case WM_CTLCOLOREDIT:
         case WM_CTLCOLORSTATIC: {
             const HDC dc = reinterpret_cast<HDC>(w);
-            const COLORREF fondo = aspecto::aColor(habilitado() ? m_fondo : aspecto::CARA_INHABIL);
-            SetTextColor(dc, aspecto::aColor(habilitado() ? aspecto::LETRA : aspecto::LETRA_INHABIL));
+            const COLORREF fondo = apariencia::aColor(habilitado() ? m_fondo : apariencia::CARA_INHABIL);
+            SetTextColor(dc, apariencia::aColor(apariencia::letraDe(habilitado())));
             SetBkColor(dc, fondo);
             SetDCBrushColor(dc, fondo);
             return reinterpret_cast<LRESULT>(GetStockObject(DC_BRUSH));

@@ -10,7 +10,7 @@ namespace sorvanel {
 // middle of whatever height, and the control is one window.
 class CajaTextoWin final : public ControlDe<CajaTexto> {
 public:
-    CajaTextoWin(AnfitrionDialogo& anfitrion, IdControl id, int elemento);
+    CajaTextoWin(Anfitrion& anfitrion, IdControl id, int elemento);
 
     void alCambiarEscala() override;
     bool seValida() const override { return static_cast<bool>(m_alValidar); }
@@ -24,7 +24,6 @@ public:
     bool alFinal() const override;
     void seleccionarTodo() override;
     void filtro(std::function<char32_t(char32_t)> filtro) override { m_filtro = std::move(filtro); }
-    void alCambiar(std::function<void()> accion) override { alActuar(std::move(accion)); }
     void alPulsarTecla(std::function<bool(Tecla)> accion) override { m_alPulsarTecla = std::move(accion); }
     void alValidar(std::function<bool()> accion) override { m_alValidar = std::move(accion); }
 

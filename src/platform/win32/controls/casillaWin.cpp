@@ -15,8 +15,9 @@ constexpr float LADO = 16, SEPARACION = 7;
 
 }  // namespace
 
-CasillaWin::CasillaWin(AnfitrionDialogo& anfitrion, IdControl id, int elemento) : ControlDe(anfitrion) {
+CasillaWin::CasillaWin(Anfitrion& anfitrion, IdControl id, int elemento) : ControlDe(anfitrion) {
     crearControl(CLASE, L"BUTTON", WS_TABSTOP | BS_AUTOCHECKBOX, id, elemento);
+    sensible();
 }
 
 bool CasillaWin::marcada() const {
@@ -39,21 +40,10 @@ void CasillaWin::alNotificar(UINT aviso) {
     if (aviso == BN_CLICKED) actuarSiPulsable();
 }
 
-void CasillaWin::alMoverRaton() {
-    if (m_encima) return;
-    TRACKMOUSEEVENT aviso{sizeof aviso, TME_LEAVE, hwnd(), 0};
-    m_encima = TrackMouseEvent(&aviso) != 0;
-    invalidar();
-}
-
 LRESULT CasillaWin::atender(UINT mensaje, WPARAM w, LPARAM l) {
     switch (mensaje) {
         case WM_MOUSEMOVE:
             alMoverRaton();
-            return porDefectoSinPintar(mensaje, w, l);
-        case WM_MOUSELEAVE:
-            m_encima = false;
-            invalidar();
             return porDefectoSinPintar(mensaje, w, l);
         // With each of these the system would paint at once, and its own way.
         case WM_LBUTTONDOWN:
@@ -77,35 +67,33 @@ LRESULT CasillaWin::atender(UINT mensaje, WPARAM w, LPARAM l) {
 void CasillaWin::pintar(Lienzo& lienzo, const RECT& zona) {
     const LRESULT estado = SendMessageW(hwnd(), BM_GETSTATE, 0, 0);
     const bool si = (estado & BST_CHECKED) != 0;
-    const aspecto::Estado como{(estado & BST_PUSHED) != 0, enfocado(), m_encima, habilitado()};
+    const apariencia::Estado como{(estado & BST_PUSHED) != 0, enfocado(), encima(), habilitado()};
     const int lado = std::min<int>(px(LADO), zona.bottom);
     const int borde = std::min<int>((zona.bottom - lado) / 2, px(2));
     const int y = (zona.bottom - lado) / 2;
     const RECT caja{borde, y, borde + lado, y + lado};
-    Color cara = si ? aspecto::FOCO : aspecto::caraDe(como);
-    if (!como.habilitado) cara = si ? aspecto::LETRA_INHABIL : aspecto::CARA_INHABIL;
-    Color linea = aspecto::BORDE_CAMPO;
+    Color cara = si ? apariencia::FOCO : apariencia::caraDe(como);
+    if (!como.habilitado) cara = si ? apariencia::LETRA_INHABIL : apariencia::CARA_INHABIL;
+    Color linea = apariencia::BORDE_CAMPO;
     if (si) linea = cara;
-    if (como.encima || como.foco) linea = aspecto::FOCO;
-    aspecto::pintarCaja(lienzo, caja, px(3), px(como.foco && !si ? aspecto::GROSOR_FOCO : 1), linea, cara);
+    if (como.encima || como.foco) linea = apariencia::FOCO;
+    apariencia::pintarCaja(lienzo, caja, px(3), px(como.foco && !si ? apariencia::GROSOR_FOCO : 1), linea, cara);
     if (si) {
         const int dentro = px(2);
         dibujarPictograma(lienzo, Dibujo::aceptar,
                           {caja.left + dentro, caja.top + dentro, caja.right - dentro, caja.bottom - dentro},
-                          aspecto::aColor(BLANCO));
+                          apariencia::aColor(BLANCO));
     }
     HDC dc = lienzo.dc();
     RECT sitio{caja.right + px(SEPARACION), 0, zona.right, zona.bottom};
-    SetTextColor(dc, aspecto::aColor(como.habilitado ? aspecto::LETRA : aspecto::LETRA_INHABIL));
-    DrawTextW(dc, m_texto.data(), static_cast<int>(m_texto.size()), &sitio,
-              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+    apariencia::escribir(dc, m_texto, sitio, apariencia::letraDe(como.habilitado));
     if (!como.foco) return;
     // Around all of it: a ticked box alone would not show where the keyboard is.
     DrawTextW(dc, m_texto.data(), static_cast<int>(m_texto.size()), &sitio, DT_SINGLELINE | DT_NOPREFIX | DT_CALCRECT);
     const LONG derecha = std::min<LONG>(sitio.right + px(4), zona.right);
     const RECT anillo{0, std::max(caja.top - px(3), 0L), m_texto.empty() ? caja.right + borde : derecha,
                       std::min<LONG>(caja.bottom + px(3), zona.bottom)};
-    aspecto::pintarCaja(lienzo, anillo, px(aspecto::RADIO_CAJA), px(1), aspecto::FOCO, -1);
+    apariencia::pintarCaja(lienzo, anillo, px(apariencia::RADIO_CAJA), px(1), apariencia::FOCO, -1);
 }
 
 }  // namespace sorvanel

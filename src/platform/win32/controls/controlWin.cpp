@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/win32/base/mensajes.h"
+
 namespace sorvanel {
 
 namespace {
@@ -23,11 +25,15 @@ private:
 
 }  // namespace
 
+ControlWin::ControlWin(Anfitrion& anfitrion) : m_anfitrion(anfitrion) {
+    m_anfitrion.alta(*this);
+}
+
 ControlWin::~ControlWin() {
     m_vida.terminar();
     if (hwnd()) {
-        m_anfitrion.sugerencia(hwnd(), {});
-        if (m_anotado) m_anfitrion.nombreAccesible(hwnd(), {});
+        m_anfitrion.sugerencias().poner(hwnd(), {});
+        if (m_anotado) m_anfitrion.recursos().nombres.poner(hwnd(), {});
     }
     m_anfitrion.baja(*this);
     destruir();
@@ -50,6 +56,11 @@ RECT ControlWin::sitio() const {
     return aRECT(escala().aPixeles(m_lugar));
 }
 
+POINT ControlWin::centro() const {
+    const RECT r = sitio();
+    return {(r.left + r.right) / 2, (r.top + r.bottom) / 2};
+}
+
 void ControlWin::situarVentana() {
     situar(escala().aPixeles(m_lugar));
 }
@@ -70,8 +81,9 @@ void ControlWin::ponerLugar(const Rectangulo& lugar) {
 void ControlWin::ponerVisible(bool visible) {
     if (visible == m_visible) return;
     m_visible = visible;
+    m_encima = false;
     mostrarSinActivar(visible);
-    if (!visible) m_anfitrion.alRetirar(*this);
+    alCambiarAlcance();
 }
 
 void ControlWin::ponerHabilitado(bool si) {
@@ -80,13 +92,21 @@ void ControlWin::ponerHabilitado(bool si) {
     if (!hwnd()) return;
     EnableWindow(hwnd(), si ? TRUE : FALSE);
     invalidar();
-    if (!si) m_anfitrion.alRetirar(*this);
+    alCambiarAlcance();
+}
+
+void ControlWin::alCambiarAlcance() {
+    if (alcanzable()) {
+        m_anfitrion.foco().alAparecer();
+    } else {
+        m_anfitrion.foco().alRetirar(*this);
+    }
 }
 
 void ControlWin::ponerNombre(const std::wstring& texto) {
     if (!hwnd()) return;
     m_anotado = m_anotado || !texto.empty();
-    m_anfitrion.nombreAccesible(hwnd(), texto);
+    m_anfitrion.recursos().nombres.poner(hwnd(), texto);
     sugerirNombre(texto);
 }
 
@@ -97,12 +117,12 @@ void ControlWin::nombrarConTexto(const std::wstring& texto) {
 }
 
 void ControlWin::sugerirNombre(const std::wstring& texto) {
-    if (!m_conSugerencia) m_anfitrion.sugerencia(hwnd(), texto);
+    if (!m_conSugerencia) m_anfitrion.sugerencias().poner(hwnd(), texto);
 }
 
 void ControlWin::ponerSugerencia(const std::wstring& texto) {
     m_conSugerencia = !texto.empty();
-    if (hwnd()) m_anfitrion.sugerencia(hwnd(), texto);
+    if (hwnd()) m_anfitrion.sugerencias().poner(hwnd(), texto);
 }
 
 void ControlWin::actuar() {
@@ -156,7 +176,7 @@ void ControlWin::pintarEn(HDC dc) {
     RECT zona{};
     GetClientRect(hwnd(), &zona);
     if (zona.right <= 0 || zona.bottom <= 0) return;
-    Lienzo& borrador = m_anfitrion.borrador();
+    Lienzo& borrador = m_anfitrion.recursos().borrador;
     borrador.alcanzar(zona.right, zona.bottom);
     if (!borrador.utilizable()) return;
     RECT detras = sitio();
@@ -168,6 +188,14 @@ void ControlWin::pintarEn(HDC dc) {
         pintar(borrador, zona);
     }
     BitBlt(dc, 0, 0, zona.right, zona.bottom, borrador.dc(), 0, 0, SRCCOPY);
+}
+
+void ControlWin::alMoverRaton() {
+    m_anfitrion.alMoverRaton(GetDlgCtrlID(hwnd()));
+    if (!m_sensible || m_encima) return;
+    TRACKMOUSEEVENT aviso{sizeof aviso, TME_LEAVE, hwnd(), 0};
+    m_encima = TrackMouseEvent(&aviso) != 0;
+    invalidar();
 }
 
 LRESULT ControlWin::atender(UINT mensaje, WPARAM w, LPARAM l) {
@@ -185,15 +213,22 @@ LRESULT ControlWin::atender(UINT mensaje, WPARAM w, LPARAM l) {
             return 0;
         case WM_SETFOCUS: {
             const LRESULT r = porDefectoSinPintar(mensaje, w, l);
-            m_anfitrion.alRecibirFoco(*this);
+            m_anfitrion.foco().alRecibir(*this);
             m_avisarFoco = true;
             return r;
         }
         case WM_KILLFOCUS: {
             const LRESULT r = porDefectoSinPintar(mensaje, w, l);
-            m_anfitrion.alPerderFoco(*this, reinterpret_cast<HWND>(w));
+            m_anfitrion.foco().alPerder(*this, reinterpret_cast<HWND>(w));
             return r;
         }
+        case WM_MOUSEMOVE:
+            alMoverRaton();
+            return porDefecto(mensaje, w, l);
+        case WM_MOUSELEAVE:
+            m_encima = false;
+            invalidar();
+            return porDefecto(mensaje, w, l);
         case WM_SETTEXT:
         case WM_ENABLE:
             return porDefectoSinPintar(mensaje, w, l);

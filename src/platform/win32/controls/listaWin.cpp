@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include "platform/win32/base/mensajes.h"
 #include "platform/win32/base/teclas.h"
 
 namespace sorvanel {
@@ -13,17 +14,15 @@ namespace {
 
 constexpr const wchar_t* CLASE = L"SorvanelLista";
 
-// To ourselves: the system's control has done with what the user did.
-constexpr UINT MENSAJE_ELEGIDO = WM_APP + 2;
-
 // Design pixels.
 constexpr float MARGEN = 7, FLECHA = 9, ALTO_ELEMENTO = 22;
 constexpr int ELEMENTOS_A_LA_VISTA = 12;
 
 }  // namespace
 
-ListaWin::ListaWin(AnfitrionDialogo& anfitrion, IdControl id, int elemento) : ControlDe(anfitrion) {
+ListaWin::ListaWin(Anfitrion& anfitrion, IdControl id, int elemento) : ControlDe(anfitrion) {
     crearControl(CLASE, L"COMBOBOX", WS_TABSTOP | CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS, id, elemento);
+    sensible();
 }
 
 void ListaWin::elementos(std::span<const std::string_view> textos) {
@@ -128,17 +127,9 @@ LRESULT ListaWin::alRaton(UINT mensaje, WPARAM w, LPARAM l) {
             // Over a closed list the wheel would change what nobody meant to change.
             return abierta ? porDefecto(mensaje, w, l) : 0;
         case WM_MOUSEMOVE:
-            if (!m_encima) {
-                TRACKMOUSEEVENT aviso{sizeof aviso, TME_LEAVE, hwnd(), 0};
-                m_encima = TrackMouseEvent(&aviso) != 0;
-                invalidar();
-            }
+            alMoverRaton();
             // Closed, it would only paint its own arrow.
             return abierta || GetCapture() == hwnd() ? porDefecto(mensaje, w, l) : 0;
-        case WM_MOUSELEAVE:
-            m_encima = false;
-            invalidar();
-            return 0;
         default: {
             const Vida::Testigo viva = testigo();
             const LRESULT r = porDefecto(mensaje, w, l);
@@ -155,7 +146,6 @@ LRESULT ListaWin::atender(UINT mensaje, WPARAM w, LPARAM l) {
             return 0;
         case WM_MOUSEWHEEL:
         case WM_MOUSEMOVE:
-        case WM_MOUSELEAVE:
         case WM_LBUTTONDOWN:
         case WM_LBUTTONUP:
             return alRaton(mensaje, w, l);
@@ -187,38 +177,33 @@ void ListaWin::alDibujar(const DRAWITEMSTRUCT& pedido) {
     }
     const RECT& r = pedido.rcItem;
     const bool elegido = (pedido.itemState & ODS_SELECTED) != 0;
-    Lienzo& borrador = anfitrion().borrador();
+    Lienzo& borrador = anfitrion().recursos().borrador;
     borrador.alcanzar(r.right - r.left, r.bottom - r.top);
     if (!borrador.utilizable()) return;
     const RECT zona{0, 0, r.right - r.left, r.bottom - r.top};
-    borrador.llenar(zona, aspecto::aColor(elegido ? aspecto::CARA_PULSADA : BLANCO));
+    borrador.llenar(zona, apariencia::aColor(elegido ? apariencia::CARA_PULSADA : BLANCO));
     const Seleccion letra(borrador.dc(), anfitrion().letra());
     const std::wstring texto = textoDe(static_cast<int>(pedido.itemID));
     RECT sitio = zona;
     sitio.left += px(MARGEN);
-    SetTextColor(borrador.dc(), aspecto::aColor(aspecto::LETRA));
-    DrawTextW(borrador.dc(), texto.data(), static_cast<int>(texto.size()), &sitio,
-              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+    apariencia::escribir(borrador.dc(), texto, sitio, apariencia::LETRA);
     BitBlt(pedido.hDC, r.left, r.top, zona.right, zona.bottom, borrador.dc(), 0, 0, SRCCOPY);
 }
 
 void ListaWin::pintar(Lienzo& lienzo, const RECT& zona) {
-    const aspecto::Estado estado{desplegada(), enfocado() || desplegada(), m_encima, habilitado()};
-    const Color cara = colorPintable(estado.encima && !estado.foco ? aspecto::CARA_ENCIMA : m_fondo);
-    aspecto::pintarCampo(lienzo, zona, escala(), estado, cara);
-    const Color tinta = estado.habilitado ? aspecto::LETRA : aspecto::LETRA_INHABIL;
+    const apariencia::Estado estado{desplegada(), enfocado() || desplegada(), encima(), habilitado()};
+    const Color cara = colorPintable(estado.encima && !estado.foco ? apariencia::CARA_ENCIMA : m_fondo);
+    apariencia::pintarCampo(lienzo, zona, escala(), estado, cara);
+    const Color tinta = apariencia::letraDe(estado.habilitado);
     const auto lado = static_cast<float>(px(FLECHA));
     const Punto c{static_cast<float>(zona.right - px(MARGEN)) - lado / 2, static_cast<float>(zona.bottom) / 2};
     const std::array<Punto, 3> angulo{
         {{c.x - lado / 2, c.y - lado / 4}, {c.x, c.y + lado / 4}, {c.x + lado / 2, c.y - lado / 4}}};
     const float trazo = static_cast<float>(px(1)) * 0.8F;
-    lienzo.pintarForma(zona, aspecto::aColor(tinta), [&](Punto p) { return formas::aLinea(p, angulo) - trazo; });
+    lienzo.pintarForma(zona, apariencia::aColor(tinta), [&](Punto p) { return formas::aLinea(p, angulo) - trazo; });
 
-    const std::wstring texto = textoDe(indice());
-    RECT sitio{px(MARGEN), 0, zona.right - 2 * px(MARGEN) - static_cast<LONG>(lado), zona.bottom};
-    SetTextColor(lienzo.dc(), aspecto::aColor(tinta));
-    DrawTextW(lienzo.dc(), texto.data(), static_cast<int>(texto.size()), &sitio,
-              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+    const RECT sitio{px(MARGEN), 0, zona.right - 2 * px(MARGEN) - static_cast<LONG>(lado), zona.bottom};
+    apariencia::escribir(lienzo.dc(), textoDe(indice()), sitio, tinta);
 }
 
 }  // namespace sorvanel

@@ -9,13 +9,12 @@ namespace sorvanel {
 // The system's drop-down list; closed it has our look.
 class ListaWin final : public ControlDe<Lista> {
 public:
-    ListaWin(AnfitrionDialogo& anfitrion, IdControl id, int elemento);
+    ListaWin(Anfitrion& anfitrion, IdControl id, int elemento);
 
     void elementos(std::span<const std::string_view> textos) override;
     int indice() const override;
     void indice(int indice) override;
     void colorFondo(Color color) override;
-    void alElegir(std::function<void()> accion) override { alActuar(std::move(accion)); }
     void alPulsarTecla(std::function<bool(Tecla)> accion) override { m_alPulsarTecla = std::move(accion); }
 
 private:
@@ -32,7 +31,6 @@ private:
     std::wstring textoDe(int indice) const;
 
     Color m_fondo = BLANCO;
-    bool m_encima = false;
     int m_alto = 0;           // of the closed list, device pixels
     int m_altoElemento = 0;   // the same
     int m_alrededor = 6;      // what the system adds to the height of the field, device pixels

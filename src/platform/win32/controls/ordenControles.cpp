@@ -1,95 +1,62 @@
 #include "platform/win32/controls/ordenControles.h"
 
 #include <algorithm>
-#include <utility>
+
+#include "platform/win32/controls/controlWin.h"
 
 namespace sorvanel {
 
-namespace {
-
-void poner(HWND ventana, HWND debajoDe) {
+void ponerDebajo(HWND ventana, HWND encima) {
     if (!ventana) return;
-    SetWindowPos(ventana, debajoDe, 0, 0, 0, 0,
+    SetWindowPos(ventana, encima, 0, 0, 0, 0,
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOREDRAW | SWP_NOOWNERZORDER | SWP_NOSENDCHANGING);
-}
-
-}  // namespace
-
-// A new window lies lowest, and is where it belongs unless there are frames. They go beneath all at
-// once, later: a window with many rows is made of some hundred controls.
-void OrdenControles::colocar(const Puesto& puesto) {
-    m_porApilar = m_porApilar || !m_marcos.empty();
-    m_puestos.push_back(puesto);
-}
-
-void OrdenControles::anadir(ControlWin& control) {
-    if (!control.esMarco()) {
-        colocar({control.hwnd(), &control});
-        return;
-    }
-    m_porApilar = m_porApilar || !m_marcos.empty();
-    m_marcos.push_back(&control);
-}
-
-void OrdenControles::apilarMarcos() {
-    m_porApilar = false;
-    for (auto marco = m_marcos.rbegin(); marco != m_marcos.rend(); ++marco) poner((*marco)->hwnd(), HWND_BOTTOM);
-}
-
-void OrdenControles::quitar(HWND ventana) {
-    std::erase_if(m_puestos, [=](const Puesto& p) { return p.ventana == ventana; });
 }
 
 // The last ones go first, mostly: looked for from the end.
 void OrdenControles::quitar(const ControlWin& control) {
-    const auto donde =
-        std::find_if(m_puestos.rbegin(), m_puestos.rend(), [&](const Puesto& p) { return p.control == &control; });
-    if (donde != m_puestos.rend()) m_puestos.erase(std::next(donde).base());
-    std::erase(m_marcos, &control);
+    const auto donde = std::find(m_controles.rbegin(), m_controles.rend(), &control);
+    if (donde != m_controles.rend()) m_controles.erase(std::next(donde).base());
 }
 
 void OrdenControles::ordenar(std::span<ControlWin* const> primero) {
-    std::vector<Puesto> orden;
-    orden.reserve(m_puestos.size());
-    const auto tomar = [&](std::size_t i) {
-        if (m_puestos[i].ventana) orden.push_back(std::exchange(m_puestos[i], {}));
-    };
-    for (const ControlWin* control : primero) {
-        for (std::size_t i = 0; i < m_puestos.size(); ++i) {
-            if (!control || m_puestos[i].control != control) continue;
-            if (i > 0 && m_puestos[i - 1].control && m_puestos[i - 1].control->esRotulo()) tomar(i - 1);
-            tomar(i);
-            break;
-        }
+    std::vector<ControlWin*> orden;
+    orden.reserve(m_controles.size());
+    for (ControlWin* control : primero) {
+        if (std::find(m_controles.begin(), m_controles.end(), control) != m_controles.end()) orden.push_back(control);
     }
-    for (std::size_t i = 0; i < m_puestos.size(); ++i) tomar(i);
-    m_puestos = std::move(orden);
+    for (ControlWin* control : m_controles) {
+        if (std::find(primero.begin(), primero.end(), control) == primero.end()) orden.push_back(control);
+    }
+    m_controles = std::move(orden);
     apilar();
 }
 
-void OrdenControles::apilar() const {
+HWND OrdenControles::apilar() const {
     HWND encima = HWND_TOP;
-    for (const Puesto& p : m_puestos) {
-        poner(p.ventana, encima);
-        encima = p.ventana;
+    for (const ControlWin* control : m_controles) {
+        ponerDebajo(control->hwnd(), encima);
+        encima = control->hwnd();
     }
+    return encima;
 }
 
 ControlWin* OrdenControles::primero() const {
-    return siguiente(nullptr);
+    const auto donde = std::find_if(m_controles.begin(), m_controles.end(), [](auto* c) { return c->alcanzable(); });
+    return donde == m_controles.end() ? nullptr : *donde;
 }
 
-ControlWin* OrdenControles::siguiente(const ControlWin* desde) const {
-    const std::size_t cuantos = m_puestos.size();
-    std::size_t inicio = 0;
-    for (std::size_t i = 0; desde && i < cuantos; ++i) {
-        if (m_puestos[i].control == desde) inicio = i + 1;
+ControlWin* OrdenControles::masCercano(POINT donde) const {
+    const auto lejania = [&](const ControlWin& control) {
+        const POINT medio = control.centro();
+        const auto dx = static_cast<double>(medio.x - donde.x), dy = static_cast<double>(medio.y - donde.y);
+        return dx * dx + dy * dy;
+    };
+    ControlWin* mejor = nullptr;
+    for (ControlWin* control : m_controles) {
+        if (!control->alcanzable() || !control->heredaFoco()) continue;
+        if (!mejor || lejania(*control) < lejania(*mejor)) mejor = control;
     }
-    for (std::size_t paso = 0; paso < cuantos; ++paso) {
-        ControlWin* otro = m_puestos[(inicio + paso) % cuantos].control;
-        if (otro && otro->alcanzable()) return otro;
-    }
-    return nullptr;
+    return mejor;
 }
 
 }  // namespace sorvanel

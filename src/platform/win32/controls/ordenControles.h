@@ -5,54 +5,31 @@
 #include <span>
 #include <vector>
 
-#include "platform/win32/controls/controlWin.h"
-
 namespace sorvanel {
 
-// In which order what stands on a tool window lies, from the top: the system's Tab key follows it,
-// and a label just before a control names it. Frames lie beneath everything else, later ones above
-// earlier ones.
+class ControlWin;
+
+// In which order the controls of a window lie, from the top: the system's Tab key follows it.
 class OrdenControles {
 public:
-    // Something without keyboard.
-    void anadir(HWND ventana) { colocar({ventana, nullptr}); }
-    void anadir(ControlWin& control);
-    void quitar(HWND ventana);
+    void anadir(ControlWin& control) { m_controles.push_back(&control); }
     void quitar(const ControlWin& control);
-
-    // Frames that were made before other things still lie above them: to be put beneath before anything
-    // is painted.
-    bool porApilar() const { return m_porApilar; }
-    void apilarMarcos();
-
-    // Those first, each after the label that came before it; the others keep their order.
+    // Those first; the others keep their order.
     void ordenar(std::span<ControlWin* const> primero);
+    // Puts their windows into that order, above all others. The lowest of them.
+    HWND apilar() const;
 
-    // Null when there is none that the keyboard can reach.
+    const std::vector<ControlWin*>& todos() const { return m_controles; }
+    // The first that the keyboard can reach; null when there is none.
     ControlWin* primero() const;
-    // The next one that it can reach; from the beginning again after the last.
-    ControlWin* siguiente(const ControlWin* desde) const;
-
-    const std::vector<ControlWin*>& marcos() const { return m_marcos; }
-    template <typename Accion>
-    void paraCadaControl(Accion accion) const {
-        for (const Puesto& p : m_puestos) {
-            if (p.control) accion(*p.control);
-        }
-        for (ControlWin* marco : m_marcos) accion(*marco);
-    }
+    // The same, the nearest to that point of the window, device pixels, of those that take the focus of others over.
+    ControlWin* masCercano(POINT donde) const;
 
 private:
-    struct Puesto {
-        HWND ventana = nullptr;
-        ControlWin* control = nullptr;
-    };
-    void colocar(const Puesto& puesto);
-    void apilar() const;
-
-    std::vector<Puesto> m_puestos;
-    bool m_porApilar = false;
-    std::vector<ControlWin*> m_marcos;  // the lowest first
+    std::vector<ControlWin*> m_controles;
 };
+
+// That child directly below that other one, or HWND_TOP and its like.
+void ponerDebajo(HWND ventana, HWND encima);
 
 }  // namespace sorvanel

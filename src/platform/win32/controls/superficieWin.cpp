@@ -10,21 +10,21 @@ constexpr const wchar_t* CLASE = L"SorvanelSuperficie";
 
 }  // namespace
 
-SuperficieWin::SuperficieWin(AnfitrionSuperficies& anfitrion, IdControl id, int elemento)
-    : PinturaWin(anfitrion),
-      m_zona(id == IdControl::picBot || id == IdControl::lbVer ? ZonaRaton::barra : ZonaRaton::representacion) {
+SuperficieWin::SuperficieWin(Anfitrion& anfitrion, IdControl id, int elemento)
+    : PinturaWin(anfitrion.escala(), anfitrion.recursos().fuentes), m_anfitrion(anfitrion), m_id(numero(id, elemento)) {
     MoldeVentana molde;
     molde.clase = CLASE;
     molde.estilo = WS_CHILD | WS_CLIPSIBLINGS;
     molde.padre = anfitrion.ventana();
-    molde.id = numero(id, elemento);
+    molde.id = m_id;
     crear(molde);
+    m_anfitrion.alta(*this);
 }
 
 SuperficieWin::~SuperficieWin() {
-    if (m_sugerida) anfitrion().sugerencia(hwnd(), {});
+    if (m_sugerida) m_anfitrion.sugerencias().poner(hwnd(), {});
     destruir();
-    anfitrion().baja(*this);
+    m_anfitrion.baja(*this);
 }
 
 void SuperficieWin::alCambiarEscala() {
@@ -57,7 +57,7 @@ void SuperficieWin::leyenda(std::string_view texto) {
 
 void SuperficieWin::sugerencia(std::string_view texto) {
     m_sugerida = !texto.empty();
-    anfitrion().sugerencia(hwnd(), aAncho(texto));
+    m_anfitrion.sugerencias().poner(hwnd(), aAncho(texto));
 }
 
 void SuperficieWin::refrescar() {
@@ -102,7 +102,7 @@ LRESULT SuperficieWin::alMensaje(UINT mensaje, WPARAM w, LPARAM l) {
         case WM_ERASEBKGND:
             return 1;
         case WM_MOUSEMOVE:
-            anfitrion().alMoverRaton(m_zona);
+            m_anfitrion.alMoverRaton(m_id);
             return 0;
         case WM_GETTEXT:
             return copiarLeyenda(w, l);

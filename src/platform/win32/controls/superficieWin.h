@@ -3,7 +3,7 @@
 #include <string>
 
 #include "platform/win32/base/ventanaWin.h"
-#include "platform/win32/painting/anfitrion.h"
+#include "platform/win32/controls/anfitrion.h"
 #include "platform/win32/painting/pinturaWin.h"
 
 namespace sorvanel {
@@ -13,10 +13,13 @@ namespace sorvanel {
 // copy, nothing flickers, and what was covered comes back.
 class SuperficieWin final : public PinturaWin, private VentanaWin {
 public:
-    SuperficieWin(AnfitrionSuperficies& anfitrion, IdControl id, int elemento);
+    SuperficieWin(Anfitrion& anfitrion, IdControl id, int elemento);
     ~SuperficieWin() override;
 
     using VentanaWin::hwnd;
+    int id() const { return m_id; }
+    // Within its window, device pixels.
+    RECT sitio() const { return aRECT(lugarPixeles()); }
     // The window came to another scale: the same place in twips, a new picture.
     void alCambiarEscala();
 
@@ -36,7 +39,8 @@ private:
     // The pictured words were changed and somebody listens.
     void avisarLeyenda();
 
-    const ZonaRaton m_zona;
+    Anfitrion& m_anfitrion;
+    const int m_id;
     bool m_visible = false;
     std::string m_leyenda;
     bool m_leyendaNueva = false;

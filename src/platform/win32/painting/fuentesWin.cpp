@@ -118,6 +118,20 @@ void FuentesWin::podar() {
                   [&](const Entrada& e) { return libre(e) && sobran-- > static_cast<std::ptrdiff_t>(SOBRANTES); });
 }
 
+SIZE extension(HDC dc, std::wstring_view letras) {
+    SIZE medida{};
+    GetTextExtentPoint32W(dc, letras.data(), static_cast<int>(letras.size()), &medida);
+    return medida;
+}
+
+MedidaTexto medirTexto(HDC dc, FuenteWin& fuente, const Escala& escala, std::wstring_view letras) {
+    const std::wstring_view medidas = letras.empty() ? std::wstring_view(L" ") : letras;
+    const SIZE medida = extension(dc, medidas);
+    const Tinta tinta = fuente.tinta(dc, medidas);
+    return {letras.empty() ? 0.0F : escala.x.aTwips(medida.cx), escala.y.aTwips(medida.cy),
+            escala.y.aTwips(tinta.superior), escala.y.aTwips(tinta.inferior)};
+}
+
 Fuente fuenteInterfaz(float alto, bool negrita) {
     Fuente fuente;
     fuente.nombre = instalada(L"Segoe UI") ? "Segoe UI" : "Tahoma";

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/superficie.h"
+#include "platform/win32/base/escala.h"
 #include "platform/win32/base/manejadores.h"
 
 namespace sorvanel {
@@ -61,6 +62,12 @@ private:
     static constexpr std::size_t SOBRANTES = 16;
     std::vector<Entrada> m_entradas;  // those asked for last stand last
 };
+
+// Room that letters take in the font that is selected, device pixels.
+SIZE extension(HDC dc, std::wstring_view letras);
+// The same in twips, with the ink, in that font, which must be selected. An empty text is as high as a line and has no
+// width.
+MedidaTexto medirTexto(HDC dc, FuenteWin& fuente, const Escala& escala, std::wstring_view letras);
 
 // The font of buttons: the system's own where it is there. The height is the em, twips.
 Fuente fuenteInterfaz(float alto, bool negrita = false);

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "platform/formulario.h"
+#include "platform/control.h"
 #include "platform/win32/painting/lienzo.h"
 
 namespace sorvanel {

@@ -15,7 +15,7 @@ COLORREF aColor(Color color) {
 
 }  // namespace
 
-PinturaWin::PinturaWin(AnfitrionSuperficies& anfitrion) : m_anfitrion(anfitrion) {
+PinturaWin::PinturaWin(const Escala& escala, FuentesWin& fuentes) : m_escala(escala), m_fuentes(fuentes) {
     m_fuente.alto = 180;  // nine points, until somebody says otherwise
     elegirFuente();
 }
@@ -50,7 +50,7 @@ void PinturaWin::fuente(const Fuente& fuente) {
 
 void PinturaWin::elegirFuente() {
     std::shared_ptr<FuenteWin> nueva =
-        m_anfitrion.fuentes().pedir(m_fuente, m_anfitrion.escala().y.largo(m_fuente.alto));
+        m_fuentes.pedir(m_fuente, m_escala.y.largo(m_fuente.alto));
     if (nueva == m_hecha) return;
     m_seleccion.devolver();
     m_hecha = std::move(nueva);
@@ -62,28 +62,15 @@ const std::wstring& PinturaWin::ancho(std::string_view texto) const {
     return m_texto;
 }
 
-SIZE PinturaWin::extension(const std::wstring& texto) const {
-    SIZE medida{};
-    GetTextExtentPoint32W(m_lienzo.dc(), texto.data(), static_cast<int>(texto.size()), &medida);
-    return medida;
-}
-
 MedidaTexto PinturaWin::medir(std::string_view texto) const {
-    const Escala& escala = m_anfitrion.escala();
-    // An empty text is as high as a line, and no wider than nothing.
-    const std::wstring& letras = ancho(texto.empty() ? std::string_view(" ") : texto);
-    const SIZE medida = extension(letras);
-    const Tinta tinta = m_hecha->tinta(m_lienzo.dc(), letras);
-    return {texto.empty() ? 0.0F : escala.x.aTwips(medida.cx), escala.y.aTwips(medida.cy),
-            escala.y.aTwips(tinta.superior), escala.y.aTwips(tinta.inferior)};
+    return medirTexto(m_lienzo.dc(), *m_hecha, m_escala, ancho(texto));
 }
 
 void PinturaWin::imprimir(float x, float y, std::string_view texto, Color color) {
     const std::wstring& letras = ancho(texto);
     trazarTexto(x, y, letras, color, nullptr);
-    const Escala& escala = m_anfitrion.escala();
-    const SIZE medida = extension(letras);
-    const int px = escala.x.aPixel(x), py = escala.y.aPixel(y);
+    const SIZE medida = extension(m_lienzo.dc(), letras);
+    const int px = m_escala.x.aPixel(x), py = m_escala.y.aPixel(y);
     // Slanted letters lean out of their box, a little to each side.
     const int vuelo = medida.cy / 3 + 1;
     const RECT tocado{px - vuelo, py, px + medida.cx + vuelo, py + medida.cy};
@@ -91,30 +78,28 @@ void PinturaWin::imprimir(float x, float y, std::string_view texto, Color color)
 }
 
 void PinturaWin::imprimirEn(const Rectangulo& zona, float x, float y, std::string_view texto, Color color) {
-    const RECT recorte = aRECT(m_anfitrion.escala().aPixeles(zona, m_lugar.x, m_lugar.y));
+    const RECT recorte = aRECT(m_escala.aPixeles(zona, m_lugar.x, m_lugar.y));
     trazarTexto(x, y, ancho(texto), color, &recorte);
     tocar(&recorte);
 }
 
 // Printed at a point, never formatted: no character is a prefix or a line break.
 void PinturaWin::trazarTexto(float x, float y, const std::wstring& letras, Color color, const RECT* recorte) {
-    const Escala& escala = m_anfitrion.escala();
     SetTextColor(m_lienzo.dc(), aColor(color));
-    ExtTextOutW(m_lienzo.dc(), escala.x.aPixel(x), escala.y.aPixel(y), recorte ? ETO_CLIPPED : 0, recorte,
+    ExtTextOutW(m_lienzo.dc(), m_escala.x.aPixel(x), m_escala.y.aPixel(y), recorte ? ETO_CLIPPED : 0, recorte,
                 letras.data(), static_cast<UINT>(letras.size()), nullptr);
 }
 
 void PinturaWin::caja(const Rectangulo& zona, Color color) {
-    const RECT r = aRECT(m_anfitrion.escala().aPixeles(zona, m_lugar.x, m_lugar.y));
+    const RECT r = aRECT(m_escala.aPixeles(zona, m_lugar.x, m_lugar.y));
     m_lienzo.llenar(r, aColor(color));
     tocar(&r);
 }
 
 void PinturaWin::poligono(std::span<const Punto> vertices, Color color) {
     if (vertices.size() < 3) return;
-    const Escala& escala = m_anfitrion.escala();
     m_vertices.clear();
-    for (const Punto& v : vertices) m_vertices.push_back({escala.x.aPixelReal(v.x), escala.y.aPixelReal(v.y)});
+    for (const Punto& v : vertices) m_vertices.push_back({m_escala.x.aPixelReal(v.x), m_escala.y.aPixelReal(v.y)});
     const auto [x0, x1] = std::minmax_element(m_vertices.begin(), m_vertices.end(),
                                               [](const Punto& a, const Punto& b) { return a.x < b.x; });
     const auto [y0, y1] = std::minmax_element(m_vertices.begin(), m_vertices.end(),
@@ -126,7 +111,7 @@ void PinturaWin::poligono(std::span<const Punto> vertices, Color color) {
 }
 
 void PinturaWin::desplazar(float twips) {
-    const int paso = std::min(m_anfitrion.escala().x.aPixel(twips), m_lienzo.ancho());
+    const int paso = std::min(m_escala.x.aPixel(twips), m_lienzo.ancho());
     if (paso <= 0) return;
     const int quedan = m_lienzo.ancho() - paso;
     BitBlt(m_lienzo.dc(), 0, 0, quedan, m_lienzo.alto(), m_lienzo.dc(), paso, 0, SRCCOPY);

@@ -5,7 +5,8 @@
 #include <vector>
 
 #include "platform/superficie.h"
-#include "platform/win32/painting/anfitrion.h"
+#include "platform/win32/base/escala.h"
+#include "platform/win32/painting/fuentesWin.h"
 #include "platform/win32/painting/lienzo.h"
 
 namespace sorvanel {
@@ -29,13 +30,15 @@ public:
     void poligono(std::span<const Punto> vertices, Color color) override;
     void imprimirEn(const Rectangulo& zona, float x, float y, std::string_view texto, Color color) override;
     void desplazar(float twips) override;
-    float pixel() const override { return m_anfitrion.escala().x.aTwips(1); }
+    float pixel() const override { return m_escala.x.aTwips(1); }
 
+    const Lienzo& lienzo() const { return m_lienzo; }
     // Copies that part of the picture to the same place of another device context.
     void volcar(HDC destino, const RECT& zona) const;
 
 protected:
-    explicit PinturaWin(AnfitrionSuperficies& anfitrion);
+    // Both are the window's, which outlives it.
+    PinturaWin(const Escala& escala, FuentesWin& fuentes);
 
     // The zone, device pixels, is no longer what it was; null for all of it.
     virtual void tocar(const RECT* zona) = 0;
@@ -44,18 +47,16 @@ protected:
     // the same and the scale too.
     void situarPintura(const Rectangulo& lugar);
     void cambiarEscalaPintura();
-    RectPixel lugarPixeles() const { return m_anfitrion.escala().aPixeles(m_lugar); }
-    AnfitrionSuperficies& anfitrion() const { return m_anfitrion; }
-    const Lienzo& lienzo() const { return m_lienzo; }
+    RectPixel lugarPixeles() const { return m_escala.aPixeles(m_lugar); }
 
 private:
     void elegirFuente();
     const std::wstring& ancho(std::string_view texto) const;
     // `recorte` in device pixels; null for all of the surface.
     void trazarTexto(float x, float y, const std::wstring& letras, Color color, const RECT* recorte);
-    SIZE extension(const std::wstring& texto) const;
 
-    AnfitrionSuperficies& m_anfitrion;
+    const Escala& m_escala;
+    FuentesWin& m_fuentes;
     Rectangulo m_lugar;
     Color m_fondo = BLANCO;
 

@@ -3,80 +3,40 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "platform/win32/controls/botonImagenWin.h"
-#include "platform/win32/controls/botonTextoWin.h"
-#include "platform/win32/controls/cajaTextoWin.h"
-#include "platform/win32/controls/casillaWin.h"
-#include "platform/win32/controls/listaWin.h"
-#include "platform/win32/controls/marcoColorWin.h"
-#include "platform/win32/controls/marcoWin.h"
-#include "platform/win32/controls/rotuloWin.h"
+#include "platform/win32/base/textoWin.h"
+#include "platform/win32/controls/controlWin.h"
+#include "platform/win32/controls/superficieWin.h"
 
 namespace sorvanel {
 
-namespace {
-
-constexpr const wchar_t* CLASE = L"SorvanelDialogo";
-
-// To ourselves, before anything is painted.
-constexpr UINT MENSAJE_APILAR = WM_APP + 16;
-
-}  // namespace
-
-DialogoWin::DialogoWin(RecursosDialogo& recursos, Bucle& bucle, HWND propietaria, IdControl id)
-    : m_recursos(recursos), m_bucle(bucle), m_fondo(*this) {
-    const std::wstring clase = CLASE + std::to_wstring(numero(id));
+DialogoWin::DialogoWin(RecursosVentanas& recursos, Bucle& bucle, HWND propietaria, IdControl id)
+    : Anfitrion(recursos), m_bucle(bucle), m_fondo(*this) {
+    const std::wstring clase = L"SorvanelDialogo" + std::to_wstring(numero(id));
     MoldeVentana molde;
     molde.clase = clase.c_str();
     // The system menu is not seen, but lets Alt+F4 close the window and the keyboard move it.
     molde.estilo = WS_POPUP | WS_SYSMENU | WS_CLIPCHILDREN;
     molde.estiloExtra = WS_EX_CONTROLPARENT;
     molde.padre = propietaria;
-    elegirLetra();
-    crear(molde);
-    m_sugerencias.crear(hwnd());
-    m_sugerencias.fuente(letra());
+    crearVentana(molde);
     m_bucle.anadirDialogo(hwnd());
-    m_foco.ventana(hwnd());
 }
 
 DialogoWin::~DialogoWin() {
     m_oyente = nullptr;
-    alMorir();
     destruir();
 }
 
 // The window may also go with its owner.
 void DialogoWin::alMorir() {
-    m_foco.ventana(nullptr);
-    if (!hwnd()) return;
-    m_sugerencias.cerrar();
     m_bucle.quitarDialogo(hwnd());
+    Anfitrion::alMorir();
 }
 
 // ---- Place and scale ----
 
 void DialogoWin::titulo(const std::string& texto) {
     if (hwnd()) SetWindowTextW(hwnd(), aAncho(texto).c_str());
-}
-
-void DialogoWin::elegirLetra() {
-    m_letra = m_recursos.fuentes.pedir(m_recursos.letra, m_escala.y.largo(m_recursos.letra.alto));
-    const HDC dc = m_recursos.borrador.dc();
-    const Seleccion seleccion(dc, m_letra->get());
-    TEXTMETRICW medida{};
-    GetTextMetricsW(dc, &medida);
-    m_altoLetra = static_cast<int>(medida.tmHeight);
-}
-
-void DialogoWin::cambiarEscala(const Escala& escala) {
-    m_escala = escala;
-    const std::shared_ptr<FuenteWin> anterior = m_letra;  // controls have it until they are told
-    elegirLetra();
-    m_sugerencias.fuente(letra());
-    m_fondo.alCambiarEscala();
-    m_orden.paraCadaControl([](ControlWin& control) { control.alCambiarEscala(); });
-    for (SuperficieWin* superficie : m_superficies) superficie->alCambiarEscala();
 }
 
 void DialogoWin::tamano(float ancho, float alto) {
@@ -87,7 +47,10 @@ void DialogoWin::tamano(float ancho, float alto) {
 void DialogoWin::centrarEn(const Monitor& monitor) {
     m_monitor = monitor;
     const Escala nueva(monitor.twipsPorPixelX, monitor.twipsPorPixelY);
-    if (!(nueva == m_escala)) cambiarEscala(nueva);
+    if (!(nueva == escala())) {
+        cambiarEscala(nueva);
+        m_fondo.alCambiarEscala();
+    }
     situarVentana(true);
 }
 
@@ -95,7 +58,7 @@ void DialogoWin::centrarEn(const Monitor& monitor) {
 void DialogoWin::situarVentana(bool centrar) {
     if (!hwnd()) return;
     const Rectangulo lugar = m_fondo.lugar();
-    const int ancho = m_escala.x.aPixel(lugar.ancho), alto = m_escala.y.aPixel(lugar.alto);
+    const int ancho = escala().x.aPixel(lugar.ancho), alto = escala().y.aPixel(lugar.alto);
     RectPixel area = m_monitor.trabajo;
     int x = (area.left + area.right - ancho) / 2, y = (area.top + area.bottom - alto) / 2;
     MONITORINFO suyo{};
@@ -119,7 +82,6 @@ void DialogoWin::mostrar() {
     const HWND propietaria = GetWindow(hwnd(), GW_OWNER);
     const bool encima = propietaria && (GetWindowLongPtrW(propietaria, GWL_EXSTYLE) & WS_EX_TOPMOST);
     if (encima) SetWindowPos(hwnd(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    m_orden.apilarMarcos();
     ShowWindow(hwnd(), SW_SHOW);
     // Before whatever else waits to be done.
     RedrawWindow(hwnd(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
@@ -129,106 +91,24 @@ void DialogoWin::ocultar() {
     if (hwnd()) ShowWindow(hwnd(), SW_HIDE);
 }
 
-MedidaTexto DialogoWin::medir(std::string_view texto) const {
-    const HDC dc = m_recursos.borrador.dc();
-    const Seleccion seleccion(dc, m_letra->get());
-    const std::wstring letras = aAncho(texto.empty() ? std::string_view(" ") : texto);
-    SIZE medida{};
-    GetTextExtentPoint32W(dc, letras.data(), static_cast<int>(letras.size()), &medida);
-    const Tinta tinta = m_letra->tinta(dc, letras);
-    return {texto.empty() ? 0.0F : m_escala.x.aTwips(medida.cx), m_escala.y.aTwips(medida.cy),
-            m_escala.y.aTwips(tinta.superior), m_escala.y.aTwips(tinta.inferior)};
-}
-
 // ---- What stands on it ----
 
-template <typename Tipo>
-std::unique_ptr<Tipo> DialogoWin::crearUno(IdControl id, int elemento) {
-    AnfitrionDialogo& anfitrion = *this;
-    auto control = std::make_unique<Tipo>(anfitrion, id, elemento);
-    const bool habia = m_orden.porApilar();
-    m_orden.anadir(*control);
-    if (!habia) alAnadir();
-    return control;
-}
-
-void DialogoWin::alAnadir() {
-    if (m_orden.porApilar() && hwnd()) PostMessageW(hwnd(), MENSAJE_APILAR, 0, 0);
-}
-
-std::unique_ptr<CajaTexto> DialogoWin::crearCajaTexto(IdControl id, int elemento) {
-    return crearUno<CajaTextoWin>(id, elemento);
-}
-
-std::unique_ptr<CasillaMarca> DialogoWin::crearCasilla(IdControl id, int elemento) {
-    return crearUno<CasillaWin>(id, elemento);
-}
-
-std::unique_ptr<Lista> DialogoWin::crearLista(IdControl id, int elemento) {
-    return crearUno<ListaWin>(id, elemento);
-}
-
-std::unique_ptr<Rotulo> DialogoWin::crearRotulo(IdControl id, int elemento) {
-    return crearUno<RotuloWin>(id, elemento);
-}
-
-std::unique_ptr<BotonImagen> DialogoWin::crearBotonImagen(IdControl id, int elemento) {
-    return crearUno<BotonImagenWin>(id, elemento);
-}
-
-std::unique_ptr<MarcoColor> DialogoWin::crearMarcoColor(IdControl id, int elemento) {
-    return crearUno<MarcoColorWin>(id, elemento);
-}
-
-std::unique_ptr<BotonTexto> DialogoWin::crearBotonTexto(IdControl id, int elemento) {
-    return crearUno<BotonTextoWin>(id, elemento);
-}
-
-std::unique_ptr<Marco> DialogoWin::crearMarco(IdControl id, int elemento) {
-    return crearUno<MarcoWin>(id, elemento);
-}
-
 std::unique_ptr<Superficie> DialogoWin::crearSuperficie(IdControl id, int elemento) {
-    AnfitrionDialogo& anfitrion = *this;
-    auto superficie = std::make_unique<SuperficieWin>(anfitrion, id, elemento);
-    m_superficies.push_back(superficie.get());
-    m_orden.anadir(superficie->hwnd());
-    alAnadir();
-    return superficie;
-}
-
-void DialogoWin::baja(ControlWin& control) {
-    m_foco.baja(control);
-    m_orden.quitar(control);
-}
-
-void DialogoWin::baja(SuperficieWin& superficie) {
-    std::erase(m_superficies, &superficie);
-    m_orden.quitar(superficie.hwnd());
+    return std::make_unique<SuperficieWin>(*this, id, elemento);
 }
 
 void DialogoWin::ordenTeclado(std::span<Control* const> orden) {
     std::vector<ControlWin*> primero;
     primero.reserve(orden.size());
-    for (Control* control : orden) primero.push_back(dynamic_cast<ControlWin*>(control));
-    m_orden.ordenar(primero);
-}
-
-void DialogoWin::nombreAccesible(HWND control, const std::wstring& texto) {
-    m_recursos.nombres.poner(control, texto);
-}
-
-// ---- Ground ----
-
-void DialogoWin::pintarDetras(Lienzo& destino, const RECT& parte) const {
-    m_fondo.copiar(destino.dc(), parte);
-    for (const ControlWin* control : m_orden.marcos()) {
-        if (control->estaVisible()) static_cast<const MarcoWin*>(control)->pintarSobre(destino, parte);
+    for (Control* control : orden) {
+        if (auto* ventana = dynamic_cast<ControlWin*>(control)) primero.push_back(ventana);
     }
+    this->orden().ordenar(primero);
 }
 
-void DialogoWin::tocarDetras(const RECT& parte) {
-    if (hwnd()) RedrawWindow(hwnd(), &parte, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_FRAME);
+void DialogoWin::pintarSuelo(Lienzo& destino, const RECT& parte) const {
+    BitBlt(destino.dc(), 0, 0, parte.right - parte.left, parte.bottom - parte.top, m_fondo.lienzo().dc(), parte.left,
+           parte.top, SRCCOPY);
 }
 
 // The move begins with the first movement: begun with the press, the system would hold on to the mouse where the
@@ -261,83 +141,14 @@ void DialogoWin::pedirCierre() {
     if (m_oyente && IsWindowEnabled(hwnd())) m_oyente->alPedirCierre();
 }
 
-LRESULT DialogoWin::devolver(HWND control, UINT mensaje, WPARAM w, LPARAM l) {
-    // The open list of a drop-down list is no child of ours.
-    if (!control || GetParent(control) != hwnd()) return porDefecto(mensaje, w, l);
-    return SendMessageW(control, mensaje, w, l);
-}
-
 LRESULT DialogoWin::alMensaje(UINT mensaje, WPARAM w, LPARAM l) {
     switch (mensaje) {
-        case WM_PAINT: {
-            const DCPintado pintado(hwnd());
-            if (pintado) m_fondo.volcar(pintado.get(), pintado.zona());
-            return 0;
-        }
-        case WM_PRINTCLIENT: {
-            RECT todo{};
-            GetClientRect(hwnd(), &todo);
-            m_fondo.volcar(reinterpret_cast<HDC>(w), todo);
-            return 0;
-        }
-        case WM_ERASEBKGND:
-            return 1;
-        case WM_COMMAND:
-            // Without a control it is a key of the system's dialogs, which means nothing here.
-            return l ? devolver(reinterpret_cast<HWND>(l), MENSAJE_NOTIFICADO, HIWORD(w), 0) : 0;
-        case WM_DRAWITEM:
-            return devolver(reinterpret_cast<const DRAWITEMSTRUCT*>(l)->hwndItem, mensaje, w, l);
-        case WM_MEASUREITEM:
-            return devolver(GetDlgItem(hwnd(), static_cast<int>(w)), mensaje, w, l);
-        case WM_CTLCOLOREDIT:
-        case WM_CTLCOLORSTATIC:
-            return devolver(reinterpret_cast<HWND>(l), mensaje, w, l);
-        case WM_LBUTTONDOWN:
-            alPulsarFondo();
-            return 0;
         case WM_MOUSEMOVE:
             seguirRaton();
             return 0;
-        case WM_LBUTTONUP:
-            if (m_agarrado) ReleaseCapture();
-            return 0;
         case WM_CAPTURECHANGED:
             m_agarrado = false;
-            return 0;
-        default:
-            return alMensajePropio(mensaje, w, l);
-    }
-}
-
-LRESULT DialogoWin::alMensajePropio(UINT mensaje, WPARAM w, LPARAM l) {
-    switch (mensaje) {
-        case WM_SETFOCUS:
-            m_foco.recuperar();
-            return 0;
-        case WM_ACTIVATE: {
-            const LRESULT r = porDefecto(mensaje, w, l);
-            if (LOWORD(w) != WA_INACTIVE) m_foco.reanudar();
-            return r;
-        }
-        case WM_ENABLE:
-            if (w) m_foco.reanudar();
-            return porDefecto(mensaje, w, l);
-        case FocoDialogo::MENSAJE_RECUPERAR:
-            m_foco.recuperar();
-            return 0;
-        case FocoDialogo::MENSAJE_VALIDAR:
-            m_foco.validarUno();
-            return 0;
-        case MENSAJE_APILAR:
-            m_orden.apilarMarcos();
-            // What was made while the window was seen has been painted as far as its frame did not cover it.
-            if (IsWindowVisible(hwnd())) {
-                RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_ALLCHILDREN);
-            }
-            return 0;
-        case Bucle::MENSAJE_RATON:
-            m_sugerencias.relevar(*reinterpret_cast<const MSG*>(l));
-            return 0;
+            return Anfitrion::alMensaje(mensaje, w, l);
         case WM_SYSCOMMAND:
             // What the main window says of the screen saver holds for its tools too.
             if ((w & 0xFFF0) == SC_SCREENSAVE || (w & 0xFFF0) == SC_MONITORPOWER) {
@@ -350,11 +161,8 @@ LRESULT DialogoWin::alMensajePropio(UINT mensaje, WPARAM w, LPARAM l) {
         case WM_CLOSE:
             pedirCierre();
             return 0;
-        case WM_DESTROY:
-            alMorir();
-            return 0;
         default:
-            return porDefecto(mensaje, w, l);
+            return Anfitrion::alMensaje(mensaje, w, l);
     }
 }
 

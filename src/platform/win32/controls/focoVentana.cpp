@@ -1,10 +1,13 @@
-#include "platform/win32/windows/focoDialogo.h"
+#include "platform/win32/controls/focoVentana.h"
 
 #include <algorithm>
 
+#include "platform/win32/base/mensajes.h"
+#include "platform/win32/controls/controlWin.h"
+
 namespace sorvanel {
 
-void FocoDialogo::enfocar(ControlWin& control) {
+void FocoVentana::enfocar(ControlWin& control) {
     if (!control.alcanzable()) return;
     // A hidden window takes it up when it is shown, a disabled one when its box is closed.
     if (!m_ventana || !IsWindowVisible(m_ventana) || !IsWindowEnabled(m_ventana)) {
@@ -14,7 +17,14 @@ void FocoDialogo::enfocar(ControlWin& control) {
     SetFocus(control.hwnd());
 }
 
-void FocoDialogo::alPerder(ControlWin& control, HWND nueva) {
+void FocoVentana::alRecibir(ControlWin& control) {
+    m_actual = &control;
+    if (!control.heredaFoco()) return;
+    m_hubo = true;
+    m_donde = control.centro();
+}
+
+void FocoVentana::alPerder(ControlWin& control, HWND nueva) {
     if (m_devolviendo || !dentro(nueva) || !control.seValida()) return;
     if (std::find(m_porValidar.begin(), m_porValidar.end(), &control) == m_porValidar.end()) {
         m_porValidar.push_back(&control);
@@ -22,25 +32,32 @@ void FocoDialogo::alPerder(ControlWin& control, HWND nueva) {
     PostMessageW(m_ventana, MENSAJE_VALIDAR, 0, 0);
 }
 
-void FocoDialogo::alRetirar(ControlWin& control) {
-    // Later, when all controls of the new state are there.
-    if (m_actual == &control && m_ventana) PostMessageW(m_ventana, MENSAJE_RECUPERAR, 0, 0);
+// Later, when all controls of the new state are there.
+void FocoVentana::recuperarLuego() const {
+    if (m_ventana && IsWindowVisible(m_ventana)) PostMessageW(m_ventana, MENSAJE_FOCO, 0, 0);
 }
 
-void FocoDialogo::baja(ControlWin& control) {
+void FocoVentana::alRetirar(ControlWin& control) {
+    if (m_actual == &control) recuperarLuego();
+}
+
+void FocoVentana::alAparecer() {
+    if (m_ventana && GetFocus() == m_ventana) recuperarLuego();
+}
+
+void FocoVentana::baja(ControlWin& control) {
     std::erase(m_porValidar, &control);
     if (m_actual != &control) return;
-    // The next in order takes over.
-    m_actual = m_orden.siguiente(&control);
-    if (m_actual == &control) m_actual = nullptr;
-    if (m_ventana && IsWindowVisible(m_ventana)) PostMessageW(m_ventana, MENSAJE_RECUPERAR, 0, 0);
+    m_actual = nullptr;
+    recuperarLuego();
 }
 
-void FocoDialogo::recuperar() {
+void FocoVentana::recuperar() {
     if (!m_ventana || !IsWindowVisible(m_ventana) || GetActiveWindow() != m_ventana) return;
     const HWND foco = GetFocus();
     if (dentro(foco) && m_actual && m_actual->alcanzable() && foco == m_actual->hwnd()) return;
-    ControlWin* nuevo = m_actual && m_actual->alcanzable() ? m_actual : m_orden.siguiente(m_actual);
+    ControlWin* nuevo = m_actual && m_actual->alcanzable() ? m_actual : nullptr;
+    if (!nuevo) nuevo = m_hubo ? m_orden.masCercano(m_donde) : m_orden.primero();
     if (nuevo) {
         SetFocus(nuevo->hwnd());
     } else if (foco != m_ventana) {
@@ -48,11 +65,11 @@ void FocoDialogo::recuperar() {
     }
 }
 
-void FocoDialogo::reanudar() {
+void FocoVentana::reanudar() {
     if (!m_porValidar.empty() && m_ventana) PostMessageW(m_ventana, MENSAJE_VALIDAR, 0, 0);
 }
 
-void FocoDialogo::validarUno() {
+void FocoVentana::validarUno() {
     if (m_porValidar.empty()) return;
     // While a box is open, or another window has the keyboard, it has to wait.
     const HWND foco = GetFocus();

@@ -2,13 +2,15 @@
 
 #include <windows.h>
 
+#include <string>
+
 #include "platform/color.h"
-#include "platform/formulario.h"
+#include "platform/control.h"
 #include "platform/win32/base/escala.h"
 #include "platform/win32/painting/lienzo.h"
 
 // The one look of everything that is pressed or filled in: colours, and lengths in design pixels.
-namespace sorvanel::aspecto {
+namespace sorvanel::apariencia {
 
 constexpr float RADIO = 6;       // corners of buttons
 constexpr float RADIO_CAJA = 4;  // of boxes and frames
@@ -56,7 +58,12 @@ void pintarCaja(Lienzo& lienzo, const RECT& caja, int radio, int grosor, Color l
                 const RECT* recorte = nullptr);
 // The box of a button, in its state.
 void pintarCara(Lienzo& lienzo, const RECT& caja, const Escala& escala, const Estado& estado);
+// One line of text in the middle of that place, in the font that is selected; what does not fit ends in dots.
+void escribir(HDC dc, const std::wstring& texto, RECT sitio, Color tinta, UINT ajuste = DT_LEFT);
+inline Color letraDe(bool habilitado) {
+    return habilitado ? LETRA : LETRA_INHABIL;
+}
 // The box of what is filled in.
 void pintarCampo(Lienzo& lienzo, const RECT& caja, const Escala& escala, const Estado& estado, Color cara);
 
-}  // namespace sorvanel::aspecto
+}  // namespace sorvanel::apariencia

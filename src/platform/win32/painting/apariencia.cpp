@@ -1,8 +1,8 @@
-#include "platform/win32/painting/aspecto.h"
+#include "platform/win32/painting/apariencia.h"
 
 #include <algorithm>
 
-namespace sorvanel::aspecto {
+namespace sorvanel::apariencia {
 
 namespace {
 
@@ -60,6 +60,12 @@ void pintarCaja(Lienzo& lienzo, const RECT& caja, int radio, int grosor, Color l
     lienzo.pintarForma(zona, aColor(cara), [&](Punto p) { return distancia(p, grosor); });
 }
 
+void escribir(HDC dc, const std::wstring& texto, RECT sitio, Color tinta, UINT ajuste) {
+    SetTextColor(dc, aColor(tinta));
+    DrawTextW(dc, texto.data(), static_cast<int>(texto.size()), &sitio,
+              ajuste | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+}
+
 void pintarCara(Lienzo& lienzo, const RECT& caja, const Escala& escala, const Estado& estado) {
     pintarCaja(lienzo, caja, px(escala, RADIO), px(escala, estado.foco ? GROSOR_FOCO : 1), lineaDe(estado),
                caraDe(estado));
@@ -72,4 +78,4 @@ void pintarCampo(Lienzo& lienzo, const RECT& caja, const Escala& escala, const E
                estado.habilitado ? cara : CARA_INHABIL);
 }
 
-}  // namespace sorvanel::aspecto
+}  // namespace sorvanel::apariencia

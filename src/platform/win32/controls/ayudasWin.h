@@ -1,0 +1,53 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "platform/win32/base/manejadores.h"
+
+struct IAccPropServices;
+
+namespace sorvanel {
+
+// The tool tips of one window: one window of the system's for all of its controls.
+class SugerenciasWin {
+public:
+    // Made when the window is there. Without tool tips of the system there are none, and nothing else is lost.
+    void crear(HWND ventana);
+    // An empty text takes the tip off.
+    void poner(HWND control, const std::wstring& texto);
+    // Of what the window paints itself there, device pixels, under a number of its own.
+    void poner(int id, const RECT& sitio, const std::wstring& texto);
+    // What the mouse does to the controls, before they are told. Without it no tip appears: to listen by
+    // itself the system would hang a second procedure on each control, asked for each of its messages.
+    void relevar(const MSG& mensaje);
+    // The font is the caller's and stays until another is given.
+    void fuente(HFONT fuente);
+    void cerrar() { m_sugerencias.cambiar(nullptr); }
+
+private:
+    void poner(UINT modo, UINT_PTR id, const RECT& sitio, const std::wstring& texto);
+
+    HWND m_ventana = nullptr;
+    VentanaPropia m_sugerencias;
+};
+
+// Names for screen readers where a control's own text is something else: what stands in a text box
+// is its value, not what it is called. COM must have been initialised.
+class NombresAccesibles {
+public:
+    NombresAccesibles() = default;
+    ~NombresAccesibles();
+    NombresAccesibles(const NombresAccesibles&) = delete;
+    NombresAccesibles& operator=(const NombresAccesibles&) = delete;
+
+    // An empty name takes it off: at the latest before the window goes. Nothing where the system lacks the service.
+    void poner(HWND control, const std::wstring& nombre);
+
+private:
+    bool m_pedido = false;
+    IAccPropServices* m_servicio = nullptr;
+};
+
+}  // namespace sorvanel
