@@ -11,12 +11,10 @@
 #include "platform/win32/network/fabricaWin.h"
 #include "platform/win32/system/archivosWin.h"
 #include "platform/win32/system/avisosWin.h"
-#include "platform/win32/system/cursorWin.h"
 #include "platform/win32/system/dialogosSistemaWin.h"
-#include "platform/win32/system/instancia.h"
 #include "platform/win32/system/monitoresWin.h"
 #include "platform/win32/system/programaWin.h"
-#include "platform/win32/system/reposoWin.h"
+#include "platform/win32/system/sesionWin.h"
 #include "platform/win32/windows/formularioWin.h"
 
 namespace sorvanel {

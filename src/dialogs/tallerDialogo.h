@@ -40,7 +40,7 @@ public:
     std::unique_ptr<Boton> botonImagen(IdControl id, int elemento, Dibujo dibujo, const std::string& nombre);
     std::unique_ptr<MarcoColor> marcoColor(IdControl id, int elemento, const std::string& nombre);
     std::unique_ptr<Boton> botonTexto(IdControl id, int elemento, const std::string& texto,
-                                           const std::string& sugerencia = {});
+                                      const std::string& sugerencia = {});
 
     // Least sizes, for the scale that the window has now.
     Tamano texto(std::string_view texto) const;

@@ -44,7 +44,8 @@ public:
     static constexpr TipoControl TIPO = TipoControl::cajaTexto;
 
     virtual std::string texto() const = 0;
-    // Set by the program: the user can undo nothing of what was before. Where the text is that already, the caret stays.
+    // Set by the program: the user can undo nothing of what was before. Where the text is that already, the caret
+    // stays.
     virtual void texto(const std::string& texto) = 0;
     virtual void colorFondo(Color color) = 0;
     virtual void longitudMaxima(int caracteres) = 0;

@@ -159,7 +159,7 @@ TEST_F(PaginaVisores, unCampoInvalidoNoDejaHacerNadaMas) {
     const std::function<void()> intentos[] = {
         [&] { v().boton(Id::botElim)->pulsar(); },          [&] { v().boton(Id::botElim)->pulsarDesdeFuera(); },
         [&] { v().boton(Id::botNvo)->pulsarDesdeFuera(); }, [&] { v().boton(Id::imBajar)->pulsar(); },
-        [&] { v().boton(Id::imPtc, 1)->pulsar(); },        [&] { v().rotulo(Id::lbVis, 1)->pulsar(); }};
+        [&] { v().boton(Id::imPtc, 1)->pulsar(); },         [&] { v().rotulo(Id::lbVis, 1)->pulsar(); }};
     for (const auto& intento : intentos) {
         SCOPED_TRACE(&intento - intentos);
         abrirCon(9);

@@ -37,10 +37,10 @@ VARIANT hijo(int id) {
 
 std::string textoPintado(HWND ventana, int id) {
     const auto suyo = objeto(ventana);
-    BSTR nombre = nullptr;
-    if (!suyo || suyo->get_accName(hijo(id), &nombre) != S_OK) return {};
-    const std::unique_ptr<wchar_t, Soltar> dueno(nombre);
-    return nombre ? utf8(nombre) : std::string();
+    BSTR leido = nullptr;
+    if (!suyo || (suyo->get_accValue(hijo(id), &leido) != S_OK && suyo->get_accName(hijo(id), &leido) != S_OK)) return {};
+    const std::unique_ptr<wchar_t, Soltar> dueno(leido);
+    return leido ? utf8(leido) : std::string();
 }
 
 std::optional<RECT> lugarPintado(HWND ventana, int id) {

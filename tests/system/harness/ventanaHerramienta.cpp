@@ -35,9 +35,8 @@ HWND VentanaHerramienta::control(IdControl id, int elemento) const {
 }
 
 bool VentanaHerramienta::esperarControl(IdControl id, int elemento) const {
-    return esperar([&] {
-        return seVe(control(id, elemento)) || lugarPintado(ventana(), numero(id, elemento)).has_value();
-    });
+    return esperar(
+        [&] { return seVe(control(id, elemento)) || lugarPintado(ventana(), numero(id, elemento)).has_value(); });
 }
 
 std::string VentanaHerramienta::texto(IdControl id, int elemento) const {

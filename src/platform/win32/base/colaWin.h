@@ -1,6 +1,8 @@
 #pragma once
 
 #include <deque>
+#include <functional>
+#include <utility>
 
 #include "platform/sistema.h"
 #include "platform/win32/base/ventanaMensajes.h"
@@ -11,17 +13,30 @@ namespace sorvanel {
 // and what arrives meanwhile gets its turn between them.
 class ColaWin : public Cola, private ReceptorMensajes {
 public:
-    explicit ColaWin(VentanaMensajes& ventana);
-    ~ColaWin();
+    explicit ColaWin(VentanaMensajes& ventana) : m_ventana(ventana), m_numero(ventana.reservar(*this)) {}
+    ~ColaWin() { m_ventana.liberar(m_numero); }
     ColaWin(const ColaWin&) = delete;
     ColaWin& operator=(const ColaWin&) = delete;
 
-    void despues(std::function<void()> accion) override;
+    void despues(std::function<void()> accion) override {
+        m_acciones.push_back(std::move(accion));
+        // One message is under way as long as anything waits.
+        if (m_acciones.size() == 1) m_ventana.despertar(m_numero);
+    }
 
 private:
     void alMensaje(WPARAM, LPARAM) override { atender(); }
-    void alTic() override;
-    void atender();
+    void alTic() override {
+        KillTimer(m_ventana.hwnd(), m_numero);
+        atender();
+    }
+    void atender() {
+        if (m_acciones.empty()) return;
+        const std::function<void()> accion = std::move(m_acciones.front());
+        m_acciones.pop_front();
+        if (!m_acciones.empty()) m_ventana.despertar(m_numero);
+        if (accion) accion();
+    }
 
     VentanaMensajes& m_ventana;
     const UINT m_numero;

@@ -1,7 +1,5 @@
 #include "platform/win32/base/relojWin.h"
 
-#include <windows.h>
-
 namespace sorvanel {
 
 RelojWin::RelojWin() {

@@ -5,7 +5,6 @@
 
 #include "platform/temporizador.h"
 #include "platform/win32/base/relojWin.h"
-#include "platform/win32/base/resolucionReloj.h"
 #include "platform/win32/base/ventanaMensajes.h"
 
 namespace sorvanel {

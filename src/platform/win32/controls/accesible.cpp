@@ -66,13 +66,10 @@ public:
 
     // What a painted element answers itself.
     STDMETHODIMP get_accName(VARIANT hijo, BSTR* nombre) override {
-        *nombre = nullptr;
-        const auto propio = [&](const ElementoPintado& uno) {
-            if (uno.nombre.empty()) return S_FALSE;
-            *nombre = SysAllocString(uno.nombre.c_str());
-            return *nombre ? S_OK : E_OUTOFMEMORY;
-        };
-        return repartir(hijo, propio, &IA::get_accName, hijo, nombre);
+        return darTexto(hijo, nombre, &ElementoPintado::nombre, &IA::get_accName);
+    }
+    STDMETHODIMP get_accValue(VARIANT hijo, BSTR* valor) override {
+        return darTexto(hijo, valor, &ElementoPintado::texto, &IA::get_accValue);
     }
     STDMETHODIMP get_accRole(VARIANT hijo, VARIANT* papel) override {
         const auto propio = [papel](const ElementoPintado& uno) {
@@ -161,7 +158,6 @@ public:
 
     // What a painted element has not.
     STDMETHODIMP get_accChild(VARIANT h, IDispatch** v) override { return vacio(h, &IA::get_accChild, v); }
-    STDMETHODIMP get_accValue(VARIANT h, BSTR* v) override { return vacio(h, &IA::get_accValue, v); }
     STDMETHODIMP get_accDescription(VARIANT h, BSTR* v) override { return vacio(h, &IA::get_accDescription, v); }
     STDMETHODIMP get_accHelp(VARIANT h, BSTR* v) override { return vacio(h, &IA::get_accHelp, v); }
     STDMETHODIMP get_accDefaultAction(VARIANT h, BSTR* v) override { return vacio(h, &IA::get_accDefaultAction, v); }
@@ -190,6 +186,17 @@ private:
 
     HRESULT ausente() { return *m_fuente ? E_NOTIMPL : CO_E_OBJNOTCONNECTED; }
     static HRESULT nada(const ElementoPintado&) { return DISP_E_MEMBERNOTFOUND; }
+
+    HRESULT darTexto(const VARIANT& hijo, BSTR* salida, std::wstring ElementoPintado::*cual,
+                     Metodo<VARIANT, BSTR*> deSistema) noexcept {
+        *salida = nullptr;
+        const auto propio = [&](const ElementoPintado& uno) {
+            if ((uno.*cual).empty()) return S_FALSE;
+            *salida = SysAllocString((uno.*cual).c_str());
+            return *salida ? S_OK : E_OUTOFMEMORY;
+        };
+        return repartir(hijo, propio, deSistema, hijo, salida);
+    }
 
     // No call gets past the window's death, and no exception out.
     template <class Hecho>

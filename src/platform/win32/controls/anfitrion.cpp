@@ -95,7 +95,7 @@ void Anfitrion::pedirApilado() {
 
 void Anfitrion::recorrer(const std::function<void(const ElementoPintado&)>& ver) const {
     for (const ElementoWin* e : m_elementos) {
-        ver({e->id(), e->esMarco(), e->estaVisible(), e->nombreAccesible(), e->sitio()});
+        ver({e->id(), e->esMarco(), e->estaVisible(), e->nombreAccesible(), e->valorAccesible(), e->sitio()});
     }
 }
 

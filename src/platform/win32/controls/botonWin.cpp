@@ -132,6 +132,8 @@ LRESULT PulsadorWin::atender(UINT mensaje, WPARAM w, LPARAM l) {
         case BM_CLICK:
             actuarSiPulsable();
             return 0;
+        case BM_GETSTATE:
+            return (estado().pulsado ? BST_PUSHED : 0) | (estado().foco ? BST_FOCUS : 0);
         case BM_SETSTYLE:
             // The system would make a "default button" of it.
             return 0;

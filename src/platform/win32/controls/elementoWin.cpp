@@ -77,6 +77,13 @@ void ElementoWin::ponerNombre(const std::wstring& nombre) {
     avisarNombre();
 }
 
+void ElementoWin::ponerTexto(std::wstring texto) {
+    if (texto == m_texto) return;
+    m_texto = std::move(texto);
+    tocado();
+    avisarNombre();
+}
+
 void ElementoWin::ponerSugerencia(const std::wstring& texto) {
     m_sugerencia = texto;
     situarSugerencia();
@@ -95,11 +102,6 @@ void ElementoWin::situarSugerencia() const {
 
 // ---- Label ----
 
-std::wstring RotuloWin::nombreAccesible() const {
-    const std::wstring nombre = ElementoWin::nombreAccesible();
-    return nombre.empty() ? m_texto : nombre;
-}
-
 void RotuloWin::alCambiarEscala() {
     elegirFuente();
     ElementoWin::alCambiarEscala();
@@ -109,14 +111,6 @@ void RotuloWin::elegirFuente() {
     m_hecha.reset();
     if (m_fuente.alto <= 0) return;
     m_hecha = anfitrion().recursos().fuentes.pedir(m_fuente, anfitrion().escala().y.largo(m_fuente.alto));
-}
-
-void RotuloWin::texto(const std::string& texto) {
-    std::wstring nuevo = aAncho(texto);
-    if (nuevo == m_texto) return;
-    m_texto = std::move(nuevo);
-    tocado();
-    avisarNombre();
 }
 
 void RotuloWin::fuente(const Fuente& fuente) {
@@ -135,7 +129,7 @@ void RotuloWin::pintar(Lienzo& lienzo, const RECT& parte) const {
         donde.right -= px(MARGEN);
     }
     const Seleccion letra(lienzo.dc(), m_hecha ? m_hecha->get() : anfitrion().letra());
-    apariencia::escribir(lienzo.dc(), m_texto, donde, m_colorTexto, formatoDe(m_ajuste));
+    apariencia::escribir(lienzo.dc(), ElementoWin::texto(), donde, m_colorTexto, formatoDe(m_ajuste));
 }
 
 // ---- Frame ----

@@ -22,7 +22,9 @@ public:
     bool estaVisible() const { return m_visible; }
     // Within the window, device pixels.
     RECT sitio() const { return aRECT(m_anfitrion.escala().aPixeles(m_lugar)); }
-    virtual std::wstring nombreAccesible() const { return m_nombre; }
+    // What screen readers call it, and what they read on it where that is something else.
+    const std::wstring& nombreAccesible() const { return m_nombre.empty() ? texto() : m_nombre; }
+    const std::wstring& valorAccesible() const { return m_nombre.empty() ? m_nombre : texto(); }
     bool pulsable() const { return m_visible && m_accion; }
     // The user has pressed it; it may be gone afterwards, and its window too.
     void actuar() const;
@@ -41,6 +43,8 @@ protected:
     // It looks another way than it did.
     virtual void tocado() const { m_anfitrion.tocar(sitio()); }
     void avisarNombre() const;
+    void ponerTexto(std::wstring texto);
+    const std::wstring& texto() const { return m_texto; }
     Anfitrion& anfitrion() const { return m_anfitrion; }
     int px(float pixelesDeDiseno) const { return apariencia::px(m_anfitrion.escala(), pixelesDeDiseno); }
 
@@ -51,6 +55,7 @@ private:
     const int m_id;
     Rectangulo m_lugar;
     bool m_visible = false;
+    std::wstring m_texto;
     std::wstring m_nombre;
     std::wstring m_sugerencia;
     std::function<void()> m_accion;
@@ -80,12 +85,11 @@ public:
     using ElementoDe::ElementoDe;
 
     bool esMarco() const override { return false; }
-    std::wstring nombreAccesible() const override;
     void alCambiarEscala() override;
     void pintar(Lienzo& lienzo, const RECT& parte) const override;
 
-    void texto(const std::string& texto) override;
-    std::string texto() const override { return aUtf8(m_texto); }
+    void texto(const std::string& texto) override { ponerTexto(aAncho(texto)); }
+    std::string texto() const override { return aUtf8(ElementoWin::texto()); }
     void fuente(const Fuente& fuente) override;
     void ajuste(Ajuste ajuste) override { cambiar(m_ajuste, ajuste); }
     void colorTexto(Color color) override { cambiar(m_colorTexto, color); }
@@ -100,7 +104,6 @@ private:
     }
     void elegirFuente();
 
-    std::wstring m_texto;
     Fuente m_fuente;                     // without a height: the one that the controls share
     std::shared_ptr<FuenteWin> m_hecha;  // null for that one
     Ajuste m_ajuste = Ajuste::izquierda;

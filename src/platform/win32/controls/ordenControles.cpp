@@ -9,7 +9,7 @@ namespace sorvanel {
 void ponerDebajo(HWND ventana, HWND encima) {
     if (!ventana) return;
     SetWindowPos(ventana, encima, 0, 0, 0, 0,
-                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOREDRAW | SWP_NOOWNERZORDER | SWP_NOSENDCHANGING);
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER | SWP_NOSENDCHANGING);
 }
 
 // The last ones go first, mostly: looked for from the end.

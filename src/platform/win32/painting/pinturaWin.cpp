@@ -49,8 +49,7 @@ void PinturaWin::fuente(const Fuente& fuente) {
 }
 
 void PinturaWin::elegirFuente() {
-    std::shared_ptr<FuenteWin> nueva =
-        m_fuentes.pedir(m_fuente, m_escala.y.largo(m_fuente.alto));
+    std::shared_ptr<FuenteWin> nueva = m_fuentes.pedir(m_fuente, m_escala.y.largo(m_fuente.alto));
     if (nueva == m_hecha) return;
     m_seleccion.devolver();
     m_hecha = std::move(nueva);

@@ -94,7 +94,8 @@ void DialogoWin::ocultar() {
 // ---- What stands on it ----
 
 std::unique_ptr<Superficie> DialogoWin::crearSuperficie(IdControl id, int elemento) {
-    return std::make_unique<SuperficieWin>(*this, id, elemento);
+    Anfitrion& anfitrion = *this;
+    return std::make_unique<SuperficieWin>(anfitrion, id, elemento);
 }
 
 void DialogoWin::ordenTeclado(std::span<Control* const> orden) {

@@ -93,7 +93,8 @@ void FormularioWin::mantenerSitio(WINDOWPOS& cambio) const {
 }
 
 std::unique_ptr<Superficie> FormularioWin::crearSuperficie(IdControl id, int elemento) {
-    return std::make_unique<SuperficieWin>(*this, id, elemento);
+    Anfitrion& anfitrion = *this;
+    return std::make_unique<SuperficieWin>(anfitrion, id, elemento);
 }
 
 void FormularioWin::puntero(Puntero puntero) {
