@@ -2,7 +2,6 @@
 
 #include "app/base.h"
 #include "config/almacenPerfil.h"
-#include "config/entorno.h"
 #include "links/frTCP.h"
 #include "platform/win32/base/bucle.h"
 #include "platform/win32/base/colaWin.h"
@@ -38,8 +37,9 @@ struct Composicion {
     ColaWin cola{ventana};
     FabricaWin fabrica{ventana, reloj};
     AlmacenPerfil perfil{archivos, reloj, fabrica};
-    Entorno entorno{programa, archivos, perfil, monitores, fabrica, reloj, cursor, avisos, cola, reposo};
-    frTCP compartido{entorno};
+    comun com{programa, archivos, perfil};
+    Entorno entorno{programa, com, monitores, fabrica, reloj, cursor, avisos, cola, reposo};
+    frTCP compartido{com, fabrica, reloj};
     FormularioWin formulario{"Sorvanel"};
     FabricaDialogosWin dialogos{bucle, avisos, formulario.hwnd()};
     base principal{entorno, formulario, dialogos, compartido};
@@ -55,9 +55,8 @@ struct Composicion {
             try {
                 perfil.ocio(colaVacia);
             } catch (const std::exception& fallo) {
-                OutputDebugStringA(fallo.what());  // out of memory: asked again soon
+                OutputDebugStringA(fallo.what());  // out of memory: its timer asks again
             }
-            return perfil.pendiente();
         });
         bucle.anadirDialogo(formulario.hwnd());
     }

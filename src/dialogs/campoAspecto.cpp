@@ -47,8 +47,8 @@ constexpr std::array<FilaCampo, RASGOS.size()> CAMPOS{{
      Id::txRatio, Id::txRatio, NINGUNA, &RATIO},
 }};
 
-CampoAspecto::CampoAspecto(TallerDialogo& taller, DialogosSistema& sistema, const Programa& programa, Datos datos)
-    : m_taller(taller), m_programa(programa), m_datos(std::move(datos)) {
+CampoAspecto::CampoAspecto(TallerDialogo& taller, DialogosSistema& sistema, const comun& com, Datos datos)
+    : m_taller(taller), m_com(com), m_datos(std::move(datos)) {
     if (!m_datos.propio && clase() != ClaseRasgo::color) m_rotulo = taller.rotulo(texto());
     switch (clase()) {
         case ClaseRasgo::numero:
@@ -123,7 +123,7 @@ void CampoAspecto::mostrarValor(const ValorRasgo& valor) {
     if (!m_caja) return;
     const auto ratio = tomar<float>(valor);
     if (!ratio) return escribir(como<std::string>(valor));
-    escribir(m_datos.propio ? textoRatio(*ratio, m_programa.separadorDecimal()) : textoEntero(*ratio));
+    escribir(m_datos.propio ? textoRatio(*ratio, m_com.separadorDecimal()) : textoEntero(*ratio));
 }
 
 ValorRasgo CampoAspecto::leer(const ValorRasgo& enVigor) const {

@@ -48,8 +48,8 @@ struct cfgMensaje::Controles {
     std::unique_ptr<FilaValor> velocidad;
 };
 
-cfgMensaje::cfgMensaje(const Entorno& entorno, FabricaDialogos& fabrica, MesaConfiguracion& mesa)
-    : DialogoConfiguracion(IdControl::cfgMensaje, {"Mensaje auxiliar", {}}, fabrica, mesa, entorno) {}
+cfgMensaje::cfgMensaje(const UtilesDialogo& utiles, MesaConfiguracion& mesa)
+    : DialogoConfiguracion(IdControl::cfgMensaje, {"Mensaje auxiliar", {}}, utiles, mesa) {}
 
 cfgMensaje::~cfgMensaje() = default;
 
@@ -210,7 +210,7 @@ void cfgMensaje::elegirFuente() {
     FuenteElegida elegida = aElegida(mesa().mensaje().getFont());
     if (!sistema().elegirFuente(elegida)) return;
     if (!mesa().mensaje().letFont(aMensaje(elegida))) {
-        entorno().avisos.critico("El mensaje no se puede escribir con la fuente \"" + elegida.nombre +
+        utiles().avisos.critico("El mensaje no se puede escribir con la fuente \"" + elegida.nombre +
                                  "\" en ese tamaño. Se conserva la anterior.");
         return;
     }
@@ -219,7 +219,7 @@ void cfgMensaje::elegirFuente() {
 }
 
 void cfgMensaje::mostrarFuente() {
-    m_c->rotuloFuente->texto(describir(mesa().mensaje().getFont(), entorno().programa.separadorDecimal()));
+    m_c->rotuloFuente->texto(describir(mesa().mensaje().getFont(), utiles().com.separadorDecimal()));
 }
 
 }  // namespace sorvanel

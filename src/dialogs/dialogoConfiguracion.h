@@ -3,15 +3,24 @@
 #include <memory>
 #include <string>
 
-#include "config/entorno.h"
+#include "config/comun.h"
 #include "dialogs/disposicion.h"
 #include "dialogs/gradiente.h"
 #include "dialogs/herramienta.h"
 #include "dialogs/mesaConfiguracion.h"
 #include "dialogs/tallerDialogo.h"
 #include "platform/dialogo.h"
+#include "platform/sistema.h"
 
 namespace sorvanel {
+
+// What a tool uses besides its desk; all of it must outlive the tool.
+struct UtilesDialogo {
+    const comun& com;
+    Cola& cola;
+    Avisos& avisos;
+    FabricaDialogos& fabrica;
+};
 
 // What the tools with a window have in common. The window and all that stands on it exist only while
 // the tool is open. Changes that the program makes to a control are not told to its handlers, so
@@ -35,9 +44,8 @@ protected:
         IdControl idPrincipal = IdControl::ttlo;
     };
 
-    // All three must outlive it.
-    DialogoConfiguracion(IdControl id, Titulos titulos, FabricaDialogos& fabrica, MesaConfiguracion& mesa,
-                         const Entorno& entorno);
+    // The desk must outlive it.
+    DialogoConfiguracion(IdControl id, Titulos titulos, const UtilesDialogo& utiles, MesaConfiguracion& mesa);
     ~DialogoConfiguracion() override;
 
     // In this order when it opens. First what it works on: one of the desk's montar...
@@ -67,9 +75,9 @@ protected:
     // Only while it is open.
     FormularioDialogo& formulario() { return *m_formulario; }
     TallerDialogo& taller() { return *m_taller; }
-    DialogosSistema& sistema() { return m_fabrica.sistema(); }
+    DialogosSistema& sistema() { return m_utiles.fabrica.sistema(); }
     MesaConfiguracion& mesa() { return m_mesa; }
-    const Entorno& entorno() const { return m_entorno; }
+    const UtilesDialogo& utiles() const { return m_utiles; }
 
 private:
     void alPedirCierre() override;
@@ -85,9 +93,8 @@ private:
 
     const IdControl m_id;
     const Titulos m_titulos;
-    FabricaDialogos& m_fabrica;
+    const UtilesDialogo m_utiles;
     MesaConfiguracion& m_mesa;
-    const Entorno& m_entorno;
     const Gradiente m_gradiente;
     Monitor m_monitor;
     std::unique_ptr<FormularioDialogo> m_formulario;

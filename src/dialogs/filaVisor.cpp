@@ -324,15 +324,13 @@ bool FilaVisor::entrar(CampoVisor campo) {
 bool FilaVisor::entrarPort() {
     visor& v = visorPropio();
     const auto port = familia().leerPort(m_txPort->texto());
-    if (port && *port != v.port()) v.port(*port);
-    return port == v.port() || rechazar(PORT_RECHAZADO);
+    return (port && (*port == v.port() || v.port(*port))) || rechazar(PORT_RECHAZADO);
 }
 
 bool FilaVisor::entrarEtiqueta() {
     visor& v = visorPropio();
     const std::string texto = m_txEtq->texto();
-    if (texto != v.caption()) v.caption(texto);
-    return texto == v.caption() || rechazar(ETIQUETA_RECHAZADA);
+    return texto == v.caption() || v.caption(texto) || rechazar(ETIQUETA_RECHAZADA);
 }
 
 bool FilaVisor::entrarUbicacion() {
@@ -340,8 +338,7 @@ bool FilaVisor::entrarUbicacion() {
     const std::string texto = m_txUbi->texto();
     const auto lugar = leerUbicacion(texto);
     const bool cabe = texto.empty() || (lugar && m_tabla.cabeEnParrilla(*lugar));
-    if (cabe && lugar != v.ubicacion()) v.ubicacion(lugar);
-    return (cabe && lugar == v.ubicacion()) || rechazar(UBICACION_RECHAZADA);
+    return (cabe && (lugar == v.ubicacion() || v.ubicacion(lugar))) || rechazar(UBICACION_RECHAZADA);
 }
 
 }  // namespace sorvanel

@@ -27,6 +27,6 @@ struct RegistroVisor {
 
 // From the accessor's current section.
 RegistroVisor leerRegistroVisor(const comun& com, const AccesorINI& ini);
-void guardarRegistroVisor(const Entorno& entorno, int n, const RegistroVisor& registro);
+void guardarRegistroVisor(const comun& com, int n, const RegistroVisor& registro);
 
 }  // namespace sorvanel

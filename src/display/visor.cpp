@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "config/comun.h"
 #include "links/lineaPavona.h"
 
 namespace sorvanel {
@@ -24,12 +23,13 @@ std::string conNumero(std::string_view plantilla, std::int32_t numero) {
 
 }  // namespace
 
-visor::visor(const Entorno& entorno, EnlaceCompartido& compartido) : visor(entorno, compartido, diseñoVisor(entorno)) {}
+visor::visor(const comun& com, Fabrica& fabrica, const Reloj& reloj, EnlaceCompartido& compartido)
+    : visor(com, fabrica, reloj, compartido, diseñoVisor(com)) {}
 
-visor::visor(const Entorno& entorno, EnlaceCompartido& compartido, diseñoVisor diseno)
-    : m_entorno(entorno),
+visor::visor(const comun& com, Fabrica& fabrica, const Reloj& reloj, EnlaceCompartido& compartido, diseñoVisor diseno)
+    : m_com(com),
       m_compartido(compartido),
-      m_propio(entorno.fabrica, entorno.reloj),
+      m_propio(fabrica, reloj),
       m_diseno(std::move(diseno)) {}
 
 visor::~visor() {
@@ -60,7 +60,7 @@ bool visor::sinError() {
 }
 
 bool visor::cargarComo(std::int16_t n) {
-    AccesorINI ini = comun(m_entorno).abrir();
+    AccesorINI ini = m_com.abrir();
     return cargarComo(n, ini);
 }
 
@@ -68,7 +68,7 @@ bool visor::cargarComo(std::int16_t n, AccesorINI& ini) {
     if (n < 1 || n > MAXIMO_VISORES || identificado()) return false;
     ini.seccion(seccionVisor(n));
     EnlacePeso& antes = enlace();
-    m_registro = leerRegistroVisor(comun(m_entorno), ini);
+    m_registro = leerRegistroVisor(m_com, ini);
     mudarse(antes);
     m_numero = n;
     return true;

@@ -14,7 +14,7 @@ namespace sorvanel {
 class Visores {
 public:
     // Loads the displays up to the first number without a port.
-    Visores(const Entorno& entorno, EnlaceCompartido& compartido);
+    Visores(const comun& com, Fabrica& fabrica, const Reloj& reloj, EnlaceCompartido& compartido);
     ~Visores();
     Visores(const Visores&) = delete;
     Visores& operator=(const Visores&) = delete;
@@ -42,7 +42,9 @@ private:
     template <typename Accion>
     void paraCada(Accion accion);
 
-    const Entorno& m_entorno;
+    const comun& m_com;
+    Fabrica& m_fabrica;
+    const Reloj& m_reloj;
     EnlaceCompartido& m_compartido;
     std::vector<std::unique_ptr<visor>> m_visores;
 };

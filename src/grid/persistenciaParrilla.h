@@ -2,9 +2,10 @@
 
 #include <cstdint>
 
-#include "config/entorno.h"
+#include "config/comun.h"
 #include "platform/color.h"
 #include "platform/geometria.h"
+#include "screen/oScreen.h"
 
 namespace sorvanel {
 
@@ -23,11 +24,11 @@ struct AjustesParrilla {
 // Below this height the button bar lies: a stored height is a fraction of what is above it.
 constexpr float RESERVA_INFERIOR = aTwips(32);
 
-// Width and height of the screen in twips. What the file holds beyond its limits comes clamped,
-// what is missing or unreadable comes as its default.
-AjustesParrilla leerParrilla(const Entorno& entorno, float anchoPantalla, float altoPantalla);
+// For that screen. What the file holds beyond its limits comes clamped, what is missing or unreadable
+// comes as its default.
+AjustesParrilla leerParrilla(const comun& com, const oScreen& pantalla);
 
 // Without a screen to measure by, the stored fractions stay as they are.
-void guardarParrilla(const Entorno& entorno, float anchoPantalla, float altoPantalla, const AjustesParrilla& ajustes);
+void guardarParrilla(const comun& com, const oScreen& pantalla, const AjustesParrilla& ajustes);
 
 }  // namespace sorvanel

@@ -1,7 +1,5 @@
 #include "links/destinoPavona.h"
 
-#include "config/comun.h"
-
 namespace sorvanel {
 
 namespace {
@@ -11,18 +9,17 @@ constexpr std::int32_t PORT_OMISION = 9084;
 
 }  // namespace
 
-DestinoPavona leerDestinoPavona(const Entorno& entorno) {
-    const comun com(entorno);
+DestinoPavona leerDestinoPavona(const comun& com) {
     const AccesorINI ini = com.abrir(SECCION);
     return {com.valDflt(ini, "Host", "localhost"), com.valDflt(ini, "Port", PORT_OMISION)};
 }
 
-void guardarHostPavona(const Entorno& entorno, std::string_view host) {
-    comun(entorno).abrir(SECCION).escribir("Host", host);
+void guardarHostPavona(const comun& com, std::string_view host) {
+    com.abrir(SECCION).escribir("Host", host);
 }
 
-void guardarPortPavona(const Entorno& entorno, std::int32_t port) {
-    comun(entorno).abrir(SECCION).escribir("Port", std::to_string(port));
+void guardarPortPavona(const comun& com, std::int32_t port) {
+    com.abrir(SECCION).escribir("Port", std::to_string(port));
 }
 
 }  // namespace sorvanel

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "config/entorno.h"
+#include "config/comun.h"
 
 namespace sorvanel {
 
@@ -13,8 +13,8 @@ struct DestinoPavona {
     std::int32_t port = 0;  // TCP; whatever number the file holds
 };
 
-DestinoPavona leerDestinoPavona(const Entorno& entorno);
-void guardarHostPavona(const Entorno& entorno, std::string_view host);
-void guardarPortPavona(const Entorno& entorno, std::int32_t port);
+DestinoPavona leerDestinoPavona(const comun& com);
+void guardarHostPavona(const comun& com, std::string_view host);
+void guardarPortPavona(const comun& com, std::int32_t port);
 
 }  // namespace sorvanel

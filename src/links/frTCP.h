@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "config/entorno.h"
+#include "config/comun.h"
 #include "links/enlaceCompartido.h"
 #include "links/lineaPavona.h"
 #include "platform/sistema.h"
@@ -27,7 +27,7 @@ public:
 
     enum class Estado { cerrado, conectando, esperaLinea, esperaSegundo, abierta, leyendo, fallado };
 
-    explicit frTCP(const Entorno& entorno);
+    frTCP(const comun& com, Fabrica& fabrica, const Reloj& reloj);
     ~frTCP() override;
     frTCP(const frTCP&) = delete;
     frTCP& operator=(const frTCP&) = delete;
@@ -70,7 +70,8 @@ private:
     void repartir(const LecturaPavona* lectura);
     void vigilarSilencios();
 
-    const Entorno& m_entorno;
+    const comun& m_com;
+    const Reloj& m_reloj;
     std::unique_ptr<Temporizador> m_tim;
     std::unique_ptr<Zocalo> m_wsk;
     Estado m_estado = Estado::cerrado;

@@ -6,10 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "config/entorno.h"
 #include "message/ajustesMensaje.h"
 #include "message/muelleMensaje.h"
-#include "platform/temporizador.h"
+#include "platform/sistema.h"
 
 namespace sorvanel {
 
@@ -19,8 +18,8 @@ class clsMsg {
 public:
     static constexpr int INTERVALO = 10;  // milliseconds
 
-    // Loads the message and docks the strip; the dock must outlive it.
-    clsMsg(const Entorno& entorno, MuelleMensaje& muelle);
+    // Loads the message and docks the strip; all of these must outlive it.
+    clsMsg(const comun& com, Fabrica& fabrica, const Reloj& reloj, MuelleMensaje& muelle);
     ~clsMsg();
     clsMsg(const clsMsg&) = delete;
     clsMsg& operator=(const clsMsg&) = delete;
@@ -66,7 +65,8 @@ private:
     void guardar() const;
     bool desplaza() const { return m_ajustes.velocidad > 0; }
 
-    const Entorno& m_entorno;
+    const comun& m_com;
+    const Reloj& m_reloj;
     MuelleMensaje& m_muelle;
     Superficie& m_franja;
     std::unique_ptr<Temporizador> m_tim;

@@ -1,7 +1,5 @@
 #include "screen/oScreen.h"
 
-#include "config/comun.h"
-
 namespace sorvanel {
 
 namespace {
@@ -15,14 +13,15 @@ float enTwips(std::int32_t pixeles, float twipsPorPixel) {
 
 }  // namespace
 
-oScreen::oScreen(const Entorno& entorno) : m_entorno(&entorno), m_monitores(entorno.monitores) {
-    const comun com(entorno);
-    m_actual = com.valDflt(com.abrir(SECCION), CLAVE, m_monitores.primario());
-}
+oScreen::oScreen(const comun& com, SistemaMonitores& sistema)
+    : m_com(&com),
+      m_monitores(sistema),
+      m_actual(com.valDflt(com.consultar(SECCION), CLAVE, m_monitores.primario())) {}
 
-void oScreen::monitorActual(std::int16_t indice) {
-    m_actual = m_monitores.existe(indice) ? indice : m_monitores.primario();
-    comun(*m_entorno).abrir(SECCION).escribir(CLAVE, std::to_string(m_actual));
+bool oScreen::monitorActual(std::int16_t indice) {
+    m_actual = existe(indice) ? indice : m_monitores.primario();
+    m_com->abrir(SECCION).escribir(CLAVE, std::to_string(m_actual));
+    return m_actual == indice;
 }
 
 float oScreen::X0() const {

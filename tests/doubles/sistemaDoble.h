@@ -19,9 +19,13 @@ public:
     std::string base = "/datos";
     std::string separador = ",";
     Version numeroVersion{1, 0, 1};
+    mutable int carpetas = 0;  // how often the folder was asked for
 
     std::string nombreEjecutable() const override { return nombre; }
-    std::string carpetaBase() const override { return base; }
+    std::string carpetaBase() const override {
+        ++carpetas;
+        return base;
+    }
     std::string separadorDecimal() const override { return separador; }
     Version version() const override { return numeroVersion; }
 };
@@ -31,7 +35,12 @@ class MonitoresDoble : public SistemaMonitores {
 public:
     std::vector<Monitor> lista{{{0, 0, 1024, 768}, {0, 0, 1024, 728}, true, "\\\\.\\DISPLAY1", 15, 15}};
 
-    std::vector<Monitor> enumerar() override { return lista; }
+    int veces = 0;  // enumerated
+
+    std::vector<Monitor> enumerar() override {
+        ++veces;
+        return lista;
+    }
 };
 
 class CursorDoble : public Cursor {
