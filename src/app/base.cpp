@@ -25,7 +25,7 @@ std::string textoVersion(const Version& version) {
     return texto;
 }
 
-base::base(const Entorno& entorno, Formulario& formulario, FabricaDialogos& dialogos, EnlaceCompartido& compartido)
+base::base(const Entorno& entorno, Formulario& formulario, FabricaDialogos& dialogos, EnlacePeso& compartido)
     : m_entorno(entorno),
       m_formulario(formulario),
       m_espera(entorno.fabrica.crearTemporizador()),

@@ -5,9 +5,8 @@
 
 #include "app/asasParrilla.h"
 #include "app/barraBotones.h"
-#include "app/estado.h"
 #include "app/montaje.h"
-#include "dialogs/herramienta.h"
+#include "dialogs/dialogoConfiguracion.h"
 #include "platform/dialogo.h"
 
 namespace sorvanel {
@@ -17,7 +16,7 @@ namespace sorvanel {
 // the form over and leaves it bare when it goes.
 class base final : private OyenteFormulario {
 public:
-    base(const Entorno& entorno, Formulario& formulario, FabricaDialogos& dialogos, EnlaceCompartido& compartido);
+    base(const Entorno& entorno, Formulario& formulario, FabricaDialogos& dialogos, EnlacePeso& compartido);
     ~base() override;
     base(const base&) = delete;
     base& operator=(const base&) = delete;

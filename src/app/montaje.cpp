@@ -6,7 +6,7 @@
 
 namespace sorvanel {
 
-Montaje::Montaje(const Entorno& entorno, Formulario& formulario, EnlaceCompartido& compartido, BarraBotones& barra)
+Montaje::Montaje(const Entorno& entorno, Formulario& formulario, EnlacePeso& compartido, BarraBotones& barra)
     : m_entorno(entorno),
       m_formulario(formulario),
       m_compartido(compartido),
@@ -54,7 +54,7 @@ void Montaje::hacerVisores() {
 
 void Montaje::hacerMensaje() {
     MuelleMensaje& muelle = *this;
-    m_mensaje = std::make_unique<clsMsg>(m_entorno.com, m_entorno.fabrica, m_entorno.reloj, muelle);
+    m_mensaje = std::make_unique<clsMsg>(m_entorno.com, m_entorno.programa, m_entorno.fabrica, m_entorno.reloj, muelle);
 }
 
 void Montaje::montarParrilla() {
@@ -166,7 +166,6 @@ void Montaje::darForma() {
 }
 
 void Montaje::cambiarMonitor(std::int16_t indice) {
-    m_entorno.com.refrescar();
     oScreen pantalla(m_entorno.com, m_entorno.monitores);
     pantalla.monitorActual(indice);
     cubrir(std::move(pantalla));

@@ -8,7 +8,7 @@
 #include "app/barraBotones.h"
 #include "app/entorno.h"
 #include "dialogs/mesaConfiguracion.h"
-#include "links/enlaceCompartido.h"
+#include "links/enlacePeso.h"
 #include "platform/formulario.h"
 
 namespace sorvanel {
@@ -18,7 +18,7 @@ namespace sorvanel {
 class Montaje final : public MesaConfiguracion, private VentanaParrilla, private MuelleMensaje {
 public:
     // The bar must outlive this.
-    Montaje(const Entorno& entorno, Formulario& formulario, EnlaceCompartido& compartido, BarraBotones& barra);
+    Montaje(const Entorno& entorno, Formulario& formulario, EnlacePeso& compartido, BarraBotones& barra);
     ~Montaje() override;
     Montaje(const Montaje&) = delete;
     Montaje& operator=(const Montaje&) = delete;
@@ -79,7 +79,7 @@ private:
 
     const Entorno& m_entorno;
     Formulario& m_formulario;
-    EnlaceCompartido& m_compartido;
+    EnlacePeso& m_compartido;
     BarraBotones& m_barra;
     oScreen m_pantalla;
     std::unique_ptr<Superficie> m_picRep;  // element 0: the whole area above the bar

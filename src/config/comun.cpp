@@ -3,10 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "config/almacenPerfil.h"
 #include "config/numeros.h"
 #include "config/perfilINI.h"
-#include "config/seccionVisor.h"
 
 namespace sorvanel {
 namespace {
@@ -73,17 +71,11 @@ Color comun::valColor(const AccesorINI& accesor, std::string_view clave, const c
 }
 
 void comun::limitar(std::int16_t& valor, std::int16_t superior, std::int16_t inferior) {
-    if (valor < inferior) {
-        valor = inferior;
-    } else if (valor > superior) {
-        valor = superior;
-    }
+    valor = valor < inferior ? inferior : std::min(valor, superior);
 }
 
 void comun::vLimitar(std::optional<std::int16_t>& valor, std::int16_t superior, std::int16_t inferior) {
-    if (valor) {
-        limitar(*valor, superior, inferior);
-    }
+    if (valor) limitar(*valor, superior, inferior);
 }
 
 std::string comun::ilegible() const {
@@ -137,9 +129,7 @@ std::string comun::Long2RGB(Color color) {
     constexpr std::string_view CIFRAS = "0123456789ABCDEF";
     auto resto = static_cast<std::uint32_t>(color);
     std::string texto(CIFRAS_COLOR, '0');
-    for (auto c = texto.rbegin(); c != texto.rend(); ++c, resto >>= 4U) {
-        *c = CIFRAS[resto & 0xFU];
-    }
+    for (auto c = texto.rbegin(); c != texto.rend(); ++c, resto >>= 4U) *c = CIFRAS[resto & 0xFU];
     return texto;
 }
 

@@ -13,6 +13,13 @@
 
 namespace sorvanel {
 
+constexpr std::int16_t MAXIMO_VISORES = 64;
+
+// The section of the settings file that holds display n.
+inline std::string seccionVisor(int n) {
+    return "VISOR_" + std::to_string(n);
+}
+
 // The one place that knows where the settings lie and how their values are read.
 class comun {
 public:

@@ -85,7 +85,7 @@ void cfgContexto::crearControles() {
 void cfgContexto::crearPantalla() {
     m_c->marcoPantalla = taller().marco("Pantalla");
     m_c->grupoPantalla = taller().rotuloGrupo("Pantalla");
-    FilaValor::Datos datos{IdControl::lbMon, IdControl::imMoP, IdControl::imMoM, 0, "Monitor", "Monitor"};
+    FilaValor::Datos datos{IdControl::lbMon, IdControl::imMoP, IdControl::imMoM, "Monitor", "Monitor"};
     datos.inferior = 1;
     datos.repetir = false;
     // The monitors that there are now, not those of when the tool was opened.
@@ -99,7 +99,7 @@ void cfgContexto::crearParrilla() {
     m_c->grupoParrilla = taller().rotuloGrupo("Parrilla");
     for (std::size_t i = 0; i < NUMEROS.size(); ++i) {
         const NumeroParrilla& n = NUMEROS[i];
-        FilaValor::Datos datos{n.valor, n.mas, n.menos, 0, n.nombre, n.nombre};
+        FilaValor::Datos datos{n.valor, n.mas, n.menos, n.nombre, n.nombre};
         datos.inferior = n.inferior;
         datos.superior = [&n] { return n.superior; };
         datos.alCambiar = [this, &n](int valor) {
@@ -118,7 +118,7 @@ void cfgContexto::crearParrilla() {
         }
         m_c->colores[i] = std::make_unique<FilaColor>(
             taller(), sistema(),
-            FilaColor::Datos{c.boton, c.marco, 0, c.texto, [this, &c] { return (mesa().parrilla().*c.leer)(); },
+            FilaColor::Datos{c.boton, c.marco, c.texto, [this, &c] { return (mesa().parrilla().*c.leer)(); },
                              [this, &c](Color color) {
                                  (mesa().parrilla().*c.poner)(color);
                                  alCambiarParrilla();

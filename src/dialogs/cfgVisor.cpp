@@ -30,8 +30,8 @@ struct cfgVisor::Controles {
 };
 
 cfgVisor::cfgVisor(const UtilesDialogo& utiles, MesaConfiguracion& mesa)
-    : DialogoConfiguracion(IdControl::cfgVisor, {"Definir visores", "Cada cambio se ve y se guarda al momento"},
-                           utiles, mesa) {}
+    : DialogoConfiguracion(IdControl::cfgVisor, {"Definir visores", "Cada cambio se ve y se guarda al momento"}, utiles,
+                           mesa) {}
 
 cfgVisor::~cfgVisor() = default;
 

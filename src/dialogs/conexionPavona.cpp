@@ -2,7 +2,7 @@
 
 #include "config/numeros.h"
 #include "config/texto.h"
-#include "links/destinoPavona.h"
+#include "links/frTCP.h"
 
 namespace sorvanel {
 

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "config/comun.h"
-#include "config/seccionVisor.h"
 #include "display/aspecto.h"
 #include "display/familia.h"
 

@@ -7,30 +7,11 @@
 
 namespace sorvanel {
 
-namespace {
-
-std::string conNumero(std::string_view plantilla, std::int32_t numero) {
-    std::string texto;
-    for (const char c : plantilla) {
-        if (c == '@') {
-            texto += std::to_string(numero);
-        } else {
-            texto += c;
-        }
-    }
-    return texto;
-}
-
-}  // namespace
-
-visor::visor(const comun& com, Fabrica& fabrica, const Reloj& reloj, EnlaceCompartido& compartido)
+visor::visor(const comun& com, Fabrica& fabrica, const Reloj& reloj, EnlacePeso& compartido)
     : visor(com, fabrica, reloj, compartido, diseñoVisor(com)) {}
 
-visor::visor(const comun& com, Fabrica& fabrica, const Reloj& reloj, EnlaceCompartido& compartido, diseñoVisor diseno)
-    : m_com(com),
-      m_compartido(compartido),
-      m_propio(fabrica, reloj),
-      m_diseno(std::move(diseno)) {}
+visor::visor(const comun& com, Fabrica& fabrica, const Reloj& reloj, EnlacePeso& compartido, diseñoVisor diseno)
+    : m_com(com), m_compartido(compartido), m_propio(fabrica, reloj), m_diseno(std::move(diseno)) {}
 
 visor::~visor() {
     m_propio.Cerrar();
@@ -50,7 +31,9 @@ void visor::mudarse(EnlacePeso& antes) {
 }
 
 bool visor::error(std::string_view plantilla, std::int32_t numero) {
-    m_ultimoerror = conNumero(plantilla, numero);
+    m_ultimoerror = plantilla;
+    if (const std::size_t lugar = plantilla.find('@'); lugar != plantilla.npos)
+        m_ultimoerror.replace(lugar, 1, std::to_string(numero));
     return false;
 }
 

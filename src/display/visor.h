@@ -10,7 +10,7 @@
 #include "display/registroVisor.h"
 #include "display/trama.h"
 #include "grid/parrilla.h"
-#include "links/enlaceCompartido.h"
+#include "links/enlacePeso.h"
 #include "links/frWsk.h"
 
 namespace sorvanel {
@@ -28,8 +28,8 @@ struct Ubicacion {
 class visor final : public SuscriptorPeso {
 public:
     // All of these must outlive the display. Without the shared design it is read.
-    visor(const comun& com, Fabrica& fabrica, const Reloj& reloj, EnlaceCompartido& compartido);
-    visor(const comun& com, Fabrica& fabrica, const Reloj& reloj, EnlaceCompartido& compartido, diseñoVisor diseno);
+    visor(const comun& com, Fabrica& fabrica, const Reloj& reloj, EnlacePeso& compartido);
+    visor(const comun& com, Fabrica& fabrica, const Reloj& reloj, EnlacePeso& compartido, diseñoVisor diseno);
     ~visor() override;
     visor(const visor&) = delete;
     visor& operator=(const visor&) = delete;
@@ -126,7 +126,7 @@ private:
     bool sinError();
 
     const comun& m_com;
-    EnlaceCompartido& m_compartido;
+    EnlacePeso& m_compartido;
     frWsk m_propio;
     diseñoVisor m_diseno;
     RegistroVisor m_registro;

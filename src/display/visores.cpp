@@ -6,7 +6,7 @@
 
 namespace sorvanel {
 
-Visores::Visores(const comun& com, Fabrica& fabrica, const Reloj& reloj, EnlaceCompartido& compartido)
+Visores::Visores(const comun& com, Fabrica& fabrica, const Reloj& reloj, EnlacePeso& compartido)
     : m_com(com), m_fabrica(fabrica), m_reloj(reloj), m_compartido(compartido) {
     cargarSiguientes();
 }

@@ -14,7 +14,7 @@ namespace sorvanel {
 class Visores {
 public:
     // Loads the displays up to the first number without a port.
-    Visores(const comun& com, Fabrica& fabrica, const Reloj& reloj, EnlaceCompartido& compartido);
+    Visores(const comun& com, Fabrica& fabrica, const Reloj& reloj, EnlacePeso& compartido);
     ~Visores();
     Visores(const Visores&) = delete;
     Visores& operator=(const Visores&) = delete;
@@ -45,7 +45,7 @@ private:
     const comun& m_com;
     Fabrica& m_fabrica;
     const Reloj& m_reloj;
-    EnlaceCompartido& m_compartido;
+    EnlacePeso& m_compartido;
     std::vector<std::unique_ptr<visor>> m_visores;
 };
 

@@ -1,4 +1,4 @@
-#include "grid/persistenciaParrilla.h"
+#include "grid/parrilla.h"
 
 #include <algorithm>
 #include <string>

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <exception>
 
-#include "links/destinoPavona.h"
 #include "links/pausaVigilancia.h"
 
 namespace sorvanel {
@@ -14,6 +13,8 @@ constexpr std::string_view AVISO_LINEA = "LIN>";
 constexpr std::string_view AVISO_SEGUNDO = "XXX>";
 constexpr std::string_view RESPUESTA = "REP\r";
 constexpr std::int64_t NUNCA = -1'000'000;
+constexpr const char* SECCION = "PAVONA";
+constexpr std::int32_t PORT_OMISION = 9084;
 
 // The connection keeps no borders: the first readings may come together with the prompt. How long they are at the end
 // of that text; 0 unless there is nothing else behind the prompt, but that the last one may go on.
@@ -28,6 +29,19 @@ std::size_t largoLecturas(std::string_view texto) {
 }
 
 }  // namespace
+
+DestinoPavona leerDestinoPavona(const comun& com) {
+    const AccesorINI ini = com.abrir(SECCION);
+    return {com.valDflt(ini, "Host", "localhost"), com.valDflt(ini, "Port", PORT_OMISION)};
+}
+
+void guardarHostPavona(const comun& com, std::string_view host) {
+    com.abrir(SECCION).escribir("Host", host);
+}
+
+void guardarPortPavona(const comun& com, std::int32_t port) {
+    com.abrir(SECCION).escribir("Port", std::to_string(port));
+}
 
 frTCP::frTCP(const comun& com, Fabrica& fabrica, const Reloj& reloj)
     : m_com(com), m_reloj(reloj), m_tim(fabrica.crearTemporizador()), m_wsk(fabrica.crearZocalo(*this)) {

@@ -33,8 +33,9 @@ Fuente aFuente(const FuenteMensaje& f) {
 
 }  // namespace
 
-clsMsg::clsMsg(const comun& com, Fabrica& fabrica, const Reloj& reloj, MuelleMensaje& muelle)
+clsMsg::clsMsg(const comun& com, const Programa& programa, Fabrica& fabrica, const Reloj& reloj, MuelleMensaje& muelle)
     : m_com(com),
+      m_programa(programa),
       m_reloj(reloj),
       m_muelle(muelle),
       m_franja(muelle.picMsg()),
@@ -82,7 +83,7 @@ void clsMsg::medirTexto() {
     m_tramos.clear();
     m_anchoTexto = 0;
     std::unordered_map<std::string_view, float> conocidos;
-    for (const std::string_view tramo : cortarEnTramos(m_ajustes.texto)) {
+    for (const std::string_view tramo : cortarEnTramos(m_ajustes.texto, m_programa)) {
         const auto [hallado, nuevo] = conocidos.try_emplace(tramo, 0.0F);
         if (nuevo) hallado->second = m_franja.medir(tramo).ancho;
         m_tramos.push_back({tramo, m_anchoTexto, hallado->second});

@@ -1,5 +1,7 @@
 #include "screen/oScreen.h"
 
+#include <algorithm>
+
 namespace sorvanel {
 
 namespace {
@@ -13,10 +15,18 @@ float enTwips(std::int32_t pixeles, float twipsPorPixel) {
 
 }  // namespace
 
+std::int16_t Monitores::primario() const {
+    const auto hallado = std::find_if(m_tabla.begin(), m_tabla.end(), [](const Monitor& m) { return m.primario; });
+    return hallado == m_tabla.end() ? std::int16_t{0} : static_cast<std::int16_t>(hallado - m_tabla.begin() + 1);
+}
+
+Monitor Monitores::monitor(std::int16_t indice) const {
+    const std::int16_t usado = existe(indice) ? indice : primario();
+    return existe(usado) ? m_tabla[static_cast<std::size_t>(usado - 1)] : Monitor{};
+}
+
 oScreen::oScreen(const comun& com, SistemaMonitores& sistema)
-    : m_com(&com),
-      m_monitores(sistema),
-      m_actual(com.valDflt(com.consultar(SECCION), CLAVE, m_monitores.primario())) {}
+    : m_com(&com), m_monitores(sistema), m_actual(com.valDflt(com.consultar(SECCION), CLAVE, m_monitores.primario())) {}
 
 bool oScreen::monitorActual(std::int16_t indice) {
     m_actual = existe(indice) ? indice : m_monitores.primario();

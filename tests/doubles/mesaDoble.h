@@ -39,7 +39,7 @@ public:
     void montarMensaje() override {
         diario.emplace_back("montarMensaje");
         MuelleMensaje& muelle = *this;
-        m_mensaje = std::make_unique<clsMsg>(m_e.com, m_e.fabrica, m_e.reloj, muelle);
+        m_mensaje = std::make_unique<clsMsg>(m_e.com, m_e.programa, m_e.fabrica, m_e.reloj, muelle);
     }
     void desmontarMesa() override {
         diario.emplace_back("desmontarMesa");

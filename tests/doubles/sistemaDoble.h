@@ -28,6 +28,11 @@ public:
     }
     std::string separadorDecimal() const override { return separador; }
     Version version() const override { return numeroVersion; }
+    // Latin, Thai, kana and keycap.
+    bool esMarca(char32_t c) const override {
+        return (c >= 0x0300 && c <= 0x036F) || (c >= 0x0E31 && c <= 0x0E4E && c != 0x0E32 && c != 0x0E33) ||
+               c == 0x3099 || c == 0x20E3;
+    }
 };
 
 // One primary monitor of 1024 by 768 at 100 % until the test says otherwise.

@@ -111,9 +111,6 @@ TEST(base, unMonitorQueCambiaRedisponeSinPararNada) {
     EXPECT_TRUE(peso.lineas().empty()) << "nothing is laid out anew";
 }
 
-// The machine starts with the big screen switched off.
-// What the first start could not copy, a cancel must not take from an earlier session.
-// At rest each display holds some free port: here the other's own one.
 // In configuration, with which tools open.
 std::string abiertas(Banco& t) {
     std::string lista;

@@ -62,7 +62,7 @@ struct Banco {
               "\r\n");
         hacer();
     }
-    void hacer() { msg = std::make_unique<clsMsg>(e.com, e.fabrica, e.reloj, muelle); }
+    void hacer() { msg = std::make_unique<clsMsg>(e.com, e.programa, e.fabrica, e.reloj, muelle); }
     FranjaDoble& franja() { return muelle.franja; }
     TemporizadorDoble& tim() { return *e.fabrica.ultimoTemporizador(); }
     std::string guardado(const char* clave) { return e.valor("MENSAJE", clave); }

@@ -48,7 +48,7 @@ TEST(oScreen, guardaLaEleccionYCambiaLaImposiblePorElPrimario) {
     oScreen pantalla(e.com, e.monitores);
     EXPECT_EQ(pantalla.numMonitores(), 3);
     for (const auto pedido : std::initializer_list<std::int16_t>{1, 2, 0, 3, 4, -5}) {
-        pantalla.monitorActual(pedido);
+        EXPECT_EQ(pantalla.monitorActual(pedido), pedido == 1 || pedido == 2);
         EXPECT_EQ(pantalla.monitorActual(), pedido == 1 ? 1 : 2) << pedido;
         EXPECT_EQ(e.valor("MONITORES", "EnUso"), pedido == 1 ? "1" : "2") << pedido;
     }

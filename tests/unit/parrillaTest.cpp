@@ -62,10 +62,9 @@ TEST(Parrilla, cadaCambioSeGuardaEnLaFormaDelArchivo) {
     Banco b;
     EXPECT_EQ(b.e.ini(), "") << "loading must not write";
     Parrilla& p = *b.p;
-    for (const auto n : std::initializer_list<std::int16_t>{3, 9, 0}) p.filas(n);
-    for (const auto n : std::initializer_list<std::int16_t>{2, 9, 0}) p.columnas(n);
-    p.gruesoVertical(40);
-    p.gruesoHorizontal(-4);
+    for (const auto n : std::initializer_list<std::int16_t>{3, 9, 0}) EXPECT_EQ(p.filas(n), n == 3);
+    for (const auto n : std::initializer_list<std::int16_t>{2, 9, 0}) EXPECT_EQ(p.columnas(n), n == 2);
+    EXPECT_FALSE(p.gruesoVertical(40) || p.gruesoHorizontal(-4)) << "clamped";
     p.colorFondo(ROJO);
     p.colorAplicacion(Parrilla::TRANSPARENTE);
     p.Left(ANCHO / 4);

@@ -114,10 +114,11 @@ TEST(diseñoVisor, cadaEscrituraGuardaTodaLaSeccion) {
     EntornoDoble e;
     diseñoVisor d(e.com);
     for (const float negado : {0.1F, 1.0F, 0.0F, -1.0F, std::numeric_limits<float>::quiet_NaN()}) {
-        d.ratioAlturas(negado);
+        EXPECT_FALSE(d.ratioAlturas(negado));
         EXPECT_EQ(e.ini(), "") << negado;
     }
-    d.anchoEtiqueta(7), d.ajusteEtiqueta(1), d.ratioAlturas(0.45F), d.formatoPeso("");
+    EXPECT_TRUE(!d.anchoEtiqueta(7) && d.ajusteEtiqueta(1) && d.ratioAlturas(0.45F)) << "whether it was taken as it is";
+    d.formatoPeso("");
     d.colorFondoEtiqueta(1), d.colorTextoEtiqueta(2), d.colorFondoPeso(3), d.colorTextoPeso(0x7F000004);
     EXPECT_EQ(e.ini(),
               "[VISORES]\r\nanchoEtiqueta=6\r\najusteEtiqueta=1\r\nfondoEtiqueta=000001\r\ntextoEtiqueta=000002\r\n"
