@@ -33,7 +33,7 @@ base::base(const Entorno& entorno, Formulario& formulario, FabricaDialogos& dial
       m_plazoAviso(entorno.fabrica.crearTemporizador()),
       m_barra(formulario),
       m_montaje(entorno, formulario, compartido, m_barra),
-      m_asas(formulario, [this] { m_barra.refrescar(); }) {
+      m_asas(formulario, [this] { refrescos(); }) {
     const UtilesDialogo utiles{entorno.com, entorno.cola, entorno.avisos, dialogos};
     m_cfgContexto = std::make_unique<cfgContexto>(utiles, m_montaje);
     m_cfgVisor = std::make_unique<cfgVisor>(utiles, m_montaje);
@@ -184,8 +184,8 @@ void base::cancelar() {
     m_montaje.vaciar();
 }
 
-bool base::cerrarHerramientas(bool descartar, const Herramienta* menosEsta) {
-    const auto cerrar = [&](Herramienta& una) {
+bool base::cerrarHerramientas(bool descartar, const DialogoConfiguracion* menosEsta) {
+    const auto cerrar = [&](DialogoConfiguracion& una) {
         return &una == menosEsta || !una.cargado() || una.Descargar(descartar) || descartar;
     };
     if (!cerrar(*m_cfgContexto) || !cerrar(*m_cfgVisor)) return false;
@@ -193,7 +193,7 @@ bool base::cerrarHerramientas(bool descartar, const Herramienta* menosEsta) {
     return cerrar(*m_cfgMensaje);
 }
 
-void base::alternar(Herramienta& pedida) {
+void base::alternar(DialogoConfiguracion& pedida) {
     if (pedida.cargado()) {
         pedida.Descargar(false);
     } else if (cerrarHerramientas(false, &pedida)) {
@@ -221,7 +221,7 @@ void base::unloadCfgSize() {
     m_asas.ocultar();
     m_montaje.desmontarMesa();
     m_modoTamano = false;
-    m_barra.refrescar();
+    refrescos();
 }
 
 void base::mostrarAsas() {
@@ -233,7 +233,7 @@ void base::alCambiarMonitores() {
     // A display that had no room until now has not started yet.
     if (m_estado == Estado::marcha) arrancarLosQueFaltan();
     if (m_modoTamano) mostrarAsas();
-    for (Herramienta* una : {m_cfgContexto.get(), m_cfgVisor.get(), m_cfgMensaje.get()}) {
+    for (DialogoConfiguracion* una : {m_cfgContexto.get(), m_cfgVisor.get(), m_cfgMensaje.get()}) {
         if (una->cargado()) una->seguirMonitor(m_montaje.pantalla().monitor());
     }
 }

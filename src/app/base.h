@@ -24,6 +24,8 @@ public:
     // Shows the window, empty, on the monitor in use. The rest follows once it is active.
     void cargar();
     Estado estado() const { return m_estado; }
+    // Repaints the button bar, after the grid was moved under it.
+    void refrescos() { m_barra.refrescar(); }
     // Enters and leaves size mode: the handles on the grid's corners.
     void cfgSizeMostrar();
     void unloadCfgSize();
@@ -52,10 +54,10 @@ private:
     void avisar(const std::string& errores);
     void avisarSinNadie(const std::string& errores);
     void retenerCursor();
-    void alternar(Herramienta& pedida);
+    void alternar(DialogoConfiguracion& pedida);
     void alternarTamano();
     // False when a tool refuses to close; those after it are then still open.
-    bool cerrarHerramientas(bool descartar, const Herramienta* menosEsta = nullptr);
+    bool cerrarHerramientas(bool descartar, const DialogoConfiguracion* menosEsta = nullptr);
 
     const Entorno& m_entorno;
     Formulario& m_formulario;
@@ -70,9 +72,9 @@ private:
     BarraBotones m_barra;
     Montaje m_montaje;
     AsasParrilla m_asas;
-    std::unique_ptr<Herramienta> m_cfgContexto;
-    std::unique_ptr<Herramienta> m_cfgVisor;
-    std::unique_ptr<Herramienta> m_cfgMensaje;
+    std::unique_ptr<DialogoConfiguracion> m_cfgContexto;
+    std::unique_ptr<DialogoConfiguracion> m_cfgVisor;
+    std::unique_ptr<DialogoConfiguracion> m_cfgMensaje;
 };
 
 // "1.02A": the minor number with two digits, the revision from 1 as a letter.

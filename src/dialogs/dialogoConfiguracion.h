@@ -13,19 +13,6 @@
 
 namespace sorvanel {
 
-// A tool of the configuration, as the main window opens and closes it. At most one is open.
-class Herramienta {
-public:
-    virtual ~Herramienta() = default;
-
-    virtual bool cargado() const = 0;
-    virtual void Mostrar() = 0;
-    // Closes; false when it refuses, as while an entry is invalid. Discarding never refuses.
-    virtual bool Descargar(bool descartar) = 0;
-    // The window covers another monitor, or the same at another size: the tool follows.
-    virtual void seguirMonitor(const Monitor& monitor) = 0;
-};
-
 // What a tool uses besides its desk; all of it must outlive the tool.
 struct UtilesDialogo {
     const comun& com;
@@ -34,19 +21,21 @@ struct UtilesDialogo {
     FabricaDialogos& fabrica;
 };
 
-// What the tools with a window have in common. The window and all that stands on it exist only while
-// the tool is open. Changes that the program makes to a control are not told to its handlers, so
-// filling needs no flag.
-class DialogoConfiguracion : public Herramienta, private OyenteDialogo {
+// A tool of the configuration; at most one is open. Its window and all that stands on it exist only while it
+// is. Changes that the program makes to a control are not told to its handlers, so filling needs no flag.
+class DialogoConfiguracion : private OyenteDialogo {
 public:
+    ~DialogoConfiguracion() override;
     DialogoConfiguracion(const DialogoConfiguracion&) = delete;
     DialogoConfiguracion& operator=(const DialogoConfiguracion&) = delete;
 
-    bool cargado() const final { return m_formulario != nullptr; }
+    bool cargado() const { return m_formulario != nullptr; }
     // Opens it, or fills it anew when it is open.
-    void Mostrar() final;
-    bool Descargar(bool descartar) final;
-    void seguirMonitor(const Monitor& monitor) final;
+    void Mostrar();
+    // Closes; false when it refuses, as while an entry is invalid. Discarding never refuses.
+    bool Descargar(bool descartar);
+    // The window covers another monitor, or the same at another size: the tool follows.
+    void seguirMonitor(const Monitor& monitor);
 
 protected:
     // What its two title labels say; the second may be empty: then there is none.
@@ -58,7 +47,6 @@ protected:
 
     // The desk must outlive it.
     DialogoConfiguracion(IdControl id, Titulos titulos, const UtilesDialogo& utiles, MesaConfiguracion& mesa);
-    ~DialogoConfiguracion() override;
 
     // In this order when it opens. First what it works on: one of the desk's montar...
     virtual void montar() = 0;
