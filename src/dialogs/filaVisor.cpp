@@ -48,13 +48,14 @@ std::optional<Ubicacion> leerUbicacion(std::string_view texto) {
     const auto fila = leerEntero16(texto.substr(0, corte));
     const std::string_view segunda = texto.substr(corte + 1);
     // A second comma would be taken as the decimal one.
-    const auto columna = segunda.find(SEPARADOR_UBICACION) == segunda.npos ? leerEntero16(segunda) : std::nullopt;
+    const auto columna =
+        segunda.find(SEPARADOR_UBICACION) == std::string_view::npos ? leerEntero16(segunda) : std::nullopt;
     return fila && columna ? std::optional(Ubicacion{*fila, *columna}) : std::nullopt;
 }
 
 char32_t filtroUbicacion(char32_t caracter) {
     constexpr std::u32string_view SEPARADORES = U",.;:_-+=/";
-    return SEPARADORES.find(caracter) != SEPARADORES.npos ? SEPARADOR_UBICACION : filtroNumerico(caracter);
+    return SEPARADORES.find(caracter) != std::u32string_view::npos ? SEPARADOR_UBICACION : filtroNumerico(caracter);
 }
 
 // A caption's blanks are hard ones: it is one word, whatever it is shown or stored in.

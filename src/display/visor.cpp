@@ -32,7 +32,7 @@ void visor::mudarse(EnlacePeso& antes) {
 
 bool visor::error(std::string_view plantilla, std::int32_t numero) {
     m_ultimoerror = plantilla;
-    if (const std::size_t lugar = plantilla.find('@'); lugar != plantilla.npos)
+    if (const std::size_t lugar = plantilla.find('@'); lugar != std::string_view::npos)
         m_ultimoerror.replace(lugar, 1, std::to_string(numero));
     return false;
 }
