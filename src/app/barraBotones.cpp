@@ -20,44 +20,29 @@ constexpr Color COLOR_VERSION = rgb(0x5A, 0x65, 0x70);
 struct Definicion {
     IdControl id;
     Dibujo dibujo;
-    const char* rotulo;  // empty: the picture alone
     const char* nombre;
-    bool enConfiguracion;
-    bool enPausa;
-    bool enMarcha;
+    std::array<Estado, 2> en;  // where it is seen
 };
 
-// In tab order: the tools from left to right, then the control of the run.
+constexpr std::array EN_CONFIGURACION{Estado::configurando, Estado::configurando};
+constexpr std::array EN_PAUSA{Estado::pausa, Estado::pausa};
+constexpr std::array EN_MARCHA{Estado::marcha, Estado::marcha};
+
+// In tab order: the tools from left to right, which have room for their names, then the control of the run.
 constexpr std::array<Definicion, 10> BOTONES{{
-    {IdControl::botDise, Dibujo::parrilla, "Diseño de parrilla y formatos", "Diseño de parrilla y formatos", true,
-     false, false},
-    {IdControl::botVisores, Dibujo::visores, "Definir visores", "Definir visores", true, false, false},
-    {IdControl::botSize, Dibujo::tamano, "Tamaño y posición de parrilla", "Tamaño y posición de parrilla", true, false,
-     false},
-    {IdControl::botMensaje, Dibujo::mensaje, "Mensaje auxiliar", "Mensaje auxiliar", true, false, false},
-    {IdControl::botCfg, Dibujo::ajustes, "", "Configurar", false, true, false},
-    {IdControl::botRun, Dibujo::marcha, "", "Poner en marcha", false, true, false},
-    {IdControl::botPau, Dibujo::pausa, "", "Pausar", false, false, true},
-    {IdControl::botOff, Dibujo::apagar, "", "Cerrar el programa", false, true, true},
-    {IdControl::botOk, Dibujo::aceptar, "", "Aceptar la configuración", true, false, false},
-    {IdControl::botCan, Dibujo::cancelar, "", "Cancelar los cambios de configuración", true, false, false},
+    {IdControl::botDise, Dibujo::parrilla, "Diseño de parrilla y formatos", EN_CONFIGURACION},
+    {IdControl::botVisores, Dibujo::visores, "Definir visores", EN_CONFIGURACION},
+    {IdControl::botSize, Dibujo::tamano, "Tamaño y posición de parrilla", EN_CONFIGURACION},
+    {IdControl::botMensaje, Dibujo::mensaje, "Mensaje auxiliar", EN_CONFIGURACION},
+    {IdControl::botCfg, Dibujo::ajustes, "Configurar", EN_PAUSA},
+    {IdControl::botRun, Dibujo::marcha, "Poner en marcha", EN_PAUSA},
+    {IdControl::botPau, Dibujo::pausa, "Pausar", EN_MARCHA},
+    {IdControl::botOff, Dibujo::apagar, "Cerrar el programa", {Estado::pausa, Estado::marcha}},
+    {IdControl::botOk, Dibujo::aceptar, "Aceptar la configuración", EN_CONFIGURACION},
+    {IdControl::botCan, Dibujo::cancelar, "Cancelar los cambios de configuración", EN_CONFIGURACION},
 }};
 
 constexpr std::size_t HERRAMIENTAS = 4;
-
-bool visibleEn(const Definicion& definicion, Estado estado) {
-    switch (estado) {
-        case Estado::configurando:
-            return definicion.enConfiguracion;
-        case Estado::pausa:
-            return definicion.enPausa;
-        case Estado::marcha:
-            return definicion.enMarcha;
-        case Estado::iniciando:
-            break;
-    }
-    return false;
-}
 
 }  // namespace
 
@@ -123,14 +108,14 @@ float BarraBotones::disponerHerramientas(float limite) {
     std::array<float, HERRAMIENTAS> anchos{};
     float total = SEPARACION;
     for (std::size_t i = 0; i < HERRAMIENTAS; ++i) {
-        anchos[i] = m_formulario.medir(BOTONES[i].rotulo).ancho + ALREDEDOR;
+        anchos[i] = m_formulario.medir(BOTONES[i].nombre).ancho + ALREDEDOR;
         total += anchos[i] + SEPARACION;
     }
     const bool caben = total <= limite;
     float x = SEPARACION;
     for (std::size_t i = 0; i < HERRAMIENTAS; ++i) {
         const float propio = caben ? anchos[i] : ANCHO_SOLO_DIBUJO;
-        m_botones[i]->texto(caben ? BOTONES[i].rotulo : "");
+        m_botones[i]->texto(caben ? BOTONES[i].nombre : "");
         m_botones[i]->colocar({x, m_arriba, propio, ALTO_BOTON});
         x += propio + SEPARACION;
     }
@@ -163,7 +148,8 @@ void BarraBotones::estado(Estado estado) {
     // First what appears: the keyboard's focus then always finds a button to go to.
     for (const bool aparece : {true, false}) {
         for (std::size_t i = 0; i < BOTONES.size(); ++i) {
-            if (visibleEn(BOTONES[i], estado) == aparece) m_botones[i]->mostrar(aparece);
+            const auto& en = BOTONES[i].en;
+            if ((std::find(en.begin(), en.end(), estado) != en.end()) == aparece) m_botones[i]->mostrar(aparece);
         }
     }
 }

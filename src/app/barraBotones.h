@@ -5,10 +5,11 @@
 #include <memory>
 #include <string>
 
-#include "app/estado.h"
 #include "platform/formulario.h"
 
 namespace sorvanel {
+
+enum class Estado { iniciando = 0, configurando = 1, pausa = 2, marcha = 3 };
 
 // The strip of buttons along the bottom of the window, with the version label. It knows which
 // buttons each run state shows and where they stand; what they do is told to it.

@@ -2,8 +2,6 @@
 
 #include <cmath>
 
-#include "config/almacenPerfil.h"
-#include "config/comun.h"
 #include "dialogs/cfgContexto.h"
 #include "dialogs/cfgMensaje.h"
 #include "dialogs/cfgVisor.h"
@@ -27,7 +25,7 @@ std::string textoVersion(const Version& version) {
     return texto;
 }
 
-base::base(const Entorno& entorno, Formulario& formulario, FabricaDialogos& dialogos, EnlaceCompartido& compartido)
+base::base(const Entorno& entorno, Formulario& formulario, FabricaDialogos& dialogos, EnlacePeso& compartido)
     : m_entorno(entorno),
       m_formulario(formulario),
       m_espera(entorno.fabrica.crearTemporizador()),
@@ -36,10 +34,10 @@ base::base(const Entorno& entorno, Formulario& formulario, FabricaDialogos& dial
       m_barra(formulario),
       m_montaje(entorno, formulario, compartido, m_barra),
       m_asas(formulario, [this] { refrescos(); }) {
-    MesaConfiguracion& mesa = *this;
-    m_cfgContexto = std::make_unique<cfgContexto>(entorno, dialogos, mesa);
-    m_cfgVisor = std::make_unique<cfgVisor>(entorno, dialogos, mesa);
-    m_cfgMensaje = std::make_unique<cfgMensaje>(entorno, dialogos, mesa);
+    const UtilesDialogo utiles{entorno.com, entorno.cola, entorno.avisos, dialogos};
+    m_cfgContexto = std::make_unique<cfgContexto>(utiles, m_montaje);
+    m_cfgVisor = std::make_unique<cfgVisor>(utiles, m_montaje);
+    m_cfgMensaje = std::make_unique<cfgMensaje>(utiles, m_montaje);
     unirBotones();
     prepararTemporizadores();
     m_formulario.oyente(this);
@@ -84,7 +82,7 @@ void base::unirBotones() {
 void base::cargar() {
     m_barra.version(textoVersion(m_entorno.programa.version()));
     estado(Estado::iniciando);
-    cubrirMonitor();
+    m_montaje.cubrir();
     m_montaje.vaciar();
     m_formulario.mostrar();
 }
@@ -103,67 +101,52 @@ void base::primeraActivacion() {
     const std::string motivo = ilegible();
     m_montaje.letrero(motivo);
     if (!motivo.empty()) return;
-    if (m_montaje.parrilla() != nullptr) m_montaje.desmontar();
     std::string errores;
     construir(errores);
     m_espera->habilitado(false);
-    if (visores().cuantos() > 0) {
+    if (m_montaje.visores().cuantos() > 0) {
         // The errors wait until all that can run does: nobody may be there to answer the box.
         ponerEnMarcha(errores);
         avisarSinNadie(errores);
         return;
     }
-    m_conCopia = comun(m_entorno).hacerCopiaDeINI();
+    m_conCopia = m_entorno.com.hacerCopiaDeINI();
     entrarEnConfiguracion();
 }
 
 // Others look through files too, at start-up above all. One that cannot be read is not an empty one: it would be a
 // screen without displays until somebody comes, and what is typed there would replace it.
 std::string base::ilegible() const {
-    const std::string motivo = comun(m_entorno).ilegible();
+    const std::string motivo = m_entorno.com.ilegible();
     return motivo.empty() ? motivo : "No se puede leer la configuración: " + motivo;
 }
 
-void base::cubrirMonitor() {
-    const oScreen pantalla(m_entorno);
-    m_monitor = pantalla.monitor();
-    m_formulario.cubrir(m_monitor);
-    m_barra.disponer(pantalla.Width(), pantalla.Height());
-    m_montaje.dimensionar(pantalla.Width(), pantalla.Height());
-}
-
 void base::construir(std::string& errores) {
-    cubrirMonitor();
-    m_montaje.montarParrilla();
-    m_montaje.cargarVisores();
-    m_montaje.situarVisores(errores);
-    const std::string motivo = ilegible();
-    if (!motivo.empty()) errores += motivo + "\n";
-    m_montaje.montarMensaje();
+    m_montaje.construir(errores);
     estado(Estado::pausa);
 }
 
 void base::ponerEnMarcha(std::string& errores) {
-    visores().letsRun(errores);
+    m_montaje.visores().letsRun(errores);
     estado(Estado::marcha);
     m_barra.incidencia(errores);
-    mensaje().marcha();
+    m_montaje.mensaje().marcha();
 }
 
 // Somebody else may have given the port back.
 void base::arrancarLosQueFaltan() {
     std::string yaDichos;
-    visores().letsRun(yaDichos);
+    m_montaje.visores().letsRun(yaDichos);
 }
 
 void base::pausar() {
-    visores().Run(false);
-    mensaje().paro();
+    m_montaje.visores().Run(false);
+    m_montaje.mensaje().paro();
     estado(Estado::pausa);
 }
 
 void base::configurar() {
-    if (comun(m_entorno).hacerCopiaDeINI()) {
+    if (m_entorno.com.hacerCopiaDeINI()) {
         m_conCopia = true;
         entrarEnConfiguracion();
     } else {
@@ -180,10 +163,10 @@ void base::entrarEnConfiguracion() {
 // The order is fixed; a tool that refuses keeps those after it open.
 void base::aceptar() {
     if (!cerrarHerramientas(false)) return;
-    m_montaje.desmontar();
+    const std::string motivo = ilegible();
     std::string errores;
     construir(errores);
-    avisar(errores);
+    avisar(errores + motivo);
 }
 
 void base::cancelar() {
@@ -191,17 +174,18 @@ void base::cancelar() {
     m_montaje.desmontar();
     // An earlier session's copy is none of this one.
     if (m_conCopia) {
-        comun(m_entorno).restaurarCopiaDeINI();
+        m_entorno.com.restaurarCopiaDeINI();
     } else {
-        comun(m_entorno).descartarCambios();
+        m_entorno.com.descartarCambios();
     }
     // The restored file may name another monitor and other colours.
-    cubrirMonitor();
+    m_entorno.com.refrescar();
+    m_montaje.cubrir();
     m_montaje.vaciar();
 }
 
-bool base::cerrarHerramientas(bool descartar, const Herramienta* menosEsta) {
-    const auto cerrar = [&](Herramienta& una) {
+bool base::cerrarHerramientas(bool descartar, const DialogoConfiguracion* menosEsta) {
+    const auto cerrar = [&](DialogoConfiguracion& una) {
         return &una == menosEsta || !una.cargado() || una.Descargar(descartar) || descartar;
     };
     if (!cerrar(*m_cfgContexto) || !cerrar(*m_cfgVisor)) return false;
@@ -209,7 +193,7 @@ bool base::cerrarHerramientas(bool descartar, const Herramienta* menosEsta) {
     return cerrar(*m_cfgMensaje);
 }
 
-void base::alternar(Herramienta& pedida) {
+void base::alternar(DialogoConfiguracion& pedida) {
     if (pedida.cargado()) {
         pedida.Descargar(false);
     } else if (cerrarHerramientas(false, &pedida)) {
@@ -229,90 +213,28 @@ void base::cfgSizeMostrar() {
     m_montaje.montarParrilla();
     // The strip, where there is one, takes room from the grid.
     m_montaje.montarMensaje();
-    const oScreen pantalla(m_entorno);
-    m_asas.mostrar(parrilla(), pantalla.Width(), m_montaje.limiteInferior());
     m_modoTamano = true;
+    mostrarAsas();
 }
 
 void base::unloadCfgSize() {
     m_asas.ocultar();
-    desmontarMesa();
+    m_montaje.desmontarMesa();
     m_modoTamano = false;
     refrescos();
 }
 
-void base::montarParrilla() {
-    m_montaje.montarParrilla();
-}
-
-void base::montarVisores() {
-    m_montaje.montarParrilla();
-    m_montaje.cargarVisores();
-    // Their surfaces a moment later: the tool that asks for them is seen before.
-    m_entorno.cola.despues([this] { situarVisores(); });
-}
-
-// Those that are loaded and do not stand on the grid yet.
-void base::situarVisores() {
-    // What cannot be placed is told when the configuration is accepted.
-    std::string errores;
-    m_montaje.situarVisores(errores);
-}
-
-void base::montarMensaje() {
-    m_montaje.montarMensaje();
-}
-
-void base::desmontarMesa() {
-    m_montaje.desmontar();
-    m_entorno.perfil.volcar();
-}
-
-visor* base::nuevoVisor() {
-    situarVisores();
-    visor* const nuevo = visores().nuevo(0, "");
-    m_montaje.situarNuevos();
-    return nuevo;
-}
-
-bool base::eliminarVisor(std::int16_t posicion) {
-    if (!visores().eliminar(posicion)) return false;
-    // The displays behind it have other numbers now, and their surfaces go by number.
-    m_montaje.desmontar();
-    montarVisores();
-    situarVisores();
-    return true;
-}
-
-void base::cambiarMonitor(std::int16_t indice) {
-    oScreen(m_entorno).monitorActual(indice);
-    redisponer();
+void base::mostrarAsas() {
+    m_asas.mostrar(m_montaje.parrilla(), m_montaje.pantalla().Width(), m_montaje.limiteInferior());
 }
 
 void base::alCambiarMonitores() {
-    if (m_descargado) return;
-    const oScreen pantalla(m_entorno);
-    // Between two monitors there may be none for a while: what stands, stands.
-    if (pantalla.monitor().vacio()) return;
-    if (m_estado == Estado::iniciando || pantalla.monitor() != m_monitor) {
-        redisponer();
-    } else {
-        // Meanwhile the system may have put the window elsewhere.
-        m_formulario.cubrir(m_monitor);
-    }
-}
-
-void base::redisponer() {
-    cubrirMonitor();
-    m_montaje.redisponer();
+    if (m_descargado || !m_montaje.seguirMonitores(m_estado == Estado::iniciando)) return;
     // A display that had no room until now has not started yet.
     if (m_estado == Estado::marcha) arrancarLosQueFaltan();
-    if (m_modoTamano) {
-        const oScreen pantalla(m_entorno);
-        m_asas.mostrar(parrilla(), pantalla.Width(), m_montaje.limiteInferior());
-    }
-    for (Herramienta* una : {m_cfgContexto.get(), m_cfgVisor.get(), m_cfgMensaje.get()}) {
-        if (una->cargado()) una->seguirMonitor(m_monitor);
+    if (m_modoTamano) mostrarAsas();
+    for (DialogoConfiguracion* una : {m_cfgContexto.get(), m_cfgVisor.get(), m_cfgMensaje.get()}) {
+        if (una->cargado()) una->seguirMonitor(m_montaje.pantalla().monitor());
     }
 }
 
@@ -335,10 +257,6 @@ void base::avisarSinNadie(const std::string& errores) {
     m_plazoAviso->habilitado(false);
 }
 
-void base::refrescos() {
-    m_barra.refrescar();
-}
-
 void base::alMoverRaton(ZonaRaton zona) {
     const bool enMarcha = m_estado == Estado::marcha && zona != ZonaRaton::barra;
     m_formulario.puntero(enMarcha ? Puntero::marcha : Puntero::normal);
@@ -348,10 +266,11 @@ void base::alMoverRaton(ZonaRaton zona) {
 // While running the cursor stays in the upper three quarters of the bar, where the buttons are.
 void base::retenerCursor() {
     const Rectangulo barra = m_barra.lugar();
-    const auto pixeles = [this](float twips) {
-        return static_cast<std::int32_t>(std::lround(twips / m_monitor.twipsPorPixelY));
+    const Monitor monitor = m_montaje.pantalla().monitor();
+    const auto pixeles = [&](float twips) {
+        return static_cast<std::int32_t>(std::lround(twips / monitor.twipsPorPixelY));
     };
-    const std::int32_t techo = m_monitor.area.top + pixeles(barra.y);
+    const std::int32_t techo = monitor.area.top + pixeles(barra.y);
     const std::int32_t suelo = techo + pixeles(barra.alto) * 3 / 4;
     PuntoPixel cursor = m_entorno.cursor.posicion();
     if (cursor.y >= techo && cursor.y <= suelo) return;
@@ -365,7 +284,7 @@ void base::alDescargar() {
     m_montaje.desmontar();
     estado(Estado::iniciando);
     // At the end of a Windows session nothing is run after this.
-    m_entorno.perfil.volcar();
+    m_entorno.com.volcar();
 }
 
 }  // namespace sorvanel

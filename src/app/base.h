@@ -5,24 +5,18 @@
 
 #include "app/asasParrilla.h"
 #include "app/barraBotones.h"
-#include "app/estado.h"
 #include "app/montaje.h"
-#include "config/entorno.h"
-#include "dialogs/herramienta.h"
-#include "dialogs/mesaConfiguracion.h"
-#include "links/enlaceCompartido.h"
+#include "dialogs/dialogoConfiguracion.h"
 #include "platform/dialogo.h"
-#include "platform/formulario.h"
-#include "screen/oScreen.h"
 
 namespace sorvanel {
 
 // The main window: the run states of the whole program, what is built on entering and leaving them,
 // the order in which it is torn down, and the one configuration tool that is open at a time. It takes
 // the form over and leaves it bare when it goes.
-class base final : private OyenteFormulario, private MesaConfiguracion {
+class base final : private OyenteFormulario {
 public:
-    base(const Entorno& entorno, Formulario& formulario, FabricaDialogos& dialogos, EnlaceCompartido& compartido);
+    base(const Entorno& entorno, Formulario& formulario, FabricaDialogos& dialogos, EnlacePeso& compartido);
     ~base() override;
     base(const base&) = delete;
     base& operator=(const base&) = delete;
@@ -31,7 +25,7 @@ public:
     void cargar();
     Estado estado() const { return m_estado; }
     // Repaints the button bar, after the grid was moved under it.
-    void refrescos();
+    void refrescos() { m_barra.refrescar(); }
     // Enters and leaves size mode: the handles on the grid's corners.
     void cfgSizeMostrar();
     void unloadCfgSize();
@@ -42,28 +36,13 @@ private:
     void alDescargar() override;
     void alCambiarMonitores() override;
 
-    void montarParrilla() override;
-    void montarVisores() override;
-    void montarMensaje() override;
-    void desmontarMesa() override;
-    Parrilla& parrilla() override { return *m_montaje.parrilla(); }
-    Visores& visores() override { return *m_montaje.visores(); }
-    clsMsg& mensaje() override { return *m_montaje.mensaje(); }
-    visor* nuevoVisor() override;
-    bool eliminarVisor(std::int16_t posicion) override;
-    Monitor monitorEnUso() const override { return m_monitor; }
-    void cambiarMonitor(std::int16_t indice) override;
-    void refrescarBarra() override { refrescos(); }
-
     void unirBotones();
     void prepararTemporizadores();
     void primeraActivacion();
     // What the operator is told while the settings cannot be read; empty when they can.
     std::string ilegible() const;
     void construir(std::string& errores);
-    void situarVisores();
-    void cubrirMonitor();
-    void redisponer();
+    void mostrarAsas();
     void ponerEnMarcha(std::string& errores);
     void arrancarLosQueFaltan();
     void pausar();
@@ -75,10 +54,10 @@ private:
     void avisar(const std::string& errores);
     void avisarSinNadie(const std::string& errores);
     void retenerCursor();
-    void alternar(Herramienta& pedida);
+    void alternar(DialogoConfiguracion& pedida);
     void alternarTamano();
     // False when a tool refuses to close; those after it are then still open.
-    bool cerrarHerramientas(bool descartar, const Herramienta* menosEsta = nullptr);
+    bool cerrarHerramientas(bool descartar, const DialogoConfiguracion* menosEsta = nullptr);
 
     const Entorno& m_entorno;
     Formulario& m_formulario;
@@ -90,13 +69,12 @@ private:
     const std::unique_ptr<Temporizador> m_plazoAviso;
     bool m_conCopia = false;  // of the settings as they were when the configuration was entered
     bool m_modoTamano = false;
-    Monitor m_monitor;
     BarraBotones m_barra;
     Montaje m_montaje;
     AsasParrilla m_asas;
-    std::unique_ptr<Herramienta> m_cfgContexto;
-    std::unique_ptr<Herramienta> m_cfgVisor;
-    std::unique_ptr<Herramienta> m_cfgMensaje;
+    std::unique_ptr<DialogoConfiguracion> m_cfgContexto;
+    std::unique_ptr<DialogoConfiguracion> m_cfgVisor;
+    std::unique_ptr<DialogoConfiguracion> m_cfgMensaje;
 };
 
 // "1.02A": the minor number with two digits, the revision from 1 as a letter.

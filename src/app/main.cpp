@@ -2,7 +2,6 @@
 
 #include "app/base.h"
 #include "config/almacenPerfil.h"
-#include "config/entorno.h"
 #include "links/frTCP.h"
 #include "platform/win32/base/bucle.h"
 #include "platform/win32/base/colaWin.h"
@@ -36,8 +35,9 @@ struct Composicion {
     ColaWin cola{ventana};
     FabricaWin fabrica{ventana, reloj};
     AlmacenPerfil perfil{archivos, reloj, fabrica};
-    Entorno entorno{programa, archivos, perfil, monitores, fabrica, reloj, cursor, avisos, cola, reposo};
-    frTCP compartido{entorno};
+    comun com{programa, archivos, perfil};
+    Entorno entorno{programa, com, monitores, fabrica, reloj, cursor, avisos, cola, reposo};
+    frTCP compartido{com, fabrica, reloj};
     RecursosVentanas recursos;
     FormularioWin formulario{recursos, "Sorvanel"};
     FabricaDialogosWin dialogos{recursos, bucle, avisos, formulario.hwnd()};
@@ -54,9 +54,8 @@ struct Composicion {
             try {
                 perfil.ocio(colaVacia);
             } catch (const std::exception& fallo) {
-                OutputDebugStringA(fallo.what());  // out of memory: asked again soon
+                OutputDebugStringA(fallo.what());  // out of memory: its timer asks again
             }
-            return perfil.pendiente();
         });
         bucle.anadirDialogo(formulario.hwnd());
     }

@@ -6,12 +6,12 @@
 
 namespace sorvanel {
 
-Montaje::Montaje(const Entorno& entorno, Formulario& formulario, EnlaceCompartido& compartido,
-                 const BarraBotones& barra)
+Montaje::Montaje(const Entorno& entorno, Formulario& formulario, EnlacePeso& compartido, BarraBotones& barra)
     : m_entorno(entorno),
       m_formulario(formulario),
       m_compartido(compartido),
       m_barra(barra),
+      m_pantalla(entorno.com, entorno.monitores),
       m_picRep(formulario.crearSuperficie(IdControl::picRep, 0)),
       m_picMsg(formulario.crearSuperficie(IdControl::picMsg, 0)) {}
 
@@ -20,20 +20,84 @@ Montaje::~Montaje() {
     while (!m_superficies.empty()) m_superficies.pop_back();
 }
 
-void Montaje::dimensionar(float ancho, float alto) {
-    m_picRep->colocar({0, 0, ancho, alto});
+void Montaje::cubrir() {
+    cubrir(oScreen(m_entorno.com, m_entorno.monitores));
+}
+
+void Montaje::cubrir(oScreen pantalla) {
+    m_pantalla = std::move(pantalla);
+    m_formulario.cubrir(m_pantalla.monitor());
+    m_barra.disponer(m_pantalla.Width(), m_pantalla.Height());
+    m_picRep->colocar({0, 0, m_pantalla.Width(), m_pantalla.Height()});
     m_picRep->mostrar(true);
 }
 
-void Montaje::montarParrilla() {
-    m_parrilla = std::make_unique<Parrilla>(m_entorno);
+void Montaje::construir(std::string& errores) {
+    desmontar();
+    cubrir();
+    hacerParrilla();
+    hacerVisores();
+    situarVisores(errores);
+    hacerMensaje();
+}
+
+void Montaje::hacerParrilla() {
+    m_parrilla = std::make_unique<Parrilla>(m_entorno.com, m_pantalla);
     m_parrilla->definir(*m_picRep, *this);
     m_parrilla->pintarReticula();
 }
 
-void Montaje::cargarVisores() {
-    m_visores = std::make_unique<Visores>(m_entorno, m_compartido);
+void Montaje::hacerVisores() {
+    m_visores = std::make_unique<Visores>(m_entorno.com, m_entorno.fabrica, m_entorno.reloj, m_compartido);
     m_porSituar = true;
+}
+
+void Montaje::hacerMensaje() {
+    MuelleMensaje& muelle = *this;
+    m_mensaje = std::make_unique<clsMsg>(m_entorno.com, m_entorno.programa, m_entorno.fabrica, m_entorno.reloj, muelle);
+}
+
+void Montaje::montarParrilla() {
+    m_entorno.com.refrescar();
+    hacerParrilla();
+}
+
+void Montaje::montarVisores() {
+    montarParrilla();
+    hacerVisores();
+    // Their surfaces a moment later: the tool that asks for them is seen before.
+    m_entorno.cola.despues([this] { situarVisores(); });
+}
+
+void Montaje::montarMensaje() {
+    m_entorno.com.refrescar();
+    hacerMensaje();
+}
+
+void Montaje::desmontarMesa() {
+    desmontar();
+    m_entorno.com.volcar();
+}
+
+visor* Montaje::nuevoVisor() {
+    situarVisores();
+    visor* const nuevo = m_visores->nuevo(0, "");
+    while (m_enUso < static_cast<std::size_t>(m_visores->cuantos())) {
+        visor& suyo = *m_visores->uno(static_cast<std::int16_t>(m_enUso + 1));
+        anadirSuperficies(suyo);
+        suyo.reubicar();
+    }
+    return nuevo;
+}
+
+bool Montaje::eliminarVisor(std::int16_t posicion) {
+    if (!m_visores->eliminar(posicion)) return false;
+    // The displays behind it have other numbers now, and their surfaces go by number.
+    desmontar();
+    montarParrilla();
+    hacerVisores();
+    situarVisores();
+    return true;
 }
 
 void Montaje::situarVisores(std::string& errores) {
@@ -42,12 +106,10 @@ void Montaje::situarVisores(std::string& errores) {
     m_visores->ubicar(errores);
 }
 
-void Montaje::situarNuevos() {
-    while (m_enUso < static_cast<std::size_t>(m_visores->cuantos())) {
-        visor& nuevo = *m_visores->uno(static_cast<std::int16_t>(m_enUso + 1));
-        anadirSuperficies(nuevo);
-        nuevo.reubicar();
-    }
+// What cannot be placed is told when the configuration is accepted.
+void Montaje::situarVisores() {
+    std::string errores;
+    situarVisores(errores);
 }
 
 void Montaje::anadirSuperficies(visor& nuevo) {
@@ -58,11 +120,6 @@ void Montaje::anadirSuperficies(visor& nuevo) {
     }
     const Superficies& suyas = m_superficies[m_enUso++];
     nuevo.definir(*m_parrilla, *suyas.picCap, *suyas.picRep);
-}
-
-void Montaje::montarMensaje() {
-    MuelleMensaje& muelle = *this;
-    m_mensaje = std::make_unique<clsMsg>(m_entorno, muelle);
 }
 
 void Montaje::soltar() {
@@ -82,14 +139,13 @@ void Montaje::soltar() {
 }
 
 void Montaje::desmontar() {
+    if (!m_parrilla && !m_visores && !m_mensaje) return;
     soltar();
     vaciar();
 }
 
 void Montaje::vaciar() {
-    Parrilla parrilla(m_entorno);
-    parrilla.definir(*m_picRep, *this);
-    parrilla.pintarAplicacion();
+    pintarAplicacion(*m_picRep, *this, m_pantalla.monitor(), ajustes());
     m_picRep->leyenda(m_letrero);
     if (!m_letrero.empty()) pintarLetrero(*m_picRep, m_letrero);
 }
@@ -100,20 +156,41 @@ void Montaje::letrero(const std::string& texto) {
     vaciar();
 }
 
-// Cuts the window to what is seen, also where only the message is there.
 void Montaje::darForma() {
     if (m_parrilla) {
         m_parrilla->darForma();
-        return;
+    } else {
+        // Only the message may be there: what would be seen of the grid is kept all the same.
+        sorvanel::darForma(*this, m_pantalla.monitor(), ajustes());
     }
-    Parrilla parrilla(m_entorno);
-    parrilla.definir(*m_picRep, *this);
-    parrilla.darForma();
+}
+
+void Montaje::cambiarMonitor(std::int16_t indice) {
+    oScreen pantalla(m_entorno.com, m_entorno.monitores);
+    pantalla.monitorActual(indice);
+    cubrir(std::move(pantalla));
+    redisponer();
+}
+
+bool Montaje::seguirMonitores(bool igualmente) {
+    m_entorno.com.refrescar();
+    oScreen pantalla(m_entorno.com, m_entorno.monitores);
+    // Between two monitors there may be none for a while: what stands, stands.
+    if (pantalla.monitor().vacio()) return false;
+    if (!igualmente && pantalla.monitor() == m_pantalla.monitor()) {
+        m_pantalla = std::move(pantalla);
+        // Meanwhile the system may have put the window elsewhere.
+        m_formulario.cubrir(m_pantalla.monitor());
+        return false;
+    }
+    cubrir(std::move(pantalla));
+    redisponer();
+    return true;
 }
 
 void Montaje::redisponer() {
     if (m_parrilla) {
-        m_parrilla->recargar();
+        m_parrilla->recargar(m_pantalla);
         m_parrilla->pintarReticula();
     } else {
         vaciar();

@@ -6,52 +6,52 @@
 #include <vector>
 
 #include "app/barraBotones.h"
-#include "config/entorno.h"
-#include "display/visores.h"
-#include "grid/parrilla.h"
-#include "links/enlaceCompartido.h"
-#include "message/clsMsg.h"
+#include "app/entorno.h"
+#include "dialogs/mesaConfiguracion.h"
+#include "links/enlacePeso.h"
 #include "platform/formulario.h"
 
 namespace sorvanel {
 
-// What stands on the window above the bar for the length of one build: the grid, the displays with
-// their surfaces, and the message band. Each part is made from the file.
-class Montaje final : private VentanaParrilla, private MuelleMensaje {
+// What stands on the window for the length of one build: the monitor that it covers, the grid, the displays
+// with their surfaces, and the message band. Each part is made from the file. It is the desk of the tools, too.
+class Montaje final : public MesaConfiguracion, private VentanaParrilla, private MuelleMensaje {
 public:
-    // The bar must have been laid out before anything is made, and outlive this.
-    Montaje(const Entorno& entorno, Formulario& formulario, EnlaceCompartido& compartido, const BarraBotones& barra);
+    // The bar must outlive this.
+    Montaje(const Entorno& entorno, Formulario& formulario, EnlacePeso& compartido, BarraBotones& barra);
     ~Montaje() override;
     Montaje(const Montaje&) = delete;
     Montaje& operator=(const Montaje&) = delete;
 
-    // The window's size, twips.
-    void dimensionar(float ancho, float alto);
-
-    void montarParrilla();
-    // From the file; they are not seen yet.
-    void cargarVisores();
-    // Those that are loaded, once, on the grid, which must be there. Errors are appended, one a line.
-    void situarVisores(std::string& errores);
-    // Those that were added to the collection since: they get their surfaces, and are placed where they can be.
-    void situarNuevos();
-    void montarMensaje();
-    // Stops and drops all of it; nothing but the application's colour, or its transparency, is left.
+    // The window covers the monitor that the file names, its bar laid out; before anything else.
+    void cubrir();
+    // Covers it, and makes everything. The file is not asked anew. Errors are appended, one a line.
+    void construir(std::string& errores);
+    // Stops and drops all of it, where there is anything: nothing but the empty screen is left.
     void desmontar();
+    // Paints that: the application's colour, or its transparency.
     void vaciar();
     // Says that in the middle of the empty screen; an empty text takes it away.
     void letrero(const std::string& texto);
-    // The window covers another monitor, or the same at another size: everything is laid out anew,
-    // nothing is read but the grid's fractions, and no link stops.
-    void redisponer();
-
-    // Null where it is not made.
-    Parrilla* parrilla() const { return m_parrilla.get(); }
-    Visores* visores() const { return m_visores.get(); }
-    clsMsg* mensaje() const { return m_mensaje.get(); }
-
+    // Monitors have come, gone or changed. True when the window covers another one, or the same at another size,
+    // or must do so anyhow: everything is then laid out anew, nothing is read but the grid's fractions, and no
+    // link stops.
+    bool seguirMonitores(bool igualmente);
     // The upper edge of what lies below the grid: the bar, or the message strip above it.
     float limiteInferior() const { return franjaInferior().y; }
+
+    void montarParrilla() override;
+    void montarVisores() override;
+    void montarMensaje() override;
+    void desmontarMesa() override;
+    Parrilla& parrilla() override { return *m_parrilla; }
+    Visores& visores() override { return *m_visores; }
+    clsMsg& mensaje() override { return *m_mensaje; }
+    visor* nuevoVisor() override;
+    bool eliminarVisor(std::int16_t posicion) override;
+    const oScreen& pantalla() override { return m_pantalla; }
+    void cambiarMonitor(std::int16_t indice) override;
+    void refrescarBarra() override { m_barra.refrescar(); }
 
 private:
     struct Superficies {
@@ -63,14 +63,25 @@ private:
     Superficie& picMsg() override { return *m_picMsg; }
     void acoplar(float alto) override;
     void alMostrarFranja(bool visible) override;
+
+    void cubrir(oScreen pantalla);
+    void redisponer();
+    void hacerParrilla();
+    void hacerVisores();
+    void hacerMensaje();
+    // Those that are loaded, once, on the grid, which must be there. Errors are appended, one a line.
+    void situarVisores(std::string& errores);
+    void situarVisores();
     void anadirSuperficies(visor& nuevo);
     void soltar();
     void darForma();
+    AjustesParrilla ajustes() const { return leerParrilla(m_entorno.com, m_pantalla); }
 
     const Entorno& m_entorno;
     Formulario& m_formulario;
-    EnlaceCompartido& m_compartido;
-    const BarraBotones& m_barra;
+    EnlacePeso& m_compartido;
+    BarraBotones& m_barra;
+    oScreen m_pantalla;
     std::unique_ptr<Superficie> m_picRep;  // element 0: the whole area above the bar
     std::string m_letrero;                 // what stands on it
     std::unique_ptr<Superficie> m_picMsg;

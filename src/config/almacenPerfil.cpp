@@ -137,9 +137,7 @@ void AlmacenPerfil::alFallar(std::function<void(const std::string& ruta)> aviso)
 bool AlmacenPerfil::pendiente() const {
     if (!m_escribiendo.empty()) return true;
     for (const auto& [ruta, f] : m_fichas) {
-        if (f->estado == Ficha::Estado::pendiente) {
-            return true;
-        }
+        if (f->estado == Ficha::Estado::pendiente) return true;
     }
     return false;
 }

@@ -89,7 +89,7 @@ private:
 
     Archivos& m_archivos;
     const Reloj& m_reloj;
-    // In the loops of boxes and menus, where nobody calls ocio().
+    // For what ocio() has left: nobody calls it while the queue sleeps, nor in the loops of boxes and menus.
     const std::unique_ptr<Temporizador> m_tim;
     int m_plazo = 0;  // what the timer is set to; 0: it is off
     std::map<std::string, std::unique_ptr<Ficha>> m_fichas;

@@ -61,14 +61,10 @@ std::optional<CaracterUtf8> leerUtf8(std::string_view texto) {
         return CaracterUtf8{primero, 1};
     }
     const std::size_t octetos = primero >= 0xF0 ? 4 : primero >= 0xE0 ? 3 : primero >= 0xC0 ? 2 : 0;
-    if (octetos == 0 || primero > 0xF4 || texto.size() < octetos) {
-        return std::nullopt;
-    }
+    if (octetos == 0 || primero > 0xF4 || texto.size() < octetos) return std::nullopt;
     char32_t caracter = primero & (0x7FU >> octetos);
     for (std::size_t i = 1; i < octetos; ++i) {
-        if ((octeto(texto[i]) & 0xC0U) != 0x80U) {
-            return std::nullopt;
-        }
+        if ((octeto(texto[i]) & 0xC0U) != 0x80U) return std::nullopt;
         caracter = caracter << 6U | (octeto(texto[i]) & 0x3FU);
     }
     constexpr std::array<char32_t, 5> MENOR = {0, 0, 0x80, 0x800, 0x10000};
@@ -91,21 +87,15 @@ void recorrer(std::string_view texto, Funcion para) {
 }  // namespace
 
 std::string deWindows1252(std::string_view bytes) {
-    if (soloAscii(bytes)) {
-        return std::string(bytes);
-    }
+    if (soloAscii(bytes)) return std::string(bytes);
     std::string utf8;
     utf8.reserve(bytes.size() + bytes.size() / 8);
-    for (const char c : bytes) {
-        anadirUtf8(utf8, caracter1252(c));
-    }
+    for (const char c : bytes) anadirUtf8(utf8, caracter1252(c));
     return utf8;
 }
 
 std::string aWindows1252(std::string_view utf8) {
-    if (soloAscii(utf8)) {
-        return std::string(utf8);
-    }
+    if (soloAscii(utf8)) return std::string(utf8);
     std::string bytes;
     bytes.reserve(utf8.size());
     recorrer(utf8, [&](char32_t caracter, std::string_view) {
@@ -122,9 +112,7 @@ bool cabeEnWindows1252(std::string_view utf8) {
 }
 
 std::string utf8Valido(std::string_view texto) {
-    if (soloAscii(texto)) {
-        return std::string(texto);
-    }
+    if (soloAscii(texto)) return std::string(texto);
     std::string valido;
     valido.reserve(texto.size());
     recorrer(texto, [&](char32_t caracter, std::string_view octetos) {

@@ -3,22 +3,13 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "config/almacenPerfil.h"
 #include "config/numeros.h"
 #include "config/perfilINI.h"
-#include "config/seccionVisor.h"
 
 namespace sorvanel {
 namespace {
 
 constexpr std::size_t CIFRAS_COLOR = 6;
-
-// The program's folder, made if need be.
-std::string carpeta(const Entorno& entorno) {
-    std::string ruta = entorno.archivos.unir(entorno.programa.carpetaBase(), entorno.programa.nombreEjecutable());
-    entorno.archivos.crearCarpeta(ruta);
-    return ruta;
-}
 
 bool defineVisores(std::string_view bytes) {
     const PerfilINI perfil(bytes);
@@ -30,19 +21,36 @@ bool defineVisores(std::string_view bytes) {
 
 }  // namespace
 
+comun::comun(const Programa& programa, Archivos& archivos, AlmacenPerfil& perfil)
+    : m_programa(programa),
+      m_archivos(archivos),
+      m_perfil(perfil),
+      m_carpeta(archivos.unir(programa.carpetaBase(), programa.nombreEjecutable())),
+      m_rutaINI(archivos.unir(m_carpeta, programa.nombreEjecutable() + ".ini")),
+      m_rutaCopia(archivos.unir(m_carpeta, programa.nombreEjecutable() + "_copia.ini")),
+      m_rutaAnterior(archivos.unir(m_carpeta, programa.nombreEjecutable() + "_copia_anterior.ini")) {}
+
+void comun::refrescar() const {
+    m_archivos.crearCarpeta(m_carpeta);
+    m_perfil.refrescar(m_rutaINI);
+}
+
 AccesorINI comun::abrir(std::string_view seccion) const {
-    AccesorINI accesor(m_entorno.perfil);
-    prepararINI(accesor, seccion);
+    refrescar();
+    return consultar(seccion);
+}
+
+AccesorINI comun::consultar(std::string_view seccion) const {
+    AccesorINI accesor(m_perfil);
+    accesor.archivo(m_rutaINI);
+    accesor.seccion(std::string(seccion));
     return accesor;
 }
 
 void comun::prepararINI(AccesorINI& accesor, std::string_view seccion) const {
-    std::string ruta = rutaINI();
-    m_entorno.perfil.refrescar(ruta);
-    accesor.archivo(std::move(ruta));
-    if (!seccion.empty()) {
-        accesor.seccion(std::string(seccion));
-    }
+    refrescar();
+    accesor.archivo(m_rutaINI);
+    if (!seccion.empty()) accesor.seccion(std::string(seccion));
 }
 
 std::int16_t comun::valDflt(const AccesorINI& accesor, std::string_view clave, std::int16_t omision) const {
@@ -63,69 +71,52 @@ Color comun::valColor(const AccesorINI& accesor, std::string_view clave, const c
 }
 
 void comun::limitar(std::int16_t& valor, std::int16_t superior, std::int16_t inferior) {
-    if (valor < inferior) {
-        valor = inferior;
-    } else if (valor > superior) {
-        valor = superior;
-    }
+    valor = valor < inferior ? inferior : std::min(valor, superior);
 }
 
 void comun::vLimitar(std::optional<std::int16_t>& valor, std::int16_t superior, std::int16_t inferior) {
-    if (valor) {
-        limitar(*valor, superior, inferior);
-    }
+    if (valor) limitar(*valor, superior, inferior);
 }
 
 std::string comun::ilegible() const {
-    const std::string ruta = rutaINI();
-    m_entorno.perfil.refrescar(ruta);
-    const std::string motivo = m_entorno.perfil.ilegible(ruta);
-    return motivo.empty() ? motivo : ruta + " (" + motivo + ")";
-}
-
-std::string comun::rutaINI() const {
-    return m_entorno.archivos.unir(carpeta(m_entorno), m_entorno.programa.nombreEjecutable() + ".ini");
-}
-
-std::string comun::rutaCopia() const {
-    return m_entorno.archivos.unir(carpeta(m_entorno), m_entorno.programa.nombreEjecutable() + "_copia.ini");
-}
-
-std::string comun::rutaAnterior() const {
-    return m_entorno.archivos.unir(carpeta(m_entorno), m_entorno.programa.nombreEjecutable() + "_copia_anterior.ini");
+    refrescar();
+    const std::string motivo = m_perfil.ilegible(m_rutaINI);
+    return motivo.empty() ? motivo : m_rutaINI + " (" + motivo + ")";
 }
 
 bool comun::hacerCopiaDeINI() const {
-    Archivos& archivos = m_entorno.archivos;
-    const std::string ini = rutaINI();
-    const bool bien = m_entorno.perfil.volcar();
-    Lectura actual = archivos.leer(ini);
+    m_archivos.crearCarpeta(m_carpeta);
+    const bool bien = m_perfil.volcar();
+    Lectura actual = m_archivos.leer(m_rutaINI);
     if (actual.ausente) {
-        archivos.crearVacio(ini);  // if that fails, so does the reading
-        actual = archivos.leer(ini);
+        m_archivos.crearVacio(m_rutaINI);  // if that fails, so does the reading
+        actual = m_archivos.leer(m_rutaINI);
     }
-    return actual.contenido && apartarCopia(*actual.contenido) && archivos.reemplazar(rutaCopia(), *actual.contenido) &&
-           bien;
+    return actual.contenido && apartarCopia(*actual.contenido) &&
+           m_archivos.reemplazar(m_rutaCopia, *actual.contenido) && bien;
 }
 
 // It may be all that is left of what was set up, where the settings themselves were lost.
 bool comun::apartarCopia(const std::string& nueva) const {
-    const Lectura copia = m_entorno.archivos.leer(rutaCopia());
+    const Lectura copia = m_archivos.leer(m_rutaCopia);
     if (copia.ausente || defineVisores(nueva)) return true;
     if (!copia.contenido) return false;
-    return !defineVisores(*copia.contenido) || m_entorno.archivos.reemplazar(rutaAnterior(), *copia.contenido);
+    return !defineVisores(*copia.contenido) || m_archivos.reemplazar(m_rutaAnterior, *copia.contenido);
 }
 
 bool comun::restaurarCopiaDeINI() const {
-    const std::string ini = rutaINI();
-    const Lectura copia = m_entorno.archivos.leer(rutaCopia());
-    if (copia.contenido) return m_entorno.perfil.reponer(ini, *copia.contenido);
-    m_entorno.perfil.descartar(ini);
+    const Lectura copia = m_archivos.leer(m_rutaCopia);
+    if (copia.contenido) return m_perfil.reponer(m_rutaINI, *copia.contenido);
+    m_perfil.descartar(m_rutaINI);
     return false;
 }
 
 void comun::descartarCambios() const {
-    m_entorno.perfil.descartar(rutaINI());
+    m_perfil.descartar(m_rutaINI);
+}
+
+void comun::volcar() const {
+    m_perfil.volcar();
 }
 
 // While some window has the mouse to itself the system begins no move.
@@ -138,9 +129,7 @@ std::string comun::Long2RGB(Color color) {
     constexpr std::string_view CIFRAS = "0123456789ABCDEF";
     auto resto = static_cast<std::uint32_t>(color);
     std::string texto(CIFRAS_COLOR, '0');
-    for (auto c = texto.rbegin(); c != texto.rend(); ++c, resto >>= 4U) {
-        *c = CIFRAS[resto & 0xFU];
-    }
+    for (auto c = texto.rbegin(); c != texto.rend(); ++c, resto >>= 4U) *c = CIFRAS[resto & 0xFU];
     return texto;
 }
 

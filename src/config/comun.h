@@ -6,14 +6,21 @@
 #include <string_view>
 
 #include "config/accesorINI.h"
-#include "config/entorno.h"
+#include "platform/archivos.h"
 #include "platform/arrastrable.h"
 #include "platform/color.h"
+#include "platform/programa.h"
 
 namespace sorvanel {
 
-// The one place that knows where the settings lie and how their values are read. It keeps no
-// state: whoever needs one makes one.
+constexpr std::int16_t MAXIMO_VISORES = 64;
+
+// The section of the settings file that holds display n.
+inline std::string seccionVisor(int n) {
+    return "VISOR_" + std::to_string(n);
+}
+
+// The one place that knows where the settings lie and how their values are read.
 class comun {
 public:
     static constexpr std::int16_t MAXROWS = 8;
@@ -22,10 +29,15 @@ public:
     static constexpr std::int16_t MAXWIDVERT = 32;  // pixels
     static constexpr std::int16_t MAXWIDLABL = 6;
 
-    explicit comun(const Entorno& entorno) : m_entorno(entorno) {}
+    // All three must outlive it.
+    comun(const Programa& programa, Archivos& archivos, AlmacenPerfil& perfil);
 
-    // An accessor on the settings file, on that section.
+    // Makes the program's folder if need be, and takes in what another program wrote to the file since.
+    void refrescar() const;
+    // An accessor on the settings file, on that section, after refrescar().
     AccesorINI abrir(std::string_view seccion = {}) const;
+    // The same without it: for whoever reads one part of many, and has been told that the file was asked.
+    AccesorINI consultar(std::string_view seccion = {}) const;
     // Points the accessor at the settings file; an empty section leaves its section as it is.
     void prepararINI(AccesorINI& accesor, std::string_view seccion) const;
 
@@ -42,12 +54,15 @@ public:
     // The same for a value that may be absent; an absent one stays so.
     static void vLimitar(std::optional<std::int16_t>& valor, std::int16_t superior, std::int16_t inferior);
 
+    // The user's, with which numbers are written.
+    std::string separadorDecimal() const { return m_programa.separadorDecimal(); }
+
     // The settings file and why it cannot be read just now; empty when it can, or when there is none.
     std::string ilegible() const;
-    std::string rutaINI() const;
-    std::string rutaCopia() const;
+    const std::string& rutaINI() const { return m_rutaINI; }
+    const std::string& rutaCopia() const { return m_rutaCopia; }
     // Where a copy that defines displays is kept when one that defines none takes its place.
-    std::string rutaAnterior() const;
+    const std::string& rutaAnterior() const { return m_rutaAnterior; }
     // Puts what is pending on the disk, makes an empty settings file if there is none, and copies
     // it. False when any step of that failed; the copy may then be an earlier one.
     bool hacerCopiaDeINI() const;
@@ -57,6 +72,8 @@ public:
     bool restaurarCopiaDeINI() const;
     // Drops what is pending, and no more.
     void descartarCambios() const;
+    // Waits until all that is pending is on the disk.
+    void volcar() const;
 
     // The mouse, pressed on that window, drags it from now on; returns when the button is up.
     static void Arrastre(Arrastrable& ventana);
@@ -69,7 +86,13 @@ public:
 private:
     bool apartarCopia(const std::string& nueva) const;
 
-    const Entorno& m_entorno;
+    const Programa& m_programa;
+    Archivos& m_archivos;
+    AlmacenPerfil& m_perfil;
+    const std::string m_carpeta;
+    const std::string m_rutaINI;
+    const std::string m_rutaCopia;
+    const std::string m_rutaAnterior;
 };
 
 }  // namespace sorvanel

@@ -16,9 +16,7 @@ namespace {
 // Takes the digits at the front off the text.
 std::string_view sacarCifras(std::string_view& texto) {
     std::size_t n = 0;
-    while (n < texto.size() && esCifra(texto[n])) {
-        ++n;
-    }
+    while (n < texto.size() && esCifra(texto[n])) ++n;
     const std::string_view cifras = texto.substr(0, n);
     texto.remove_prefix(n);
     return cifras;
@@ -26,9 +24,7 @@ std::string_view sacarCifras(std::string_view& texto) {
 
 // Takes the sign at the front off the text; '+' when there is none.
 char sacarSigno(std::string_view& texto) {
-    if (texto.empty() || (texto[0] != '-' && texto[0] != '+')) {
-        return '+';
-    }
+    if (texto.empty() || (texto[0] != '-' && texto[0] != '+')) return '+';
     const char signo = texto[0];
     texto.remove_prefix(1);
     return signo;
@@ -54,9 +50,7 @@ std::optional<Partes> sacarPartes(std::string_view& texto) {
         resto.remove_prefix(1);
         partes.decimales = sacarCifras(resto);
     }
-    if (partes.enteras.empty() && partes.decimales.empty()) {
-        return std::nullopt;
-    }
+    if (partes.enteras.empty() && partes.decimales.empty()) return std::nullopt;
     texto = resto;
     if (!resto.empty() && (resto[0] == 'e' || resto[0] == 'E')) {
         resto.remove_prefix(1);
@@ -72,9 +66,7 @@ bool demasiadoGrande(const Partes& partes) {
     constexpr std::int64_t ENORME = 1'000'000'000'000;
     const std::string cifras = std::string(partes.enteras).append(partes.decimales);
     const std::size_t primera = cifras.find_first_not_of('0');
-    if (primera == std::string::npos) {
-        return false;
-    }
+    if (primera == std::string::npos) return false;
     std::int64_t exponente = 0;
     const char* fin = partes.exponente.data() + partes.exponente.size();
     if (std::from_chars(partes.exponente.data(), fin, exponente).ec == std::errc::result_out_of_range) {
@@ -101,9 +93,7 @@ double valorDe(const Partes& partes) {
 
 template <typename Entero>
 std::optional<Entero> aEntero(const std::optional<double>& numero) {
-    if (!numero) {
-        return std::nullopt;
-    }
+    if (!numero) return std::nullopt;
     // The rounding mode is never changed: halves go to even.
     const double entero = std::nearbyint(*numero);
     if (entero < std::numeric_limits<Entero>::min() || entero > std::numeric_limits<Entero>::max()) {
@@ -128,18 +118,14 @@ std::string conSeparador(std::string texto, std::string_view separador) {
 
 std::optional<double> leerNumero(std::string_view texto) {
     const std::optional<Partes> partes = sacarPartes(texto);
-    if (!partes || !texto.empty()) {
-        return std::nullopt;
-    }
+    if (!partes || !texto.empty()) return std::nullopt;
     const double valor = valorDe(*partes);
     return std::isfinite(valor) ? std::optional(valor) : std::nullopt;
 }
 
 std::optional<float> leerReal(std::string_view texto) {
     const std::optional<double> valor = leerNumero(texto);
-    if (!valor || std::abs(*valor) > std::numeric_limits<float>::max()) {
-        return std::nullopt;
-    }
+    if (!valor || std::abs(*valor) > std::numeric_limits<float>::max()) return std::nullopt;
     return static_cast<float>(*valor);
 }
 
@@ -160,16 +146,12 @@ std::optional<std::int32_t> leerHexadecimal(std::string_view texto) {
     std::uint32_t valor = 0;
     const char* fin = texto.data() + texto.size();
     const auto leido = std::from_chars(texto.data(), fin, valor, 16);
-    if (texto.size() > CIFRAS || leido.ec != std::errc() || leido.ptr != fin) {
-        return std::nullopt;
-    }
+    if (texto.size() > CIFRAS || leido.ec != std::errc() || leido.ptr != fin) return std::nullopt;
     return static_cast<std::int32_t>(valor);
 }
 
 std::string textoDeReal(float valor, std::string_view separador) {
-    if (!std::isfinite(valor)) {
-        return "0";
-    }
+    if (!std::isfinite(valor)) return "0";
     std::array<char, 32> cifras{};
     const auto fin = std::to_chars(cifras.data(), cifras.data() + cifras.size(), valor);
     return conSeparador(std::string(cifras.data(), fin.ptr), separador);

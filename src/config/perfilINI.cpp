@@ -57,9 +57,7 @@ bool entreComillas(std::string_view valor) {
 }
 
 std::string comoSeEscribe(std::string_view valor) {
-    if (recortar(valor).size() == valor.size() && !entreComillas(valor)) {
-        return std::string(valor);
-    }
+    if (recortar(valor).size() == valor.size() && !entreComillas(valor)) return std::string(valor);
     return '"' + std::string(valor) + '"';
 }
 
@@ -82,9 +80,7 @@ std::string_view comentarioAparte(std::string_view texto) {
         lineas.push_back(sinFin(sacarLinea(resto)));
     }
     std::size_t primera = lineas.size();
-    while (primera > 0 && esComentario(lineas[primera - 1])) {
-        --primera;
-    }
+    while (primera > 0 && esComentario(lineas[primera - 1])) --primera;
     if (primera == lineas.size() || primera == 0 || !recortar(lineas[primera - 1]).empty()) {
         return {};
     }
@@ -97,9 +93,7 @@ PerfilINI::PerfilINI(std::string_view bytes) : m_utf8(bytes.substr(0, MARCA_UTF8
     m_secciones.emplace_back();
     // The bytes of a UTF-8 file are kept as they are, also those that are not valid.
     const std::string texto = m_utf8 ? std::string(bytes.substr(MARCA_UTF8.size())) : deWindows1252(bytes);
-    for (std::string_view resto = texto; !resto.empty();) {
-        leerLinea(sacarLinea(resto));
-    }
+    for (std::string_view resto = texto; !resto.empty();) leerLinea(sacarLinea(resto));
 }
 
 void PerfilINI::leerLinea(std::string_view linea) {
@@ -129,18 +123,12 @@ void PerfilINI::leerLinea(std::string_view linea) {
 
 std::optional<std::string> PerfilINI::leer(std::string_view seccion, std::string_view clave) const {
     const auto s = m_indice.find(plegar(seccion));
-    if (s == m_indice.end()) {
-        return std::nullopt;
-    }
+    if (s == m_indice.end()) return std::nullopt;
     const auto k = s->second->claves.find(plegar(clave));
-    if (k == s->second->claves.end()) {
-        return std::nullopt;
-    }
+    if (k == s->second->claves.end()) return std::nullopt;
     const Pieza& pieza = *k->second;
     std::string_view valor = std::string_view(pieza.texto).substr(pieza.valor, pieza.largo);
-    if (entreComillas(valor)) {
-        valor = valor.substr(1, valor.size() - 2);
-    }
+    if (entreComillas(valor)) valor = valor.substr(1, valor.size() - 2);
     return enUnaLinea(valor);
 }
 
@@ -170,9 +158,7 @@ PerfilINI::Seccion& PerfilINI::nuevaSeccion(std::string_view nombre) {
     Seccion& ultima = m_secciones.back();
     const std::string& previo = ultima.piezas.empty() ? ultima.cabecera : ultima.piezas.back().texto;
     std::string_view linea;
-    for (std::string_view resto = previo; !resto.empty();) {
-        linea = sacarLinea(resto);
-    }
+    for (std::string_view resto = previo; !resto.empty();) linea = sacarLinea(resto);
     if (!recortar(sinFin(linea)).empty()) {
         ultima.piezas.push_back({std::string(FIN_LINEA)});
     }
@@ -184,9 +170,7 @@ PerfilINI::Seccion& PerfilINI::nuevaSeccion(std::string_view nombre) {
 // After the last key, so that what separates the section from the next one stays where it is.
 void PerfilINI::nuevaClave(Seccion& seccion, std::string_view clave, std::string_view valor) {
     auto lugar = seccion.piezas.end();
-    while (lugar != seccion.piezas.begin() && std::prev(lugar)->clave.empty()) {
-        --lugar;
-    }
+    while (lugar != seccion.piezas.begin() && std::prev(lugar)->clave.empty()) --lugar;
     std::string texto = std::string(clave) + "=";
     const std::size_t inicio = texto.size();
     texto.append(valor).append(FIN_LINEA);
@@ -197,9 +181,7 @@ void PerfilINI::nuevaClave(Seccion& seccion, std::string_view clave, std::string
 bool PerfilINI::borrarClave(std::string_view seccion, std::string_view clave) {
     const auto s = m_indice.find(plegar(seccion));
     const std::string nombre = plegar(clave);
-    if (s == m_indice.end() || s->second->claves.erase(nombre) == 0) {
-        return false;
-    }
+    if (s == m_indice.end() || s->second->claves.erase(nombre) == 0) return false;
     // Its repetitions too: else the next one would come to light.
     s->second->piezas.remove_if([&](const Pieza& pieza) { return pieza.clave == nombre; });
     return true;
@@ -207,9 +189,7 @@ bool PerfilINI::borrarClave(std::string_view seccion, std::string_view clave) {
 
 bool PerfilINI::borrarSeccion(std::string_view seccion) {
     const std::string nombre = plegar(seccion);
-    if (m_indice.erase(nombre) == 0) {
-        return false;
-    }
+    if (m_indice.erase(nombre) == 0) return false;
     for (auto s = std::next(m_secciones.begin()); s != m_secciones.end();) {
         if (s->nombre != nombre) {
             ++s;
@@ -239,9 +219,7 @@ std::string PerfilINI::bytes() const {
     };
     for (const Seccion& seccion : m_secciones) {
         anadir(seccion.cabecera);
-        for (const Pieza& pieza : seccion.piezas) {
-            anadir(pieza.texto);
-        }
+        for (const Pieza& pieza : seccion.piezas) anadir(pieza.texto);
     }
     return m_utf8 ? texto : aWindows1252(texto);
 }

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <utility>
 
+#include "config/numeros.h"
 #include "config/texto.h"
-#include "dialogs/textosVisor.h"
 
 namespace sorvanel {
 
@@ -21,6 +21,20 @@ constexpr TextosCaja FORMATO{"Formato del peso", LETRAS, LETRAS, "000000.000", "
 constexpr TextosCaja RATIO{"Altura de la etiqueta, tanto por ciento de la del peso",
                            "Tanto por ciento de la altura del peso: menos de 10 vale como 10, más de 100 como 100",
                            "De 11 a 99 por ciento de la altura del peso", "00000", "0000"};
+
+constexpr double CIEN = 100;
+
+// Percent, with no more decimals than the ratio is written with: the product of the binary number would show more.
+std::string textoRatio(float ratio, std::string_view separador) {
+    const double escrito = leerNumero(textoDeReal(ratio, ".")).value_or(0);
+    return textoDeReal(static_cast<float>(escrito * CIEN), separador);
+}
+
+// Nothing for what is no number, as for an empty box.
+std::optional<float> leerRatio(std::string_view texto) {
+    const auto porCiento = leerNumero(texto);
+    return porCiento ? std::optional(static_cast<float>(*porCiento / CIEN)) : std::nullopt;
+}
 
 // Whole percent, as a box of three digits can hold it.
 std::string textoEntero(float ratio) {
@@ -47,8 +61,8 @@ constexpr std::array<FilaCampo, RASGOS.size()> CAMPOS{{
      Id::txRatio, Id::txRatio, NINGUNA, &RATIO},
 }};
 
-CampoAspecto::CampoAspecto(TallerDialogo& taller, DialogosSistema& sistema, const Programa& programa, Datos datos)
-    : m_taller(taller), m_programa(programa), m_datos(std::move(datos)) {
+CampoAspecto::CampoAspecto(TallerDialogo& taller, DialogosSistema& sistema, const comun& com, Datos datos)
+    : m_taller(taller), m_com(com), m_datos(std::move(datos)) {
     if (!m_datos.propio && clase() != ClaseRasgo::color) m_rotulo = taller.rotulo(texto());
     switch (clase()) {
         case ClaseRasgo::numero:
@@ -69,7 +83,7 @@ CampoAspecto::CampoAspecto(TallerDialogo& taller, DialogosSistema& sistema, cons
 }
 
 void CampoAspecto::crearNumero() {
-    FilaValor::Datos datos{m_datos.fila.control, m_datos.fila.segundo, m_datos.fila.tercero, 0, {}, texto()};
+    FilaValor::Datos datos{m_datos.fila.control, m_datos.fila.segundo, m_datos.fila.tercero, {}, texto()};
     datos.superior = [this] { return int{filaDe(m_datos.fila.rasgo).maximo}; };
     datos.alCambiar = [this](int valor) {
         m_datos.alCambiar(valor);
@@ -79,7 +93,7 @@ void CampoAspecto::crearNumero() {
 }
 
 void CampoAspecto::crearColor(DialogosSistema& sistema) {
-    FilaColor::Datos datos{m_datos.fila.control, m_datos.fila.segundo, 0, texto(), {}, m_datos.alCambiar};
+    FilaColor::Datos datos{m_datos.fila.control, m_datos.fila.segundo, texto(), {}, m_datos.alCambiar};
     datos.actual = [this] { return como<Color>(m_datos.actual()); };
     if (m_datos.propio) datos.nombre = std::exchange(datos.texto, ELEGIR);
     m_color = std::make_unique<FilaColor>(m_taller, sistema, std::move(datos));
@@ -123,7 +137,7 @@ void CampoAspecto::mostrarValor(const ValorRasgo& valor) {
     if (!m_caja) return;
     const auto ratio = tomar<float>(valor);
     if (!ratio) return escribir(como<std::string>(valor));
-    escribir(m_datos.propio ? textoRatio(*ratio, m_programa.separadorDecimal()) : textoEntero(*ratio));
+    escribir(m_datos.propio ? textoRatio(*ratio, m_com.separadorDecimal()) : textoEntero(*ratio));
 }
 
 ValorRasgo CampoAspecto::leer(const ValorRasgo& enVigor) const {

@@ -51,7 +51,7 @@ public:
         std::function<void(const ValorRasgo&)> alCambiar;
     };
 
-    CampoAspecto(TallerDialogo& taller, DialogosSistema& sistema, const Programa& programa, Datos datos);
+    CampoAspecto(TallerDialogo& taller, DialogosSistema& sistema, const comun& com, Datos datos);
 
     // alCambiar is not told.
     void mostrarValor(const ValorRasgo& valor);
@@ -76,7 +76,7 @@ private:
     void redondear();
 
     TallerDialogo& m_taller;
-    const Programa& m_programa;
+    const comun& m_com;
     const Datos m_datos;
     std::unique_ptr<Rotulo> m_rotulo;
     // One of these.

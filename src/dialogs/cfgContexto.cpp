@@ -4,12 +4,10 @@
 #include <string>
 #include <utility>
 
-#include "config/comun.h"
 #include "dialogs/campoAspecto.h"
 #include "dialogs/filaColor.h"
 #include "dialogs/filaValor.h"
 #include "dialogs/vistaPrevia.h"
-#include "screen/monitores.h"
 
 namespace sorvanel {
 
@@ -20,7 +18,7 @@ struct NumeroParrilla {
     const char* nombre;
     int inferior, superior;
     std::int16_t (Parrilla::*leer)() const;
-    void (Parrilla::*poner)(std::int16_t);
+    bool (Parrilla::*poner)(std::int16_t);
 };
 
 struct ColorParrilla {
@@ -64,17 +62,17 @@ struct cfgContexto::Controles {
     std::unique_ptr<VistaPrevia> previa;
 };
 
-cfgContexto::cfgContexto(const Entorno& entorno, FabricaDialogos& fabrica, MesaConfiguracion& mesa)
+cfgContexto::cfgContexto(const UtilesDialogo& utiles, MesaConfiguracion& mesa)
     : DialogoConfiguracion(
           IdControl::cfgContexto,
-          {"Diseño de parrilla y formatos", "Cada cambio se ve y se guarda al momento", IdControl::ttlo1}, fabrica,
-          mesa, entorno) {}
+          {"Diseño de parrilla y formatos", "Cada cambio se ve y se guarda al momento", IdControl::ttlo1}, utiles,
+          mesa) {}
 
 cfgContexto::~cfgContexto() = default;
 
 void cfgContexto::montar() {
     mesa().montarParrilla();
-    m_diseño = std::make_unique<diseñoVisor>(entorno());
+    m_diseño = std::make_unique<diseñoVisor>(utiles().com);
 }
 
 void cfgContexto::crearControles() {
@@ -87,11 +85,11 @@ void cfgContexto::crearControles() {
 void cfgContexto::crearPantalla() {
     m_c->marcoPantalla = taller().marco("Pantalla");
     m_c->grupoPantalla = taller().rotuloGrupo("Pantalla");
-    FilaValor::Datos datos{IdControl::lbMon, IdControl::imMoP, IdControl::imMoM, 0, "Monitor", "Monitor"};
+    FilaValor::Datos datos{IdControl::lbMon, IdControl::imMoP, IdControl::imMoM, "Monitor", "Monitor"};
     datos.inferior = 1;
     datos.repetir = false;
     // The monitors that there are now, not those of when the tool was opened.
-    datos.superior = [this] { return int{oScreen(entorno()).numMonitores()}; };
+    datos.superior = [this] { return int{mesa().pantalla().numMonitores()}; };
     datos.alCambiar = [this](int indice) { return elegirMonitor(indice); };
     m_c->monitor = std::make_unique<FilaValor>(taller(), std::move(datos));
 }
@@ -101,7 +99,7 @@ void cfgContexto::crearParrilla() {
     m_c->grupoParrilla = taller().rotuloGrupo("Parrilla");
     for (std::size_t i = 0; i < NUMEROS.size(); ++i) {
         const NumeroParrilla& n = NUMEROS[i];
-        FilaValor::Datos datos{n.valor, n.mas, n.menos, 0, n.nombre, n.nombre};
+        FilaValor::Datos datos{n.valor, n.mas, n.menos, n.nombre, n.nombre};
         datos.inferior = n.inferior;
         datos.superior = [&n] { return n.superior; };
         datos.alCambiar = [this, &n](int valor) {
@@ -120,7 +118,7 @@ void cfgContexto::crearParrilla() {
         }
         m_c->colores[i] = std::make_unique<FilaColor>(
             taller(), sistema(),
-            FilaColor::Datos{c.boton, c.marco, 0, c.texto, [this, &c] { return (mesa().parrilla().*c.leer)(); },
+            FilaColor::Datos{c.boton, c.marco, c.texto, [this, &c] { return (mesa().parrilla().*c.leer)(); },
                              [this, &c](Color color) {
                                  (mesa().parrilla().*c.poner)(color);
                                  alCambiarParrilla();
@@ -138,7 +136,7 @@ void cfgContexto::crearDiseno() {
             m_diseño->valor(rasgo, valor);
             m_c->previa->aspecto(aspectoDe(m_diseño->valores()));
         };
-        m_c->campos[i] = std::make_unique<CampoAspecto>(taller(), sistema(), entorno().programa, std::move(datos));
+        m_c->campos[i] = std::make_unique<CampoAspecto>(taller(), sistema(), utiles().com, std::move(datos));
     }
     m_c->rotuloMuestra = taller().rotulo("Muestra");
     m_c->previa = std::make_unique<VistaPrevia>(taller());
@@ -146,7 +144,7 @@ void cfgContexto::crearDiseno() {
 
 void cfgContexto::rellenar() {
     Parrilla& parrilla = mesa().parrilla();
-    m_c->monitor->valor(oScreen(entorno()).monitorActual());
+    m_c->monitor->valor(mesa().pantalla().monitorActual());
     for (std::size_t i = 0; i < NUMEROS.size(); ++i) {
         m_c->numeros[i]->valor((parrilla.*NUMEROS[i].leer)());
     }
@@ -226,16 +224,16 @@ void cfgContexto::soltar() {
 
 // The window goes there at once, and the tool with it. One whose data cannot be had is passed over.
 int cfgContexto::elegirMonitor(int indice) {
-    const Monitores monitores(entorno().monitores);
-    const std::int16_t actual = oScreen(entorno()).monitorActual();
+    const oScreen& pantalla = mesa().pantalla();
+    const std::int16_t actual = pantalla.monitorActual();
     const auto paso = static_cast<std::int16_t>(indice < actual ? -1 : 1);
     auto elegido = static_cast<std::int16_t>(indice);
-    while (elegido >= 1 && elegido <= monitores.cuantos() && !monitores.existe(elegido))
+    while (elegido >= 1 && elegido <= pantalla.numMonitores() && !pantalla.existe(elegido))
         elegido = static_cast<std::int16_t>(elegido + paso);
-    if (!monitores.existe(elegido)) return actual;
+    if (!pantalla.existe(elegido)) return actual;
     mesa().cambiarMonitor(elegido);
-    seguirMonitor(mesa().monitorEnUso());
-    return oScreen(entorno()).monitorActual();
+    seguirMonitor(mesa().pantalla().monitor());
+    return mesa().pantalla().monitorActual();
 }
 
 void cfgContexto::alCambiarParrilla() {

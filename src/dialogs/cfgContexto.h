@@ -11,8 +11,7 @@ namespace sorvanel {
 // sets none of its own. Every change is applied, saved and painted at once.
 class cfgContexto : public DialogoConfiguracion {
 public:
-    // All three must outlive it.
-    cfgContexto(const Entorno& entorno, FabricaDialogos& fabrica, MesaConfiguracion& mesa);
+    cfgContexto(const UtilesDialogo& utiles, MesaConfiguracion& mesa);
     ~cfgContexto() override;
 
 private:

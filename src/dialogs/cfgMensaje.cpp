@@ -48,8 +48,8 @@ struct cfgMensaje::Controles {
     std::unique_ptr<FilaValor> velocidad;
 };
 
-cfgMensaje::cfgMensaje(const Entorno& entorno, FabricaDialogos& fabrica, MesaConfiguracion& mesa)
-    : DialogoConfiguracion(IdControl::cfgMensaje, {"Mensaje auxiliar", {}}, fabrica, mesa, entorno) {}
+cfgMensaje::cfgMensaje(const UtilesDialogo& utiles, MesaConfiguracion& mesa)
+    : DialogoConfiguracion(IdControl::cfgMensaje, {"Mensaje auxiliar", {}}, utiles, mesa) {}
 
 cfgMensaje::~cfgMensaje() = default;
 
@@ -87,21 +87,21 @@ void cfgMensaje::crearFuente() {
     m_c->botFont = taller().botonTexto(IdControl::botFont, 0, TEXTO_FUENTE, "Elegir la fuente del mensaje");
     m_c->botFont->alActuar([this] { elegirFuente(); });
     m_c->rotuloFuente = taller().rotulo("");
-    m_c->colorTexto = std::make_unique<FilaColor>(
-        taller(), sistema(),
-        FilaColor::Datos{IdControl::botColorTxt, IdControl::frColorTxt, 0, "Color del texto",
-                         [this] { return mesa().mensaje().colorTexto(); },
-                         [this](Color color) { mesa().mensaje().colorTexto(color); }});
-    m_c->colorFondo = std::make_unique<FilaColor>(
-        taller(), sistema(),
-        FilaColor::Datos{IdControl::botColorBak, IdControl::frColorBak, 0, "Color del fondo",
-                         [this] { return mesa().mensaje().colorFondo(); },
-                         [this](Color color) { mesa().mensaje().colorFondo(color); }});
+    m_c->colorTexto =
+        std::make_unique<FilaColor>(taller(), sistema(),
+                                    FilaColor::Datos{IdControl::botColorTxt, IdControl::frColorTxt, "Color del texto",
+                                                     [this] { return mesa().mensaje().colorTexto(); },
+                                                     [this](Color color) { mesa().mensaje().colorTexto(color); }});
+    m_c->colorFondo =
+        std::make_unique<FilaColor>(taller(), sistema(),
+                                    FilaColor::Datos{IdControl::botColorBak, IdControl::frColorBak, "Color del fondo",
+                                                     [this] { return mesa().mensaje().colorFondo(); },
+                                                     [this](Color color) { mesa().mensaje().colorFondo(color); }});
 }
 
 void cfgMensaje::crearVelocidad() {
-    FilaValor::Datos datos{IdControl::lbVel,        IdControl::imVelP, IdControl::imVelM, 0,
-                           "Velocidad (0: quieto)", "Velocidad"};
+    FilaValor::Datos datos{IdControl::lbVel, IdControl::imVelP, IdControl::imVelM, "Velocidad (0: quieto)",
+                           "Velocidad"};
     datos.superior = [] { return VELOCIDAD_MAXIMA; };
     datos.alCambiar = [this](int pixeles) {
         mesa().mensaje().velocidad(pixeles);
@@ -196,11 +196,11 @@ void cfgMensaje::alPulsarUsar() {
 }
 
 void cfgMensaje::mostrarMarcos(bool visibles) {
-    for (const auto* marco : {&m_c->frTxt, &m_c->frFnt, &m_c->frVel}) (*marco)->mostrar(visibles);
-    m_c->rotuloTexto->mostrar(visibles);
-    m_c->txTexto->mostrar(visibles);
-    m_c->botFont->mostrar(visibles);
-    m_c->rotuloFuente->mostrar(visibles);
+    for (Control* c :
+         std::initializer_list<Control*>{m_c->frTxt.get(), m_c->frFnt.get(), m_c->frVel.get(), m_c->rotuloTexto.get(),
+                                         m_c->txTexto.get(), m_c->botFont.get(), m_c->rotuloFuente.get()}) {
+        c->mostrar(visibles);
+    }
     m_c->colorTexto->mostrar(visibles);
     m_c->colorFondo->mostrar(visibles);
     m_c->velocidad->mostrar(visibles);
@@ -210,8 +210,8 @@ void cfgMensaje::elegirFuente() {
     FuenteElegida elegida = aElegida(mesa().mensaje().getFont());
     if (!sistema().elegirFuente(elegida)) return;
     if (!mesa().mensaje().letFont(aMensaje(elegida))) {
-        entorno().avisos.critico("El mensaje no se puede escribir con la fuente \"" + elegida.nombre +
-                                 "\" en ese tamaño. Se conserva la anterior.");
+        utiles().avisos.critico("El mensaje no se puede escribir con la fuente \"" + elegida.nombre +
+                                "\" en ese tamaño. Se conserva la anterior.");
         return;
     }
     mostrarFuente();
@@ -219,7 +219,7 @@ void cfgMensaje::elegirFuente() {
 }
 
 void cfgMensaje::mostrarFuente() {
-    m_c->rotuloFuente->texto(describir(mesa().mensaje().getFont(), entorno().programa.separadorDecimal()));
+    m_c->rotuloFuente->texto(describir(mesa().mensaje().getFont(), utiles().com.separadorDecimal()));
 }
 
 }  // namespace sorvanel

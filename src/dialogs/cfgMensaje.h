@@ -10,8 +10,7 @@ namespace sorvanel {
 // change.
 class cfgMensaje : public DialogoConfiguracion {
 public:
-    // All three must outlive it.
-    cfgMensaje(const Entorno& entorno, FabricaDialogos& fabrica, MesaConfiguracion& mesa);
+    cfgMensaje(const UtilesDialogo& utiles, MesaConfiguracion& mesa);
     ~cfgMensaje() override;
 
 private:

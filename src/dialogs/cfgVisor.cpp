@@ -29,9 +29,9 @@ struct cfgVisor::Controles {
     std::unique_ptr<PanelDiseno> panel;
 };
 
-cfgVisor::cfgVisor(const Entorno& entorno, FabricaDialogos& fabrica, MesaConfiguracion& mesa)
-    : DialogoConfiguracion(IdControl::cfgVisor, {"Definir visores", "Cada cambio se ve y se guarda al momento"},
-                           fabrica, mesa, entorno) {}
+cfgVisor::cfgVisor(const UtilesDialogo& utiles, MesaConfiguracion& mesa)
+    : DialogoConfiguracion(IdControl::cfgVisor, {"Definir visores", "Cada cambio se ve y se guarda al momento"}, utiles,
+                           mesa) {}
 
 cfgVisor::~cfgVisor() = default;
 
@@ -67,9 +67,9 @@ void cfgVisor::crearControles() {
     m_c->imSubir->alActuar([this] { paginar(-PaginaVisores::FILAS); });
     m_c->imBajar = taller().botonImagen(IdControl::imBajar, 0, Dibujo::bajar, "Visores siguientes");
     m_c->imBajar->alActuar([this] { paginar(PaginaVisores::FILAS); });
-    m_c->pavona = std::make_unique<ConexionPavona>(taller(), entorno());
+    m_c->pavona = std::make_unique<ConexionPavona>(taller(), utiles().com);
     m_c->panel = std::make_unique<PanelDiseno>(
-        taller(), sistema(), entorno(),
+        taller(), sistema(), utiles().com,
         PanelDiseno::Datos{[this] { return m_conDiseno != 0 ? uno(m_conDiseno) : nullptr; },
                            [this] { cerrarPanel(); }});
 }
@@ -86,7 +86,7 @@ void cfgVisor::rellenar() {
 void cfgVisor::alMostrar() {
     m_c->botNvo->enfocar();
     // The window is there already: however many displays there are, it comes as fast as with one.
-    entorno().cola.despues([this, abierta = std::weak_ptr(m_abierta)] {
+    utiles().cola.despues([this, abierta = std::weak_ptr(m_abierta)] {
         if (abierta.expired()) return;
         pagina().completar();
         actualizar();
@@ -149,11 +149,11 @@ bool cfgVisor::cabeEnParrilla(const Ubicacion& ubicacion) {
 
 // Later, for the focus may be on its way just now.
 void cfgVisor::rechazar(std::string_view motivo) {
-    entorno().cola.despues([&avisos = entorno().avisos, texto = std::string(motivo)] { avisos.critico(texto); });
+    utiles().cola.despues([&avisos = utiles().avisos, texto = std::string(motivo)] { avisos.critico(texto); });
 }
 
 void cfgVisor::avisar(std::string_view texto) {
-    entorno().cola.despues([&avisos = entorno().avisos, texto = std::string(texto)] { avisos.informacion(texto); });
+    utiles().cola.despues([&avisos = utiles().avisos, texto = std::string(texto)] { avisos.informacion(texto); });
 }
 
 // The row's own port is emptied: what it says now does not matter.

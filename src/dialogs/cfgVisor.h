@@ -19,8 +19,7 @@ class PanelDiseno;
 // keeps no copy.
 class cfgVisor : public DialogoConfiguracion, private TablaVisores {
 public:
-    // All three must outlive it.
-    cfgVisor(const Entorno& entorno, FabricaDialogos& fabrica, MesaConfiguracion& mesa);
+    cfgVisor(const UtilesDialogo& utiles, MesaConfiguracion& mesa);
     ~cfgVisor() override;
 
 private:

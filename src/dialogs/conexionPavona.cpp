@@ -2,7 +2,7 @@
 
 #include "config/numeros.h"
 #include "config/texto.h"
-#include "links/destinoPavona.h"
+#include "links/frTCP.h"
 
 namespace sorvanel {
 
@@ -12,23 +12,23 @@ constexpr int CIFRAS_PORT = 5;
 
 }  // namespace
 
-ConexionPavona::ConexionPavona(TallerDialogo& taller, const Entorno& entorno) : m_taller(taller), m_entorno(entorno) {
+ConexionPavona::ConexionPavona(TallerDialogo& taller, const comun& com) : m_taller(taller), m_com(com) {
     m_frPav = taller.marco(IdControl::frPav, 0, "Conexión Pavona");
     m_titulo = taller.rotuloGrupo("Conexión Pavona");
     m_rotuloHost = taller.rotulo("Equipo");
     m_txPavHost = taller.cajaTexto(IdControl::txPavHost, 0, "Equipo de la conexión Pavona",
                                    "Nombre o dirección IP del concentrador");
     // A name that was pasted may bring blanks along; with them it is no host's.
-    m_txPavHost->alActuar([this] { guardarHostPavona(m_entorno, recortar(m_txPavHost->texto())); });
+    m_txPavHost->alActuar([this] { guardarHostPavona(m_com, recortar(m_txPavHost->texto())); });
     m_rotuloPort = taller.rotulo("Port");
     m_txPavPort = taller.cajaTexto(IdControl::txPavPort, 0, "Port de la conexión Pavona", "Port TCP del concentrador");
     m_txPavPort->longitudMaxima(CIFRAS_PORT);
     m_txPavPort->filtro(filtroNumerico);
-    m_txPavPort->alActuar([this] { guardarPortPavona(m_entorno, numeroInicial(m_txPavPort->texto())); });
+    m_txPavPort->alActuar([this] { guardarPortPavona(m_com, numeroInicial(m_txPavPort->texto())); });
 }
 
 void ConexionPavona::rellenar() {
-    const DestinoPavona destino = leerDestinoPavona(m_entorno);
+    const DestinoPavona destino = leerDestinoPavona(m_com);
     m_txPavHost->texto(destino.host);
     m_txPavPort->texto(std::to_string(destino.port));
 }

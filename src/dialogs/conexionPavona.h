@@ -3,7 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include "config/entorno.h"
+#include "config/comun.h"
 #include "dialogs/tallerDialogo.h"
 
 namespace sorvanel {
@@ -12,7 +12,7 @@ namespace sorvanel {
 // saved at once.
 class ConexionPavona {
 public:
-    ConexionPavona(TallerDialogo& taller, const Entorno& entorno);
+    ConexionPavona(TallerDialogo& taller, const comun& com);
 
     // Shows what is saved.
     void rellenar();
@@ -24,7 +24,7 @@ public:
 
 private:
     TallerDialogo& m_taller;
-    const Entorno& m_entorno;
+    const comun& m_com;
     std::unique_ptr<Marco> m_frPav;
     std::unique_ptr<Rotulo> m_titulo;
     std::unique_ptr<Rotulo> m_rotuloHost;

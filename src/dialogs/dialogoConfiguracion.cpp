@@ -2,13 +2,11 @@
 
 #include <utility>
 
-#include "config/comun.h"
-
 namespace sorvanel {
 
-DialogoConfiguracion::DialogoConfiguracion(IdControl id, Titulos titulos, FabricaDialogos& fabrica,
-                                           MesaConfiguracion& mesa, const Entorno& entorno)
-    : m_id(id), m_titulos(std::move(titulos)), m_fabrica(fabrica), m_mesa(mesa), m_entorno(entorno) {}
+DialogoConfiguracion::DialogoConfiguracion(IdControl id, Titulos titulos, const UtilesDialogo& utiles,
+                                           MesaConfiguracion& mesa)
+    : m_id(id), m_titulos(std::move(titulos)), m_utiles(utiles), m_mesa(mesa) {}
 
 DialogoConfiguracion::~DialogoConfiguracion() = default;
 
@@ -26,8 +24,8 @@ void DialogoConfiguracion::Mostrar() {
 // The window takes the monitor's scale before anything is measured.
 void DialogoConfiguracion::cargar() {
     montar();
-    m_monitor = m_mesa.monitorEnUso();
-    m_formulario = m_fabrica.crearDialogo(m_id);
+    m_monitor = m_mesa.pantalla().monitor();
+    m_formulario = m_utiles.fabrica.crearDialogo(m_id);
     m_formulario->oyente(this);
     m_formulario->titulo(m_titulos.principal);
     m_taller = std::make_unique<TallerDialogo>(*m_formulario);

@@ -3,29 +3,39 @@
 #include <memory>
 #include <string>
 
-#include "config/entorno.h"
+#include "config/comun.h"
 #include "dialogs/disposicion.h"
 #include "dialogs/gradiente.h"
-#include "dialogs/herramienta.h"
 #include "dialogs/mesaConfiguracion.h"
 #include "dialogs/tallerDialogo.h"
 #include "platform/dialogo.h"
+#include "platform/sistema.h"
 
 namespace sorvanel {
 
-// What the tools with a window have in common. The window and all that stands on it exist only while
-// the tool is open. Changes that the program makes to a control are not told to its handlers, so
-// filling needs no flag.
-class DialogoConfiguracion : public Herramienta, private OyenteDialogo {
+// What a tool uses besides its desk; all of it must outlive the tool.
+struct UtilesDialogo {
+    const comun& com;
+    Cola& cola;
+    Avisos& avisos;
+    FabricaDialogos& fabrica;
+};
+
+// A tool of the configuration; at most one is open. Its window and all that stands on it exist only while it
+// is. Changes that the program makes to a control are not told to its handlers, so filling needs no flag.
+class DialogoConfiguracion : private OyenteDialogo {
 public:
+    ~DialogoConfiguracion() override;
     DialogoConfiguracion(const DialogoConfiguracion&) = delete;
     DialogoConfiguracion& operator=(const DialogoConfiguracion&) = delete;
 
-    bool cargado() const final { return m_formulario != nullptr; }
+    bool cargado() const { return m_formulario != nullptr; }
     // Opens it, or fills it anew when it is open.
-    void Mostrar() final;
-    bool Descargar(bool descartar) final;
-    void seguirMonitor(const Monitor& monitor) final;
+    void Mostrar();
+    // Closes; false when it refuses, as while an entry is invalid. Discarding never refuses.
+    bool Descargar(bool descartar);
+    // The window covers another monitor, or the same at another size: the tool follows.
+    void seguirMonitor(const Monitor& monitor);
 
 protected:
     // What its two title labels say; the second may be empty: then there is none.
@@ -35,10 +45,8 @@ protected:
         IdControl idPrincipal = IdControl::ttlo;
     };
 
-    // All three must outlive it.
-    DialogoConfiguracion(IdControl id, Titulos titulos, FabricaDialogos& fabrica, MesaConfiguracion& mesa,
-                         const Entorno& entorno);
-    ~DialogoConfiguracion() override;
+    // The desk must outlive it.
+    DialogoConfiguracion(IdControl id, Titulos titulos, const UtilesDialogo& utiles, MesaConfiguracion& mesa);
 
     // In this order when it opens. First what it works on: one of the desk's montar...
     virtual void montar() = 0;
@@ -67,9 +75,9 @@ protected:
     // Only while it is open.
     FormularioDialogo& formulario() { return *m_formulario; }
     TallerDialogo& taller() { return *m_taller; }
-    DialogosSistema& sistema() { return m_fabrica.sistema(); }
+    DialogosSistema& sistema() { return m_utiles.fabrica.sistema(); }
     MesaConfiguracion& mesa() { return m_mesa; }
-    const Entorno& entorno() const { return m_entorno; }
+    const UtilesDialogo& utiles() const { return m_utiles; }
 
 private:
     void alPedirCierre() override;
@@ -85,9 +93,8 @@ private:
 
     const IdControl m_id;
     const Titulos m_titulos;
-    FabricaDialogos& m_fabrica;
+    const UtilesDialogo m_utiles;
     MesaConfiguracion& m_mesa;
-    const Entorno& m_entorno;
     const Gradiente m_gradiente;
     Monitor m_monitor;
     std::unique_ptr<FormularioDialogo> m_formulario;

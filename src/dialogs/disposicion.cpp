@@ -42,10 +42,6 @@ Pieza aLoAncho(Pieza pieza) {
     return pieza;
 }
 
-Pieza vacio(float ancho, float alto) {
-    return {{ancho, alto}, [](const Rectangulo&) {}};
-}
-
 Pieza panel(Marco& marco, Pieza contenido) {
     const Tamano minimo{contenido.minimo.ancho + 2 * RELLENO, contenido.minimo.alto + 2 * RELLENO};
     auto colocar = [&marco, contenido = std::move(contenido)](const Rectangulo& zona) {

@@ -36,8 +36,6 @@ struct Pieza {
 Pieza pieza(Control& control, Tamano minimo);
 // The same piece, as wide as its cell.
 Pieza aLoAncho(Pieza pieza);
-// Room without anything.
-Pieza vacio(float ancho, float alto);
 // A group: the frame with the piece inside it. It fills its cell.
 Pieza panel(Marco& marco, Pieza contenido);
 

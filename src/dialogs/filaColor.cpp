@@ -8,9 +8,9 @@ FilaColor::FilaColor(TallerDialogo& taller, DialogosSistema& sistema, Datos dato
     : m_taller(taller), m_sistema(sistema), m_datos(std::move(datos)) {
     const std::string& nombre = m_datos.nombre.empty() ? m_datos.texto : m_datos.nombre;
     const std::string elegirlo = nombre + ": elegir el color";
-    m_boton = taller.botonTexto(m_datos.boton, m_datos.elemento, m_datos.texto, elegirlo);
+    m_boton = taller.botonTexto(m_datos.boton, 0, m_datos.texto, elegirlo);
     if (!m_datos.nombre.empty()) m_boton->nombre(elegirlo);
-    m_marco = taller.marcoColor(m_datos.marco, m_datos.elemento, nombre + ": color actual");
+    m_marco = taller.marcoColor(m_datos.marco, 0, nombre + ": color actual");
     m_boton->alActuar([this] { elegir(); });
     m_marco->alActuar([this] { elegir(); });
 }

@@ -15,7 +15,6 @@ public:
     struct Datos {
         IdControl boton;
         IdControl marco;
-        int elemento = 0;
         // What the button says.
         std::string texto;
         // What the choice begins with.

@@ -16,8 +16,7 @@ public:
         IdControl valor;  // the label that shows it
         IdControl mas;
         IdControl menos;
-        int elemento = 0;
-        // What stands before the value; where empty, nothing does (`nombre` is then all that names it).
+        // What stands before the value; empty where something else does.
         std::string rotulo;
         // For screen readers and tool tips, as in "Filas": "Filas: más", "Filas: menos".
         std::string nombre;
@@ -38,13 +37,11 @@ public:
     // The value and its buttons, and the label before them.
     void mostrar(bool visible);
 
-    // Null without one.
-    Rotulo* rotulo() { return m_rotulo.get(); }
     Control& mas() { return *m_mas; }
     Control& menos() { return *m_menos; }
 
-    // The label as a piece; room for nothing without one.
-    Pieza piezaRotulo();
+    // The label, where there is one.
+    Pieza piezaRotulo() { return m_taller.piezaRotulo(*m_rotulo); }
     // Minus, the value, plus.
     Pieza piezaValor();
 

@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "dialogs/textosVisor.h"
+#include "config/numeros.h"
+#include "config/texto.h"
 
 namespace sorvanel {
 
@@ -31,6 +32,36 @@ constexpr float AIRE_FILA = aTwips(3);  // above and below
 constexpr Color COLOR_FILA = COLOR_PANEL;
 constexpr Color COLOR_FILA_ELEGIDA = rgb(0xD6, 0xE7, 0xF8);
 constexpr Color COLOR_MARCA = rgb(0x5A, 0x65, 0x70);
+
+constexpr char SEPARADOR_UBICACION = ',';
+
+// "row,column"; empty without a place.
+std::string textoUbicacion(std::optional<Ubicacion> ubicacion) {
+    if (!ubicacion) return {};
+    return std::to_string(ubicacion->fila) + SEPARADOR_UBICACION + std::to_string(ubicacion->columna);
+}
+
+// Nothing unless there are exactly two numbers that fit their type.
+std::optional<Ubicacion> leerUbicacion(std::string_view texto) {
+    const std::size_t corte = texto.find(SEPARADOR_UBICACION);
+    if (corte == std::string_view::npos) return std::nullopt;
+    const auto fila = leerEntero16(texto.substr(0, corte));
+    const std::string_view segunda = texto.substr(corte + 1);
+    // A second comma would be taken as the decimal one.
+    const auto columna =
+        segunda.find(SEPARADOR_UBICACION) == std::string_view::npos ? leerEntero16(segunda) : std::nullopt;
+    return fila && columna ? std::optional(Ubicacion{*fila, *columna}) : std::nullopt;
+}
+
+char32_t filtroUbicacion(char32_t caracter) {
+    constexpr std::u32string_view SEPARADORES = U",.;:_-+=/";
+    return SEPARADORES.find(caracter) != std::u32string_view::npos ? SEPARADOR_UBICACION : filtroNumerico(caracter);
+}
+
+// A caption's blanks are hard ones: it is one word, whatever it is shown or stored in.
+char32_t filtroEtiqueta(char32_t caracter) {
+    return caracter == U' ' ? U'\u00A0' : caracter;
+}
 
 }  // namespace
 
@@ -324,15 +355,13 @@ bool FilaVisor::entrar(CampoVisor campo) {
 bool FilaVisor::entrarPort() {
     visor& v = visorPropio();
     const auto port = familia().leerPort(m_txPort->texto());
-    if (port && *port != v.port()) v.port(*port);
-    return port == v.port() || rechazar(PORT_RECHAZADO);
+    return (port && (*port == v.port() || v.port(*port))) || rechazar(PORT_RECHAZADO);
 }
 
 bool FilaVisor::entrarEtiqueta() {
     visor& v = visorPropio();
     const std::string texto = m_txEtq->texto();
-    if (texto != v.caption()) v.caption(texto);
-    return texto == v.caption() || rechazar(ETIQUETA_RECHAZADA);
+    return texto == v.caption() || v.caption(texto) || rechazar(ETIQUETA_RECHAZADA);
 }
 
 bool FilaVisor::entrarUbicacion() {
@@ -340,8 +369,7 @@ bool FilaVisor::entrarUbicacion() {
     const std::string texto = m_txUbi->texto();
     const auto lugar = leerUbicacion(texto);
     const bool cabe = texto.empty() || (lugar && m_tabla.cabeEnParrilla(*lugar));
-    if (cabe && lugar != v.ubicacion()) v.ubicacion(lugar);
-    return (cabe && lugar == v.ubicacion()) || rechazar(UBICACION_RECHAZADA);
+    return (cabe && (lugar == v.ubicacion() || v.ubicacion(lugar))) || rechazar(UBICACION_RECHAZADA);
 }
 
 }  // namespace sorvanel

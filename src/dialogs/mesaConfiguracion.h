@@ -9,9 +9,9 @@
 
 namespace sorvanel {
 
-// What the tools work on. The main window has it: it makes the objects from the file when a tool
-// opens, and drops them when it closes, so that every tool sees what the others saved and nothing is
-// left that could write an old value back.
+// The desk that the tools work on. It makes the objects from the file when a tool opens, and drops them when
+// it closes, so that every tool sees what the others saved and nothing is left that could write an old value
+// back.
 class MesaConfiguracion {
 public:
     virtual ~MesaConfiguracion() = default;
@@ -22,7 +22,7 @@ public:
     virtual void montarVisores() = 0;
     // The message band, not running.
     virtual void montarMensaje() = 0;
-    // Drops whatever was made; the screen is empty again.
+    // Drops whatever was made, puts what was changed on the disk; the screen is empty again.
     virtual void desmontarMesa() = 0;
 
     // Only between the call that makes them and desmontarMesa.
@@ -36,8 +36,8 @@ public:
     // Deletes it; all displays are then made anew from the file, under their new numbers.
     virtual bool eliminarVisor(std::int16_t posicion) = 0;
 
-    // The monitor that the window covers.
-    virtual Monitor monitorEnUso() const = 0;
+    // The monitors as they are now, and the one that the window covers.
+    virtual const oScreen& pantalla() = 0;
     // Selects and saves it, and moves the window there at once with its bar and grid.
     virtual void cambiarMonitor(std::int16_t indice) = 0;
 

@@ -14,8 +14,8 @@ constexpr float ENTRE_FILAS = aTwips(5);
 
 }  // namespace
 
-PanelDiseno::PanelDiseno(TallerDialogo& taller, DialogosSistema& sistema, const Entorno& entorno, Datos datos)
-    : m_taller(taller), m_programa(entorno.programa), m_datos(std::move(datos)) {
+PanelDiseno::PanelDiseno(TallerDialogo& taller, DialogosSistema& sistema, const comun& com, Datos datos)
+    : m_taller(taller), m_com(com), m_datos(std::move(datos)) {
     m_frDise = taller.marco(IdControl::frDise, 0, "Diseño particular");
     m_titulo = taller.rotuloGrupo({});
     m_imDesf = taller.botonImagen(IdControl::imDesf, 0, Dibujo::plegar, "Cerrar el diseño particular");
@@ -28,7 +28,7 @@ PanelDiseno::PanelDiseno(TallerDialogo& taller, DialogosSistema& sistema, const 
     for (std::size_t i = 0; i < CAMPOS.size(); ++i) {
         m_filas[i].campo = crearCampo(sistema, CAMPOS[i]);
         if (CAMPOS[i].rasgo != Rasgo::anchoEtiqueta) continue;
-        m_anchoComun = taller.rotulo(std::to_string(diseñoVisor(entorno).anchoEtiqueta()) + " (común)");
+        m_anchoComun = taller.rotulo(std::to_string(diseñoVisor(com).anchoEtiqueta()) + " (común)");
     }
     m_previa = std::make_unique<VistaPrevia>(taller);
     abierto(false);
@@ -46,7 +46,7 @@ std::unique_ptr<CampoAspecto> PanelDiseno::crearCampo(DialogosSistema& sistema, 
         v->propio(fila.rasgo, valor);
         m_previa->aspecto(v->aspecto());
     };
-    return std::make_unique<CampoAspecto>(m_taller, sistema, m_programa, std::move(datos));
+    return std::make_unique<CampoAspecto>(m_taller, sistema, m_com, std::move(datos));
 }
 
 void PanelDiseno::cargar(std::int16_t numero, const visor& v) {

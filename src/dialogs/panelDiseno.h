@@ -24,7 +24,7 @@ public:
         std::function<void()> alCerrar;
     };
 
-    PanelDiseno(TallerDialogo& taller, DialogosSistema& sistema, const Entorno& entorno, Datos datos);
+    PanelDiseno(TallerDialogo& taller, DialogosSistema& sistema, const comun& com, Datos datos);
 
     // Shows what the display has.
     void cargar(std::int16_t numero, const visor& v);
@@ -49,7 +49,7 @@ private:
     void mostrarPropios();
 
     TallerDialogo& m_taller;
-    const Programa& m_programa;
+    const comun& m_com;
     const Datos m_datos;
     bool m_abierto = false;
     std::unique_ptr<Marco> m_frDise;

@@ -2,16 +2,13 @@
 
 #include <algorithm>
 
-#include "config/comun.h"
 #include "config/numeros.h"
 #include "config/texto.h"
 #include "display/registroVisor.h"
 
 namespace sorvanel {
 
-ctrlVis::ctrlVis(const Entorno& entorno) {
-    const comun com(entorno);
-    // Where the file lies is asked of the system each time: this is done while somebody types.
+ctrlVis::ctrlVis(const comun& com) {
     AccesorINI ini = com.abrir();
     for (int n = 1;; ++n) {
         ini.seccion(seccionVisor(n));

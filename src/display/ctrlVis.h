@@ -5,14 +5,14 @@
 #include <string_view>
 #include <vector>
 
-#include "config/entorno.h"
+#include "config/comun.h"
 
 namespace sorvanel {
 
 // Answers from the saved displays, as they are when it is made, whether something is taken.
 class ctrlVis {
 public:
-    explicit ctrlVis(const Entorno& entorno);
+    explicit ctrlVis(const comun& com);
 
     // A port may serve several displays, each with another bulk mode. Port 0 is never taken.
     bool portExiste(std::int32_t port, std::int16_t modoBulk) const;

@@ -15,23 +15,23 @@ ValorRasgo leerComun(const FilaRasgo& fila, const std::string& texto) {
 
 }  // namespace
 
-diseñoVisor::diseñoVisor(const Entorno& entorno) : m_entorno(entorno) {
-    const comun com(entorno);
-    const AccesorINI ini = com.abrir(SECCION);
+diseñoVisor::diseñoVisor(const comun& com) : m_com(com) {
+    const AccesorINI ini = com.consultar(SECCION);
     for (const FilaRasgo& fila : RASGOS) {
         m_valores[fila.rasgo] = leerComun(fila, com.valDflt(ini, fila.clave, fila.omision));
     }
 }
 
-void diseñoVisor::valor(Rasgo rasgo, const ValorRasgo& nuevo) {
+bool diseñoVisor::valor(Rasgo rasgo, const ValorRasgo& nuevo) {
     const auto ratio = tomar<float>(nuevo);
-    if (ratio && !(*ratio > 0.1F && *ratio < 1.0F)) return;
+    if (ratio && !(*ratio > 0.1F && *ratio < 1.0F)) return false;
     m_valores[rasgo] = acotar(filaDe(rasgo), nuevo);
-    AccesorINI ini = comun(m_entorno).abrir(SECCION);
-    const std::string separador = m_entorno.programa.separadorDecimal();
+    AccesorINI ini = m_com.abrir(SECCION);
+    const std::string separador = m_com.separadorDecimal();
     for (const FilaRasgo& fila : RASGOS) {
         ini.escribir(fila.clave, escribirRasgo(fila, m_valores[fila.rasgo], separador));
     }
+    return m_valores[rasgo] == nuevo;
 }
 
 }  // namespace sorvanel

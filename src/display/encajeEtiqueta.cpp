@@ -1,7 +1,6 @@
 #include "display/encajeEtiqueta.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace sorvanel {
 
@@ -81,17 +80,6 @@ private:
     float m_mejorAncho = -1;
 };
 
-Fuente fuenteDe(float alto) {
-    Fuente fuente;
-    fuente.alto = alto;
-    fuente.negrita = true;
-    return fuente;
-}
-
-float aPixelEntero(float twips) {
-    return std::floor(twips / TWIPS_POR_PIXEL) * TWIPS_POR_PIXEL;
-}
-
 // The lines one below the other: their widths, and the ink of the whole.
 struct Bloque {
     std::vector<float> anchos;
@@ -150,7 +138,7 @@ float alturaPrimera(const Superficie& medidor, const ZonaEtiqueta& zona, const B
     const float minimo = margen - bloque.tintaSuperior;
     const float y = std::clamp(zona.alto / 2 - (arriba + abajo) / 2, minimo,
                                std::max(minimo, zona.alto - margen - bloque.tintaInferior));
-    return aPixelEntero(y + TWIPS_POR_PIXEL / 2);
+    return alPixelCercano(y);
 }
 
 }  // namespace
@@ -158,7 +146,7 @@ float alturaPrimera(const Superficie& medidor, const ZonaEtiqueta& zona, const B
 EncajeEtiqueta encajarEtiqueta(Superficie& medidor, const ZonaEtiqueta& zona, std::string_view texto) {
     EncajeEtiqueta encaje;
     encaje.margen = zona.margen;
-    encaje.fuente = fuenteDe(zona.altoLetra);
+    encaje.fuente = letraVisor(zona.altoLetra);
     medidor.fuente(encaje.fuente);
     const Lineas lineas = elegirLineas(medidor, zona, texto);
     Bloque bloque = medirBloque(medidor, lineas);
@@ -166,7 +154,7 @@ EncajeEtiqueta encajarEtiqueta(Superficie& medidor, const ZonaEtiqueta& zona, st
     for (float alto = zona.altoLetra; alto > TWIPS_POR_PIXEL && escalaPara(bloque, zona) < 1;) {
         const float escalado = aPixelEntero(alto * escalaPara(bloque, zona));
         alto = std::max(TWIPS_POR_PIXEL, std::min(alto - TWIPS_POR_PIXEL / 2, escalado));
-        encaje.fuente = fuenteDe(alto);
+        encaje.fuente = letraVisor(alto);
         medidor.fuente(encaje.fuente);
         bloque = medirBloque(medidor, lineas);
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -7,6 +8,19 @@
 #include "platform/superficie.h"
 
 namespace sorvanel {
+
+// Whole pixels, so that letters and lines are even.
+inline float aPixelEntero(float twips) {
+    return std::floor(twips / TWIPS_POR_PIXEL) * TWIPS_POR_PIXEL;
+}
+inline float alPixelCercano(float twips) {
+    return aPixelEntero(twips + TWIPS_POR_PIXEL / 2);
+}
+
+// Captions and weights are written in one hand, of that height.
+inline Fuente letraVisor(float alto) {
+    return {.alto = alto, .negrita = true};
+}
 
 struct LineaEtiqueta {
     std::string texto;

@@ -1,7 +1,6 @@
 #include "display/encajeVisor.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace sorvanel {
 
@@ -14,21 +13,6 @@ constexpr float MARGEN_IZQUIERDO = 0.15F;  // of the width of "0", before the wi
 constexpr float COLUMNA_MARCAS = 1.2F;     // as wide, in widths of "0", at least
 constexpr float ANCHO_EFECTIVO_MAXIMO = 6;
 constexpr int INTENTOS_HACIA_ARRIBA = 4;
-
-float aPixelEntero(float twips) {
-    return std::floor(twips / TWIPS_POR_PIXEL) * TWIPS_POR_PIXEL;
-}
-
-float alPixelCercano(float twips) {
-    return aPixelEntero(twips + TWIPS_POR_PIXEL / 2);
-}
-
-Fuente fuenteDe(float alto) {
-    Fuente fuente;
-    fuente.alto = alto;
-    fuente.negrita = true;
-    return fuente;
-}
 
 // What matters of a font at one height.
 struct Cuerpo {
@@ -76,7 +60,7 @@ private:
 };
 
 Cuerpo Encajador::medir(float alto) const {
-    m_medidor.fuente(fuenteDe(alto));
+    m_medidor.fuente(letraVisor(alto));
     const MedidaTexto cero = m_medidor.medir("0");
     const MedidaTexto corriente = m_medidor.medir(MUESTRA);
     const MedidaTexto propia = m_medidor.medir(m_muestra.empty() ? MUESTRA : m_muestra);
@@ -94,7 +78,7 @@ Cuerpo Encajador::medir(float alto) const {
 
 float Encajador::anchoEtiqueta(float altoPeso) const {
     if (m_anchoEfectivo <= 0) return 0;
-    m_medidor.fuente(fuenteDe(altoPeso * m_ratio));
+    m_medidor.fuente(letraVisor(altoPeso * m_ratio));
     return (m_anchoEfectivo + 1) * m_medidor.medir("0").ancho;
 }
 
@@ -146,7 +130,7 @@ EncajeVisor Encajador::repartir() const {
     encaje.anchoEtiqueta = m_zonaEtiqueta;
     encaje.anchoPeso = m_celda.ancho - m_zonaEtiqueta;
     encaje.alto = m_celda.alto;
-    encaje.fuentePeso = fuenteDe(m_cuerpo.alto);
+    encaje.fuentePeso = letraVisor(m_cuerpo.alto);
     encaje.anchoCero = m_cuerpo.anchoCero;
     encaje.yPeso = alPixelCercano(m_celda.alto / 2 - m_cuerpo.medio());
     encaje.tintaSuperior = encaje.yPeso + m_cuerpo.cifraArriba;

@@ -7,7 +7,6 @@
 #include <string_view>
 
 #include "config/texto.h"
-#include "display/marcasVisor.h"
 #include "display/trama.h"
 #include "platform/control.h"
 

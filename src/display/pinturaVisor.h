@@ -4,7 +4,6 @@
 
 #include "display/encajeVisor.h"
 #include "display/formatoPeso.h"
-#include "display/marcasVisor.h"
 #include "display/trama.h"
 #include "platform/superficie.h"
 

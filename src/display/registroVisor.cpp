@@ -19,9 +19,9 @@ RegistroVisor leerRegistroVisor(const comun& com, const AccesorINI& ini) {
     return registro;
 }
 
-void guardarRegistroVisor(const Entorno& entorno, int n, const RegistroVisor& registro) {
-    AccesorINI ini = comun(entorno).abrir(seccionVisor(n));
-    const std::string separador = entorno.programa.separadorDecimal();
+void guardarRegistroVisor(const comun& com, int n, const RegistroVisor& registro) {
+    AccesorINI ini = com.abrir(seccionVisor(n));
+    const std::string separador = com.separadorDecimal();
     const auto escribir = [&](const FilaRasgo& fila) {
         ini.escribir(fila.clave, escribirRasgo(fila, registro.rasgos[fila.rasgo], separador));
     };

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "config/comun.h"
-#include "config/seccionVisor.h"
 #include "display/aspecto.h"
 #include "display/familia.h"
 
@@ -27,6 +26,6 @@ struct RegistroVisor {
 
 // From the accessor's current section.
 RegistroVisor leerRegistroVisor(const comun& com, const AccesorINI& ini);
-void guardarRegistroVisor(const Entorno& entorno, int n, const RegistroVisor& registro);
+void guardarRegistroVisor(const comun& com, int n, const RegistroVisor& registro);
 
 }  // namespace sorvanel

@@ -6,6 +6,16 @@
 
 namespace sorvanel {
 
+// The marks to the right of the digits: E a plate with the letter, C an upward triangle, D a downward
+// one.
+struct MarcasVisor {
+    bool E = false;
+    bool C = false;
+    bool D = false;
+
+    bool operator==(const MarcasVisor&) const = default;
+};
+
 // What a weight frame says.
 struct Trama {
     bool E = false;

@@ -3,34 +3,15 @@
 #include <algorithm>
 #include <utility>
 
-#include "config/comun.h"
 #include "links/lineaPavona.h"
 
 namespace sorvanel {
 
-namespace {
+visor::visor(const comun& com, Fabrica& fabrica, const Reloj& reloj, EnlacePeso& compartido)
+    : visor(com, fabrica, reloj, compartido, diseñoVisor(com)) {}
 
-std::string conNumero(std::string_view plantilla, std::int32_t numero) {
-    std::string texto;
-    for (const char c : plantilla) {
-        if (c == '@') {
-            texto += std::to_string(numero);
-        } else {
-            texto += c;
-        }
-    }
-    return texto;
-}
-
-}  // namespace
-
-visor::visor(const Entorno& entorno, EnlaceCompartido& compartido) : visor(entorno, compartido, diseñoVisor(entorno)) {}
-
-visor::visor(const Entorno& entorno, EnlaceCompartido& compartido, diseñoVisor diseno)
-    : m_entorno(entorno),
-      m_compartido(compartido),
-      m_propio(entorno.fabrica, entorno.reloj),
-      m_diseno(std::move(diseno)) {}
+visor::visor(const comun& com, Fabrica& fabrica, const Reloj& reloj, EnlacePeso& compartido, diseñoVisor diseno)
+    : m_com(com), m_compartido(compartido), m_propio(fabrica, reloj), m_diseno(std::move(diseno)) {}
 
 visor::~visor() {
     m_propio.Cerrar();
@@ -50,7 +31,9 @@ void visor::mudarse(EnlacePeso& antes) {
 }
 
 bool visor::error(std::string_view plantilla, std::int32_t numero) {
-    m_ultimoerror = conNumero(plantilla, numero);
+    m_ultimoerror = plantilla;
+    if (const std::size_t lugar = plantilla.find('@'); lugar != std::string_view::npos)
+        m_ultimoerror.replace(lugar, 1, std::to_string(numero));
     return false;
 }
 
@@ -60,7 +43,7 @@ bool visor::sinError() {
 }
 
 bool visor::cargarComo(std::int16_t n) {
-    AccesorINI ini = comun(m_entorno).abrir();
+    AccesorINI ini = m_com.abrir();
     return cargarComo(n, ini);
 }
 
@@ -68,7 +51,7 @@ bool visor::cargarComo(std::int16_t n, AccesorINI& ini) {
     if (n < 1 || n > MAXIMO_VISORES || identificado()) return false;
     ini.seccion(seccionVisor(n));
     EnlacePeso& antes = enlace();
-    m_registro = leerRegistroVisor(comun(m_entorno), ini);
+    m_registro = leerRegistroVisor(m_com, ini);
     mudarse(antes);
     m_numero = n;
     return true;

@@ -5,13 +5,12 @@
 #include <string>
 #include <string_view>
 
-#include "config/entorno.h"
 #include "display/disenoVisor.h"
 #include "display/pinturaVisor.h"
 #include "display/registroVisor.h"
 #include "display/trama.h"
 #include "grid/parrilla.h"
-#include "links/enlaceCompartido.h"
+#include "links/enlacePeso.h"
 #include "links/frWsk.h"
 
 namespace sorvanel {
@@ -24,12 +23,13 @@ struct Ubicacion {
 };
 
 // One weight display: a caption and a live weight on one cell of the grid, fed by one indicator.
-// What is refused changes nothing and, where an operation answers no, ultimoerror says why.
+// A write that does not take the value as it is answers no; what is refused changes nothing. Where an operation
+// answers no, ultimoerror says why.
 class visor final : public SuscriptorPeso {
 public:
-    // The shared link must outlive the display. Without the shared design it is read.
-    visor(const Entorno& entorno, EnlaceCompartido& compartido);
-    visor(const Entorno& entorno, EnlaceCompartido& compartido, diseñoVisor diseno);
+    // All of these must outlive the display. Without the shared design it is read.
+    visor(const comun& com, Fabrica& fabrica, const Reloj& reloj, EnlacePeso& compartido);
+    visor(const comun& com, Fabrica& fabrica, const Reloj& reloj, EnlacePeso& compartido, diseñoVisor diseno);
     ~visor() override;
     visor(const visor&) = delete;
     visor& operator=(const visor&) = delete;
@@ -55,40 +55,40 @@ public:
     void Run(bool marcha);
 
     const std::string& caption() const { return m_registro.caption; }
-    void caption(const std::string& texto);  // refused when another saved display has it
+    bool caption(const std::string& texto);  // refused when another saved display has it
     std::optional<Ubicacion> ubicacion() const;
-    void ubicacion(std::optional<Ubicacion> lugar);  // refused when taken or outside the grid
+    bool ubicacion(std::optional<Ubicacion> lugar);  // refused when taken or outside the grid
     std::int32_t port() const override { return m_registro.port; }
-    void port(std::int32_t port);  // 0 to 99999; refused when taken
+    bool port(std::int32_t port);  // 0 to 99999; refused when taken
     std::int16_t protocolo() const { return familia().protocolo; }
-    void protocolo(std::int16_t protocolo);  // a family's, or else the first one's; ignored while running
+    bool protocolo(std::int16_t protocolo);  // a family's, or else the first one's; ignored while running
     const Familia& familia() const { return *m_registro.familia; }
     std::int16_t modoBulk() const override { return m_registro.modoBulk; }
-    void modoBulk(std::int16_t modo);  // clamped to 0 to 5
+    bool modoBulk(std::int16_t modo);  // clamped to 0 to 5
 
     // The display's own value; empty: as the shared design says. Clamped to its range.
     const ValorRasgo& propio(Rasgo rasgo) const { return m_registro.rasgos[rasgo]; }
-    void propio(Rasgo rasgo, const ValorRasgo& valor);
+    bool propio(Rasgo rasgo, const ValorRasgo& valor);
     // The value in force: the own one, else the design's.
     const ValorRasgo& efectivo(Rasgo rasgo) const;
     AspectoVisor aspecto() const;
 
     std::optional<std::int16_t> anchoEtiqueta() const { return tomar<std::int16_t>(propio(Rasgo::anchoEtiqueta)); }
-    void anchoEtiqueta(std::optional<std::int16_t> ancho) { propio(Rasgo::anchoEtiqueta, valorDe(ancho)); }
+    bool anchoEtiqueta(std::optional<std::int16_t> ancho) { return propio(Rasgo::anchoEtiqueta, valorDe(ancho)); }
     std::optional<std::int16_t> ajusteEtiqueta() const { return tomar<std::int16_t>(propio(Rasgo::ajusteEtiqueta)); }
-    void ajusteEtiqueta(std::optional<std::int16_t> ajuste) { propio(Rasgo::ajusteEtiqueta, valorDe(ajuste)); }
+    bool ajusteEtiqueta(std::optional<std::int16_t> ajuste) { return propio(Rasgo::ajusteEtiqueta, valorDe(ajuste)); }
     std::optional<Color> colorFondoEtiqueta() const { return tomar<Color>(propio(Rasgo::colorFondoEtiqueta)); }
-    void colorFondoEtiqueta(std::optional<Color> color) { propio(Rasgo::colorFondoEtiqueta, valorDe(color)); }
+    bool colorFondoEtiqueta(std::optional<Color> color) { return propio(Rasgo::colorFondoEtiqueta, valorDe(color)); }
     std::optional<Color> colorTextoEtiqueta() const { return tomar<Color>(propio(Rasgo::colorTextoEtiqueta)); }
-    void colorTextoEtiqueta(std::optional<Color> color) { propio(Rasgo::colorTextoEtiqueta, valorDe(color)); }
+    bool colorTextoEtiqueta(std::optional<Color> color) { return propio(Rasgo::colorTextoEtiqueta, valorDe(color)); }
     std::optional<Color> colorFondoPeso() const { return tomar<Color>(propio(Rasgo::colorFondoPeso)); }
-    void colorFondoPeso(std::optional<Color> color) { propio(Rasgo::colorFondoPeso, valorDe(color)); }
+    bool colorFondoPeso(std::optional<Color> color) { return propio(Rasgo::colorFondoPeso, valorDe(color)); }
     std::optional<Color> colorTextoPeso() const { return tomar<Color>(propio(Rasgo::colorTextoPeso)); }
-    void colorTextoPeso(std::optional<Color> color) { propio(Rasgo::colorTextoPeso, valorDe(color)); }
+    bool colorTextoPeso(std::optional<Color> color) { return propio(Rasgo::colorTextoPeso, valorDe(color)); }
     std::optional<float> ratioAlturas() const { return tomar<float>(propio(Rasgo::ratioAlturas)); }
-    void ratioAlturas(std::optional<float> ratio) { propio(Rasgo::ratioAlturas, valorDe(ratio)); }
+    bool ratioAlturas(std::optional<float> ratio) { return propio(Rasgo::ratioAlturas, valorDe(ratio)); }
     std::string formatoPeso() const { return como<std::string>(propio(Rasgo::formatoPeso)); }
-    void formatoPeso(const std::string& formato) { propio(Rasgo::formatoPeso, formato); }
+    bool formatoPeso(const std::string& formato) { return propio(Rasgo::formatoPeso, formato); }
 
     std::int16_t anchoEtiquetaEfv() const { return como<std::int16_t>(efectivo(Rasgo::anchoEtiqueta)); }
     std::int16_t ajusteEtiquetaEfv() const { return como<std::int16_t>(efectivo(Rasgo::ajusteEtiqueta)); }
@@ -125,8 +125,8 @@ private:
     bool error(std::string_view plantilla, std::int32_t numero);
     bool sinError();
 
-    const Entorno& m_entorno;
-    EnlaceCompartido& m_compartido;
+    const comun& m_com;
+    EnlacePeso& m_compartido;
     frWsk m_propio;
     diseñoVisor m_diseno;
     RegistroVisor m_registro;

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "config/comun.h"
 #include "display/ctrlVis.h"
 #include "display/visor.h"
 
@@ -16,23 +15,24 @@ constexpr std::int32_t PORT_MAXIMO = 99999;
 
 bool visor::guardarComo(std::int16_t n) {
     if (n < 1 || n > MAXIMO_VISORES || n == m_numero) return false;
-    guardarRegistroVisor(m_entorno, n, m_registro);
-    comun(m_entorno).abrir().borrarSeccion(seccionVisor(m_numero));
+    guardarRegistroVisor(m_com, n, m_registro);
+    m_com.abrir().borrarSeccion(seccionVisor(m_numero));
     m_numero = n;
     return true;
 }
 
 void visor::guardar() const {
-    guardarRegistroVisor(m_entorno, m_numero, m_registro);
+    guardarRegistroVisor(m_com, m_numero, m_registro);
 }
 
 void visor::guardarSiIdentificado() const {
     if (identificado()) guardar();
 }
 
-void visor::propio(Rasgo rasgo, const ValorRasgo& valor) {
+bool visor::propio(Rasgo rasgo, const ValorRasgo& valor) {
     m_registro.rasgos[rasgo] = acotar(filaDe(rasgo), valor);
     trasCambioDeAspecto(filaDe(rasgo).encaja);
+    return propio(rasgo) == valor;
 }
 
 const ValorRasgo& visor::efectivo(Rasgo rasgo) const {
@@ -61,10 +61,11 @@ void visor::trasCambioDeAspecto(bool encaja) {
     }
 }
 
-void visor::caption(const std::string& texto) {
-    if (ctrlVis(m_entorno).etiquetaExiste(texto)) return;
+bool visor::caption(const std::string& texto) {
+    if (ctrlVis(m_com).etiquetaExiste(texto)) return false;
     m_registro.caption = texto;
     trasCambioDeAspecto(true);
+    return true;
 }
 
 std::optional<Ubicacion> visor::ubicacion() const {
@@ -72,35 +73,36 @@ std::optional<Ubicacion> visor::ubicacion() const {
     return Ubicacion{m_registro.fila, m_registro.columna};
 }
 
-void visor::ubicacion(std::optional<Ubicacion> lugar) {
+bool visor::ubicacion(std::optional<Ubicacion> lugar) {
     const Ubicacion vieja{m_registro.fila, m_registro.columna};
     const Ubicacion nueva = lugar.value_or(Ubicacion{});
     if (lugar) {
         const std::string texto = std::to_string(nueva.fila) + "," + std::to_string(nueva.columna);
-        if (ctrlVis(m_entorno).ubicacionExiste(texto)) return;
+        if (ctrlVis(m_com).ubicacionExiste(texto)) return false;
         if (m_parrilla != nullptr && (nueva.fila < 1 || nueva.fila > m_parrilla->filas() || nueva.columna < 1 ||
                                       nueva.columna > m_parrilla->columnas())) {
-            return;
+            return false;
         }
     }
     const bool estaba = ubicado();
     m_registro.fila = nueva.fila;
     m_registro.columna = nueva.columna;
     guardar();
-    if (!definido()) return;
+    if (!definido()) return true;
     if (lugar) {
         reubicar();
     } else {
         quitarDeLaPantalla();
     }
     if (estaba) m_parrilla->fondoCelda(m_parrilla->colorFondo(), vieja.fila, vieja.columna);
+    return true;
 }
 
-void visor::port(std::int32_t port) {
-    if (port < 0 || port > PORT_MAXIMO || ctrlVis(m_entorno).portExiste(port, modoBulk())) return;
+bool visor::port(std::int32_t port) {
+    if (port < 0 || port > PORT_MAXIMO || ctrlVis(m_com).portExiste(port, modoBulk())) return false;
     m_registro.port = port;
     guardarSiIdentificado();
-    if (!m_run) return;
+    if (!m_run) return true;
     m_sinEnlace = !m_propio.enMarcha(*this);
     if (m_sinEnlace) {
         error(PORT_INADECUADO, port);
@@ -109,20 +111,23 @@ void visor::port(std::int32_t port) {
     }
     // What the old port showed is not the new one's.
     if (ubicado()) mostrar(sinPeso());
+    return true;
 }
 
-void visor::protocolo(std::int16_t protocolo) {
-    if (m_run) return;
+bool visor::protocolo(std::int16_t protocolo) {
+    if (m_run) return false;
     EnlacePeso& antes = enlace();
     m_registro.familia = &familiaDe(protocolo);
     mudarse(antes);
     guardar();
+    return familia().protocolo == protocolo;
 }
 
-void visor::modoBulk(std::int16_t modo) {
-    comun::limitar(modo, MODO_BULK_MAXIMO, 0);
+bool visor::modoBulk(std::int16_t modo) {
     m_registro.modoBulk = modo;
+    comun::limitar(m_registro.modoBulk, MODO_BULK_MAXIMO, 0);
     guardar();
+    return m_registro.modoBulk == modo;
 }
 
 }  // namespace sorvanel

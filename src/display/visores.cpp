@@ -4,23 +4,21 @@
 #include <exception>
 #include <utility>
 
-#include "config/comun.h"
-
 namespace sorvanel {
 
-Visores::Visores(const Entorno& entorno, EnlaceCompartido& compartido) : m_entorno(entorno), m_compartido(compartido) {
+Visores::Visores(const comun& com, Fabrica& fabrica, const Reloj& reloj, EnlacePeso& compartido)
+    : m_com(com), m_fabrica(fabrica), m_reloj(reloj), m_compartido(compartido) {
     cargarSiguientes();
 }
 
 void Visores::cargarSiguientes() {
-    // Where the file lies is asked of the system each time: once for all of them is enough.
-    AccesorINI ini = comun(m_entorno).abrir();
-    const diseñoVisor diseno(m_entorno);
+    AccesorINI ini = m_com.consultar();
+    const diseñoVisor diseno(m_com);
     while (cuantos() < MAXIMO_VISORES) {
         const auto n = static_cast<std::int16_t>(cuantos() + 1);
         ini.seccion(seccionVisor(n));
         if (ini.leer("Port").empty()) break;
-        m_visores.push_back(std::make_unique<visor>(m_entorno, m_compartido, diseno));
+        m_visores.push_back(std::make_unique<visor>(m_com, m_fabrica, m_reloj, m_compartido, diseno));
         m_visores.back()->cargarComo(n, ini);
     }
 }
@@ -34,7 +32,7 @@ visor* Visores::nuevo(std::int32_t port, const std::string& caption) {
         return (port > 0 && v->port() == port) || (!caption.empty() && v->caption() == caption);
     });
     if (repetido || cuantos() >= MAXIMO_VISORES) return nullptr;
-    auto creado = std::make_unique<visor>(m_entorno, m_compartido);
+    auto creado = std::make_unique<visor>(m_com, m_fabrica, m_reloj, m_compartido);
     creado->port(port);
     creado->caption(caption);
     creado->protocolo(FAMILIA_TESSEL.protocolo);
@@ -52,7 +50,7 @@ bool Visores::eliminar(std::int16_t posicion) {
     for (std::int16_t k = static_cast<std::int16_t>(posicion + 1); k <= cuantos(); ++k) {
         uno(k)->guardarComo(static_cast<std::int16_t>(k - 1));
     }
-    comun(m_entorno).abrir().borrarSeccion(seccionVisor(cuantos()));
+    m_com.abrir().borrarSeccion(seccionVisor(cuantos()));
     m_visores.erase(m_visores.begin() + (posicion - 1));
     return true;
 }

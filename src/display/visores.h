@@ -14,7 +14,7 @@ namespace sorvanel {
 class Visores {
 public:
     // Loads the displays up to the first number without a port.
-    Visores(const Entorno& entorno, EnlaceCompartido& compartido);
+    Visores(const comun& com, Fabrica& fabrica, const Reloj& reloj, EnlacePeso& compartido);
     ~Visores();
     Visores(const Visores&) = delete;
     Visores& operator=(const Visores&) = delete;
@@ -42,8 +42,10 @@ private:
     template <typename Accion>
     void paraCada(Accion accion);
 
-    const Entorno& m_entorno;
-    EnlaceCompartido& m_compartido;
+    const comun& m_com;
+    Fabrica& m_fabrica;
+    const Reloj& m_reloj;
+    EnlacePeso& m_compartido;
     std::vector<std::unique_ptr<visor>> m_visores;
 };
 

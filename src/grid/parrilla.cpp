@@ -2,9 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
-#include "config/comun.h"
-#include "grid/persistenciaParrilla.h"
 #include "screen/transpa.h"
 
 namespace sorvanel {
@@ -23,9 +22,26 @@ Rectangulo interseccion(const Rectangulo& a, const Rectangulo& b) {
 
 }  // namespace
 
-Parrilla::Parrilla(const Entorno& entorno) : m_entorno(entorno), m_pantalla(entorno) {
-    cargar();
+void darForma(VentanaParrilla& ventana, const Monitor& monitor, const AjustesParrilla& ajustes) {
+    const Transpa transpa(monitor);
+    if (esColor(ajustes.colorAplicacion)) {
+        transpa.transparentar(ventana.forma(), std::nullopt);
+    } else {
+        const std::array<Rectangulo, 2> conservar{ajustes.zona, ventana.franjaInferior()};
+        transpa.transparentar(ventana.forma(), conservar);
+    }
 }
+
+void pintarAplicacion(Superficie& lienzo, VentanaParrilla& ventana, const Monitor& monitor,
+                      const AjustesParrilla& ajustes) {
+    if (!lienzo.hasDC()) return;
+    darForma(ventana, monitor, ajustes);
+    lienzo.colorFondo(esColor(ajustes.colorAplicacion) ? ajustes.colorAplicacion : BLANCO);
+    lienzo.limpiar();
+}
+
+Parrilla::Parrilla(const comun& com, oScreen pantalla)
+    : m_com(com), m_pantalla(std::move(pantalla)), m_a(leerParrilla(m_com, m_pantalla)) {}
 
 bool Parrilla::definir(Superficie& lienzo, VentanaParrilla& ventana) {
     m_lienzo = lienzo.hasDC() ? &lienzo : nullptr;
@@ -43,166 +59,144 @@ bool Parrilla::definida() const {
     return m_lienzo != nullptr && m_lienzo->hasDC();
 }
 
-void Parrilla::recargar() {
-    m_pantalla = oScreen(m_entorno);
-    cargar();
-}
-
-void Parrilla::cargar() {
-    const AjustesParrilla ajustes = leerParrilla(m_entorno, m_pantalla.Width(), m_pantalla.Height());
-    m_zona = ajustes.zona;
-    m_filas = ajustes.filas;
-    m_columnas = ajustes.columnas;
-    m_gruesoVertical = ajustes.gruesoVertical;
-    m_gruesoHorizontal = ajustes.gruesoHorizontal;
-    m_colorReticula = ajustes.colorReticula;
-    m_colorFondo = ajustes.colorFondo;
-    m_colorAplicacion = ajustes.colorAplicacion;
+void Parrilla::recargar(oScreen pantalla) {
+    m_pantalla = std::move(pantalla);
+    m_a = leerParrilla(m_com, m_pantalla);
 }
 
 void Parrilla::guardar() const {
-    guardarParrilla(m_entorno, m_pantalla.Width(), m_pantalla.Height(),
-                    AjustesParrilla{m_zona, m_filas, m_columnas, m_gruesoVertical, m_gruesoHorizontal, m_colorReticula,
-                                    m_colorFondo, m_colorAplicacion});
+    guardarParrilla(m_com, m_pantalla, m_a);
 }
 
-void Parrilla::filas(std::int16_t n) {
-    if (n < 1 || n > comun::MAXROWS) return;
-    m_filas = n;
+bool Parrilla::filas(std::int16_t n) {
+    if (n < 1 || n > comun::MAXROWS) return false;
+    m_a.filas = n;
     guardar();
+    return true;
 }
 
-void Parrilla::columnas(std::int16_t n) {
-    if (n < 1 || n > comun::MAXCOLS) return;
-    m_columnas = n;
+bool Parrilla::columnas(std::int16_t n) {
+    if (n < 1 || n > comun::MAXCOLS) return false;
+    m_a.columnas = n;
     guardar();
+    return true;
 }
 
-void Parrilla::gruesoVertical(std::int16_t pixeles) {
-    comun::limitar(pixeles, comun::MAXWIDVERT, 0);
-    m_gruesoVertical = pixeles;
+bool Parrilla::gruesoVertical(std::int16_t pixeles) {
+    m_a.gruesoVertical = pixeles;
+    comun::limitar(m_a.gruesoVertical, comun::MAXWIDVERT, 0);
     guardar();
+    return m_a.gruesoVertical == pixeles;
 }
 
-void Parrilla::gruesoHorizontal(std::int16_t pixeles) {
-    comun::limitar(pixeles, comun::MAXWIDHORZ, 0);
-    m_gruesoHorizontal = pixeles;
+bool Parrilla::gruesoHorizontal(std::int16_t pixeles) {
+    m_a.gruesoHorizontal = pixeles;
+    comun::limitar(m_a.gruesoHorizontal, comun::MAXWIDHORZ, 0);
     guardar();
+    return m_a.gruesoHorizontal == pixeles;
 }
 
 void Parrilla::colorReticula(Color color) {
-    m_colorReticula = colorPintable(color);
+    m_a.colorReticula = colorPintable(color);
     guardar();
 }
 
 void Parrilla::colorFondo(Color color) {
-    m_colorFondo = colorPintable(color);
+    m_a.colorFondo = colorPintable(color);
     guardar();
 }
 
 void Parrilla::colorAplicacion(Color color) {
-    m_colorAplicacion = esColor(color) ? colorPintable(color) : TRANSPARENTE;
+    m_a.colorAplicacion = esColor(color) ? colorPintable(color) : TRANSPARENTE;
     guardar();
 }
 
 // The comparisons are written so that they also refuse what is not a number.
-void Parrilla::Left(float x) {
-    if (!(x >= 0 && x <= m_pantalla.Width())) return;
-    cambiarZona({x, m_zona.y, m_zona.derecha() - x, m_zona.alto});
+bool Parrilla::Left(float x) {
+    if (!(x >= 0 && x <= m_pantalla.Width())) return false;
+    return cambiarZona({x, m_a.zona.y, m_a.zona.derecha() - x, m_a.zona.alto});
 }
 
-void Parrilla::Top(float y) {
-    if (!(y >= 0 && y <= m_pantalla.Height())) return;
-    cambiarZona({m_zona.x, y, m_zona.ancho, m_zona.abajo() - y});
+bool Parrilla::Top(float y) {
+    if (!(y >= 0 && y <= m_pantalla.Height())) return false;
+    return cambiarZona({m_a.zona.x, y, m_a.zona.ancho, m_a.zona.abajo() - y});
 }
 
-void Parrilla::Width(float ancho) {
-    if (!(ancho >= 0 && ancho <= m_pantalla.Width() - m_zona.x)) return;
-    cambiarZona({m_zona.x, m_zona.y, ancho, m_zona.alto});
+bool Parrilla::Width(float ancho) {
+    if (!(ancho >= 0 && ancho <= m_pantalla.Width() - m_a.zona.x)) return false;
+    return cambiarZona({m_a.zona.x, m_a.zona.y, ancho, m_a.zona.alto});
 }
 
-void Parrilla::Height(float alto) {
-    if (!(alto >= 0 && alto <= m_pantalla.Height() - m_zona.y)) return;
-    cambiarZona({m_zona.x, m_zona.y, m_zona.ancho, alto});
+bool Parrilla::Height(float alto) {
+    if (!(alto >= 0 && alto <= m_pantalla.Height() - m_a.zona.y)) return false;
+    return cambiarZona({m_a.zona.x, m_a.zona.y, m_a.zona.ancho, alto});
 }
 
-void Parrilla::cambiarZona(const Rectangulo& zona) {
+bool Parrilla::cambiarZona(const Rectangulo& zona) {
     // Outside the old area and the new one nothing changes.
-    if (definida()) m_lienzo->caja(m_zona, m_lienzo->colorFondo());
-    m_zona = zona;
+    if (definida()) m_lienzo->caja(m_a.zona, m_lienzo->colorFondo());
+    m_a.zona = zona;
     darForma();
     pintarZona();
     guardar();
+    return true;
 }
 
-void Parrilla::mover(const Rectangulo& zona) {
+bool Parrilla::mover(const Rectangulo& zona) {
     // An edge on the screen's own is told as a sum, which may come out a trifle beyond it.
     const bool dentro = zona.x >= 0 && zona.y >= 0 && zona.ancho >= 0 && zona.alto >= 0 &&
                         zona.derecha() <= m_pantalla.Width() + 1 && zona.abajo() <= m_pantalla.Height() + 1;
-    if (!dentro) return;
+    if (!dentro) return false;
     const Rectangulo cabe{zona.x, zona.y, std::min(zona.ancho, m_pantalla.Width() - zona.x),
                           std::min(zona.alto, m_pantalla.Height() - zona.y)};
-    if (cabe != m_zona) cambiarZona(cabe);
+    return cabe == m_a.zona || cambiarZona(cabe);
 }
 
 float Parrilla::anchoCelda() const {
-    return (m_zona.ancho - static_cast<float>(m_columnas + 1) * lineaVertical()) / m_columnas;
+    return (m_a.zona.ancho - static_cast<float>(m_a.columnas + 1) * lineaVertical()) / m_a.columnas;
 }
 
 float Parrilla::altoCelda() const {
-    return (m_zona.alto - static_cast<float>(m_filas + 1) * lineaHorizontal()) / m_filas;
+    return (m_a.zona.alto - static_cast<float>(m_a.filas + 1) * lineaHorizontal()) / m_a.filas;
 }
 
 void Parrilla::darForma() {
-    if (!definida()) return;
-    const Transpa transpa(m_pantalla.monitor());
-    if (esColor(m_colorAplicacion)) {
-        transpa.transparentar(m_ventana->forma(), std::nullopt);
-    } else {
-        const std::array<Rectangulo, 2> conservar{m_zona, m_ventana->franjaInferior()};
-        transpa.transparentar(m_ventana->forma(), conservar);
-    }
-}
-
-void Parrilla::pintarAplicacion() {
-    if (!definida()) return;
-    darForma();
-    m_lienzo->colorFondo(esColor(m_colorAplicacion) ? m_colorAplicacion : BLANCO);
-    m_lienzo->limpiar();
+    if (definida()) sorvanel::darForma(*m_ventana, m_pantalla.monitor(), m_a);
 }
 
 void Parrilla::pintarReticula() {
-    pintarAplicacion();
+    if (!definida()) return;
+    pintarAplicacion(*m_lienzo, *m_ventana, m_pantalla.monitor(), m_a);
     pintarZona();
 }
 
 void Parrilla::pintarZona() {
-    if (!definida() || m_zona.vacio()) return;
-    m_lienzo->caja(m_zona, m_colorFondo);
+    if (!definida() || m_a.zona.vacio()) return;
+    m_lienzo->caja(m_a.zona, m_a.colorFondo);
     // A grid narrower than a line shows no more of it than fits.
     const auto linea = [this](const Rectangulo& sitio) {
-        m_lienzo->caja(interseccion(sitio, m_zona), m_colorReticula);
+        m_lienzo->caja(interseccion(sitio, m_a.zona), m_a.colorReticula);
     };
-    if (m_gruesoVertical > 0) {
-        for (int i = 0; i <= m_columnas; ++i) {
-            const float x = m_zona.x + static_cast<float>(i) * (anchoCelda() + lineaVertical());
-            linea({x, m_zona.y, lineaVertical(), m_zona.alto});
+    if (m_a.gruesoVertical > 0) {
+        for (int i = 0; i <= m_a.columnas; ++i) {
+            const float x = m_a.zona.x + static_cast<float>(i) * (anchoCelda() + lineaVertical());
+            linea({x, m_a.zona.y, lineaVertical(), m_a.zona.alto});
         }
     }
-    if (m_gruesoHorizontal > 0) {
-        for (int i = 0; i <= m_filas; ++i) {
-            const float y = m_zona.y + static_cast<float>(i) * (altoCelda() + lineaHorizontal());
-            linea({m_zona.x, y, m_zona.ancho, lineaHorizontal()});
+    if (m_a.gruesoHorizontal > 0) {
+        for (int i = 0; i <= m_a.filas; ++i) {
+            const float y = m_a.zona.y + static_cast<float>(i) * (altoCelda() + lineaHorizontal());
+            linea({m_a.zona.x, y, m_a.zona.ancho, lineaHorizontal()});
         }
     }
 }
 
 std::optional<Rectangulo> Parrilla::getCell(std::int16_t fila, std::int16_t columna) const {
-    if (!definida() || fila < 1 || fila > m_filas || columna < 1 || columna > m_columnas) return std::nullopt;
+    if (!definida() || fila < 1 || fila > m_a.filas || columna < 1 || columna > m_a.columnas) return std::nullopt;
     const float ancho = anchoCelda();
     const float alto = altoCelda();
-    return Rectangulo{m_zona.x + lineaVertical() + static_cast<float>(columna - 1) * (ancho + lineaVertical()),
-                      m_zona.y + lineaHorizontal() + static_cast<float>(fila - 1) * (alto + lineaHorizontal()), ancho,
+    return Rectangulo{m_a.zona.x + lineaVertical() + static_cast<float>(columna - 1) * (ancho + lineaVertical()),
+                      m_a.zona.y + lineaHorizontal() + static_cast<float>(fila - 1) * (alto + lineaHorizontal()), ancho,
                       alto};
 }
 

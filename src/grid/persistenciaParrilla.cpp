@@ -1,4 +1,4 @@
-#include "grid/persistenciaParrilla.h"
+#include "grid/parrilla.h"
 
 #include <algorithm>
 #include <string>
@@ -6,7 +6,6 @@
 #include <tuple>
 #include <utility>
 
-#include "config/comun.h"
 #include "config/numeros.h"
 #include "config/texto.h"
 
@@ -50,18 +49,18 @@ std::string pareja(double uno, double dos, const std::string& separador) {
 
 }  // namespace
 
-AjustesParrilla leerParrilla(const Entorno& entorno, float anchoPantalla, float altoPantalla) {
-    const comun com(entorno);
-    const AccesorINI ini = com.abrir(SECCION);
+AjustesParrilla leerParrilla(const comun& com, const oScreen& pantalla) {
+    const float ancho = pantalla.Width(), alto = pantalla.Height();
+    const AccesorINI ini = com.consultar(SECCION);
     AjustesParrilla ajustes{};
 
     const Fracciones posicion = leerFracciones(com.valDflt(ini, "Posicion", "0,000000;0,000000"), 0);
     const Fracciones tamano = leerFracciones(com.valDflt(ini, "Dimensiones", "1,000000;1,000000"), 1);
     Rectangulo& zona = ajustes.zona;
-    zona.x = dentro(posicion.x * anchoPantalla, anchoPantalla);
-    zona.y = dentro(posicion.y * altoPantalla, altoPantalla);
-    zona.ancho = dentro(tamano.x * anchoPantalla, anchoPantalla - zona.x);
-    zona.alto = dentro(tamano.y * (altoPantalla - RESERVA_INFERIOR), altoPantalla - zona.y);
+    zona.x = dentro(posicion.x * ancho, ancho);
+    zona.y = dentro(posicion.y * alto, alto);
+    zona.ancho = dentro(tamano.x * ancho, ancho - zona.x);
+    zona.alto = dentro(tamano.y * (alto - RESERVA_INFERIOR), alto - zona.y);
 
     leerFilasColumnas(com.valDflt(ini, "FilasColumnas", "4x1"), ajustes);
     ajustes.gruesoHorizontal = com.valDflt(ini, "gruesoHorizontal", std::int16_t{4});
@@ -74,14 +73,15 @@ AjustesParrilla leerParrilla(const Entorno& entorno, float anchoPantalla, float 
     return ajustes;
 }
 
-void guardarParrilla(const Entorno& entorno, float anchoPantalla, float altoPantalla, const AjustesParrilla& ajustes) {
-    AccesorINI ini = comun(entorno).abrir(SECCION);
-    const std::string separador = entorno.programa.separadorDecimal();
-    const float altoUtil = altoPantalla - RESERVA_INFERIOR;
-    if (anchoPantalla > 0 && altoUtil > 0) {
+void guardarParrilla(const comun& com, const oScreen& pantalla, const AjustesParrilla& ajustes) {
+    AccesorINI ini = com.abrir(SECCION);
+    const std::string separador = com.separadorDecimal();
+    const float ancho = pantalla.Width(), alto = pantalla.Height();
+    const float altoUtil = alto - RESERVA_INFERIOR;
+    if (ancho > 0 && altoUtil > 0) {
         const Rectangulo& zona = ajustes.zona;
-        ini.escribir("Posicion", pareja(zona.x / anchoPantalla, zona.y / altoPantalla, separador));
-        ini.escribir("Dimensiones", pareja(zona.ancho / anchoPantalla, zona.alto / altoUtil, separador));
+        ini.escribir("Posicion", pareja(zona.x / ancho, zona.y / alto, separador));
+        ini.escribir("Dimensiones", pareja(zona.ancho / ancho, zona.alto / altoUtil, separador));
     }
     ini.escribir("FilasColumnas", std::to_string(ajustes.filas) + "x" + std::to_string(ajustes.columnas));
     ini.escribir("gruesoHorizontal", std::to_string(ajustes.gruesoHorizontal));

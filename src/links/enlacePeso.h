@@ -1,10 +1,27 @@
 #pragma once
 
-#include "links/suscriptorPeso.h"
+#include <cstdint>
+#include <string_view>
 
 namespace sorvanel {
 
-// A link as a display sees it.
+// What a link knows of the display that it feeds.
+class SuscriptorPeso {
+public:
+    virtual ~SuscriptorPeso() = default;
+
+    // The local UDP port, or for the shared link the address AABB.
+    virtual std::int32_t port() const = 0;
+    virtual std::int16_t modoBulk() const = 0;
+
+    // A line without its carriage return, or the empty text when no reading is available. True when
+    // the text was a reading that the display took, also when it shows that weight already.
+    virtual bool frWsk_refrescoPeso(std::string_view linea) = 0;
+    // The same from the shared link, for the address primero/segundo; primero below 1: for everybody.
+    virtual bool mmTCP_refrescoPeso(std::int16_t primero, std::int16_t segundo, std::string_view carga) = 0;
+};
+
+// A link as a display sees it. All displays of the concentrator's family share one, which the program owns.
 class EnlacePeso {
 public:
     virtual ~EnlacePeso() = default;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <exception>
 
-#include "links/destinoPavona.h"
 #include "links/pausaVigilancia.h"
 
 namespace sorvanel {
@@ -14,6 +13,8 @@ constexpr std::string_view AVISO_LINEA = "LIN>";
 constexpr std::string_view AVISO_SEGUNDO = "XXX>";
 constexpr std::string_view RESPUESTA = "REP\r";
 constexpr std::int64_t NUNCA = -1'000'000;
+constexpr const char* SECCION = "PAVONA";
+constexpr std::int32_t PORT_OMISION = 9084;
 
 // The connection keeps no borders: the first readings may come together with the prompt. How long they are at the end
 // of that text; 0 unless there is nothing else behind the prompt, but that the last one may go on.
@@ -29,8 +30,21 @@ std::size_t largoLecturas(std::string_view texto) {
 
 }  // namespace
 
-frTCP::frTCP(const Entorno& entorno)
-    : m_entorno(entorno), m_tim(entorno.fabrica.crearTemporizador()), m_wsk(entorno.fabrica.crearZocalo(*this)) {
+DestinoPavona leerDestinoPavona(const comun& com) {
+    const AccesorINI ini = com.abrir(SECCION);
+    return {com.valDflt(ini, "Host", "localhost"), com.valDflt(ini, "Port", PORT_OMISION)};
+}
+
+void guardarHostPavona(const comun& com, std::string_view host) {
+    com.abrir(SECCION).escribir("Host", host);
+}
+
+void guardarPortPavona(const comun& com, std::int32_t port) {
+    com.abrir(SECCION).escribir("Port", std::to_string(port));
+}
+
+frTCP::frTCP(const comun& com, Fabrica& fabrica, const Reloj& reloj)
+    : m_com(com), m_reloj(reloj), m_tim(fabrica.crearTemporizador()), m_wsk(fabrica.crearZocalo(*this)) {
     m_tim->intervalo(VIGILANCIA);
     m_tim->alTic([this] { tic(); });
     m_intentos.fill(NUNCA);
@@ -62,7 +76,7 @@ bool frTCP::enMarcha(SuscriptorPeso& visor) {
         // Already while connecting, so that the displays show that there is no data.
         m_tim->habilitado(true);
     }
-    m_suscriptores.push_back({&visor, m_entorno.reloj.ahora()});
+    m_suscriptores.push_back({&visor, m_reloj.ahora()});
     return true;
 }
 
@@ -81,10 +95,10 @@ bool frTCP::conectar() {
     m_bufer.clear();
     m_trasRetorno = false;
     m_wsk->protocolo(ProtocoloZocalo::TCP);
-    const DestinoPavona destino = leerDestinoPavona(m_entorno);
+    const DestinoPavona destino = leerDestinoPavona(m_com);
     const bool iniciada = m_wsk->conectar(destino.host, destino.port);
     if (iniciada) m_estado = Estado::conectando;
-    m_inicioConexion = m_entorno.reloj.ahora();
+    m_inicioConexion = m_reloj.ahora();
     m_intentos[m_siguienteIntento] = m_inicioConexion;
     m_siguienteIntento = (m_siguienteIntento + 1) % m_intentos.size();
     return iniciada;
@@ -92,7 +106,7 @@ bool frTCP::conectar() {
 
 bool frTCP::demasiadosIntentos() const {
     const std::int64_t masViejo = m_intentos[m_siguienteIntento];
-    return m_entorno.reloj.ahora() - masViejo < VIGILANCIA;
+    return m_reloj.ahora() - masViejo < VIGILANCIA;
 }
 
 // A peer that refuses is asked again at once, but never in a busy circle.
@@ -137,7 +151,7 @@ void frTCP::tic() {
     switch (m_estado) {
         case Estado::conectando:
             // Asked once a beat, and no beat is exact: the nearest one counts.
-            if (m_entorno.reloj.ahora() - m_inicioConexion >= ESPERA_CONEXION - VIGILANCIA / 2) conectar();
+            if (m_reloj.ahora() - m_inicioConexion >= ESPERA_CONEXION - VIGILANCIA / 2) conectar();
             break;
         case Estado::esperaLinea:
         case Estado::esperaSegundo:
@@ -253,7 +267,7 @@ void frTCP::avisar(std::size_t& i, const LecturaPavona* lectura) {
         // It has not shown it. The others must get theirs.
     }
     if (i >= m_suscriptores.size() || m_suscriptores[i].visor != visor) return;
-    if (aceptada) m_suscriptores[i].ultimaAceptada = m_entorno.reloj.ahora();
+    if (aceptada) m_suscriptores[i].ultimaAceptada = m_reloj.ahora();
     ++i;
 }
 
@@ -266,7 +280,7 @@ void frTCP::repartir(const LecturaPavona* lectura) {
 // While others read on, or a session is long in opening, the timer begins its second anew again and again, and may
 // never tick: a display whose own indicator says nothing must not stand there as live.
 void frTCP::vigilarSilencios() {
-    const std::int64_t ahora = m_entorno.reloj.ahora();
+    const std::int64_t ahora = m_reloj.ahora();
     for (std::size_t i = 0; i < m_suscriptores.size();) {
         if (ahora - m_suscriptores[i].ultimaAceptada < PACIENCIA) {
             ++i;

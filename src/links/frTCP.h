@@ -6,18 +6,28 @@
 #include <string>
 #include <vector>
 
-#include "config/entorno.h"
-#include "links/enlaceCompartido.h"
+#include "config/comun.h"
+#include "links/enlacePeso.h"
 #include "links/lineaPavona.h"
 #include "platform/sistema.h"
 
 namespace sorvanel {
 
+// Where the concentrator is: its section of the settings file. Each value is written by itself.
+struct DestinoPavona {
+    std::string host;
+    std::int32_t port = 0;  // TCP; whatever number the file holds
+};
+
+DestinoPavona leerDestinoPavona(const comun& com);
+void guardarHostPavona(const comun& com, std::string_view host);
+void guardarPortPavona(const comun& com, std::int32_t port);
+
 // The one connection to the concentrator. It opens a session by answering two prompts ("LIN>" with
 // "REP", then "XXX>" follows, perhaps with the first readings) and hands every reading line to the
 // displays that have subscribed. A session that fails, stalls while it opens, or is lost is opened
 // again, for as long as somebody listens.
-class frTCP final : public EnlaceCompartido, private OyenteZocalo {
+class frTCP final : public EnlacePeso, private OyenteZocalo {
 public:
     static constexpr int VIGILANCIA = 1000;                  // milliseconds
     static constexpr std::int64_t ESPERA_CONEXION = 3000;    // milliseconds: then the attempt has failed
@@ -27,7 +37,7 @@ public:
 
     enum class Estado { cerrado, conectando, esperaLinea, esperaSegundo, abierta, leyendo, fallado };
 
-    explicit frTCP(const Entorno& entorno);
+    frTCP(const comun& com, Fabrica& fabrica, const Reloj& reloj);
     ~frTCP() override;
     frTCP(const frTCP&) = delete;
     frTCP& operator=(const frTCP&) = delete;
@@ -70,7 +80,8 @@ private:
     void repartir(const LecturaPavona* lectura);
     void vigilarSilencios();
 
-    const Entorno& m_entorno;
+    const comun& m_com;
+    const Reloj& m_reloj;
     std::unique_ptr<Temporizador> m_tim;
     std::unique_ptr<Zocalo> m_wsk;
     Estado m_estado = Estado::cerrado;

@@ -6,7 +6,6 @@
 #include <limits>
 #include <vector>
 
-#include "config/comun.h"
 #include "config/numeros.h"
 #include "config/texto.h"
 
@@ -61,9 +60,8 @@ Color leerColor(std::string_view texto, Color omision) {
 
 }  // namespace
 
-AjustesMensaje leerMensaje(const Entorno& entorno) {
-    const comun com(entorno);
-    const AccesorINI ini = com.abrir(SECCION);
+AjustesMensaje leerMensaje(const comun& com) {
+    const AccesorINI ini = com.consultar(SECCION);
     AjustesMensaje ajustes;
     ajustes.enUso = leerSiNo(com.valDflt(ini, "EnUso", "No"));
     ajustes.texto = com.valDflt(ini, "Texto", "");
@@ -77,8 +75,8 @@ AjustesMensaje leerMensaje(const Entorno& entorno) {
     return ajustes;
 }
 
-void guardarMensaje(const Entorno& entorno, const AjustesMensaje& ajustes) {
-    AccesorINI ini = comun(entorno).abrir(SECCION);
+void guardarMensaje(const comun& com, const AjustesMensaje& ajustes) {
+    AccesorINI ini = com.abrir(SECCION);
     const FuenteMensaje& f = ajustes.fuente;
     std::string fuente = f.nombre;
     fuente += ',';

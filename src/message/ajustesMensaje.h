@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "config/entorno.h"
+#include "config/comun.h"
 #include "platform/color.h"
 
 namespace sorvanel {
@@ -29,7 +29,7 @@ struct AjustesMensaje {
 };
 
 // Each part that is missing or unreadable comes as its default.
-AjustesMensaje leerMensaje(const Entorno& entorno);
-void guardarMensaje(const Entorno& entorno, const AjustesMensaje& ajustes);
+AjustesMensaje leerMensaje(const comun& com);
+void guardarMensaje(const comun& com, const AjustesMensaje& ajustes);
 
 }  // namespace sorvanel

@@ -33,12 +33,14 @@ Fuente aFuente(const FuenteMensaje& f) {
 
 }  // namespace
 
-clsMsg::clsMsg(const Entorno& entorno, MuelleMensaje& muelle)
-    : m_entorno(entorno),
+clsMsg::clsMsg(const comun& com, const Programa& programa, Fabrica& fabrica, const Reloj& reloj, MuelleMensaje& muelle)
+    : m_com(com),
+      m_programa(programa),
+      m_reloj(reloj),
       m_muelle(muelle),
       m_franja(muelle.picMsg()),
-      m_tim(entorno.fabrica.crearTemporizador()),
-      m_ajustes(leerMensaje(entorno)) {
+      m_tim(fabrica.crearTemporizador()),
+      m_ajustes(leerMensaje(com)) {
     m_tim->intervalo(INTERVALO);
     m_tim->alTic([this] { tim_tic(); });
     m_ajustes.fuente.puntos = std::clamp(m_ajustes.fuente.puntos, PUNTOS_MINIMOS, PUNTOS_MAXIMOS);
@@ -55,7 +57,7 @@ clsMsg::~clsMsg() {
 }
 
 void clsMsg::guardar() const {
-    guardarMensaje(m_entorno, m_ajustes);
+    guardarMensaje(m_com, m_ajustes);
 }
 
 void clsMsg::mostrarFranja() {
@@ -81,7 +83,7 @@ void clsMsg::medirTexto() {
     m_tramos.clear();
     m_anchoTexto = 0;
     std::unordered_map<std::string_view, float> conocidos;
-    for (const std::string_view tramo : cortarEnTramos(m_ajustes.texto)) {
+    for (const std::string_view tramo : cortarEnTramos(m_ajustes.texto, m_programa)) {
         const auto [hallado, nuevo] = conocidos.try_emplace(tramo, 0.0F);
         if (nuevo) hallado->second = m_franja.medir(tramo).ancho;
         m_tramos.push_back({tramo, m_anchoTexto, hallado->second});
@@ -99,7 +101,7 @@ void clsMsg::reiniciar() {
     limpiarFranja();
     m_posicion = m_franja.lugar().ancho;
     m_recorrido = 0;
-    m_inicio = m_entorno.reloj.ahora();
+    m_inicio = m_reloj.ahora();
 }
 
 void clsMsg::pintarQuieto() {
@@ -197,13 +199,13 @@ void clsMsg::velocidad(std::int32_t pixeles) {
     } else {
         // On at the new speed from where it is.
         m_recorrido = 0;
-        m_inicio = m_entorno.reloj.ahora();
+        m_inicio = m_reloj.ahora();
     }
 }
 
 // How far the text should have moved by now and has not, whole pixels of the strip.
 float clsMsg::avanceDebido() {
-    const std::int64_t ahora = m_entorno.reloj.ahora();
+    const std::int64_t ahora = m_reloj.ahora();
     const float paso = aTwips(static_cast<float>(m_ajustes.velocidad));  // every INTERVALO
     const auto pixel = m_franja.pixel();
     const auto objetivo = [&] { return static_cast<float>(ahora - m_inicio) * paso / INTERVALO; };
@@ -228,7 +230,7 @@ void clsMsg::tim_tic() {
     m_recorrido += avance;
     // Small numbers keep their fractions: begin the count anew before it grows.
     if (m_recorrido > aTwips(10000)) {
-        const std::int64_t ahora = m_entorno.reloj.ahora();
+        const std::int64_t ahora = m_reloj.ahora();
         const auto milisegundos =
             static_cast<std::int64_t>(m_recorrido / aTwips(static_cast<float>(m_ajustes.velocidad)) * INTERVALO);
         m_recorrido -= static_cast<float>(milisegundos) * aTwips(static_cast<float>(m_ajustes.velocidad)) / INTERVALO;

@@ -6,12 +6,25 @@
 #include <string_view>
 #include <vector>
 
-#include "config/entorno.h"
 #include "message/ajustesMensaje.h"
-#include "message/muelleMensaje.h"
-#include "platform/temporizador.h"
+#include "platform/programa.h"
+#include "platform/sistema.h"
+#include "platform/superficie.h"
 
 namespace sorvanel {
+
+// The window's bottom edge, where the message strip lies. The window implements it.
+class MuelleMensaje {
+public:
+    virtual ~MuelleMensaje() = default;
+
+    // The strip. It belongs to the window and outlives the message.
+    virtual Superficie& picMsg() = 0;
+    // Gives the strip that height (twips) and docks it along the bottom, above the buttons.
+    virtual void acoplar(float alto) = 0;
+    // The strip came or went: what is kept visible of a transparent window changes with it.
+    virtual void alMostrarFranja(bool visible) = 0;
+};
 
 // One line of text along the window's bottom edge, still or scrolling from right to left. Every
 // change is saved and seen at once. The strip is visible exactly while the message is in use.
@@ -19,8 +32,8 @@ class clsMsg {
 public:
     static constexpr int INTERVALO = 10;  // milliseconds
 
-    // Loads the message and docks the strip; the dock must outlive it.
-    clsMsg(const Entorno& entorno, MuelleMensaje& muelle);
+    // Loads the message and docks the strip; all of these must outlive it.
+    clsMsg(const comun& com, const Programa& programa, Fabrica& fabrica, const Reloj& reloj, MuelleMensaje& muelle);
     ~clsMsg();
     clsMsg(const clsMsg&) = delete;
     clsMsg& operator=(const clsMsg&) = delete;
@@ -66,7 +79,9 @@ private:
     void guardar() const;
     bool desplaza() const { return m_ajustes.velocidad > 0; }
 
-    const Entorno& m_entorno;
+    const comun& m_com;
+    const Programa& m_programa;
+    const Reloj& m_reloj;
     MuelleMensaje& m_muelle;
     Superficie& m_franja;
     std::unique_ptr<Temporizador> m_tim;

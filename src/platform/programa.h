@@ -22,6 +22,8 @@ public:
     // The user's decimal separator, "," or "." as a rule.
     virtual std::string separadorDecimal() const = 0;
     virtual Version version() const = 0;
+    // Whether it is drawn on or with the character before it, as an accent is. Beyond U+FFFF the system may not know.
+    virtual bool esMarca(char32_t caracter) const = 0;
 };
 
 }  // namespace sorvanel

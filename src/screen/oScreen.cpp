@@ -1,6 +1,6 @@
 #include "screen/oScreen.h"
 
-#include "config/comun.h"
+#include <algorithm>
 
 namespace sorvanel {
 
@@ -15,14 +15,23 @@ float enTwips(std::int32_t pixeles, float twipsPorPixel) {
 
 }  // namespace
 
-oScreen::oScreen(const Entorno& entorno) : m_entorno(&entorno), m_monitores(entorno.monitores) {
-    const comun com(entorno);
-    m_actual = com.valDflt(com.abrir(SECCION), CLAVE, m_monitores.primario());
+std::int16_t Monitores::primario() const {
+    const auto hallado = std::find_if(m_tabla.begin(), m_tabla.end(), [](const Monitor& m) { return m.primario; });
+    return hallado == m_tabla.end() ? std::int16_t{0} : static_cast<std::int16_t>(hallado - m_tabla.begin() + 1);
 }
 
-void oScreen::monitorActual(std::int16_t indice) {
-    m_actual = m_monitores.existe(indice) ? indice : m_monitores.primario();
-    comun(*m_entorno).abrir(SECCION).escribir(CLAVE, std::to_string(m_actual));
+Monitor Monitores::monitor(std::int16_t indice) const {
+    const std::int16_t usado = existe(indice) ? indice : primario();
+    return existe(usado) ? m_tabla[static_cast<std::size_t>(usado - 1)] : Monitor{};
+}
+
+oScreen::oScreen(const comun& com, SistemaMonitores& sistema)
+    : m_com(&com), m_monitores(sistema), m_actual(com.valDflt(com.consultar(SECCION), CLAVE, m_monitores.primario())) {}
+
+bool oScreen::monitorActual(std::int16_t indice) {
+    m_actual = existe(indice) ? indice : m_monitores.primario();
+    m_com->abrir(SECCION).escribir(CLAVE, std::to_string(m_actual));
+    return m_actual == indice;
 }
 
 float oScreen::X0() const {

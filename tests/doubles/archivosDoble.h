@@ -24,6 +24,7 @@ public:
     int reemplazos = 0;  // successful ones
     int intentos = 0;    // all of them
     int lecturas = 0;
+    int sellos = 0;
     std::set<std::string> carpetas;
 
     // Another program writes the file: no replacement is counted, the stamp changes.
@@ -56,6 +57,7 @@ public:
         return m_aparte ? std::optional(std::exchange(m_aparte, nullptr)()) : std::nullopt;
     }
     SelloArchivo sello(const std::string& ruta) override {
+        ++sellos;
         if (ruta == rutaIlegible && selloIncierto) return {Presencia::incierta};
         if (!existe(ruta)) return {};
         return {Presencia::presente, contenido(ruta).size(), m_archivos.at(ruta).hora};

@@ -2,12 +2,12 @@
 
 #include <vector>
 
-#include "links/enlaceCompartido.h"
+#include "links/enlacePeso.h"
 
 namespace sorvanel {
 
 // The shared link as a display sees it.
-class CompartidoDoble : public EnlaceCompartido {
+class CompartidoDoble : public EnlacePeso {
 public:
     int usuarios = 0;
     bool arranca = true;

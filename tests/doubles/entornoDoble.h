@@ -2,13 +2,13 @@
 
 #include <string>
 
+#include "app/entorno.h"
 #include "config/almacenPerfil.h"
-#include "config/comun.h"
-#include "config/entorno.h"
 #include "doubles/archivosDoble.h"
 #include "doubles/fabricaDoble.h"
 #include "doubles/relojDoble.h"
 #include "doubles/sistemaDoble.h"
+#include "screen/oScreen.h"
 
 namespace sorvanel {
 
@@ -19,18 +19,20 @@ struct EntornoDoble {
     RelojDoble reloj;
     FabricaDoble fabrica{reloj};
     AlmacenPerfil perfil{archivos, reloj, fabrica};
+    comun com{programa, archivos, perfil};
     MonitoresDoble monitores;
     CursorDoble cursor;
     AvisosDoble avisos;
     ColaDoble cola;
     ReposoDoble reposo;
-    Entorno entorno{programa, archivos, perfil, monitores, fabrica, reloj, cursor, avisos, cola, reposo};
+    Entorno entorno{programa, com, monitores, fabrica, reloj, cursor, avisos, cola, reposo};
 
     EntornoDoble() = default;
     EntornoDoble(const EntornoDoble&) = delete;
     EntornoDoble& operator=(const EntornoDoble&) = delete;
 
-    std::string rutaINI() const { return comun(entorno).rutaINI(); }
+    std::string rutaINI() const { return com.rutaINI(); }
+    oScreen pantalla() { return {com, monitores}; }
     // The settings file becomes that text; what was held of the old one is forgotten.
     void ini(const std::string& texto) {
         archivos.poner(rutaINI(), texto);

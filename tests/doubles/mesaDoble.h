@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,19 +27,19 @@ public:
     CompartidoDoble compartido;
 
     void montarParrilla() override {
-        m_parrilla = std::make_unique<Parrilla>(m_e.entorno);
+        m_parrilla = std::make_unique<Parrilla>(m_e.com, m_e.pantalla());
         m_parrilla->definir(m_lienzo, m_ventana);
         m_parrilla->pintarReticula();
     }
     void montarVisores() override {
         montarParrilla();
-        m_visores = std::make_unique<Visores>(m_e.entorno, compartido);
+        m_visores = std::make_unique<Visores>(m_e.com, m_e.fabrica, m_e.reloj, compartido);
         situarNuevos();
     }
     void montarMensaje() override {
         diario.emplace_back("montarMensaje");
         MuelleMensaje& muelle = *this;
-        m_mensaje = std::make_unique<clsMsg>(m_e.entorno, muelle);
+        m_mensaje = std::make_unique<clsMsg>(m_e.com, m_e.programa, m_e.fabrica, m_e.reloj, muelle);
     }
     void desmontarMesa() override {
         diario.emplace_back("desmontarMesa");
@@ -58,8 +59,8 @@ public:
         montarVisores();
         return true;
     }
-    Monitor monitorEnUso() const override { return oScreen(m_e.entorno).monitor(); }
-    void cambiarMonitor(std::int16_t indice) override { oScreen(m_e.entorno).monitorActual(indice); }
+    const oScreen& pantalla() override { return m_pantalla.emplace(m_e.pantalla()); }
+    void cambiarMonitor(std::int16_t indice) override { m_e.pantalla().monitorActual(indice); }
     void refrescarBarra() override { diario.emplace_back("refrescarBarra"); }
 
     // Of display n, while it is there.
@@ -88,6 +89,7 @@ private:
     }
 
     EntornoDoble& m_e;
+    std::optional<oScreen> m_pantalla;
     SuperficieDoble m_lienzo{"lienzo", &diario};
     VentanaDoble m_ventana;
     SuperficieDoble m_franja;

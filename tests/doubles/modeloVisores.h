@@ -278,7 +278,7 @@ private:
         const std::pair<int, int> medidas[] = {{1920, 1080}, {1024, 768}, {800, 900}, {64, 64}};
         const auto [ancho, alto] = medidas[m_azar(4)];
         m_e.monitores.lista[0].area = {0, 0, ancho, alto};
-        m_parrilla.recargar();
+        m_parrilla.recargar(m_e.pantalla());
         for (int n = 1; n <= CUANTOS; ++n) intentar([&] { uno(n).reubicar(); });
     }
     void retocar() {
@@ -364,14 +364,14 @@ private:
     Azar m_azar;
     EntornoDoble m_e;
     const int m_listo = (m_e.ini(ajustes()), 0);
-    frTCP m_enlace{m_e.entorno};
+    frTCP m_enlace{m_e.com, m_e.fabrica, m_e.reloj};
     ZocaloDoble& m_zocalo = *m_e.fabrica.ultimoZocalo();
     SuperficieDoble m_lienzo;
     VentanaDoble m_ventana;
-    Parrilla m_parrilla{m_e.entorno};
+    Parrilla m_parrilla{m_e.com, m_e.pantalla()};
     const int m_definida = (m_parrilla.definir(m_lienzo, m_ventana), 0);
     std::array<Puesto, CUANTOS> m_puestos;
-    Visores m_visores{m_e.entorno, m_enlace};
+    Visores m_visores{m_e.com, m_e.fabrica, m_e.reloj, m_enlace};
     std::int64_t m_conTics = 0;  // milliseconds since the last time without
     int m_ultimo = 1;
 };

@@ -18,7 +18,7 @@ protected:
     EntornoDoble e;
     FabricaDialogosDoble fabrica;
     Mesa mesa{e};
-    Dialogo dialogo{e.entorno, fabrica, mesa};
+    Dialogo dialogo{{e.com, e.cola, e.avisos, fabrica}, mesa};
 
     // With that file, in UTF-8.
     void abrir(const std::string& ini = {}) {

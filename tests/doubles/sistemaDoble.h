@@ -19,11 +19,20 @@ public:
     std::string base = "/datos";
     std::string separador = ",";
     Version numeroVersion{1, 0, 1};
+    mutable int carpetas = 0;  // how often the folder was asked for
 
     std::string nombreEjecutable() const override { return nombre; }
-    std::string carpetaBase() const override { return base; }
+    std::string carpetaBase() const override {
+        ++carpetas;
+        return base;
+    }
     std::string separadorDecimal() const override { return separador; }
     Version version() const override { return numeroVersion; }
+    // Latin, Thai, kana and keycap.
+    bool esMarca(char32_t c) const override {
+        return (c >= 0x0300 && c <= 0x036F) || (c >= 0x0E31 && c <= 0x0E4E && c != 0x0E32 && c != 0x0E33) ||
+               c == 0x3099 || c == 0x20E3;
+    }
 };
 
 // One primary monitor of 1024 by 768 at 100 % until the test says otherwise.
@@ -31,7 +40,12 @@ class MonitoresDoble : public SistemaMonitores {
 public:
     std::vector<Monitor> lista{{{0, 0, 1024, 768}, {0, 0, 1024, 728}, true, "\\\\.\\DISPLAY1", 15, 15}};
 
-    std::vector<Monitor> enumerar() override { return lista; }
+    int veces = 0;  // enumerated
+
+    std::vector<Monitor> enumerar() override {
+        ++veces;
+        return lista;
+    }
 };
 
 class CursorDoble : public Cursor {

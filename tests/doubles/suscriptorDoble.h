@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "links/suscriptorPeso.h"
+#include "links/enlacePeso.h"
 
 namespace sorvanel {
 

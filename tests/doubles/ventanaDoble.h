@@ -3,7 +3,7 @@
 #include <span>
 #include <vector>
 
-#include "grid/ventanaParrilla.h"
+#include "grid/parrilla.h"
 
 namespace sorvanel {
 

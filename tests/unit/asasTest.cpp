@@ -28,7 +28,7 @@ struct Banco {
 
     explicit Banco(const std::string& zona = "Posicion=0,25;0,25\r\nDimensiones=0,5;0,5\r\n") {
         e.ini("[RETICULA]\r\n" + zona);
-        parrilla = std::make_unique<Parrilla>(e.entorno);
+        parrilla = std::make_unique<Parrilla>(e.com, e.pantalla());
         parrilla->definir(lienzo, ventana);
         asas.mostrar(*parrilla, ANCHO, LIMITE);
     }

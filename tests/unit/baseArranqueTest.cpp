@@ -60,7 +60,7 @@ TEST(base, loQueNoCabiaCorreEnCuantoCabe) {
 
 TEST(base, unArchivoIlegibleAlArrancarSeEsperaLoQueHagaFalta) {
     Banco t(DOS_VISORES, false);
-    const comun com(t.e.entorno);
+    const comun& com = t.e.com;
     t.e.archivos.rutaIlegible = t.e.rutaINI();
     t.e.perfil.descartar(t.e.rutaINI());
     t.e.archivos.poner(com.rutaCopia(), DOS_VISORES);
@@ -131,7 +131,7 @@ TEST(base, unArchivoIlegibleMasTardeNoCambiaNada) {
 
 TEST(base, cancelarSinCopiaDeEstaSesionNoTraeLaDeOtra) {
     Banco t("[VISORES]\r\nanchoEtiqueta=3\r\n", false);
-    const comun com(t.e.entorno);
+    const comun& com = t.e.com;
     t.e.archivos.poner(com.rutaCopia(), DOS_VISORES);
     t.e.archivos.rutaQueFalla = com.rutaAnterior();
     t.cargar();

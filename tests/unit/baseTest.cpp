@@ -24,7 +24,7 @@ TEST(base, sinVisoresAbreConfigurando) {
     Banco t("");
     EXPECT_EQ(t.b->estado(), Estado::configurando);
     EXPECT_EQ(t.visibles(), "Dise Visores Size Mensaje Ok Can ");
-    EXPECT_TRUE(t.e.archivos.existe(comun(t.e.entorno).rutaCopia()));
+    EXPECT_TRUE(t.e.archivos.existe(t.e.com.rutaCopia()));
     EXPECT_TRUE(t.formulario.pulsar(Id::botOk));
     EXPECT_EQ(t.b->estado(), Estado::pausa);
     EXPECT_EQ(t.visibles(), "Cfg Run Off ");
@@ -111,9 +111,6 @@ TEST(base, unMonitorQueCambiaRedisponeSinPararNada) {
     EXPECT_TRUE(peso.lineas().empty()) << "nothing is laid out anew";
 }
 
-// The machine starts with the big screen switched off.
-// What the first start could not copy, a cancel must not take from an earlier session.
-// At rest each display holds some free port: here the other's own one.
 // In configuration, with which tools open.
 std::string abiertas(Banco& t) {
     std::string lista;
@@ -162,6 +159,24 @@ TEST(base, losVisoresVienenTrasSuHerramienta) {
     t.dialogos.dialogo(Id::cfgVisor)->boton(Id::botNvo)->pulsar();
     EXPECT_NE(t.formulario.superficie(Id::picRep, 3), nullptr);
     EXPECT_TRUE(t.puesto(2) && t.puesto(4)) << "the one behind the gap, too";
+}
+
+TEST(base, unaReconstruccionPreguntaCadaCosaUnaVez) {
+    Banco t(std::string(DOS_VISORES) + "[MENSAJE]\r\nEnUso=Sí\r\n");
+    t.formulario.pulsar(Id::botPau);
+    for (const Id herramienta : {Id::botDise, Id::botVisores, Id::botSize, Id::botMensaje}) {
+        t.formulario.pulsar(Id::botCfg);
+        t.formulario.pulsar(herramienta);
+        SuperficieDoble& fondo = *t.formulario.superficie(Id::picRep);
+        fondo.olvidar();
+        t.e.monitores.veces = t.e.programa.carpetas = t.e.archivos.sellos = 0;
+        t.formulario.pulsar(Id::botOk);
+        EXPECT_EQ(t.e.monitores.veces, 1) << static_cast<int>(herramienta);
+        EXPECT_EQ(t.e.programa.carpetas, 0);
+        EXPECT_EQ(t.e.archivos.sellos, 1);
+        const auto lineas = fondo.lineas();
+        EXPECT_EQ(std::count(lineas.begin(), lineas.end(), "limpiar #FFFFFF"), 2) << "dismantled once, built once";
+    }
 }
 
 TEST(base, unaEntradaInvalidaImpideAceptarYCambiarDeHerramienta) {

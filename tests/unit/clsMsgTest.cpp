@@ -62,7 +62,7 @@ struct Banco {
               "\r\n");
         hacer();
     }
-    void hacer() { msg = std::make_unique<clsMsg>(e.entorno, muelle); }
+    void hacer() { msg = std::make_unique<clsMsg>(e.com, e.programa, e.fabrica, e.reloj, muelle); }
     FranjaDoble& franja() { return muelle.franja; }
     TemporizadorDoble& tim() { return *e.fabrica.ultimoTemporizador(); }
     std::string guardado(const char* clave) { return e.valor("MENSAJE", clave); }
@@ -80,7 +80,7 @@ struct Banco {
 AjustesMensaje leido(const std::string& linea) {
     EntornoDoble e;
     e.ini("\xEF\xBB\xBF[MENSAJE]\r\n" + linea + "\r\n");
-    return leerMensaje(e.entorno);
+    return leerMensaje(e.com);
 }
 
 TEST(AjustesMensaje, cadaParteQueFaltaVienePorOmision) {

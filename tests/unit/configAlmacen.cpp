@@ -10,7 +10,7 @@ using namespace std::string_literals;
 class ConfigAlmacen : public testing::Test {
 protected:
     EntornoDoble m;
-    const comun c{m.entorno};
+    const comun& c = m.com;
     const std::string m_ruta = m.rutaINI();
     std::vector<std::string> m_avisos;
 
@@ -176,7 +176,7 @@ TEST_F(ConfigAlmacen, LoQueNoSePuedeLeerNiSeVaciaNiSePisa) {
     const std::string completo = "[S]\r\nk=1\r\nz=3\r\n";
     for (const bool leidoAntes : {true, false}) {
         EntornoDoble e;
-        const comun com(e.entorno);
+        const comun& com = e.com;
         const std::string ruta = e.rutaINI();
         e.archivos.poner(ruta, completo);
         EXPECT_TRUE(!leidoAntes || com.abrir("S").leer("k") == "1");
@@ -248,7 +248,7 @@ TEST_F(ConfigAlmacen, HaceLaCopiaByteAByte) {
                  {true, m_ruta, false, viejo}};  // the old file stands, and is copied
     for (const auto& caso : casos) {
         EntornoDoble e;
-        const comun com(e.entorno);
+        const comun& com = e.com;
         if (caso.archivo) {
             e.ini(viejo);
             e.valor("S", "k", "2");
@@ -273,7 +273,7 @@ TEST_F(ConfigAlmacen, LaUltimaCopiaConVisoresNoSePierde) {
                           {buena, buena + "#", "-", "", true}, {buena, mala, "-", c.rutaAnterior(), false}};
     for (const Caso& caso : casos) {
         EntornoDoble e;
-        const comun com(e.entorno);
+        const comun& com = e.com;
         if (caso.ini != "-") e.ini(caso.ini);
         e.archivos.poner(c.rutaCopia(), caso.copia);
         e.archivos.rutaQueFalla = caso.rutaQueFalla;
@@ -287,7 +287,7 @@ TEST_F(ConfigAlmacen, LaUltimaCopiaConVisoresNoSePierde) {
     EntornoDoble e;
     e.archivos.poner(c.rutaCopia(), buena);
     e.archivos.rutaIlegible = c.rutaCopia();
-    EXPECT_FALSE(comun(e.entorno).hacerCopiaDeINI()) << "it may well define some";
+    EXPECT_FALSE(e.com.hacerCopiaDeINI()) << "it may well define some";
 }
 
 TEST_F(ConfigAlmacen, RestauraLaCopiaEnUnReemplazo) {

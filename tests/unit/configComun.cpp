@@ -7,8 +7,8 @@ namespace {
 
 TEST(Comun, PrepararSinSeccionDejaLaQueHabia) {
     EntornoDoble e;
-    AccesorINI accesor = comun(e.entorno).abrir("VISOR_1");
-    comun(e.entorno).prepararINI(accesor, "");
+    AccesorINI accesor = e.com.abrir("VISOR_1");
+    e.com.prepararINI(accesor, "");
     accesor.escribir("Port", "7");
     EXPECT_EQ(e.ini(), "[VISOR_1]\r\nPort=7\r\n");
 }

@@ -144,7 +144,7 @@ TYPED_TEST(Dialogos, cierraDeTodosLosModosYLoSueltaTodo) {
         EXPECT_EQ(this->desmontada(), 1) << "closed already";
     }
     {
-        TypeParam otro(this->e.entorno, this->fabrica, this->mesa);
+        TypeParam otro({this->e.com, this->e.cola, this->e.avisos, this->fabrica}, this->mesa);
         otro.Mostrar();
         EXPECT_TRUE(this->abierto());
     }

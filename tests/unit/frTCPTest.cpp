@@ -40,7 +40,7 @@ private:
 struct Banco {
     EntornoDoble e;
     VisorDoble visor;
-    frTCP enlace{e.entorno};
+    frTCP enlace{e.com, e.fabrica, e.reloj};
 
     ZocaloDoble& zocalo() { return *e.fabrica.ultimoZocalo(); }
     OyenteZocalo& oyente() { return zocalo().oyente(); }

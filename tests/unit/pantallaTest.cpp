@@ -35,7 +35,7 @@ TEST(oScreen, daElRectanguloDelMonitorEnUsoEnTwipsDeSuEscala) {
         if (actual > 4) e.monitores.lista.insert(e.monitores.lista.end(), {GRANDE, Monitor{}, IZQUIERDO});
         const std::string ini = std::string("[MONITORES]\r\nEnUso=") + enUso + "\r\n";
         e.ini(ini);
-        const oScreen pantalla(e.entorno);
+        const oScreen pantalla(e.com, e.monitores);
         EXPECT_EQ(pantalla.monitorActual(), actual) << enUso;
         EXPECT_EQ(zona(pantalla), esperado) << enUso;
         EXPECT_EQ(e.ini(), ini) << "reading must not rewrite the file";
@@ -45,16 +45,16 @@ TEST(oScreen, daElRectanguloDelMonitorEnUsoEnTwipsDeSuEscala) {
 TEST(oScreen, guardaLaEleccionYCambiaLaImposiblePorElPrimario) {
     EntornoDoble e;
     e.monitores.lista = {IZQUIERDO, PRIMARIO, Monitor{}};
-    oScreen pantalla(e.entorno);
+    oScreen pantalla(e.com, e.monitores);
     EXPECT_EQ(pantalla.numMonitores(), 3);
     for (const auto pedido : std::initializer_list<std::int16_t>{1, 2, 0, 3, 4, -5}) {
-        pantalla.monitorActual(pedido);
+        EXPECT_EQ(pantalla.monitorActual(pedido), pedido == 1 || pedido == 2);
         EXPECT_EQ(pantalla.monitorActual(), pedido == 1 ? 1 : 2) << pedido;
         EXPECT_EQ(e.valor("MONITORES", "EnUso"), pedido == 1 ? "1" : "2") << pedido;
     }
     EntornoDoble sinMonitores;
     sinMonitores.monitores.lista.clear();
-    oScreen ninguna(sinMonitores.entorno);
+    oScreen ninguna(sinMonitores.com, sinMonitores.monitores);
     ninguna.monitorActual(1);
     EXPECT_EQ(ninguna.monitorActual(), 0);
     EXPECT_EQ(zona(ninguna), Rectangulo{});

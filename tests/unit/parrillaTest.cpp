@@ -23,7 +23,7 @@ struct Banco {
 
     explicit Banco(const std::string& seccion = "", bool definida = true) {
         e.ini(seccion.empty() ? "" : "[RETICULA]\r\n" + seccion + "\r\n");
-        p = std::make_unique<Parrilla>(e.entorno);
+        p = std::make_unique<Parrilla>(e.com, e.pantalla());
         if (definida) p->definir(lienzo, ventana);
     }
     Rectangulo zona() const { return {p->Left(), p->Top(), p->Width(), p->Height()}; }
@@ -62,10 +62,9 @@ TEST(Parrilla, cadaCambioSeGuardaEnLaFormaDelArchivo) {
     Banco b;
     EXPECT_EQ(b.e.ini(), "") << "loading must not write";
     Parrilla& p = *b.p;
-    for (const auto n : std::initializer_list<std::int16_t>{3, 9, 0}) p.filas(n);
-    for (const auto n : std::initializer_list<std::int16_t>{2, 9, 0}) p.columnas(n);
-    p.gruesoVertical(40);
-    p.gruesoHorizontal(-4);
+    for (const auto n : std::initializer_list<std::int16_t>{3, 9, 0}) EXPECT_EQ(p.filas(n), n == 3);
+    for (const auto n : std::initializer_list<std::int16_t>{2, 9, 0}) EXPECT_EQ(p.columnas(n), n == 2);
+    EXPECT_FALSE(p.gruesoVertical(40) || p.gruesoHorizontal(-4)) << "clamped";
     p.colorFondo(ROJO);
     p.colorAplicacion(Parrilla::TRANSPARENTE);
     p.Left(ANCHO / 4);
@@ -159,11 +158,11 @@ TEST(Parrilla, sinMonitorLasFraccionesDelArchivoQuedan) {
     EntornoDoble e;
     e.ini("[RETICULA]\r\nPosicion=0,100000;0,200000\r\nDimensiones=0,500000;0,600000\r\n");
     e.monitores.lista.clear();
-    Parrilla p(e.entorno);
+    Parrilla p(e.com, e.pantalla());
     p.filas(2);
     EXPECT_EQ(e.ini().find("[RETICULA]\r\nPosicion=0,100000;0,200000\r\nDimensiones=0,500000;0,600000\r\n"), 0U);
     e.monitores.lista = MonitoresDoble().lista;
-    p.recargar();
+    p.recargar(e.pantalla());
     EXPECT_EQ(p.Left(), 1536);
     EXPECT_EQ(p.filas(), 2);
 }
@@ -172,7 +171,7 @@ TEST(Parrilla, sinMonitorLasFraccionesDelArchivoQuedan) {
 TEST(Parrilla, unBordeEnElDeLaPantallaNoSeRechazaPorUnRedondeo) {
     EntornoDoble e;
     e.monitores.lista = {{{0, 0, 3440, 1440}, {0, 0, 3440, 1440}, true, "A", 60.0F / 7, 60.0F / 7}};
-    Parrilla p(e.entorno);
+    Parrilla p(e.com, e.pantalla());
     const float ancho = p.Left() + p.Width();
     for (int pixel = 1; pixel < 3440; ++pixel) {
         const float x = static_cast<float>(pixel) * 60 / 7;

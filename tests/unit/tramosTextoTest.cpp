@@ -2,13 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include "doubles/sistemaDoble.h"
+
 namespace sorvanel {
 namespace {
 
 using Textos = std::vector<std::string>;
 
 Textos cortar(std::string_view texto) {
-    const auto tramos = cortarEnTramos(texto);
+    const auto tramos = cortarEnTramos(texto, ProgramaDoble());
     return {tramos.begin(), tramos.end()};
 }
 
@@ -42,6 +44,7 @@ TEST(TramosTexto, loQueSeDibujaJuntoNoSeSepara) {
         {"Thai vowel and tone", "\u0E01\u0E35\u0E48"},
         {"kana with its mark", "\u304B\u3099"},
         {"two Hebrew words", "\u05E9\u05DC\u05D5\u05DD \u05E2\u05D5\u05DC\u05DD"},
+        {"three signs of a script that is little known", "\U00011107\U00011133\U00011122"},
         {"keycap", "1\uFE0F\u20E3"},
         {"flag of a region", "\U0001F3F4\U000E0067\U000E0062\U000E0065\U000E006E\U000E0067\U000E007F"}};
     for (const auto& [que, texto] : casos) {

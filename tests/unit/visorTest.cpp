@@ -25,9 +25,9 @@ struct Banco {
     // The display of section 1 of that file, on a grid of 4 by 2 unless the file says otherwise.
     explicit Banco(const std::string& ini, bool definido = true) {
         e.ini(ini.find("[RETICULA]") == std::string::npos ? "[RETICULA]\r\nFilasColumnas=4x2\r\n" + ini : ini);
-        parrilla = std::make_unique<Parrilla>(e.entorno);
+        parrilla = std::make_unique<Parrilla>(e.com, e.pantalla());
         parrilla->definir(lienzo, ventana);
-        v = std::make_unique<visor>(e.entorno, compartido);
+        v = std::make_unique<visor>(e.com, e.fabrica, e.reloj, compartido);
         v->cargarComo(1);
         if (definido) v->definir(*parrilla, picCap, picRep);
     }
@@ -71,7 +71,7 @@ TEST(visor, leeYMudaSuSeccionConSusLimites) {
 TEST(visor, seNumeraDeUnoASesentaYCuatroYUnaSolaVez) {
     EntornoDoble e;
     CompartidoDoble compartido;
-    visor v(e.entorno, compartido);
+    visor v(e.com, e.fabrica, e.reloj, compartido);
     v.port(3001);
     EXPECT_EQ(e.ini(), "");
     v.modoBulk(7);
@@ -362,7 +362,7 @@ TEST(visor, trasUnCambioDePantallaMuestraLoMismoOSeQuita) {
     b.v->frWsk_refrescoPeso("XNZ+00012345");
     const auto redisponer = [&](int ancho, int alto) {
         b.e.monitores.lista[0].area = {0, 0, ancho, alto};
-        b.parrilla->recargar();
+        b.parrilla->recargar(b.e.pantalla());
         b.v->reubicar();
     };
     redisponer(1920, 1080);
@@ -382,7 +382,7 @@ TEST(ctrlVis, preguntaALoGuardado) {
     e.ini(
         "[VISOR_1]\r\nPort=3001\r\nModoBulk=2\r\nEtiqueta=  Tolva \r\nUbicacion=2,1\r\n"
         "[VISOR_2]\r\nPort=0\r\nUbicacion=0,0\r\n[VISOR_4]\r\nPort=3004\r\n");
-    const ctrlVis c(e.entorno);
+    const ctrlVis c(e.com);
     EXPECT_TRUE(c.portExiste(3001, 2));
     EXPECT_FALSE(c.portExiste(3001, 4)) << "another bulk mode may share the port";
     EXPECT_FALSE(c.portExiste(0, 4));

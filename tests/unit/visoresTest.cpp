@@ -22,7 +22,7 @@ struct Banco {
     CompartidoDoble compartido;
     Visores cargar(const std::string& ini) {
         e.ini(ini);
-        return Visores(e.entorno, compartido);
+        return Visores(e.com, e.fabrica, e.reloj, compartido);
     }
 };
 
@@ -103,7 +103,7 @@ TEST(diseñoVisor, tieneOmisionesYLimites) {
     for (const auto& c : casos) {
         EntornoDoble e;
         e.ini(std::string("[VISORES]\r\n") + c.ini + "\r\n");
-        const diseñoVisor d(e.entorno);
+        const diseñoVisor d(e.com);
         EXPECT_EQ(std::tuple(d.anchoEtiqueta(), d.ajusteEtiqueta(), d.ratioAlturas(), d.colorFondoEtiqueta()),
                   std::tuple(c.ancho, c.ajuste, c.ratio, c.fondo))
             << c.ini;
@@ -112,12 +112,13 @@ TEST(diseñoVisor, tieneOmisionesYLimites) {
 
 TEST(diseñoVisor, cadaEscrituraGuardaTodaLaSeccion) {
     EntornoDoble e;
-    diseñoVisor d(e.entorno);
+    diseñoVisor d(e.com);
     for (const float negado : {0.1F, 1.0F, 0.0F, -1.0F, std::numeric_limits<float>::quiet_NaN()}) {
-        d.ratioAlturas(negado);
+        EXPECT_FALSE(d.ratioAlturas(negado));
         EXPECT_EQ(e.ini(), "") << negado;
     }
-    d.anchoEtiqueta(7), d.ajusteEtiqueta(1), d.ratioAlturas(0.45F), d.formatoPeso("");
+    EXPECT_TRUE(!d.anchoEtiqueta(7) && d.ajusteEtiqueta(1) && d.ratioAlturas(0.45F)) << "whether it was taken as it is";
+    d.formatoPeso("");
     d.colorFondoEtiqueta(1), d.colorTextoEtiqueta(2), d.colorFondoPeso(3), d.colorTextoPeso(0x7F000004);
     EXPECT_EQ(e.ini(),
               "[VISORES]\r\nanchoEtiqueta=6\r\najusteEtiqueta=1\r\nfondoEtiqueta=000001\r\ntextoEtiqueta=000002\r\n"

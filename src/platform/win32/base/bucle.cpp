@@ -21,9 +21,8 @@ int Bucle::ejecutar() {
         if (m_fin) break;
         if (!vacia) alivio();
         if (m_fin) break;
-        const bool pendiente = m_ocio && m_ocio(vacia);
-        if (vacia)
-            MsgWaitForMultipleObjectsEx(0, nullptr, pendiente ? ESPERA : INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+        if (m_ocio) m_ocio(vacia);
+        if (vacia) MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
     }
     return m_codigo;
 }

@@ -18,9 +18,8 @@ namespace sorvanel {
 // or milliseconds each of the others gets a turn, whatever waits.
 class Bucle {
 public:
-    // Told between messages; says whether something is still to be done, which it will then be
-    // asked for again soon although no message comes.
-    using Ocio = std::function<bool(bool colaVacia)>;
+    // Told between messages.
+    using Ocio = std::function<void(bool colaVacia)>;
 
     Bucle(const RelojWin& reloj, VentanaMensajes& mensajes) : m_reloj(reloj), m_mensajes(mensajes) {}
 
@@ -36,7 +35,6 @@ private:
     static constexpr int MENSAJES_POR_TURNO = 64;
     static constexpr std::int64_t TURNO = 4000;    // microseconds
     static constexpr std::int64_t ALIVIO = 20000;  // microseconds
-    static constexpr DWORD ESPERA = 50;            // milliseconds, while something is still to be done
 
     // False when nothing was there.
     bool sacar(UINT primero, UINT ultimo, UINT clase);

@@ -63,4 +63,15 @@ Version ProgramaWin::version() const {
     return {HIWORD(fija->dwFileVersionMS), LOWORD(fija->dwFileVersionMS), HIWORD(fija->dwFileVersionLS)};
 }
 
+// Of a pair of surrogates the system says no more than that. What is a sign of its own, as "^" is, counts as a
+// diacritic too.
+bool ProgramaWin::esMarca(char32_t caracter) const {
+    if (caracter > 0xFFFF) return false;
+    const auto unidad = static_cast<wchar_t>(caracter);
+    WORD clase = 0;
+    if (!GetStringTypeW(CT_CTYPE3, &unidad, 1, &clase)) return false;
+    const bool signoSuelto = (clase & C3_SYMBOL) != 0 && (clase & C3_NONSPACING) == 0;
+    return !signoSuelto && (clase & (C3_NONSPACING | C3_DIACRITIC | C3_VOWELMARK)) != 0;
+}
+
 }  // namespace sorvanel

@@ -12,6 +12,7 @@ public:
     std::string separadorDecimal() const override;
     // FILEVERSION of the executable's version resource; zeros where there is none.
     Version version() const override;
+    bool esMarca(char32_t caracter) const override;
 };
 
 }  // namespace sorvanel

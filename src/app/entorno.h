@@ -1,20 +1,17 @@
 #pragma once
 
-#include "platform/archivos.h"
+#include "config/comun.h"
 #include "platform/monitor.h"
 #include "platform/programa.h"
 #include "platform/sistema.h"
 
 namespace sorvanel {
 
-class AlmacenPerfil;
-
-// All that the rooms need from outside, handed down as one. main owns what stands behind the
-// references; they outlive every object that is given an Entorno.
+// What the program is put together from. main owns what stands behind the references; each object is handed of
+// it what it uses.
 struct Entorno {
     Programa& programa;
-    Archivos& archivos;
-    AlmacenPerfil& perfil;
+    const comun& com;
     SistemaMonitores& monitores;
     Fabrica& fabrica;
     Reloj& reloj;
