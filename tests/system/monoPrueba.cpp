@@ -39,12 +39,15 @@ public:
         const std::vector<HWND> controles = alcanzables();
         if (controles.empty()) return;
         const HWND control = controles[elegir(controles.size())];
-        const std::size_t acto = elegir(9);
-        anotar(acto < 4 ? "press " : acto < 6 ? "type in " : acto < 8 ? "key to " : "drag ", control);
+        const std::size_t acto = elegir(10);
+        anotar(acto < 4 ? "press " : acto < 6 ? "type in " : acto < 8 ? "key to " : "drag or twice ", control);
         if (acto < 4) {
             pulsar(control);
+        } else if (acto == 9) {
+            PostMessageW(control, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(2, 2));
+            PostMessageW(control, WM_LBUTTONUP, 0, MAKELPARAM(2, 2));
         } else if (acto == 8) {
-            arrastrar(control);
+            arrastrar(control, static_cast<int>(elegir(800)) - 400, static_cast<int>(elegir(800)) - 400);
         } else if (acto < 6) {
             escribir(control);
         } else {
@@ -105,17 +108,6 @@ private:
         for (std::size_t i = elegir(5); i < 5; ++i) PostMessageW(control, WM_CHAR, LETRAS[elegir(LETRAS.size())], 1);
     }
 
-    // What is no handle takes it for a double click.
-    void arrastrar(HWND control) {
-        const auto lejos = [&] { return static_cast<int>(elegir(800)) - 400; };
-        const bool asa =
-            GetDlgCtrlID(control) == numero(IdControl::imDrgXY) || GetDlgCtrlID(control) == numero(IdControl::imDrgWH);
-        const int x = asa ? lejos() : 2, y = asa ? lejos() : 2;
-        PostMessageW(control, asa ? WM_LBUTTONDOWN : WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(2, 2));
-        PostMessageW(control, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(x, y));
-        PostMessageW(control, WM_LBUTTONUP, 0, MAKELPARAM(2, 2));
-    }
-
     // Message boxes are answered, the system's own windows cancelled.
     void cerrarCaja() {
         const HWND caja = m_programa.caja().ventana();
@@ -167,23 +159,6 @@ std::map<int, std::string> vistos(const Programa& programa) {
     return todos;
 }
 
-// For who reads of a failure: what the program shows, and where its focus is.
-std::string estado(const Programa& programa) {
-    std::string texto = programa.proceso().vivo() ? "alive, focus on " : "ended, focus on ";
-    const HWND enfocado = foco(programa.ventana());
-    texto += std::to_string(GetDlgCtrlID(enfocado)) + " \"" + pruebas::texto(enfocado) + "\"; seen:";
-    EnumChildWindows(
-        programa.ventana(),
-        [](HWND uno, LPARAM dato) -> BOOL {
-            if (IsWindowVisible(uno))
-                *reinterpret_cast<std::string*>(dato) +=
-                    " " + std::to_string(GetDlgCtrlID(uno)) + (IsWindowEnabled(uno) ? "" : "(off)");
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&texto));
-    return texto;
-}
-
 TEST(Mono, LoQueHagaElMonoElArchivoYLaPantallaDicenLoMismo) {
     const int segundos = numeroDelEntorno("SORVANEL_MONO_SEGUNDOS", 10);
     const int semilla = numeroDelEntorno("SORVANEL_MONO_SEMILLA", 1);
@@ -204,7 +179,7 @@ TEST(Mono, LoQueHagaElMonoElArchivoYLaPantallaDicenLoMismo) {
     }
     RecordProperty("pasos", pasos);
 
-    ASSERT_TRUE(esperar([&] { return mono.pausado(); })) << "seed " << semilla << ", " << estado(programa);
+    ASSERT_TRUE(esperar([&] { return mono.pausado(); })) << "seed " << semilla << mono.huella();
 
     // Who reads the file anew must come to the same.
     const std::map<int, std::string> antes = vistos(programa);
@@ -212,7 +187,7 @@ TEST(Mono, LoQueHagaElMonoElArchivoYLaPantallaDicenLoMismo) {
     ASSERT_TRUE(esperar([&] { return mono.terminado(); })) << "it ends by itself";
     programa.arrancar();
     const auto listo = [&] { return mono.pausado() || programa.seVe(IdControl::botOk); };
-    ASSERT_TRUE(esperar(listo)) << "seed " << semilla << ", " << estado(programa);
+    ASSERT_TRUE(esperar(listo)) << "seed " << semilla << mono.huella();
     EXPECT_TRUE(esperar([&] { return vistos(programa) == antes; })) << "seed " << semilla << mono.huella() << "\n"
                                                                     << archivo << testing::PrintToString(antes) << "\n"
                                                                     << testing::PrintToString(vistos(programa));

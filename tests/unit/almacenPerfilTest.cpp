@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "doubles/entornoDoble.h"
 
 namespace sorvanel {
@@ -7,7 +9,7 @@ namespace {
 
 using namespace std::string_literals;
 
-class ConfigAlmacen : public testing::Test {
+class AlmacenPerfilTest : public testing::Test {
 protected:
     EntornoDoble m;
     const comun c{m.entorno};
@@ -21,9 +23,10 @@ protected:
     std::string disco() const { return m.archivos.contenido(m_ruta); }
     std::string k() { return m.valor("S", "k"); }
     void k(const std::string& texto) { m.valor("S", "k", texto); }
+    void jugar(const std::string& guion);
 };
 
-TEST_F(ConfigAlmacen, UnaOperacionEsUnReemplazo) {
+TEST_F(AlmacenPerfilTest, UnaOperacionEsUnReemplazo) {
     AccesorINI uno = c.abrir("S");
     const AccesorINI otro = c.abrir("s");
     uno.escribir("k", "2");
@@ -43,105 +46,85 @@ TEST_F(ConfigAlmacen, UnaOperacionEsUnReemplazo) {
     EXPECT_EQ(m.archivos.intentos, 1);
 }
 
-TEST_F(ConfigAlmacen, ConLaColaLlenaEsperaCienMilisegundosDesdeLaPrimera) {
-    k("2");
-    m.reloj.avanzar(99);
-    k("3");
-    m.perfil.ocio(false);
-    EXPECT_EQ(m.archivos.intentos, 0);
-    m.reloj.avanzar(1);
-    m.perfil.ocio(false);
-    EXPECT_EQ(disco(), "[S]\r\nk=3\r\n");
-    k("4");  // a new wait begins
-    m.perfil.ocio(false);
-    EXPECT_EQ(m.archivos.reemplazos, 1);
+// What happens, word by word: "k=2" is written, "+100" milliseconds pass, "ajeno=7" is what another program saves. "!":
+// it answers false. Then what is seen: "k?2" is read, "d?2" is on the disk, so many attempts, notices, readings.
+void AlmacenPerfilTest::jugar(const std::string& guion) {
+    std::istringstream palabras(guion);
+    int lecturas = 0;
+    for (std::string palabra; palabras >> palabra;) {
+        const std::size_t corte = std::min(palabra.find_first_of("=?!"), palabra.size());
+        const std::string que = palabra.substr(0, corte), resto = palabra.substr(std::min(corte + 1, palabra.size()));
+        const bool vista = palabra.find('?') != std::string::npos, bien = palabra.find('!') == std::string::npos;
+        if (vista) {
+            const std::map<std::string, std::function<std::string()>> hay = {
+                {"k", [&] { return c.abrir("S").leer("k"); }},
+                {"d", [&] { return disco(); }},
+                {"intentos", [&] { return std::to_string(m.archivos.intentos); }},
+                {"avisos", [&] { return std::to_string(m_avisos.size()); }},
+                {"pendiente", [&] { return std::string(m.perfil.pendiente() ? "si" : "no"); }},
+                {"leido", [&] { return std::to_string(m.archivos.lecturas - lecturas); }}};
+            EXPECT_EQ(hay.at(que)(), que == "d" ? "[S]\r\nk=" + resto + "\r\n" : resto) << palabra << " in " << guion;
+        } else if (palabra[0] == '+') {
+            m.reloj.avanzar(std::stoi(palabra));
+        } else {
+            const std::map<std::string, std::function<bool()>> actos = {
+                {"k", [&] { return k(resto), true; }},
+                {"ajeno", [&] { return m.archivos.poner(m_ruta, "[S]\r\nk=" + resto + "\r\n"), true; }},
+                {"quitar", [&] { return m.archivos.quitar(m_ruta), true; }},
+                {"ocio", [&] { return m.perfil.ocio(true), true; }},
+                {"prisa", [&] { return m.perfil.ocio(false), true; }},
+                {"lento", [&] { return m.archivos.aparteLento = true; }},
+                {"listo", [&] { return !(m.archivos.aparteLento = false); }},
+                {"falla", [&] { return m.archivos.fallarEscritura = true; }},
+                {"puede", [&] { return !(m.archivos.fallarEscritura = false); }},
+                {"retenido", [&] { return m.archivos.rutaIlegible = m_ruta, true; }},
+                {"suelto", [&] { return m.archivos.rutaIlegible.clear(), true; }},
+                {"contar", [&] { return lecturas = m.archivos.lecturas, true; }},
+                {"asentar", [&] { return m.perfil.asentar(), true; }},
+                {"descartar", [&] { return c.descartarCambios(), true; }},
+                {"volcar", [&] { return m.perfil.volcar(); }},
+                {"copia", [&] { return c.hacerCopiaDeINI(); }},
+                {"restaurar", [&] { return c.restaurarCopiaDeINI(); }}};
+            EXPECT_EQ(actos.at(que)(), bien) << palabra << " in " << guion;
+        }
+    }
 }
 
-TEST_F(ConfigAlmacen, TrasUnFalloAvisaUnaVezYReintentaCadaCincoSegundos) {
-    m.archivos.fallarEscritura = true;
-    k("2");
-    m.perfil.ocio(true);
-    EXPECT_FALSE(m.perfil.pendiente());
-    m.perfil.refrescar(m_ruta);
-    EXPECT_EQ(k(), "2");
-    k("2");  // equal, and yet tried again
-    m.reloj.avanzar(100);
-    m.reloj.avanzar(AlmacenPerfil::REINTENTO - 1);
-    EXPECT_EQ(m.archivos.intentos, 2);
-    m.reloj.avanzar(AlmacenPerfil::REINTENTO + 1);
-    EXPECT_EQ(m.archivos.intentos, 4);
-    EXPECT_FALSE(m.perfil.volcar());
-    EXPECT_EQ(m_avisos, std::vector<std::string>{m_ruta});
-    EXPECT_EQ(disco(), "[S]\r\nk=1\r\n");
-    m.archivos.fallarEscritura = false;
-    m.reloj.avanzar(AlmacenPerfil::REINTENTO);
-    EXPECT_EQ(disco(), "[S]\r\nk=2\r\n");
-    const int intentos = m.archivos.intentos;
-    m.reloj.avanzar(2 * AlmacenPerfil::REINTENTO);
-    EXPECT_EQ(m.archivos.intentos, intentos) << "and no more";
-    m.archivos.fallarEscritura = true;
-    k("3");
-    m.perfil.volcar();
-    EXPECT_EQ(m_avisos.size(), 2U);
+class Guiones : public AlmacenPerfilTest, public testing::WithParamInterface<const char*> {};
+
+TEST_P(Guiones, sigueElArchivo) {
+    jugar(GetParam());
 }
 
-// In the loop of a box nobody says that the queue is empty.
-TEST_F(ConfigAlmacen, TambienMientrasNadieDiceQueHayOcio) {
-    m.archivos.aparteLento = true;
-    k("2");
-    m.reloj.avanzar(AlmacenPerfil::RETRASO_MAXIMO);
-    k("3");
-    m.archivos.aparteLento = false;
-    m.reloj.avanzar(2 * AlmacenPerfil::RETRASO_MAXIMO);
-    EXPECT_EQ(disco(), "[S]\r\nk=3\r\n");
-    EXPECT_FALSE(m.perfil.pendiente());
-}
+INSTANTIATE_TEST_SUITE_P(
+    AlmacenPerfil, Guiones,
+    testing::Values(
+        // With a full queue it waits a tenth of a second from the first; also where nobody asks, as in a box's loop.
+        "k=2 +99 k=3 prisa intentos?0 +1 prisa d?3 k=4 prisa intentos?1",  //
+        "lento k=2 +100 k=3 listo +200 d?3 pendiente?no",
+        // What fails is told once, and tried each five seconds; also when it is written again.
+        "falla k=2 ocio pendiente?no k?2 k=2 +100 +4999 intentos?2 +5001 intentos?4 volcar! avisos?1 d?1 puede +5000 "
+        "d?2 "
+        "intentos?6 +10000 intentos?6 falla k=3 volcar! avisos?2",
+        "lento falla k=2 +100 asentar puede k=3 volcar avisos?0 d?3",
+        // While one is written the next waits, and what another saves is replaced.
+        "lento k=2 ocio k=3 ocio k?3 intentos?0 pendiente?si listo +99 ocio d?2 +1 ocio d?3 pendiente?no",
+        "lento k=3 ocio ajeno=7 k?3 asentar d?3",
+        // What another wrote is seen, our own is no change.
+        "k?1 ajeno=7 k?7 contar k=8 ajeno=9 k?8 ocio k?8 leido?0 quitar k?",
+        // Held while it stays as it was: ours follows. Put there by another while ours could not be: that is newer.
+        "retenido falla k=2 volcar! puede suelto +5000 d?2",  //
+        "falla k=3 volcar! puede ajeno=7 +5000 k?7 d?7",
+        // What is cancelled is not what was typed, though nothing can be read, nor is it written any more.
+        "k=8 retenido descartar k?1",  //
+        "k=2 restaurar! k?1 +200 d?1",
+        // The copy is put back in one replacement, after what is under way; later, when it cannot be now; and what
+        // never reached the file needs no writing.
+        "copia k=2 volcar intentos?2 restaurar intentos?3 d?1",  //
+        "copia lento k=4 ocio restaurar ocio d?1 k?1", "copia k=2 volcar falla restaurar! k?1 d?2 +200 puede +5000 d?1",
+        "copia k=3 falla restaurar k?1 pendiente?no"));
 
-TEST_F(ConfigAlmacen, MientrasSeEscribeSeSigueYNadaSePierde) {
-    m.archivos.aparteLento = true;
-    k("2");
-    m.perfil.ocio(true);
-    k("3");
-    m.perfil.ocio(true);
-    EXPECT_EQ(c.abrir("S").leer("k"), "3");
-    EXPECT_EQ(m.archivos.intentos, 0);
-    EXPECT_TRUE(m.perfil.pendiente());
-    m.archivos.aparteLento = false;
-    m.reloj.avanzar(99);
-    m.perfil.ocio(true);
-    EXPECT_EQ(disco(), "[S]\r\nk=2\r\n") << "the next one begins a tenth of a second after it";
-    m.reloj.avanzar(1);
-    m.perfil.ocio(true);
-    EXPECT_EQ(disco(), "[S]\r\nk=3\r\n");
-    EXPECT_FALSE(m.perfil.pendiente());
-    // What another program saves meanwhile is replaced by what is under way.
-    m.reloj.avanzar(100);
-    m.archivos.aparteLento = true;
-    k("3.5");
-    m.perfil.ocio(true);
-    m.archivos.poner(m_ruta, "[S]\r\nk=ajeno\r\n");
-    EXPECT_EQ(c.abrir("S").leer("k"), "3.5");
-    m.perfil.asentar();
-    // One that fails and then comes right is no failure.
-    m.archivos.fallarEscritura = true;
-    k("3.6");
-    m.reloj.avanzar(100);
-    m.perfil.asentar();
-    m.archivos.fallarEscritura = false;
-    k("3");
-    EXPECT_TRUE(m.perfil.volcar());
-    EXPECT_EQ(m_avisos, std::vector<std::string>{});
-    // What is put back meanwhile comes after it.
-    ASSERT_TRUE(c.hacerCopiaDeINI());
-    k("4");
-    m.perfil.ocio(true);
-    ASSERT_TRUE(c.restaurarCopiaDeINI());
-    m.perfil.ocio(true);
-    EXPECT_EQ(disco(), "[S]\r\nk=3\r\n");
-    EXPECT_EQ(k(), "3");
-}
-
-TEST_F(ConfigAlmacen, ElAvisoPuedeVolverALlamar) {
+TEST_F(AlmacenPerfilTest, ElAvisoPuedeVolverALlamar) {
     m.archivos.fallarEscritura = true;
     m.perfil.alFallar([&](const std::string& ruta) {
         m_avisos.push_back(ruta);
@@ -155,24 +138,8 @@ TEST_F(ConfigAlmacen, ElAvisoPuedeVolverALlamar) {
     EXPECT_EQ(k(), "1");
 }
 
-TEST_F(ConfigAlmacen, VeLoQueOtroProgramaEscribio) {
-    const auto leido = [&] { return c.abrir("S").leer("k"); };
-    EXPECT_EQ(leido(), "1");
-    m.archivos.poner(m_ruta, "[S]\r\nk=7\r\n");
-    EXPECT_EQ(leido(), "7");
-    const int lecturas = m.archivos.lecturas;
-    k("8");
-    m.archivos.poner(m_ruta, "[S]\r\nk=9\r\n");
-    EXPECT_EQ(leido(), "8");
-    m.perfil.ocio(true);
-    EXPECT_EQ(leido(), "8");
-    EXPECT_EQ(m.archivos.lecturas, lecturas);  // our own write is no change by another
-    m.archivos.quitar(m_ruta);
-    EXPECT_EQ(leido(), "");
-}
-
 // A file that another program holds is no empty one, and must not be replaced by our few keys.
-TEST_F(ConfigAlmacen, LoQueNoSePuedeLeerNiSeVaciaNiSePisa) {
+TEST_F(AlmacenPerfilTest, LoQueNoSePuedeLeerNiSeVaciaNiSePisa) {
     const std::string completo = "[S]\r\nk=1\r\nz=3\r\n";
     for (const bool leidoAntes : {true, false}) {
         EntornoDoble e;
@@ -202,30 +169,6 @@ TEST_F(ConfigAlmacen, LoQueNoSePuedeLeerNiSeVaciaNiSePisa) {
         EXPECT_EQ(com.abrir("S").leer("y") + com.abrir("S").leer("j"), "4");
         EXPECT_EQ(avisos.size(), leidoAntes ? 2U : 0U) << "and whoever typed it is told";
     }
-    // Held while it stays as it was: ours follows.
-    m.archivos.rutaIlegible = m_ruta;
-    m.archivos.fallarEscritura = true;
-    k("2");
-    EXPECT_FALSE(m.perfil.volcar());
-    m.archivos.fallarEscritura = false;
-    m.archivos.rutaIlegible.clear();
-    m.reloj.avanzar(AlmacenPerfil::REINTENTO);
-    EXPECT_EQ(disco(), "[S]\r\nk=2\r\n");
-    // Put there by another while ours could not be: that is newer.
-    m.archivos.fallarEscritura = true;
-    k("3");
-    EXPECT_FALSE(m.perfil.volcar());
-    m.archivos.fallarEscritura = false;
-    m.archivos.poner(m_ruta, "[S]\r\nk=7\r\n");
-    m.reloj.avanzar(AlmacenPerfil::REINTENTO);
-    EXPECT_EQ(k() + disco(), "7[S]\r\nk=7\r\n");
-    // What is cancelled while nothing can be read is not what was typed.
-    k("8");
-    m.archivos.rutaIlegible = m_ruta;
-    c.descartarCambios();
-    EXPECT_EQ(k(), "7");
-    m.archivos.rutaIlegible.clear();
-
     const std::string enorme = "[S]\nk=1\n" + std::string(AlmacenPerfil::TAMANO_MAXIMO, '\n');
     m.ini(enorme);
     k("2");
@@ -233,7 +176,7 @@ TEST_F(ConfigAlmacen, LoQueNoSePuedeLeerNiSeVaciaNiSePisa) {
     EXPECT_EQ(disco().size(), enorme.size());
 }
 
-TEST_F(ConfigAlmacen, HaceLaCopiaByteAByte) {
+TEST_F(AlmacenPerfilTest, HaceLaCopiaByteAByte) {
     const std::string viejo = "[S]\nk=1\r\n; \xF1\0x"s, nuevo = "[S]\nk=2\r\n; \xF1\0x"s,
                       copia = "of an earlier session";
     const struct {
@@ -257,11 +200,16 @@ TEST_F(ConfigAlmacen, HaceLaCopiaByteAByte) {
         e.archivos.rutaQueFalla = caso.rutaQueFalla;
         EXPECT_EQ(com.hacerCopiaDeINI(), caso.bien);
         EXPECT_EQ(e.archivos.contenido(c.rutaCopia()), caso.copia);
+        if (!caso.bien) continue;
+        e.valor("S", "k", "3");
+        e.perfil.volcar();
+        EXPECT_TRUE(com.restaurarCopiaDeINI());
+        EXPECT_EQ(e.archivos.contenido(e.rutaINI()), caso.copia);
     }
 }
 
 // The settings were lost or spoilt: the copy of those that there were must outlive the first look at it.
-TEST_F(ConfigAlmacen, LaUltimaCopiaConVisoresNoSePierde) {
+TEST_F(AlmacenPerfilTest, LaUltimaCopiaConVisoresNoSePierde) {
     const std::string buena = "[VISOR_2]\nPort=3\n", mala = "\x01\xFF=[", vacia = "[VISOR_1]\nPort=\n";
     struct Caso {
         std::string copia, ini, anterior;  // "-": there is none
@@ -288,33 +236,6 @@ TEST_F(ConfigAlmacen, LaUltimaCopiaConVisoresNoSePierde) {
     e.archivos.poner(c.rutaCopia(), buena);
     e.archivos.rutaIlegible = c.rutaCopia();
     EXPECT_FALSE(comun(e.entorno).hacerCopiaDeINI()) << "it may well define some";
-}
-
-TEST_F(ConfigAlmacen, RestauraLaCopiaEnUnReemplazo) {
-    k("2");
-    EXPECT_FALSE(c.restaurarCopiaDeINI());  // no copy
-    EXPECT_EQ(k(), "1") << "and yet what was cancelled is not written any more";
-    k("2");
-    m.archivos.poner(c.rutaCopia(), "[S]\nk=\xF1\n#\n");
-    m.archivos.fallarEscritura = true;
-    EXPECT_FALSE(c.restaurarCopiaDeINI());
-    EXPECT_EQ(k() + disco(), "\u00F1[S]\r\nk=1\r\n") << "what was taken back is read no longer";
-    m.reloj.avanzar(200);
-    m.archivos.fallarEscritura = false;
-    m.reloj.avanzar(AlmacenPerfil::REINTENTO);
-    EXPECT_EQ(disco(), "[S]\nk=\xF1\n#\n") << "the file follows when it can";
-    k("2");
-    m.perfil.volcar();
-    m.archivos.reemplazos = 0;
-    EXPECT_TRUE(c.restaurarCopiaDeINI());
-    EXPECT_EQ(m.archivos.reemplazos, 1);
-    EXPECT_EQ(m.ini(), "[S]\nk=\xF1\n#\n");
-    // What never reached the file needs no writing to be taken back.
-    k("3");
-    m.archivos.fallarEscritura = true;
-    EXPECT_TRUE(c.restaurarCopiaDeINI());
-    EXPECT_EQ(k(), "\u00F1");
-    EXPECT_FALSE(m.perfil.pendiente());
 }
 
 }  // namespace
