@@ -264,6 +264,7 @@ TEST(clsMsg, cadaColumnaDelTextoSeImprimeUnaVez) {
             todo += pieza.first.texto;
         }
         EXPECT_EQ(todo, b.msg->texto());
+        EXPECT_LE(b.franja().desplazado, ANCHO + fin + 60 + pixel) << "as soon as it has passed";
         b.olvidar();
         b.e.reloj.avanzar(10);
         EXPECT_EQ(b.franja().impresiones.at(0).x, ANCHO - b.franja().desplazado) << "and it begins anew";

@@ -67,6 +67,8 @@ TEST(frTCP, cadaSucesoEnCadaEstado) {
         {"basura", "0 1 6 6 4 5 6", [](Banco& b) { b.llegar("2/03 C- 0001.250 0000.500\r"); }},
         {"segundo", "0 1s 1*s 1*s 1*s 5s 1*s", [](Banco& b) { b.e.reloj.avanzar(1000); }},
         {"Cerrar", "0 0 0 0 0 0 0", [](Banco& b) { b.enlace.Cerrar(b.visor); }},
+        {"hola", "0 0 0 0 0 0 0", [](Banco& b) { b.enlace.hola(); }},
+        {"dos avisos y lectura", "0 1 6 5L 4 5 6", [](Banco& b) { b.llegar("XXX>XXX>" + LECTURA + "\r"); }},
         {"hola y adiós", "0 0 0 0 0 0 0", [](Banco& b) { b.enlace.hola(), b.enlace.adios(); }}};
     for (const auto& fila : TABLA) {
         std::istringstream celdas(fila.queda);
@@ -152,6 +154,7 @@ TEST(frTCP, loQueSeOyeYCuantasVecesSeLlama) {
         {"half", Estado::leyendo, {"basura\r" + LECTURA.substr(0, 20), "+1000", LECTURA.substr(20) + "\r"}, {"s"}},
         {"64 KiB less one", Estado::abierta, {x.substr(1), LECTURA, "\r" + LECTURA}, {"1203"}},
         {"64 KiB", Estado::abierta, {x, LECTURA, "\r" + LECTURA}, {"1203", "1203"}},
+        {"of another session", Estado::leyendo, Textos{"12/03 C-", "*X", "*C", "L", "IN>", "XXX>"} + L, {"1203"}, 2},
         // Silence is told each second, while connecting too; an attempt without an answer fails after three.
         {"connecting", Estado::conectando, {"+2999"}, {"s", "s"}},
         {"too long", Estado::conectando, {"+3000"}, {"s", "s", "s"}, 2},

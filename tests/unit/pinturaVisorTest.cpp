@@ -98,6 +98,7 @@ TEST_F(PinturaVisorTest, LetraMasGrandeQueCabe) {
                  // Long formats, and one with a tail.
                  {12000, 30000, 0, USUAL, "0.000", 2700},
                  {12000, 2000, 0, USUAL, "0 g", 1590},
+                 {12000, 2000, 0, USUAL, "0 \u00c1", 1755},
                  {12000, 3000, 0, USUAL, "0." + std::string(50, '0'), 420},
                  // Just large enough, and too small.
                  {873, 150, 2, USUAL, "####0", 180},
@@ -130,33 +131,32 @@ TEST_F(PinturaVisorTest, ElEncajeSeCompruebaConMedidasReales) {
     int encajadas = 0;
     for (float ancho = 300; ancho < 20000; ancho *= 1.37F) {
         for (float alto = 100; alto < 9000; alto *= 1.29F) {
-            const bool conEtiqueta = ++encajadas % 2 == 0;
-            const AspectoVisor aspecto = aspectoCon(conEtiqueta ? 3 : 0, "####0.00", "M\u00e1quina\u00a0gris");
-            const auto encaje = encajarVisor(m_peso, {0, 0, ancho, alto}, aspecto, "9999.00");
-            if (!encaje) {
-                --encajadas;
-                continue;
-            }
-            const float letra = encaje->fuentePeso.alto, mayor = letra + std::max(15.0F, letra / 50);
-            const float pide = (conEtiqueta ? 4 * mide(mayor * aspecto.ratioAlturas, "0").ancho : 0) +
-                               mide(mayor, "9999.00").ancho + 1.35F * mide(mayor, "0").ancho;
-            EXPECT_TRUE(pide > ancho || 0.7F * mayor > 0.88F * alto);
-            EXPECT_GE(encaje->derecha, mide(letra, "9999.00").ancho);
-            EXPECT_EQ(encaje->anchoCero, mide(letra, "0").ancho);
-            EXPECT_GE(encaje->anchoPeso - encaje->derecha, encaje->anchoCero - 0.1F);
-            EXPECT_NEAR(encaje->tintaSuperior, alto - encaje->tintaInferior, TWIPS_POR_PIXEL);
-            EXPECT_GE(encaje->tintaInferior - encaje->tintaSuperior, aTwips(8));
-            const EncajeEtiqueta& etiqueta = encaje->etiqueta;
-            for (const LineaEtiqueta& linea : etiqueta.lineas) {
-                const MedidaTexto texto = mide(etiqueta.fuente.alto, linea.texto);
-                EXPECT_EQ(linea.ancho, texto.ancho);
-                EXPECT_TRUE(etiqueta.fuente.alto <= TWIPS_POR_PIXEL ||
-                            texto.ancho + 2 * etiqueta.margen <= encaje->anchoEtiqueta + 0.1F);
-                EXPECT_TRUE(linea.y + texto.tintaSuperior >= 0 && linea.y + texto.tintaInferior <= alto);
+            for (const int ceros : {0, 4, 7}) {
+                const AspectoVisor aspecto = aspectoCon(std::max(ceros - 1, 0), "####0.00", "M\u00e1quina\u00a0gris");
+                const auto encaje = encajarVisor(m_peso, {0, 0, ancho, alto}, aspecto, "9999.00");
+                if (!encaje) continue;
+                ++encajadas;
+                const float letra = encaje->fuentePeso.alto, mayor = letra + std::max(15.0F, letra / 50);
+                const float pide = static_cast<float>(ceros) * mide(mayor * aspecto.ratioAlturas, "0").ancho +
+                                   mide(mayor, "9999.00").ancho + 1.35F * mide(mayor, "0").ancho;
+                EXPECT_TRUE(pide > ancho || 0.7F * mayor > 0.88F * alto);
+                EXPECT_GE(encaje->derecha, mide(letra, "9999.00").ancho);
+                EXPECT_EQ(encaje->anchoCero, mide(letra, "0").ancho);
+                EXPECT_GE(encaje->anchoPeso - encaje->derecha, encaje->anchoCero - 0.1F);
+                EXPECT_NEAR(encaje->tintaSuperior, alto - encaje->tintaInferior, TWIPS_POR_PIXEL);
+                EXPECT_GE(encaje->tintaInferior - encaje->tintaSuperior, aTwips(8));
+                const EncajeEtiqueta& etiqueta = encaje->etiqueta;
+                for (const LineaEtiqueta& linea : etiqueta.lineas) {
+                    const MedidaTexto texto = mide(etiqueta.fuente.alto, linea.texto);
+                    EXPECT_EQ(linea.ancho, texto.ancho);
+                    EXPECT_TRUE(etiqueta.fuente.alto <= TWIPS_POR_PIXEL ||
+                                texto.ancho + 2 * etiqueta.margen <= encaje->anchoEtiqueta + 0.1F);
+                    EXPECT_TRUE(linea.y + texto.tintaSuperior >= 0 && linea.y + texto.tintaInferior <= alto);
+                }
             }
         }
     }
-    EXPECT_GT(encajadas, 60);
+    EXPECT_GT(encajadas, 100);
 }
 
 TEST_F(PinturaVisorTest, PesoALaDerecha) {
