@@ -206,7 +206,7 @@ TEST(visor, traeDelEnlaceCompartidoElGrupoDeSuModo) {
                  {"2", 12, 3, carga, false, ""},  // a negative group is no frame
                  {"0", 3, 12, carga, false, ""},      {"0", 0, 0, carga, false, ""},
                  {"0", 0, 0, "", false, "-----"},     {"0", 12, 3, "", false, "-----"},
-                 {"0", 12, 3, "XCD", false, ""}};
+                 {"0", 12, 3, "XCD", false, ""},      {"0", 3, 12, "", false, ""}};
     for (const auto& c : casos) {
         Banco b(PAVONA + "ModoBulk=" + c.modo + "\r\n");
         b.arrancar();
