@@ -6,9 +6,8 @@
 
 #include "escena.h"
 #include "harness/configuracion.h"
-#include "harness/emisorUDP.h"
-#include "harness/fotografia.h"
-#include "harness/trama.h"
+#include "harness/pantalla.h"
+#include "harness/red.h"
 #include "partes.h"
 #include "tabla.h"
 

@@ -10,9 +10,8 @@
 
 #include "escena.h"
 #include "harness/configuracion.h"
-#include "harness/esperar.h"
-#include "harness/fotografia.h"
-#include "harness/ventana.h"
+#include "harness/pantalla.h"
+#include "harness/sistema.h"
 #include "partes.h"
 #include "tabla.h"
 

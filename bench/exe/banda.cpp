@@ -11,8 +11,8 @@
 
 #include "desplazamiento.h"
 #include "escena.h"
-#include "harness/concentrador.h"
-#include "harness/ventana.h"
+#include "harness/red.h"
+#include "harness/sistema.h"
 #include "partes.h"
 #include "pesos.h"
 #include "tabla.h"

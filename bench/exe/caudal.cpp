@@ -10,10 +10,8 @@
 #include <vector>
 
 #include "escena.h"
-#include "harness/concentrador.h"
-#include "harness/emisorUDP.h"
-#include "harness/esperar.h"
-#include "harness/trama.h"
+#include "harness/red.h"
+#include "harness/sistema.h"
 #include "partes.h"
 #include "pesos.h"
 #include "tabla.h"

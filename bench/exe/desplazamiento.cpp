@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "escena.h"
-#include "harness/fotografia.h"
+#include "harness/pantalla.h"
 
 namespace sorvanel::medidas {
 namespace {

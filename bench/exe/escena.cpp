@@ -4,10 +4,9 @@
 #include <stdexcept>
 
 #include "desnudo.h"
-#include "harness/archivo.h"
-#include "harness/concentrador.h"
 #include "harness/configuracion.h"
-#include "harness/esperar.h"
+#include "harness/red.h"
+#include "harness/sistema.h"
 
 namespace sorvanel::medidas {
 

@@ -6,10 +6,9 @@
 #include <vector>
 
 #include "escena.h"
-#include "harness/emisorUDP.h"
-#include "harness/esperar.h"
-#include "harness/ventana.h"
-#include "harness/ventanaHerramienta.h"
+#include "harness/programa.h"
+#include "harness/red.h"
+#include "harness/sistema.h"
 #include "partes.h"
 #include "tabla.h"
 

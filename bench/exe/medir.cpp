@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "harness/emisorUDP.h"
+#include "harness/red.h"
 #include "partes.h"
 
 namespace {

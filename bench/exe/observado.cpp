@@ -4,7 +4,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "harness/texto.h"
+#include "harness/sistema.h"
 
 namespace sorvanel::medidas {
 namespace {

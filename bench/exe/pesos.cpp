@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "escena.h"
-#include "harness/ventana.h"
+#include "harness/sistema.h"
 
 namespace sorvanel::medidas {
 namespace {

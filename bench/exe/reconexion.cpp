@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "escena.h"
-#include "harness/concentrador.h"
+#include "harness/red.h"
 #include "partes.h"
 #include "pesos.h"
 #include "tabla.h"

@@ -15,9 +15,7 @@
 #include <vector>
 
 #include "escena.h"
-#include "harness/concentrador.h"
-#include "harness/emisorUDP.h"
-#include "harness/trama.h"
+#include "harness/red.h"
 #include "partes.h"
 #include "pesos.h"
 #include "recursos.h"

@@ -8,10 +8,13 @@
 
 namespace sorvanel {
 
-// Notes the lines that a link hands over; takes those that the test says, at first all.
+// Notes what a link hands over: the lines of its own port, all taken unless the test says otherwise; of the shared link
+// "1203" for a reading of that address, its own one taken, and "s" for silence.
 class SuscriptorDoble : public SuscriptorPeso {
 public:
-    std::int32_t puerto = 3001;
+    explicit SuscriptorDoble(std::int32_t suyo = 3001) : puerto(suyo) {}
+
+    std::int32_t puerto;
     std::vector<std::string> lineas;
     std::function<void()> alRecibir;
     std::function<bool(std::string_view)> toma;
@@ -23,7 +26,12 @@ public:
         if (alRecibir) alRecibir();
         return !toma || toma(linea);
     }
-    bool mmTCP_refrescoPeso(std::int16_t, std::int16_t, std::string_view) override { return false; }
+    bool mmTCP_refrescoPeso(std::int16_t primero, std::int16_t segundo, std::string_view carga) override {
+        const int direccion = primero * 100 + segundo;
+        lineas.push_back(carga.empty() && direccion == 0 ? "s" : std::to_string(direccion));
+        if (alRecibir) alRecibir();
+        return !carga.empty() && direccion == puerto;
+    }
 };
 
 }  // namespace sorvanel

@@ -111,7 +111,6 @@ public:
     ProtocoloZocalo protocolo() const { return m_protocolo; }
     std::int32_t puerto() const { return m_puerto; }  // 0 while not bound
     bool estaConectando() const { return m_conectando; }
-    bool estaConectado() const { return m_conectado; }
     bool abierto() const { return m_puerto != 0 || m_conectando || m_conectado; }
 
 private:

@@ -4,11 +4,8 @@
 
 #include <string>
 
-#include "harness/configuracion.h"
-#include "harness/emisorUDP.h"
-#include "harness/esperar.h"
 #include "harness/programa.h"
-#include "harness/ventanaHerramienta.h"
+#include "harness/red.h"
 
 namespace sorvanel::pruebas {
 
@@ -19,10 +16,7 @@ protected:
     void configurar(const std::string& ini) {
         original = ini;
         programa.escribirINI(ini);
-        programa.arrancar();
-        ASSERT_TRUE(programa.esperarVisible(IdControl::botPau));
-        programa.pulsar(IdControl::botPau);
-        ASSERT_TRUE(programa.esperarVisible(IdControl::botCfg));
+        ASSERT_TRUE(programa.marchar() && programa.pausar());
         programa.pulsar(IdControl::botCfg);
         ASSERT_TRUE(programa.esperarVisible(IdControl::botOk));
     }

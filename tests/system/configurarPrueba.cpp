@@ -4,15 +4,12 @@
 #include <gmock/gmock.h>
 
 #include "configurar.h"
-#include "harness/fotografia.h"
-#include "harness/trama.h"
-#include "harness/ventana.h"
+#include "harness/pantalla.h"
 
 namespace sorvanel::pruebas {
 namespace {
 
 using testing::HasSubstr;
-using testing::Not;
 
 // From nothing to a live weight, as someone does who has never seen the program.
 TEST_F(Configurar, DeLaNadaAUnPesoVivo) {
@@ -35,10 +32,7 @@ TEST_F(Configurar, DeLaNadaAUnPesoVivo) {
     programa.pulsar(IdControl::botRun);
     ASSERT_TRUE(programa.esperarVisible(IdControl::botPau));
     EmisorUDP indicador;
-    EXPECT_TRUE(esperar([&] {
-        indicador.enviar(puerto, trama(12000));
-        return programa.texto(IdControl::picRep, 1) == "12";
-    }));
+    EXPECT_TRUE(insistir([&] { indicador.enviar(puerto, trama(12000)); }, [&] { return programa.peso(1) == "12"; }));
     EXPECT_THAT(programa.leerINI(), HasSubstr("Etiqueta=Tolva\xa0n\xba\xa0"
                                               "1\xa0\x80\r\n"));
     EXPECT_TRUE(programa.terminar());
@@ -48,32 +42,17 @@ TEST_F(Configurar, UnaEntradaInvalidaSeDiceYCancelarDevuelveCadaByte) {
     configurar(dosVisores);
     ASSERT_TRUE(abrir(IdControl::botVisores, visores));
     ASSERT_TRUE(visores.esperarControl(IdControl::txPort, 2));
-    const struct {
-        IdControl campo;
-        std::string texto;
-        std::string guardado;
-        const char* aviso;
-    } casos[] = {
-        {IdControl::txPort, std::to_string(puerto), std::to_string(puerto + 1),
-         "Valor de 'port' posiblemente duplicado"},
-        {IdControl::txUbi, "1,1", "2,1", "La ubicación entrada no es correcta o está duplicada"},
-        {IdControl::txUbi, "3,1", "2,1", "La ubicación entrada no es correcta o está duplicada"},
-    };
-    for (const auto& caso : casos) {
-        visores.escribir(caso.campo, 2, caso.texto);
-        ASSERT_TRUE(visores.esperarTexto(caso.campo, 2, caso.texto));
-        visores.tecla(caso.campo, 2, VK_RETURN);
-        EXPECT_EQ(programa.caja().esperarTexto(), caso.aviso);
-        EXPECT_TRUE(programa.caja().cerrar());
-        EXPECT_EQ(visores.texto(caso.campo, 2), caso.texto) << "what was typed stays";
-        // Accepting asks again, and refuses.
-        programa.pulsar(IdControl::botOk);
-        EXPECT_EQ(programa.caja().esperarTexto(), caso.aviso);
-        EXPECT_TRUE(programa.caja().cerrar());
-        EXPECT_NE(visores.ventana(), nullptr);
-        visores.tecla(caso.campo, 2, VK_ESCAPE);
-        ASSERT_TRUE(visores.esperarTexto(caso.campo, 2, caso.guardado));
-    }
+    visores.escribir(IdControl::txUbi, 2, "1,1");
+    ASSERT_TRUE(visores.esperarTexto(IdControl::txUbi, 2, "1,1"));
+    visores.tecla(IdControl::txUbi, 2, VK_RETURN);
+    const char* aviso = "La ubicación entrada no es correcta o está duplicada";
+    EXPECT_EQ(programa.caja().contestar(), aviso);
+    EXPECT_EQ(visores.texto(IdControl::txUbi, 2), "1,1") << "what was typed stays";
+    programa.pulsar(IdControl::botOk);
+    EXPECT_EQ(programa.caja().contestar(), aviso) << "accepting asks again, and refuses";
+    EXPECT_NE(visores.ventana(), nullptr);
+    visores.tecla(IdControl::txUbi, 2, VK_ESCAPE);
+    ASSERT_TRUE(visores.esperarTexto(IdControl::txUbi, 2, "2,1"));
     visores.escribir(IdControl::txEtq, 2, "Otra");
     visores.tecla(IdControl::txEtq, 2, VK_RETURN);
     ASSERT_TRUE(esperarINI("Etiqueta=Otra"));
@@ -138,62 +117,6 @@ TEST_F(Configurar, ElDisenoDeLaParrillaSeVeYSeGuardaEnseguida) {
     // The button toggles.
     programa.pulsar(IdControl::botDise);
     EXPECT_TRUE(contexto.esperarCerrada());
-}
-
-TEST_F(Configurar, ElMensajeSeVeMientrasSeEscribe) {
-    configurar(dosVisores);
-    ASSERT_TRUE(abrir(IdControl::botMensaje, mensaje));
-    EXPECT_FALSE(seVe(mensaje.control(IdControl::txTexto)));
-    mensaje.pulsar(IdControl::lbUsar);
-    ASSERT_TRUE(mensaje.esperarControl(IdControl::txTexto));
-    mensaje.escribir(IdControl::txTexto, 0, "Atención");
-    EXPECT_TRUE(programa.esperarTexto(IdControl::picMsg, 0, "Atención"));
-    EXPECT_TRUE(programa.seVe(IdControl::picMsg));
-    EXPECT_TRUE(esperarINI("Texto=Atenci\xf3n"));
-    mensaje.pulsar(IdControl::imVelP);
-    EXPECT_TRUE(esperarINI("Velocidad=5"));
-    const Fotografia antes(programa.control(IdControl::picMsg));
-    EXPECT_TRUE(esperar([&] { return !(Fotografia(programa.control(IdControl::picMsg)) == antes); })) << "it moves";
-    mensaje.pulsar(IdControl::ckUsar);
-    EXPECT_TRUE(programa.esperarOculto(IdControl::picMsg));
-    EXPECT_TRUE(esperarINI("EnUso=No"));
-    // Another tool takes its place.
-    ASSERT_TRUE(abrir(IdControl::botDise, contexto));
-    EXPECT_TRUE(mensaje.esperarCerrada());
-}
-
-TEST_F(Configurar, LasAsasMuevenLaParrillaConElTeclado) {
-    configurar(dosVisores);
-    programa.pulsar(IdControl::botSize);
-    ASSERT_TRUE(programa.esperarVisible(IdControl::imDrgXY));
-    const RECT antes = lugar(programa.control(IdControl::imDrgXY));
-    const HWND asa = programa.control(IdControl::imDrgXY);
-    pulsar(asa);
-    ASSERT_TRUE(esperar([&] { return foco(asa) == asa; }));
-    for (int i = 0; i < 10; ++i) teclear(asa, VK_RIGHT);
-    EXPECT_TRUE(esperar([&] { return lugar(asa).left == antes.left + 10; }));
-    EXPECT_TRUE(esperar([&] { return programa.leerINI().find("Posicion=") != std::string::npos; }));
-    programa.pulsar(IdControl::botCan);
-    EXPECT_TRUE(programa.esperarOculto(IdControl::imDrgXY));
-    EXPECT_TRUE(esperar([&] { return programa.leerINI() == original; }));
-}
-
-TEST_F(Configurar, ElPanelParticularCambiaUnSoloVisor) {
-    configurar(dosVisores);
-    ASSERT_TRUE(abrir(IdControl::botVisores, visores));
-    visores.pulsar(IdControl::imFoco, 2);
-    ASSERT_TRUE(visores.esperarControl(IdControl::ckFmt));
-    visores.pulsar(IdControl::botElim);
-    EXPECT_EQ(programa.caja().esperarTexto(), "Debe cerrar la ventana de diseño particular");
-    EXPECT_TRUE(programa.caja().cerrar());
-    visores.pulsar(IdControl::ckFmt);
-    ASSERT_TRUE(visores.esperarControl(IdControl::txFmt));
-    visores.escribir(IdControl::txFmt, 0, "0.00");
-    EXPECT_TRUE(esperarINI("formatoPeso=0.00"));
-    visores.pulsar(IdControl::imDesf);
-    EXPECT_TRUE(esperar([&] { return !seVe(visores.control(IdControl::ckFmt)); }));
-    const std::string ini = programa.leerINI();
-    EXPECT_THAT(ini.substr(0, ini.find("[VISOR_2]")), Not(HasSubstr("formatoPeso=0.00")));
 }
 
 }  // namespace

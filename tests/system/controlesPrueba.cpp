@@ -4,12 +4,8 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <array>
 
 #include "configurar.h"
-#include "harness/monitores.h"
-#include "harness/texto.h"
-#include "harness/ventana.h"
 
 namespace sorvanel::pruebas {
 namespace {
@@ -27,12 +23,6 @@ void alPortapapeles(std::wstring_view texto) {
     EmptyClipboard();
     SetClipboardData(CF_UNICODETEXT, memoria);
     CloseClipboard();
-}
-
-void arrastrar(HWND asa, int x, int y) {
-    PostMessageW(asa, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
-    PostMessageW(asa, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(5 + x, 5 + y));
-    PostMessageW(asa, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
 }
 
 TEST_F(Controles, UnaListaSeAbreYLoElegidoSeGuarda) {
@@ -110,27 +100,6 @@ TEST_F(Controles, UnDobleClicEsUnClicMasEnUnBotonYEligeLaPalabraEnUnaCaja) {
     EXPECT_NE(GetClassLongPtrW(contexto.control(IdControl::txFmt), GCL_STYLE) & CS_DBLCLKS, 0U);
 }
 
-TEST_F(Controles, LaOtraFamiliaPideSuPortYSuConexion) {
-    configurar(dosVisores);
-    ASSERT_TRUE(abrir(IdControl::botVisores, visores));
-    ASSERT_TRUE(visores.esperarControl(IdControl::imPtc, 2));
-    visores.pulsar(IdControl::imPtc, 2);
-    ASSERT_TRUE(visores.esperarControl(IdControl::txPavHost));
-    EXPECT_TRUE(visores.esperarTexto(IdControl::txPort, 2, ""));
-    EXPECT_EQ(foco(visores.ventana()), visores.control(IdControl::txPort, 2));
-    visores.escribir(IdControl::txPort, 2, "12/345");
-    visores.tecla(IdControl::txPort, 2, VK_RETURN);
-    EXPECT_TRUE(visores.esperarTexto(IdControl::txPort, 2, "15/45"));
-    visores.tecla(IdControl::txPort, 2, VK_ESCAPE);
-    EXPECT_TRUE(visores.esperarTexto(IdControl::txPort, 2, "1545"));
-    visores.escribir(IdControl::txPavHost, 0, "sala-2");
-    EXPECT_TRUE(esperarINI("Host=sala-2"));
-    visores.escribir(IdControl::txPavPort, 0, "9x5");
-    EXPECT_TRUE(visores.esperarTexto(IdControl::txPavPort, 0, "95"));
-    EXPECT_TRUE(esperarINI("[PAVONA]\r\nHost=sala-2\r\nPort=95\r\n"));
-    EXPECT_THAT(programa.leerINI(), HasSubstr("Protocolo=Pavona\r\n"));
-}
-
 TEST_F(Controles, ElTecladoVaComoLaVistaYCadaControlSeNombra) {
     configurar(dosVisores);
     ASSERT_TRUE(abrir(IdControl::botVisores, visores));
@@ -152,12 +121,8 @@ TEST_F(Controles, SobreUnBotonApareceSuSugerencia) {
     ASSERT_TRUE(abrir(IdControl::botMensaje, mensaje));
     const auto sugerida = [&] {
         std::string texto;
-        for (const HWND una : programa.proceso().ventanas()) {
-            std::array<wchar_t, 32> clase{};
-            GetClassNameW(una, clase.data(), static_cast<int>(clase.size()));
-            if (IsWindowVisible(una) && std::wstring_view(clase.data()) == L"tooltips_class32")
-                texto = pruebas::texto(una);
-        }
+        for (const HWND una : programa.proceso().ventanas())
+            if (IsWindowVisible(una) && clase(una) == L"tooltips_class32") texto = pruebas::texto(una);
         return texto;
     };
     for (const HWND control : {programa.control(IdControl::botCan), mensaje.control(IdControl::imUnload)}) {
@@ -169,7 +134,7 @@ TEST_F(Controles, SobreUnBotonApareceSuSugerencia) {
     SetCursorPos(5, 5);
 }
 
-TEST_F(Controles, LasAsasSiguenAlRatonYRespetanElMensaje) {
+TEST_F(Controles, LasAsasSiguenAlRatonYAlTecladoYRespetanElMensaje) {
     configurar(dosVisores + std::string(Configuracion().seccion("MENSAJE").clave("EnUso", "Si")));
     programa.pulsar(IdControl::botSize);
     ASSERT_TRUE(programa.esperarVisible(IdControl::imDrgWH));
@@ -185,60 +150,46 @@ TEST_F(Controles, LasAsasSiguenAlRatonYRespetanElMensaje) {
     arrastrar(xy, 200, 100);
     EXPECT_TRUE(esperar([&] { return lugar(xy).left == pantalla.left + 200 && lugar(xy).top == pantalla.top + 100; }));
     EXPECT_EQ(lugar(wh).right, pantalla.right) << "the other corner stays";
+    pulsar(xy);
+    ASSERT_TRUE(esperar([&] { return foco(xy) == xy; }));
+    for (int i = 0; i < 10; ++i) teclear(xy, VK_RIGHT);
+    EXPECT_TRUE(esperar([&] { return lugar(xy).left == pantalla.left + 210; }));
     EXPECT_TRUE(esperarINI("Posicion=0"));
     programa.pulsar(IdControl::botCan);
     EXPECT_TRUE(esperar([&] { return programa.leerINI() == original; }));
 }
 
-TEST_F(Controles, UnaHerramientaSeQuedaDondeSeLlevo) {
+TEST_F(Controles, UnaHerramientaSeQuedaDondeSeLlevoYSigueALaPantalla) {
     configurar(dosVisores);
-    ASSERT_TRUE(abrir(IdControl::botMensaje, mensaje));
+    ASSERT_TRUE(abrir(IdControl::botDise, contexto));
     const std::vector<MonitorVisto> todos = monitores();
     const auto otro = std::find_if(todos.begin(), todos.end(), [](const MonitorVisto& m) { return !m.primario; });
     ASSERT_NE(otro, todos.end());
-    const RECT sitio{otro->area.left + 200, otro->area.top + 150, 0, 0};
-    SetWindowPos(mensaje.ventana(), nullptr, sitio.left, sitio.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-    mensaje.pulsar(IdControl::ckUsar);
-    EXPECT_TRUE(esperarINI("EnUso=S"));
-    const RECT ahora = lugar(mensaje.ventana());
-    EXPECT_TRUE(ahora.left == sitio.left && ahora.top == sitio.top) << ahora.left << " " << ahora.top;
-}
-
-TEST_F(Controles, CancelarDevuelveMonitorTransparenciaYUltimoVisor) {
-    configurar(dosVisores);
-    const RECT antes = lugar(programa.ventana());
-    ASSERT_TRUE(abrir(IdControl::botDise, contexto));
-    contexto.pulsar(monitores().front().primario ? IdControl::imMoP : IdControl::imMoM);
-    ASSERT_TRUE(esperar([&] { return lugar(programa.ventana()).left != antes.left; }));
-    EXPECT_TRUE(esperar([&] {
-        return MonitorFromWindow(contexto.ventana(), MONITOR_DEFAULTTONULL) ==
-               MonitorFromWindow(programa.ventana(), MONITOR_DEFAULTTONULL);
-    })) << "the tool follows";
+    const RECT sitio{otro->area.left + 200, otro->area.top + 150, 0, 0}, antes = lugar(programa.ventana());
+    SetWindowPos(contexto.ventana(), nullptr, sitio.left, sitio.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     contexto.pulsar(IdControl::ckTrpa);
     EXPECT_TRUE(esperarINI("colorAplicacion=Transparente"));
+    const RECT ahora = lugar(contexto.ventana());
+    EXPECT_TRUE(ahora.left == sitio.left && ahora.top == sitio.top) << ahora.left << " " << ahora.top;
+    const auto juntas = [&] {
+        return MonitorFromWindow(contexto.ventana(), MONITOR_DEFAULTTONULL) ==
+               MonitorFromWindow(programa.ventana(), MONITOR_DEFAULTTONULL);
+    };
+    ASSERT_FALSE(juntas());
+    contexto.pulsar(todos.front().primario ? IdControl::imMoP : IdControl::imMoM);
+    EXPECT_TRUE(esperar([&] { return lugar(programa.ventana()).left != antes.left && juntas(); }));
     programa.pulsar(IdControl::botCan);
     EXPECT_TRUE(contexto.esperarCerrada());
     EXPECT_TRUE(esperar([&] { return programa.leerINI() == original; }));
-    const auto enSuSitio = [&] {
-        const RECT ahora = lugar(programa.ventana());
-        return EqualRect(&ahora, &antes) != FALSE;
-    };
-    EXPECT_TRUE(esperar(enSuSitio));
-    ASSERT_TRUE(abrir(IdControl::botVisores, visores));
-    for (const int quedan : {1, 0}) {
-        visores.tecla(IdControl::txPort, 1, VK_RETURN);
-        visores.pulsar(IdControl::botElim);
-        ASSERT_TRUE(esperar([&] { return !programa.seVe(IdControl::picRep, quedan + 1); }));
-    }
-    programa.pulsar(IdControl::botOk);
-    ASSERT_TRUE(programa.esperarVisible(IdControl::botCfg)) << "without displays too";
-    EXPECT_EQ(programa.leerINI().find("[VISOR_"), std::string::npos);
+    EXPECT_TRUE(esperar([&] { return lugar(programa.ventana()).left == antes.left; }));
 }
 
 TEST_F(Controles, LaFuenteDelMensajeSeEligeEnLaVentanaDelSistema) {
-    configurar(dosVisores +
-               std::string(Configuracion().seccion("MENSAJE").clave("EnUso", "Si").clave("Texto", "Hola")));
+    configurar(dosVisores);
     ASSERT_TRUE(abrir(IdControl::botMensaje, mensaje));
+    mensaje.pulsar(IdControl::lbUsar);
+    mensaje.escribir(IdControl::txTexto, 0, "Atención");
+    ASSERT_TRUE(programa.esperarTexto(IdControl::picMsg, 0, "Atención"));
     const LONG antes = lugar(programa.control(IdControl::picMsg)).top;
     mensaje.pulsar(IdControl::botFont);
     constexpr int TAMANO = 1138, SUBRAYADO = 1041;

@@ -1,15 +1,10 @@
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <memory>
 
-#include "harness/configuracion.h"
-#include "harness/emisorUDP.h"
-#include "harness/esperar.h"
-#include "harness/fotografia.h"
-#include "harness/monitores.h"
+#include "harness/pantalla.h"
 #include "harness/programa.h"
-#include "harness/telon.h"
-#include "harness/ventana.h"
+#include "harness/red.h"
 #include "platform/color.h"
 
 namespace sorvanel::pruebas {
@@ -31,22 +26,11 @@ Region unir(const RECT& a, const RECT& b) {
     return total;
 }
 
-bool tieneForma(HWND ventana) {
-    const Region suya(CreateRectRgn(0, 0, 0, 0));
-    return GetWindowRgn(ventana, suya.get()) != ERROR;
-}
-
+// Null: it has none.
 bool esSuForma(HWND ventana, HRGN esperada) {
     const Region suya(CreateRectRgn(0, 0, 0, 0));
-    return GetWindowRgn(ventana, suya.get()) != ERROR && EqualRgn(suya.get(), esperada);
-}
-
-// What a control covers, counted from the corner of its main window.
-RECT dentro(const Programa& programa, IdControl control) {
-    RECT zona = lugar(programa.control(control));
-    const RECT ventana = lugar(programa.ventana());
-    OffsetRect(&zona, -ventana.left, -ventana.top);
-    return zona;
+    const bool tiene = GetWindowRgn(ventana, suya.get()) != ERROR;
+    return tiene ? esperada != nullptr && EqualRgn(suya.get(), esperada) : esperada == nullptr;
 }
 
 // A quarter in from the left and from the top, half as wide and as high.
@@ -56,7 +40,7 @@ RECT zonaParrilla(const RECT& monitor) {
     return {ancho / 4, alto / 4, ancho * 3 / 4, alto / 4 + (alto - RESERVA) / 2};
 }
 
-std::string transparente(std::size_t monitor, const std::string& color = "Transparente", const char* mensaje = "No") {
+std::string transparente(std::size_t monitor, const std::string& color, const char* mensaje) {
     return Configuracion()
         .reticula(1, 1)
         .clave("Posicion", "0,25;0,25")
@@ -71,42 +55,31 @@ std::string transparente(std::size_t monitor, const std::string& color = "Transp
         .clave("Font", "Arial,20");
 }
 
-class Forma : public testing::Test {
-protected:
-    void arrancar(const std::string& ini) {
-        programa.escribirINI(ini);
-        programa.arrancar();
-        ASSERT_TRUE(programa.esperarVisible(IdControl::botPau));
-    }
+bool clicLlega(const Telon& telon, int x, int y) {
+    const int antes = telon.clics();
+    clicEnPantalla(x, y);
+    return esperar([&] { return telon.clics() > antes; }, 1000);
+}
 
-    // Paused, the cursor may leave the bar.
-    void pausar() {
-        programa.pulsar(IdControl::botPau);
-        ASSERT_TRUE(programa.esperarVisible(IdControl::botRun));
-    }
+class Forma : public testing::TestWithParam<std::size_t> {};
 
-    bool clicLlega(const Telon& telon, int x, int y) {
-        const int antes = telon.clics();
-        clicEnPantalla(x, y);
-        return esperar([&] { return telon.clics() > antes; }, 1000);
-    }
-
-    Programa programa;
-};
-
-class FormaEnMonitor : public Forma, public testing::WithParamInterface<std::size_t> {};
-
-TEST_P(FormaEnMonitor, TransparenteQuedanLaReticulaYLaBarra) {
-    const std::vector<MonitorVisto> todos = monitores();
-    ASSERT_LE(GetParam(), todos.size());
-    const RECT monitor = todos[GetParam() - 1].area;
+// On the second monitor with the message's strip.
+TEST_P(Forma, TransparenteQuedanLaReticulaYLoDeAbajoYConColorTodo) {
+    const bool conMensaje = GetParam() == 2;
+    const char* mensaje = conMensaje ? "Si" : "No";
+    ASSERT_LE(GetParam(), monitores().size());
+    const RECT monitor = monitores()[GetParam() - 1].area;
     const Telon telon(monitor, DE_DETRAS);
-    arrancar(transparente(GetParam()));
+    Programa programa(transparente(GetParam(), "Transparente", mensaje));
+    ASSERT_TRUE(programa.marchar());
 
     const RECT parrilla = zonaParrilla(monitor);
-    const RECT barra = dentro(programa, IdControl::picBot);
-    EXPECT_EQ(barra.right - barra.left, monitor.right - monitor.left);
-    const Region esperada = unir(parrilla, barra);
+    RECT abajo = lugar(programa.control(IdControl::picBot));
+    EXPECT_EQ(abajo.right - abajo.left, monitor.right - monitor.left);
+    if (conMensaje) abajo.top = lugar(programa.control(IdControl::picMsg)).top;
+    const int franja = abajo.top;
+    OffsetRect(&abajo, -monitor.left, -monitor.top);
+    const Region esperada = unir(parrilla, abajo);
     EXPECT_TRUE(esperar([&] { return esSuForma(programa.ventana(), esperada.get()); }));
 
     // Left of the grid and right below it one sees what lies behind, on the grid the grid.
@@ -116,53 +89,24 @@ TEST_P(FormaEnMonitor, TransparenteQuedanLaReticulaYLaBarra) {
         const Fotografia foto({x - 20, y - 20, x + 20, y + 20});
         return foto.cuantos(DE_DETRAS) == 40 * 40 - 20 * 20;
     }));
-    pausar();
-    EXPECT_TRUE(clicLlega(telon, x - 20, y - 20));
-    EXPECT_TRUE(clicLlega(telon, x + 20, y + 20));
-    EXPECT_FALSE(clicLlega(telon, x + 20, y - 20)) << "through the grid";
-    EXPECT_TRUE(programa.terminar());
-}
-
-INSTANTIATE_TEST_SUITE_P(Monitores, FormaEnMonitor, testing::Values(1, 2));
-
-TEST_F(Forma, LaFranjaDelMensajeSeConserva) {
-    const RECT monitor = monitores()[0].area;
-    const Telon telon(monitor, DE_DETRAS);
-    arrancar(transparente(1, "tran", "Si"));
-    ASSERT_TRUE(programa.esperarVisible(IdControl::picMsg));
-    RECT abajo = dentro(programa, IdControl::picBot);
-    const RECT franja = dentro(programa, IdControl::picMsg);
-    EXPECT_EQ(franja.bottom, abajo.top);
-    abajo.top = franja.top;
-    const Region esperada = unir(zonaParrilla(monitor), abajo);
-    EXPECT_TRUE(esperar([&] { return esSuForma(programa.ventana(), esperada.get()); }));
-    pausar();
-    const int x = monitor.left + 40;
-    const int y = monitor.top + franja.top;
+    ASSERT_TRUE(programa.pausar());  // then the cursor may leave the bar
     // First where it must not get through: a window that is clicked may come to the front.
-    EXPECT_FALSE(clicLlega(telon, x, y + 3)) << "through the strip";
-    EXPECT_TRUE(clicLlega(telon, x, y - 3));
-    EXPECT_TRUE(programa.terminar());
-}
+    EXPECT_FALSE(clicLlega(telon, x, franja + 3)) << "through what stands below";
+    EXPECT_TRUE(clicLlega(telon, x, franja - 3));
+    EXPECT_TRUE(clicLlega(telon, x - 20, y - 20));
+    EXPECT_FALSE(clicLlega(telon, x + 20, y - 20)) << "through the grid";
 
-TEST_F(Forma, ConColorEsEnteraOtraVez) {
-    const RECT monitor = monitores()[0].area;
-    const Telon telon(monitor, DE_DETRAS);
-    arrancar(transparente(1));
-    ASSERT_TRUE(esperar([&] { return tieneForma(programa.ventana()); }));
-    pausar();
     programa.pulsar(IdControl::botCfg);
     ASSERT_TRUE(programa.esperarVisible(IdControl::botOk));
-    programa.escribirINI(transparente(1, "1177DD"));
+    programa.escribirINI(transparente(GetParam(), "1177DD", mensaje));
     programa.pulsar(IdControl::botOk);
     ASSERT_TRUE(programa.esperarVisible(IdControl::botRun));
-    EXPECT_TRUE(esperar([&] { return !tieneForma(programa.ventana()); }));
-    const int x = monitor.left + 30;
-    const int y = monitor.top + 30;
-    EXPECT_TRUE(esperar([&] { return Fotografia({x, y, x + 9, y + 9}).cuantos(rgb(0xDD, 0x77, 0x11)) == 81; }));
-    EXPECT_FALSE(clicLlega(telon, x, y));
-    EXPECT_TRUE(programa.terminar());
+    EXPECT_TRUE(esperar([&] { return esSuForma(programa.ventana(), nullptr); }));
+    EXPECT_TRUE(esperar([&] { return Fotografia({x - 9, y - 9, x, y}).cuantos(rgb(0xDD, 0x77, 0x11)) == 9 * 9; }));
+    EXPECT_FALSE(clicLlega(telon, x - 20, y - 20));
 }
+
+INSTANTIATE_TEST_SUITE_P(Monitores, Forma, testing::Values(1, 2));
 
 }  // namespace
 }  // namespace sorvanel::pruebas

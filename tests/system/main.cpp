@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <windows.h>
 
-#include "harness/emisorUDP.h"
+#include "harness/red.h"
 
 namespace {
 

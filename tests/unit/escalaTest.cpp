@@ -23,32 +23,27 @@ TEST(Eje, redondeaLasMitadesAlPar) {
     EXPECT_EQ(Eje(7.5F).largo(30), 4);
 }
 
-// Cells between lines, as a grid lays them: whatever the scale and the widths, one ends where the
-// next begins, and together they fill the whole.
-void comprobarVecinas(float twips, float inicio, float total, int columnas) {
-    const Escala escala(twips, twips);
-    const float linea = aTwips(3);
-    const float celda = (total - linea * static_cast<float>(columnas + 1)) / static_cast<float>(columnas);
-    std::int32_t anterior = escala.x.aPixel(static_cast<double>(inicio));
-    float x = inicio;
-    for (int pieza = 0; pieza < 2 * columnas + 1; ++pieza) {
-        const float ancho = pieza % 2 == 0 ? linea : celda;
-        const RectPixel r = escala.aPixeles({x, 0, ancho, 10});
-        ASSERT_EQ(r.left, anterior) << twips << " " << columnas << " " << pieza;
-        ASSERT_GT(r.right, r.left);
-        anterior = r.right;
-        x += ancho;
-    }
-    EXPECT_EQ(anterior, escala.x.aPixel(static_cast<double>(inicio + total))) << twips << " " << columnas;
-}
-
-// Also where the whole ends in the middle of a pixel, and the sums miss that by a hair.
+// Cells between lines, as a grid lays them: whatever the scale and the widths, one ends where the next begins, and
+// together they fill the whole. Also where that ends in the middle of a pixel, and the sums miss it by a hair.
 TEST(Escala, lasVecinasNoDejanHueco) {
     for (const float twips : ESCALAS) {
-        for (int columnas = 1; columnas <= 8; ++columnas) {
-            comprobarVecinas(twips, 37.3F, 1366 * twips, columnas);
-            comprobarVecinas(twips, 0, 2730.5F * twips, columnas);
-            comprobarVecinas(twips, 0, 955.5F * twips, columnas);
+        for (const auto& [inicio, total] : {std::pair{37.3F, 1366.0F}, {0.0F, 2730.5F}, {0.0F, 955.5F}}) {
+            for (int columnas = 1; columnas <= 8; ++columnas) {
+                const Escala escala(twips, twips);
+                const float linea = aTwips(3), lineas = linea * static_cast<float>(columnas + 1);
+                const float celda = (total * twips - lineas) / static_cast<float>(columnas);
+                std::int32_t anterior = escala.x.aPixel(static_cast<double>(inicio));
+                float x = inicio;
+                for (int pieza = 0; pieza < 2 * columnas + 1; ++pieza) {
+                    const float ancho = pieza % 2 == 0 ? linea : celda;
+                    const RectPixel r = escala.aPixeles({x, 0, ancho, 10});
+                    ASSERT_EQ(r.left, anterior) << twips << " " << columnas << " " << pieza;
+                    ASSERT_GT(r.right, r.left);
+                    anterior = r.right;
+                    x += ancho;
+                }
+                EXPECT_EQ(anterior, escala.x.aPixel(static_cast<double>(inicio + total * twips))) << columnas;
+            }
         }
     }
 }

@@ -2,10 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <limits>
-
-#include "doubles/oraculoPeso.h"
 
 namespace sorvanel {
 namespace {
@@ -56,30 +53,6 @@ TEST(FormatoPesoTest, Tabla) {
     for (const std::vector<Caso>& grupo : grupos)
         for (const auto& [formato, milesimas, texto] : grupo)
             EXPECT_EQ(formatear(formato, milesimas), texto) << '[' << formato << "] " << milesimas;
-}
-
-TEST(FormatoPesoTest, SinMemoriaNuevaEnRegimen) {
-    const FormatoPeso formato("0000.0 kilograms as text");
-    std::string texto;
-    formato.escribir(99999999, texto);
-    const char* const lugar = texto.data();
-    for (std::int64_t peso = 0; peso < 99999999; peso += 999983) formato.escribir(peso, texto);
-    EXPECT_EQ(texto.data(), lugar);
-}
-
-// Dense at the ends, then steps by a prime.
-TEST(FormatoPesoTest, CoincideConElOraculo) {
-    const struct {
-        const char* formato;
-        std::size_t enteros, decimales;
-    } formatos[] = {{"####0", 1, 0}, {"0000.0", 4, 1}, {"#0.00", 1, 2}, {"0.000", 1, 3}};
-    for (const auto& caso : formatos) {
-        for (int peso = 0; peso <= 99999999; peso += peso < 12000 || peso > 99990000 ? 1 : 10007) {
-            char cifras[16];
-            std::snprintf(cifras, sizeof cifras, "%08d", peso);
-            ASSERT_EQ(formatear(caso.formato, peso), oraculoPeso(cifras, caso.enteros, caso.decimales)) << peso;
-        }
-    }
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "doubles/entornoDoble.h"
+#include "doubles/suscriptorDoble.h"
 
 namespace sorvanel {
 namespace {
@@ -15,31 +16,9 @@ using Textos = std::vector<std::string>;
 const std::string LECTURA = "12/03 C- 0001.250 0000.500";
 const std::string OTRA = "07/42 -- 0000.100 0000.200";
 
-// Notes what it is told: "1203" for a reading of that address, "s" for silence. Takes its own address.
-class VisorDoble : public SuscriptorPeso {
-public:
-    explicit VisorDoble(std::int32_t puerto = 1203) : m_puerto(puerto) {}
-
-    Textos oido;
-    std::function<void()> alOir;
-
-    std::int32_t port() const override { return m_puerto; }
-    std::int16_t modoBulk() const override { return 4; }
-    bool frWsk_refrescoPeso(std::string_view) override { return false; }
-    bool mmTCP_refrescoPeso(std::int16_t primero, std::int16_t segundo, std::string_view carga) override {
-        const int direccion = primero * 100 + segundo;
-        oido.push_back(carga.empty() && direccion == 0 ? "s" : std::to_string(direccion));
-        if (alOir) alOir();
-        return !carga.empty() && direccion == m_puerto;
-    }
-
-private:
-    std::int32_t m_puerto;
-};
-
 struct Banco {
     EntornoDoble e;
-    VisorDoble visor;
+    SuscriptorDoble visor{1203};
     frTCP enlace{e.com, e.fabrica, e.reloj};
 
     ZocaloDoble& zocalo() { return *e.fabrica.ultimoZocalo(); }
@@ -88,6 +67,8 @@ TEST(frTCP, cadaSucesoEnCadaEstado) {
         {"basura", "0 1 6 6 4 5 6", [](Banco& b) { b.llegar("2/03 C- 0001.250 0000.500\r"); }},
         {"segundo", "0 1s 1*s 1*s 1*s 5s 1*s", [](Banco& b) { b.e.reloj.avanzar(1000); }},
         {"Cerrar", "0 0 0 0 0 0 0", [](Banco& b) { b.enlace.Cerrar(b.visor); }},
+        {"hola", "0 0 0 0 0 0 0", [](Banco& b) { b.enlace.hola(); }},
+        {"dos avisos y lectura", "0 1 6 5L 4 5 6", [](Banco& b) { b.llegar("XXX>XXX>" + LECTURA + "\r"); }},
         {"hola y adiós", "0 0 0 0 0 0 0", [](Banco& b) { b.enlace.hola(), b.enlace.adios(); }}};
     for (const auto& fila : TABLA) {
         std::istringstream celdas(fila.queda);
@@ -97,13 +78,13 @@ TEST(frTCP, cadaSucesoEnCadaEstado) {
             b.llevar(static_cast<Estado>(estado));
             const std::size_t conexiones = b.conexiones();
             b.zocalo().enviado.clear();
-            b.visor.oido.clear();
+            b.visor.lineas.clear();
             fila.ocurre(b);
             const Estado final = b.enlace.estado();
             std::string queda = std::to_string(static_cast<int>(final)), esperado;
             if (b.conexiones() == conexiones + 1) queda += '*';
             if (b.zocalo().enviado == "REP\r") queda += 'R';
-            for (const std::string& oido : b.visor.oido) queda += oido == "1203" ? "L" : oido;
+            for (const std::string& oida : b.visor.lineas) queda += oida == "1203" ? "L" : oida;
             celdas >> esperado;
             EXPECT_EQ(queda, esperado);
             EXPECT_EQ(b.zocalo().abierto(), final != Estado::cerrado && final != Estado::fallado);
@@ -122,7 +103,7 @@ TEST(frTCP, unaSesionCortadaPorDondeSea) {
             const Textos trozos = {cual.substr(0, i), cual.substr(i, j - i), cual.substr(j)};
             for (const std::string& trozo : todo == cual ? trozos : Textos{todo}) b.zocalo().llegar(trozo);
         }
-        ASSERT_EQ(b.visor.oido, (Textos{"1203", "742", "1203"})) << cual << " cut at " << i << " and " << j;
+        ASSERT_EQ(b.visor.lineas, (Textos{"1203", "742", "1203"})) << cual << " cut at " << i << " and " << j;
         ASSERT_EQ(b.zocalo().enviado, "REP\r");
     };
     for (const Textos& mensajes : sesiones) {
@@ -134,146 +115,90 @@ TEST(frTCP, unaSesionCortadaPorDondeSea) {
     }
 }
 
-TEST(frTCP, soloElSaltoDeLineaTrasElRetornoSobra) {
-    for (const Textos& trozos : {Textos{"\r\n\n" + LECTURA + "\r"}, Textos{"\r", "\n", "\n" + LECTURA + "\r"}}) {
+// What comes, and when: "+900" milliseconds pass, "*C" it is connected, "*X" closed by the other end, "*F" the attempt
+// fails; all else are bytes.
+void jugar(Banco& b, const Textos& guion) {
+    for (const std::string& paso : guion) {
+        if (paso[0] == '+') {
+            b.e.reloj.avanzar(std::stoi(paso));
+        } else if (paso[0] == '*') {
+            paso == "*C" ? b.zocalo().conectado() : paso == "*X" ? b.zocalo().cerrarse() : b.zocalo().fallar();
+        } else {
+            b.llegar(paso);
+        }
+    }
+}
+
+Textos operator+(Textos unos, const Textos& otros) {
+    unos.insert(unos.end(), otros.begin(), otros.end());
+    return unos;
+}
+Textos veces(int cuantas, const Textos& guion) {
+    return cuantas == 0 ? Textos{} : guion + veces(cuantas - 1, guion);
+}
+
+TEST(frTCP, loQueSeOyeYCuantasVecesSeLlama) {
+    const Textos L{LECTURA + "\r"}, sorda = veces(19, {"+500", "basura\r"}), diez = Textos{"+1100"} + veces(11, {"*F"});
+    const std::string x(frTCP::BUFER_MAXIMO, 'x');
+    const struct {
+        const char* que;
+        Estado desde;
+        Textos guion, oye;
+        std::size_t llamadas = 1;
+    } CASOS[] = {
+        // A line feed goes with the return before it, and only that one.
+        {"two line feeds", Estado::abierta, Textos{"\r\n\n" + LECTURA + "\r"} + L, {"1203"}},
+        {"in pieces", Estado::abierta, Textos{"\r", "\n", "\n" + LECTURA + "\r"} + L, {"1203"}},
+        {"of a reading taken", Estado::abierta, L + Textos{"+1000", "\n" + OTRA + "\r"}, {"1203", "s", "742"}},
+        // Half a line does not grow old, nor without end.
+        {"half", Estado::leyendo, {"basura\r" + LECTURA.substr(0, 20), "+1000", LECTURA.substr(20) + "\r"}, {"s"}},
+        {"64 KiB less one", Estado::abierta, {x.substr(1), LECTURA, "\r" + LECTURA}, {"1203"}},
+        {"64 KiB", Estado::abierta, {x, LECTURA, "\r" + LECTURA}, {"1203", "1203"}},
+        {"of another session", Estado::leyendo, Textos{"12/03 C-", "*X", "*C", "L", "IN>", "XXX>"} + L, {"1203"}, 2},
+        // Silence is told each second, while connecting too; an attempt without an answer fails after three.
+        {"connecting", Estado::conectando, {"+2999"}, {"s", "s"}},
+        {"too long", Estado::conectando, {"+3000"}, {"s", "s", "s"}, 2},
+        {"and again", Estado::conectando, {"+6000"}, Textos(6, "s"), 3},
+        {"each arrival begins it anew", Estado::leyendo, veces(5, Textos{"+900"} + L), Textos(5, "1203")},
+        {"it does not end a session", Estado::leyendo, {"+5000"}, Textos(5, "s")},
+        // Who takes nothing for ten seconds hears it, although the second never passes.
+        {"not yet", Estado::leyendo, sorda, {}},
+        {"now", Estado::leyendo, sorda + Textos{"+500", "basura\r"}, {"s"}},
+        {"others' readings", Estado::leyendo, veces(20, {"+500", OTRA + "\r"}), Textos(20, "742") + Textos{"s"}},
+        {"its own", Estado::leyendo, sorda + L + sorda, {"1203"}},
+        {"lost again and again", Estado::leyendo, veces(17, {"+600", "*X", "*C"}), {"s", "s"}, 18},
+        {"slow to connect", Estado::leyendo, sorda + Textos{"*X", "+900", "*C"}, {"s"}, 2},
+        {"slow to greet", Estado::leyendo, sorda + Textos{"*X", "+900", "*C", "+900", "LIN>"}, {"s", "s"}, 2},
+        // Ten calls a second and no more, but that the tick always tries.
+        {"ten", Estado::conectando, diez + Textos{"+899"}, {"s"}, 11},
+        {"the tick", Estado::conectando, diez + Textos{"+900"}, {"s", "s"}, 12},
+        {"it counts", Estado::conectando, diez + Textos{"+900", "+99", "*F"}, {"s", "s"}, 12},
+        {"over", Estado::conectando, diez + Textos{"+900", "+99", "*F", "+901", "*F"}, {"s", "s", "s"}, 14}};
+    for (const auto& caso : CASOS) {
         Banco b;
-        b.llevar(Estado::abierta);
-        for (const std::string& trozo : trozos) b.zocalo().llegar(trozo);
-        EXPECT_EQ(b.visor.oido, Textos{}) << "the second line feed is part of the line, in however many pieces";
-        b.zocalo().llegar(LECTURA + "\r");
-        EXPECT_EQ(b.visor.oido, Textos{"1203"});
+        b.llevar(caso.desde);
+        b.visor.lineas.clear();
+        jugar(b, caso.guion);
+        EXPECT_EQ(b.visor.lineas, caso.oye) << caso.que;
+        EXPECT_EQ(b.conexiones(), caso.llamadas) << caso.que;
     }
-}
-
-TEST(frTCP, mediaLineaNoEnvejece) {
-    Banco b;
-    b.llevar(Estado::leyendo);
-    b.visor.oido.clear();
-    b.zocalo().llegar("basura\r" + LECTURA.substr(0, 20));
-    b.e.reloj.avanzar(1000);
-    b.zocalo().llegar(LECTURA.substr(20) + "\r");
-    EXPECT_EQ(b.visor.oido, Textos{"s"});
-    b.zocalo().llegar(LECTURA + "\r");
-    b.e.reloj.avanzar(1000);
-    b.zocalo().llegar("\n" + OTRA + "\r");
-    EXPECT_EQ(b.visor.oido, (Textos{"s", "1203", "s", "742"})) << "the line feed of a line that was taken";
-}
-
-TEST(frTCP, sinRetornoElBuferSeVaciaALos64KiB) {
-    for (const std::size_t largo : {frTCP::BUFER_MAXIMO - 1, frTCP::BUFER_MAXIMO}) {
-        Banco b;
-        b.llevar(Estado::abierta);
-        b.zocalo().llegar(std::string(largo, 'x'));
-        b.zocalo().llegar(LECTURA);
-        EXPECT_EQ(b.visor.oido.size(), largo == frTCP::BUFER_MAXIMO ? 1U : 0U) << largo;
-        b.zocalo().llegar("\r" + LECTURA);
-        EXPECT_EQ(b.visor.oido.back(), "1203") << largo;
-    }
-}
-
-TEST(frTCP, elSilencioSeAvisaCadaSegundoTambienMientrasConecta) {
-    Banco b;
-    b.llevar(Estado::conectando);
-    b.e.reloj.avanzar(2999);
-    EXPECT_EQ(b.visor.oido, Textos(2, "s"));
-    EXPECT_EQ(b.conexiones(), 1U);
-    b.e.reloj.avanzar(1);
-    EXPECT_EQ(b.conexiones(), 2U) << "an attempt without an answer has failed after three seconds";
-    b.e.reloj.avanzar(3000);
-    EXPECT_EQ(b.conexiones(), 3U);
-    b.zocalo().conectado();
-    b.zocalo().llegar("LIN>");
-    b.zocalo().llegar("XXX>");
-    b.visor.oido.clear();
-    for (int i = 0; i < 5; ++i) {
-        b.e.reloj.avanzar(900);
-        b.zocalo().llegar(LECTURA + "\r");
-    }
-    EXPECT_EQ(b.visor.oido, Textos(5, "1203")) << "each arrival begins the second anew";
-    b.e.reloj.avanzar(5000);
-    EXPECT_EQ(b.visor.oido.size(), 10U);
-    EXPECT_EQ(b.enlace.estado(), Estado::leyendo) << "silence does not end a session that has read";
-}
-
-TEST(frTCP, seReconectaEnseguidaPeroNoMasDeDiezVecesPorSegundo) {
-    Banco b;
-    b.llevar(Estado::conectando);
-    b.e.reloj.avanzar(1100);
-    for (int i = 1; i <= 11; ++i) b.zocalo().fallar();
-    EXPECT_EQ(b.conexiones(), 11U);
-    EXPECT_EQ(b.enlace.estado(), Estado::fallado);
-    b.e.reloj.avanzar(899);
-    EXPECT_EQ(b.conexiones(), 11U);
-    b.e.reloj.avanzar(1);
-    EXPECT_EQ(b.conexiones(), 12U) << "the tick always tries, however short ago the others were";
-    b.e.reloj.avanzar(99);
-    b.zocalo().fallar();
-    EXPECT_EQ(b.enlace.estado(), Estado::fallado) << "the tick's attempt counts too";
-    b.e.reloj.avanzar(901);
-    b.zocalo().fallar();
-    EXPECT_EQ(b.conexiones(), 14U) << "the second is over";
-}
-
-TEST(frTCP, unaSesionQueSePierdeSinCesarNoDejaUnPesoViejo) {
-    Banco b;
-    b.llevar(Estado::leyendo);
-    b.visor.oido.clear();
-    for (int i = 0; i < 17; ++i) {
-        b.e.reloj.avanzar(600);
-        b.zocalo().cerrarse();
-        b.zocalo().conectado();
-    }
-    EXPECT_EQ(std::set(b.visor.oido.begin(), b.visor.oido.end()), std::set<std::string>{"s"})
-        << "after ten seconds, although the second never passes";
-    Banco lenta;
-    lenta.llevar(Estado::leyendo);
-    lenta.visor.oido.clear();
-    for (int i = 0; i < 19; ++i, lenta.zocalo().llegar("basura\r")) lenta.e.reloj.avanzar(500);
-    lenta.zocalo().cerrarse();
-    lenta.e.reloj.avanzar(900);
-    lenta.zocalo().conectado();
-    EXPECT_EQ(lenta.visor.oido, Textos{"s"}) << "also when the next one begins it anew";
-    lenta.e.reloj.avanzar(900);
-    lenta.zocalo().llegar("LIN>");
-    EXPECT_EQ(lenta.visor.oido, Textos(2, "s"));
-}
-
-TEST(frTCP, quienNoTomaLecturaEnDiezSegundosOyeElSilencio) {
-    Banco b;
-    VisorDoble callado(742);
-    b.llevar(Estado::leyendo);
-    ASSERT_TRUE(b.enlace.enMarcha(callado));
-    for (int i = 1; i < 50; ++i) {
-        b.e.reloj.avanzar(500);
-        b.zocalo().llegar((i % 2 == 0 ? LECTURA : "basura") + "\r");
-        const bool dicho = std::count(callado.oido.begin(), callado.oido.end(), "s") != 0;
-        EXPECT_EQ(dicho, i >= 20) << i;
-    }
-    EXPECT_EQ(std::count(b.visor.oido.begin(), b.visor.oido.end(), "s"), 0);
-    callado.oido.clear();
-    b.zocalo().llegar(OTRA + "\r");
-    for (int i = 0; i < 19; ++i) {
-        b.e.reloj.avanzar(500);
-        b.zocalo().llegar("basura\r");
-    }
-    EXPECT_EQ(callado.oido, Textos{"742"}) << "its own reading begins the ten seconds anew";
 }
 
 TEST(frTCP, unVisorQueFallaNoDejaALosDemasSinLecturaNiSinSilencio) {
     Banco b;
-    VisorDoble malo(742);
+    SuscriptorDoble malo(742);
     b.llevar(Estado::abierta);
     ASSERT_TRUE(b.enlace.enMarcha(malo));
-    VisorDoble ultimo(742);
+    SuscriptorDoble ultimo(742);
     ASSERT_TRUE(b.enlace.enMarcha(ultimo));
     EXPECT_EQ(b.conexiones(), 1U) << "the link is shared";
-    malo.alOir = [] { throw std::runtime_error("no font"); };
+    malo.alRecibir = [] { throw std::runtime_error("no font"); };
     b.zocalo().llegar(OTRA + "\r" + LECTURA + "\r");
-    EXPECT_EQ(b.visor.oido, (Textos{"742", "1203"}));
-    EXPECT_EQ(ultimo.oido, (Textos{"742", "1203"}));
+    EXPECT_EQ(b.visor.lineas, (Textos{"742", "1203"}));
+    EXPECT_EQ(ultimo.lineas, (Textos{"742", "1203"}));
     b.e.reloj.avanzar(1000);
-    EXPECT_EQ(b.visor.oido.back(), "s");
-    EXPECT_EQ(ultimo.oido.back(), "s");
+    EXPECT_EQ(b.visor.lineas.back(), "s");
+    EXPECT_EQ(ultimo.lineas.back(), "s");
 }
 
 TEST(frTCP, elUltimoAdiosCierra) {
@@ -302,12 +227,12 @@ TEST(frTCP, unVisorPuedeIrseMientrasOye) {
     const Textos TODO = {"1203", "742", "s"};
     const struct {
         const char* hace;
-        std::function<void(frTCP&, std::array<VisorDoble, 3>&)> accion;
+        std::function<void(frTCP&, std::array<SuscriptorDoble, 3>&)> accion;
         std::array<Textos, 3> oyen;
     } CASOS[] = {{"se va", [](frTCP& f, auto& v) { f.Cerrar(v[0]); }, {Textos{"1203"}, TODO, TODO}},
                  {"se va un ajeno",
                   [](frTCP& f, auto&) {
-                      VisorDoble ajeno;
+                      SuscriptorDoble ajeno;
                       f.Cerrar(ajeno);
                   },
                   {TODO, TODO, TODO}},
@@ -320,20 +245,20 @@ TEST(frTCP, unVisorPuedeIrseMientrasOye) {
                  {"se va y vuelve",
                   [](frTCP& f, auto& v) {
                       f.Cerrar(v[0]);
-                      v[0].alOir = nullptr;
+                      v[0].alRecibir = nullptr;
                       EXPECT_TRUE(f.enMarcha(v[0]));
                   },
                   {TODO, TODO, TODO}}};
     for (const auto& caso : CASOS) {
         Banco b;
         b.llevar(Estado::leyendo);
-        std::array<VisorDoble, 3> v;
-        for (VisorDoble& uno : v) ASSERT_TRUE(b.enlace.enMarcha(uno));
+        std::array<SuscriptorDoble, 3> v{SuscriptorDoble(1203), SuscriptorDoble(1203), SuscriptorDoble(1203)};
+        for (SuscriptorDoble& uno : v) ASSERT_TRUE(b.enlace.enMarcha(uno));
         b.enlace.Cerrar(b.visor);
-        v[0].alOir = [&] { caso.accion(b.enlace, v); };
+        v[0].alRecibir = [&] { caso.accion(b.enlace, v); };
         b.zocalo().llegar(LECTURA + "\r" + OTRA + "\r");
         b.e.reloj.avanzar(1000);
-        for (std::size_t i = 0; i < v.size(); ++i) EXPECT_EQ(v[i].oido, caso.oyen[i]) << caso.hace << ' ' << i;
+        for (std::size_t i = 0; i < v.size(); ++i) EXPECT_EQ(v[i].lineas, caso.oyen[i]) << caso.hace << ' ' << i;
         EXPECT_EQ(b.suena(), b.enlace.estado() != Estado::cerrado) << caso.hace;
     }
 }
@@ -341,16 +266,16 @@ TEST(frTCP, unVisorPuedeIrseMientrasOye) {
 TEST(frTCP, cerrarYVolverAAbrirMientrasOyeEmpiezaDeNuevo) {
     Banco b;
     b.llevar(Estado::leyendo);
-    b.visor.oido.clear();
-    b.visor.alOir = [&] {
+    b.visor.lineas.clear();
+    b.visor.alRecibir = [&] {
         b.enlace.Cerrar(b.visor);
         EXPECT_TRUE(b.enlace.enMarcha(b.visor));
     };
     b.zocalo().llegar(LECTURA + "\r" + OTRA + "\r");
-    EXPECT_EQ(b.visor.oido, Textos{"1203"}) << "what was left belonged to the old session";
+    EXPECT_EQ(b.visor.lineas, Textos{"1203"}) << "what was left belonged to the old session";
     EXPECT_EQ(b.enlace.estado(), Estado::conectando);
     b.e.reloj.avanzar(1000);
-    EXPECT_EQ(b.visor.oido, (Textos{"1203", "s"}));
+    EXPECT_EQ(b.visor.lineas, (Textos{"1203", "s"}));
 }
 
 TEST(frTCP, seConectaADondeDicenLosAjustes) {
@@ -374,19 +299,19 @@ TEST(frTCP, seConectaADondeDicenLosAjustes) {
         b.e.valor("PAVONA", "Port", "4001");
         EXPECT_TRUE(b.enlace.enMarcha(b.visor));
         b.e.reloj.avanzar(1000);
-        EXPECT_EQ(b.visor.oido, Textos{"s"});
+        EXPECT_EQ(b.visor.lineas, Textos{"s"});
     }
 }
 
 TEST(frTCP, loQueYaCorriaSigueProbandoAunqueElPuertoDejeDeValer) {
     Banco b;
     b.llevar(Estado::leyendo);
-    b.visor.oido.clear();
+    b.visor.lineas.clear();
     b.e.valor("PAVONA", "Port", "0");
     b.zocalo().cerrarse();
     b.e.reloj.avanzar(2000);
     EXPECT_EQ(b.enlace.estado(), Estado::fallado);
-    EXPECT_EQ(b.visor.oido, Textos(2, "s"));
+    EXPECT_EQ(b.visor.lineas, Textos(2, "s"));
     b.e.valor("PAVONA", "Port", "4001");
     b.e.reloj.avanzar(1000);
     EXPECT_EQ(b.zocalo().conexiones.back(), "localhost:4001");

@@ -143,15 +143,13 @@ TEST(Parrilla, sinContextoDeDispositivoNoPintaNada) {
     b.lienzo.conDC(true);
     EXPECT_TRUE(b.p->definir(b.lienzo, b.ventana));
     b.lienzo.conDC(false);
-    b.lienzo.olvidar();
-    b.p->pintarReticula();
-    EXPECT_FALSE(b.p->getCell(1, 1));
-    EXPECT_TRUE(b.lienzo.lineas().empty());
-    b.lienzo.conDC(true);
-    b.p->indefinir();
-    b.p->darForma();
-    EXPECT_FALSE(b.p->getCell(1, 1));
-    EXPECT_EQ(b.ventana.recortes, 0);
+    for (int vez = 0; vez < 2; ++vez) {
+        b.p->pintarReticula();
+        EXPECT_FALSE(b.p->getCell(1, 1));
+        EXPECT_TRUE(b.lienzo.lineas().empty() && b.ventana.recortes == 0);
+        b.lienzo.conDC(true);
+        b.p->indefinir();
+    }
 }
 
 TEST(Parrilla, sinMonitorLasFraccionesDelArchivoQuedan) {

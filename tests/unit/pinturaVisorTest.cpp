@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <limits>
 
 #include "display/familia.h"
@@ -99,6 +98,7 @@ TEST_F(PinturaVisorTest, LetraMasGrandeQueCabe) {
                  // Long formats, and one with a tail.
                  {12000, 30000, 0, USUAL, "0.000", 2700},
                  {12000, 2000, 0, USUAL, "0 g", 1590},
+                 {12000, 2000, 0, USUAL, "0 \u00c1", 1755},
                  {12000, 3000, 0, USUAL, "0." + std::string(50, '0'), 420},
                  // Just large enough, and too small.
                  {873, 150, 2, USUAL, "####0", 180},
@@ -118,47 +118,40 @@ TEST_F(PinturaVisorTest, LetraMasGrandeQueCabe) {
     EXPECT_FALSE(encajar());
 }
 
-// Hinted type makes jumps: whatever it does, nothing is cut and the digits stand in the middle.
+// Hinted type makes jumps: whatever it does, nothing is cut, the digits stand in the middle, and a step larger they
+// would not fit.
 TEST_F(PinturaVisorTest, ElEncajeSeCompruebaConMedidasReales) {
     m_peso.ajustada(true);
+    const auto mide = [this](float letra, std::string_view texto) {
+        Fuente fuente;
+        fuente.alto = letra;
+        m_peso.fuente(fuente);
+        return m_peso.medir(texto);
+    };
     int encajadas = 0;
     for (float ancho = 300; ancho < 20000; ancho *= 1.37F) {
         for (float alto = 100; alto < 9000; alto *= 1.29F) {
-            for (int anchoEtiqueta = 0; anchoEtiqueta <= 6; anchoEtiqueta += 3) {
-                const AspectoVisor aspecto = aspectoCon(anchoEtiqueta, "####0.00", "M\u00e1quina\u00a0gris");
+            for (const int ceros : {0, 4, 7}) {
+                const AspectoVisor aspecto = aspectoCon(std::max(ceros - 1, 0), "####0.00", "M\u00e1quina\u00a0gris");
                 const auto encaje = encajarVisor(m_peso, {0, 0, ancho, alto}, aspecto, "9999.00");
                 if (!encaje) continue;
                 ++encajadas;
-                const auto mide = [&](float letra, const char* texto) {
-                    Fuente fuente;
-                    fuente.alto = letra;
-                    m_peso.fuente(fuente);
-                    return m_peso.medir(texto).ancho;
-                };
-                // A step larger it would not fit.
-                const float mayor = encaje->fuentePeso.alto + std::max(15.0F, encaje->fuentePeso.alto / 50);
-                const auto ceros = static_cast<float>(anchoEtiqueta > 0 ? anchoEtiqueta + 1 : 0);
-                const float pide =
-                    ceros * mide(mayor * aspecto.ratioAlturas, "0") + mide(mayor, "9999.00") + 1.35F * mide(mayor, "0");
+                const float letra = encaje->fuentePeso.alto, mayor = letra + std::max(15.0F, letra / 50);
+                const float pide = static_cast<float>(ceros) * mide(mayor * aspecto.ratioAlturas, "0").ancho +
+                                   mide(mayor, "9999.00").ancho + 1.35F * mide(mayor, "0").ancho;
                 EXPECT_TRUE(pide > ancho || 0.7F * mayor > 0.88F * alto);
-                m_peso.fuente(encaje->fuentePeso);
-                EXPECT_GE(encaje->derecha, m_peso.medir("9999.00").ancho);
+                EXPECT_GE(encaje->derecha, mide(letra, "9999.00").ancho);
+                EXPECT_EQ(encaje->anchoCero, mide(letra, "0").ancho);
                 EXPECT_GE(encaje->anchoPeso - encaje->derecha, encaje->anchoCero - 0.1F);
-                EXPECT_EQ(encaje->anchoCero, m_peso.medir("0").ancho);
                 EXPECT_NEAR(encaje->tintaSuperior, alto - encaje->tintaInferior, TWIPS_POR_PIXEL);
-                EXPECT_GE(encaje->tintaSuperior, 0);
                 EXPECT_GE(encaje->tintaInferior - encaje->tintaSuperior, aTwips(8));
-                if (encaje->anchoEtiqueta <= 0) continue;
                 const EncajeEtiqueta& etiqueta = encaje->etiqueta;
-                m_peso.fuente(etiqueta.fuente);
                 for (const LineaEtiqueta& linea : etiqueta.lineas) {
-                    const MedidaTexto texto = m_peso.medir(linea.texto);
+                    const MedidaTexto texto = mide(etiqueta.fuente.alto, linea.texto);
                     EXPECT_EQ(linea.ancho, texto.ancho);
-                    if (etiqueta.fuente.alto > TWIPS_POR_PIXEL) {
-                        EXPECT_LE(texto.ancho + 2 * etiqueta.margen, encaje->anchoEtiqueta + 0.1F);
-                    }
-                    EXPECT_GE(linea.y + texto.tintaSuperior, 0);
-                    EXPECT_LE(linea.y + texto.tintaInferior, alto);
+                    EXPECT_TRUE(etiqueta.fuente.alto <= TWIPS_POR_PIXEL ||
+                                texto.ancho + 2 * etiqueta.margen <= encaje->anchoEtiqueta + 0.1F);
+                    EXPECT_TRUE(linea.y + texto.tintaSuperior >= 0 && linea.y + texto.tintaInferior <= alto);
                 }
             }
         }
@@ -300,23 +293,6 @@ TEST_F(PinturaVisorTest, LaEtiquetaLargaSeParte) {
         for (const LineaEtiqueta& linea : encaje->etiqueta.lineas) textos.push_back(linea.texto);
         EXPECT_EQ(textos, partes);
     }
-}
-
-// Running weights change neither place nor size: the end of each text is the same, and no font is set.
-TEST_F(PinturaVisorTest, LasCifrasNoSaltan) {
-    ASSERT_TRUE(encajar(3, "####0.0"));
-    const int fuentes = m_peso.fuentesPuestas();
-    const std::string texto = peso(0).at(0);
-    for (std::int32_t milesimas = 1; milesimas < 9'999'000; milesimas = milesimas * 3 + 1) {
-        const Lineas lineas = peso(milesimas);
-        float x = 0, y = 0;
-        char cifras[32] = "";
-        ASSERT_EQ(std::sscanf(lineas.at(1).c_str(), "imprimir %f %f \"%31[^\"]", &x, &y, cifras), 3);
-        EXPECT_EQ(lineas[0], texto);
-        const auto derecha = static_cast<int>(std::lround(x + m_peso.medir(cifras).ancho));
-        EXPECT_THAT(texto, testing::StartsWith("caja 0 0 " + std::to_string(derecha)));
-    }
-    EXPECT_EQ(m_peso.fuentesPuestas(), fuentes);
 }
 
 }  // namespace

@@ -62,44 +62,31 @@ TEST(Simulador, LasMalasNuncaSonBuenas) {
     });
 }
 
-// At rest it says the same all the time, in whole divisions; and each minute it is loaded and unloaded.
+// At rest it says the same all the time, in whole divisions.
 TEST(Simulador, LaBasculaSeMueveComoUna) {
     const Bascula bascula({.capacidad = 1'500'000, .division = 500, .semilla = 3});
     std::set<std::int64_t> enReposo;
-    int cargando = 0, descargando = 0;
     Lectura antes;
     for (Instante ahora{}; ahora < 60s; ahora += 100ms) {
         const Lectura lectura = bascula.lectura(ahora);
         EXPECT_TRUE(lectura.milesimas >= 0 && lectura.milesimas <= 1'500'000 && lectura.milesimas % 500 == 0);
         EXPECT_TRUE(!lectura.estable || !antes.estable || lectura.milesimas == antes.milesimas);
         if (lectura.estable) enReposo.insert(lectura.milesimas);
-        cargando += lectura.cargando ? 1 : 0;
-        descargando += lectura.descargando ? 1 : 0;
         antes = lectura;
     }
     EXPECT_TRUE(enReposo.contains(0) && enReposo.size() > 1);
-    EXPECT_TRUE(cargando > 50 && descargando > 20);
     EXPECT_GT(bascula.acumulado(60s, 10), *enReposo.rbegin());
 }
 
 TEST(Simulador, CadaErrorDiceQueOpcionYPorQue) {
     const std::pair<const char*, const char*> casos[] = {
-        {"--nada", "opción desconocida: «--nada»"},
         {"--escucha local", "opción desconocida"},
-        {"--ritmo", "--ritmo necesita un valor"},
         {"--ritmo 1000.001", "--ritmo: «1000.001» está fuera de margen"},
-        {"--ritmo 1,5", "punto decimal"},
-        {"--peso 99999999999999999999", "--peso"},
         {"--callar 5:1", "no hay indicador 5, solo 4"},
-        {"--callar 1:3-2", "termina antes"},
-        {"--marcas CED", "no son marcas"},
         {"--malas 2:signo,sigo", "«sigo» no es una clase"},
         {"concentrador --direcciones 12", "dirección como 12/3"},
-        {"concentrador --decimales 3 --capacidad 10000", "no caben"},
         {"concentrador --saludo a\\q", "tras «\\» va xHH"},
-        {"concentrador --cierra luego", "no es un momento"},
-        {"concentrador --cierra rep:2", "sobra algo"},
-        {"concentrador --ausente 5", "DESDE-HASTA"}};
+        {"concentrador --cierra luego", "no es un momento"}};
     for (const auto& [orden, dice] : casos) {
         try {
             leer(orden);
@@ -108,15 +95,11 @@ TEST(Simulador, CadaErrorDiceQueOpcionYPorQue) {
             EXPECT_THAT(error.what(), HasSubstr(dice)) << orden;
         }
     }
-    EXPECT_TRUE(leer("--nada --help").ayuda);
     // The examples of the help are taken.
     std::istringstream ayuda(textoAyuda());
     int ejemplos = 0;
-    for (std::string linea; std::getline(ayuda, linea);) {
-        if (!linea.starts_with("  simulador ")) continue;
-        ++ejemplos;
-        EXPECT_NO_THROW(leer(linea.substr(12))) << linea;
-    }
+    for (std::string linea; std::getline(ayuda, linea);)
+        if (linea.starts_with("  simulador ") && ++ejemplos != 0) EXPECT_NO_THROW(leer(linea.substr(12))) << linea;
     EXPECT_EQ(ejemplos, 6);
 }
 
@@ -179,23 +162,16 @@ TEST(Simulador, LaSesionConSusFaltas) {
         {"--saludo Ho\\x00la --segundo NO --cierra abierta", std::string("Ho\0la|NO|#", 10)},
         {"--fin crlf --cierra lecturas:1", avisos + cero + "\n|#"},
         {"--trozos 2:0.05 --cierra rep", "LI|N>|#"},
-        {"--enmudece saludo", ""},
-        {"--enmudece saludo:60", ""},
         {"--enmudece rep", "LIN>|"},
         {"--enmudece saludo:0.1 --reinicia saludo", "!"},
-        {"--reinicia lecturas:2", avisos + cero + "|" + uno + "|!"},
-        {"--enmudece lecturas:2", avisos + cero + "|" + uno + "|"},
         {"--callar 1:1.5", avisos + cero + "|" + uno + "|"}};
     for (const auto& [orden, dice] : casos) EXPECT_EQ(sesion(orden), dice) << orden;
-    for (const char* respuesta : {"REP", "rep\r", "REP\n", "REPX\r"}) EXPECT_EQ(sesion("", respuesta), "LIN>|");
+    EXPECT_EQ(sesion("", "rep\r"), "LIN>|");
     EXPECT_EQ(sesion("", "no\rREP\r"), todo);
-    // Half a line, and the rest of it after the silence.
-    const std::string media = sesion("--enmudece media:1:0.3");
-    EXPECT_EQ(media.size(), todo.size() + 1);
-    EXPECT_EQ(std::regex_replace(media, std::regex("\\|"), ""), std::regex_replace(todo, std::regex("\\|"), ""));
-    const std::string mala = sesion("--malas 2:separador");
+    // Bad lines come between the others, and half a line is completed after the silence.
+    const std::string mala = sesion("--malas 2:separador"), media = sesion("--enmudece media:1:0.3");
     EXPECT_EQ(std::regex_replace(mala, std::regex("[^\r|]*;[^\r]*\r"), ""), todo);
-    EXPECT_EQ(mala.size(), todo.size() + 2 * cero.size());
+    EXPECT_EQ(std::regex_replace(media, std::regex("\\|"), ""), std::regex_replace(todo, std::regex("\\|"), ""));
 }
 
 }  // namespace

@@ -4,12 +4,8 @@
 #include <stdexcept>
 #include <utility>
 
-#include "harness/archivo.h"
-#include "harness/esperar.h"
-#include "harness/fotografia.h"
-#include "harness/monitores.h"
-#include "harness/texto.h"
-#include "harness/ventana.h"
+#include "harness/pantalla.h"
+#include "harness/sistema.h"
 
 namespace sorvanel::escenas {
 

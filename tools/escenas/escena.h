@@ -8,11 +8,9 @@
 #include <vector>
 
 #include "harness/configuracion.h"
-#include "harness/emisorUDP.h"
-#include "harness/fotografia.h"
+#include "harness/pantalla.h"
 #include "harness/programa.h"
-#include "harness/telon.h"
-#include "harness/ventanaHerramienta.h"
+#include "harness/red.h"
 
 namespace sorvanel::escenas {
 

@@ -3,8 +3,7 @@
 #include <utility>
 
 #include "escena.h"
-#include "harness/esperar.h"
-#include "harness/ventana.h"
+#include "harness/sistema.h"
 
 namespace sorvanel::escenas {
 namespace {

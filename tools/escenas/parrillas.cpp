@@ -3,10 +3,8 @@
 #include <memory>
 
 #include "escena.h"
-#include "harness/concentrador.h"
-#include "harness/esperar.h"
-#include "harness/trama.h"
-#include "harness/ventana.h"
+#include "harness/red.h"
+#include "harness/sistema.h"
 
 namespace sorvanel::escenas {
 namespace {

@@ -5,7 +5,7 @@
 
 #include <memory>
 
-#include "harness/texto.h"
+#include "harness/sistema.h"
 
 namespace sorvanel::pruebas {
 namespace {
@@ -38,7 +38,8 @@ VARIANT hijo(int id) {
 std::string textoPintado(HWND ventana, int id) {
     const auto suyo = objeto(ventana);
     BSTR leido = nullptr;
-    if (!suyo || (suyo->get_accValue(hijo(id), &leido) != S_OK && suyo->get_accName(hijo(id), &leido) != S_OK)) return {};
+    if (!suyo || (suyo->get_accValue(hijo(id), &leido) != S_OK && suyo->get_accName(hijo(id), &leido) != S_OK))
+        return {};
     const std::unique_ptr<wchar_t, Soltar> dueno(leido);
     return leido ? utf8(leido) : std::string();
 }

@@ -1,14 +1,14 @@
 #include "harness/programa.h"
 
 #include <stdexcept>
+#include <utility>
 
-#include "harness/archivo.h"
-#include "harness/esperar.h"
-#include "harness/texto.h"
-#include "harness/ventana.h"
+#include "harness/elemento.h"
 
 namespace sorvanel::pruebas {
 namespace {
+
+constexpr int ID_TEXTO = 0xFFFF;  // what the system gives the text of its message boxes
 
 std::wstring nombreNuevo() {
     static int siguiente = 0;
@@ -16,6 +16,89 @@ std::wstring nombreNuevo() {
 }
 
 }  // namespace
+
+Proceso::Proceso(const std::wstring& ejecutable, const std::wstring& argumentos) {
+    STARTUPINFOW inicio{};
+    inicio.cb = sizeof inicio;
+    PROCESS_INFORMATION informacion{};
+    std::wstring orden = L"\"" + ejecutable + L"\" " + argumentos;
+    // No handle of ours goes on: a program that outlives the test would keep its output open.
+    const auto arranca = [&] {
+        return CreateProcessW(ejecutable.c_str(), orden.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr,
+                              nullptr, &inicio, &informacion) != FALSE;
+    };
+    // Once in hundreds of starts Wine says "internal error"; the next attempt works.
+    if (!arranca() && !(GetLastError() == ERROR_INTERNAL_ERROR && arranca()))
+        throw std::runtime_error("cannot start " + utf8(ejecutable) + ": error " + std::to_string(GetLastError()));
+    CloseHandle(informacion.hThread);
+    m_proceso = informacion.hProcess;
+    m_id = informacion.dwProcessId;
+}
+
+Proceso::~Proceso() {
+    matar();
+    CloseHandle(m_proceso);
+}
+
+bool Proceso::vivo() const {
+    return WaitForSingleObject(m_proceso, 0) == WAIT_TIMEOUT;
+}
+
+std::optional<DWORD> Proceso::esperarFin(int milisegundos) const {
+    if (WaitForSingleObject(m_proceso, static_cast<DWORD>(milisegundos)) != WAIT_OBJECT_0) return std::nullopt;
+    DWORD codigo = 0;
+    GetExitCodeProcess(m_proceso, &codigo);
+    return codigo;
+}
+
+void Proceso::matar() {
+    if (!vivo()) return;
+    TerminateProcess(m_proceso, 99);
+    WaitForSingleObject(m_proceso, 5000);
+}
+
+std::vector<HWND> Proceso::ventanas() const {
+    std::pair<DWORD, std::vector<HWND>> busqueda{m_id, {}};
+    EnumWindows(
+        [](HWND ventana, LPARAM dato) -> BOOL {
+            auto& [id, halladas] = *reinterpret_cast<std::pair<DWORD, std::vector<HWND>>*>(dato);
+            DWORD suyo = 0;
+            GetWindowThreadProcessId(ventana, &suyo);
+            if (suyo == id) halladas.push_back(ventana);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&busqueda));
+    return std::move(busqueda.second);
+}
+
+HWND CajaMensaje::ventana() const {
+    for (const HWND ventana : m_proceso.ventanas())
+        if (clase(ventana) == L"#32770" && IsWindowVisible(ventana)) return ventana;
+    return nullptr;
+}
+
+std::string CajaMensaje::texto() const {
+    const HWND caja = ventana();
+    return caja == nullptr ? std::string() : pruebas::texto(GetDlgItem(caja, ID_TEXTO));
+}
+
+std::string CajaMensaje::esperarTexto() const {
+    std::string leido;
+    esperar([&] { return !(leido = texto()).empty(); });
+    return leido;
+}
+
+std::string CajaMensaje::contestar() const {
+    std::string dicho = esperarTexto();
+    return cerrar() ? dicho : std::string();
+}
+
+bool CajaMensaje::cerrar() const {
+    const HWND caja = ventana();
+    if (caja == nullptr) return false;
+    PostMessageW(caja, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), reinterpret_cast<LPARAM>(GetDlgItem(caja, IDOK)));
+    return esperar([caja] { return !IsWindow(caja); });
+}
 
 Programa::Programa()
     : m_nombre(nombreNuevo()),
@@ -51,8 +134,8 @@ std::string Programa::leerINI() const {
     return leerArchivo(rutaINI());
 }
 
-std::string Programa::leerCopia() const {
-    return leerArchivo(m_ajustes + L"\\" + m_nombre + L"_copia.ini");
+bool Programa::hayCopia() const {
+    return GetFileAttributesW((m_ajustes + L"\\" + m_nombre + L"_copia.ini").c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
 void Programa::arrancar() {
@@ -61,6 +144,16 @@ void Programa::arrancar() {
     esperar([this] { return (m_ventana = buscarVentana()) != nullptr || !m_proceso->vivo(); }, 3 * PLAZO);
     if (m_ventana == nullptr)
         throw std::runtime_error(m_proceso->vivo() ? "no window came" : "the program ended without a window");
+}
+
+bool Programa::marchar() {
+    arrancar();
+    return esperarVisible(IdControl::botPau);
+}
+
+bool Programa::pausar() {
+    pulsar(IdControl::botPau);
+    return esperarVisible(IdControl::botRun);
 }
 
 bool Programa::terminar() {
@@ -100,6 +193,10 @@ bool Programa::esperarTexto(IdControl id, int elemento, std::string_view esperad
     return esperar([=, this] { return texto(id, elemento) == esperado; });
 }
 
+bool Programa::lee(int visor, std::string_view esperado) const {
+    return esperarTexto(IdControl::picRep, visor, esperado);
+}
+
 void Programa::pulsar(IdControl id) {
     if (!esperarVisible(id)) throw std::runtime_error("button not visible: " + std::to_string(numero(id)));
     const HWND boton = control(id);
@@ -109,6 +206,73 @@ void Programa::pulsar(IdControl id) {
     pruebas::pulsar(boton);
     m_pulsado = boton;
     m_cuando = GetTickCount64();
+}
+
+HWND VentanaHerramienta::ventana() const {
+    const std::wstring buscada = L"SorvanelDialogo" + std::to_wstring(static_cast<int>(m_id));
+    for (const HWND una : m_programa.proceso().ventanas())
+        if (clase(una) == buscada && IsWindowVisible(una)) return una;
+    return nullptr;
+}
+
+bool VentanaHerramienta::esperarAbierta() const {
+    return esperar([this] { return ventana() != nullptr; });
+}
+
+bool VentanaHerramienta::esperarCerrada() const {
+    return esperar([this] { return ventana() == nullptr; });
+}
+
+HWND VentanaHerramienta::control(IdControl id, int elemento) const {
+    const HWND marco = ventana();
+    return marco != nullptr ? hijo(marco, numero(id, elemento)) : nullptr;
+}
+
+bool VentanaHerramienta::esperarControl(IdControl id, int elemento) const {
+    return esperar(
+        [&] { return seVe(control(id, elemento)) || lugarPintado(ventana(), numero(id, elemento)).has_value(); });
+}
+
+std::string VentanaHerramienta::texto(IdControl id, int elemento) const {
+    const HWND suyo = control(id, elemento);
+    return suyo != nullptr ? pruebas::texto(suyo) : textoPintado(ventana(), numero(id, elemento));
+}
+
+bool VentanaHerramienta::esperarTexto(IdControl id, int elemento, std::string_view esperado) const {
+    return esperar([&] { return texto(id, elemento) == esperado; });
+}
+
+void VentanaHerramienta::pulsar(IdControl id, int elemento) const {
+    if (!esperarControl(id, elemento)) return;
+    if (const HWND suyo = control(id, elemento)) return pruebas::pulsar(suyo);
+    const auto sitio = lugarPintado(ventana(), numero(id, elemento));
+    if (!sitio) return;
+    POINT medio{(sitio->left + sitio->right) / 2, (sitio->top + sitio->bottom) / 2};
+    MapWindowPoints(nullptr, ventana(), &medio, 1);
+    PostMessageW(ventana(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(medio.x, medio.y));
+    PostMessageW(ventana(), WM_LBUTTONUP, 0, MAKELPARAM(medio.x, medio.y));
+}
+
+bool VentanaHerramienta::enfocar(HWND control) const {
+    const auto conFoco = [&] { return foco(control) == control; };
+    if (conFoco()) return true;
+    pruebas::pulsar(control);
+    return esperar(conFoco);
+}
+
+void VentanaHerramienta::escribir(IdControl id, int elemento, std::string_view nuevo) const {
+    esperarControl(id, elemento);
+    const HWND caja = control(id, elemento);
+    if (!enfocar(caja)) return;
+    SendMessageW(caja, EM_SETSEL, 0, -1);
+    if (nuevo.empty()) PostMessageW(caja, WM_KEYDOWN, VK_DELETE, 1);
+    for (const wchar_t letra : ancho(nuevo)) PostMessageW(caja, WM_CHAR, letra, 1);
+}
+
+void VentanaHerramienta::tecla(IdControl id, int elemento, int teclaVirtual) const {
+    esperarControl(id, elemento);
+    const HWND caja = control(id, elemento);
+    if (enfocar(caja)) teclear(caja, teclaVirtual);
 }
 
 }  // namespace sorvanel::pruebas

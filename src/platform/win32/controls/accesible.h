@@ -15,7 +15,7 @@ struct ElementoPintado {
     bool visible;
     std::wstring nombre;
     std::wstring texto;  // what is read on it, where that is not the name: its value
-    RECT lugar;  // client area, device pixels
+    RECT lugar;          // client area, device pixels
 };
 
 class FuenteElementos {

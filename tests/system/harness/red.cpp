@@ -1,12 +1,30 @@
-#include "harness/concentrador.h"
+#include "harness/red.h"
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
+#include <random>
 #include <stdexcept>
 #include <utility>
 
 namespace sorvanel::pruebas {
 namespace {
+
+sockaddr_in direccion(int puerto) {
+    sockaddr_in destino{};
+    destino.sin_family = AF_INET;
+    destino.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    destino.sin_port = htons(static_cast<u_short>(puerto));
+    return destino;
+}
+
+bool libres(int primero, int cuantos) {
+    for (int puerto = primero; puerto < primero + cuantos; ++puerto) {
+        EmisorUDP tanteo;
+        if (!tanteo.ocupar(puerto)) return false;
+    }
+    return true;
+}
 
 // A reading that reaches the program in one piece with the prompt before it would spoil the prompt.
 constexpr DWORD TRAS_EL_AVISO = 100;  // ms
@@ -34,6 +52,51 @@ int restante(ULONGLONG fin) {
 }
 
 }  // namespace
+
+Winsock::Winsock() {
+    WSADATA datos{};
+    if (WSAStartup(MAKEWORD(2, 2), &datos) != 0) throw std::runtime_error("no Winsock");
+}
+
+Winsock::~Winsock() {
+    WSACleanup();
+}
+
+EmisorUDP::EmisorUDP() : m_zocalo(socket(AF_INET, SOCK_DGRAM, IPPROTO_UDP)) {
+    if (m_zocalo == INVALID_SOCKET) throw std::runtime_error("no socket");
+}
+
+EmisorUDP::~EmisorUDP() {
+    closesocket(m_zocalo);
+}
+
+void EmisorUDP::enviar(int puerto, std::string_view datos) {
+    const sockaddr_in destino = direccion(puerto);
+    // The first call after an indicator's port was found closed may tell of that instead of sending.
+    for (int intento = 0; intento < 2; ++intento)
+        if (sendto(m_zocalo, datos.data(), static_cast<int>(datos.size()), 0,
+                   reinterpret_cast<const sockaddr*>(&destino), sizeof destino) == static_cast<int>(datos.size()))
+            return;
+    throw std::runtime_error("cannot send to port " + std::to_string(puerto));
+}
+
+bool EmisorUDP::ocupar(int puerto) {
+    const BOOL exclusivo = TRUE;
+    setsockopt(m_zocalo, SOL_SOCKET, SO_EXCLUSIVEADDRUSE, reinterpret_cast<const char*>(&exclusivo), sizeof exclusivo);
+    sockaddr_in propia = direccion(puerto);
+    propia.sin_addr.s_addr = htonl(INADDR_ANY);
+    return bind(m_zocalo, reinterpret_cast<const sockaddr*>(&propia), sizeof propia) == 0;
+}
+
+int puertosLibres(int cuantos) {
+    // From anywhere, so that several runs on one machine seldom meet; below the ports that systems
+    // give to senders.
+    std::random_device azar;
+    std::uniform_int_distribution<int> lugar(10000, 32000 - cuantos);
+    for (int intento = 0; intento < 100; ++intento)
+        if (const int primero = lugar(azar); libres(primero, cuantos)) return primero;
+    throw std::runtime_error("no free ports");
+}
 
 Concentrador::Concentrador(int puerto, int familia) : m_escucha(socket(familia, SOCK_STREAM, IPPROTO_TCP)) {
     sockaddr_in6 propia{};  // the port stands at the same place in both
@@ -121,6 +184,12 @@ std::string lineaPavona(int direccion, const char* marcas, const std::string& pr
     };
     return cifras(std::to_string(direccion / 100), 2) + "/" + cifras(std::to_string(direccion % 100), 2) + " " +
            marcas + " " + cifras(primero, 8) + " " + cifras(segundo, 8) + "\r\n";
+}
+
+std::string trama(int milesimas, const char* marcas) {
+    std::array<char, 16> texto{};
+    std::snprintf(texto.data(), texto.size(), "%.3s+%08d\r", marcas, milesimas);
+    return texto.data();
 }
 
 }  // namespace sorvanel::pruebas

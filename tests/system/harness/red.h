@@ -6,9 +6,40 @@
 #include <string>
 #include <string_view>
 
-#include "harness/esperar.h"
+#include "harness/sistema.h"
+
+// The other ends of the program's links, played by hand.
 
 namespace sorvanel::pruebas {
+
+// Winsock for as long as it lives.
+class Winsock {
+public:
+    Winsock();
+    ~Winsock();
+    Winsock(const Winsock&) = delete;
+    Winsock& operator=(const Winsock&) = delete;
+};
+
+// A datagram socket on this machine: an indicator that sends, or someone who holds a port.
+class EmisorUDP {
+public:
+    EmisorUDP();
+    ~EmisorUDP();
+    EmisorUDP(const EmisorUDP&) = delete;
+    EmisorUDP& operator=(const EmisorUDP&) = delete;
+
+    // One datagram to that port of this machine. Throws when the system refuses.
+    void enviar(int puerto, std::string_view datos);
+    // Takes a port for itself alone; false when it is taken.
+    bool ocupar(int puerto);
+
+private:
+    SOCKET m_zocalo;
+};
+
+// So many ports, one after another, that nobody holds just now; the first of them.
+int puertosLibres(int cuantos = 1);
 
 // The concentrator, played by hand: a listener on this machine and the one client that it serves.
 // Every wait ends with its condition, or false when the time is over.
@@ -50,5 +81,8 @@ int puertoTCPLibre();
 // their eight characters get zeros in front.
 std::string lineaPavona(int direccion, const char* marcas, const std::string& primero,
                         const std::string& segundo = "0");
+
+// A whole frame as an indicator sends it; the weight in thousandths.
+std::string trama(int milesimas, const char* marcas = "XXX");
 
 }  // namespace sorvanel::pruebas

@@ -17,6 +17,7 @@ TEST(PerfilINI, LeeLoQueElArchivoDice) {
         "formatoPeso = ##0 ; kg\n"
         "[Visor_1] ; first\n"
         "; Port=7\n"
+        "# Port=8\n"
         "  port\t=  3001  \r"
         "Port=9\n"
         "citado=\"  dos  \"\n"
@@ -38,7 +39,7 @@ TEST(PerfilINI, LeeLoQueElArchivoDice) {
         {" Visor_1 ", {{" PORT ", "3001"}, {"citado", "  dos  "}, {"comilla", "\""}, {"media", "\"a"}}},
         {"VISOR_1", {{"doble", "\"x\""}, {"igual", "a=b"}, {"duro", "\u00A0 x \u00A0"}, {"nulo", "a b"}}},
         {"visor_1", {{"Acentuá", "ñ€"}, {"por\u00D7", "x"}, {"por\u00F7", "(no)"}}},
-        {"Visor_1", {{"; Port", "(no)"}, {"", "(no)"}, {"tarde", "(no)"}}},
+        {"Visor_1", {{"; Port", "(no)"}, {"# Port", "(no)"}, {"", "(no)"}, {"tarde", "(no)"}}},
         {"VISOR_10", {{"Port", "(no)"}}},
         {"", {{"fuera", "(no)"}}},
         {"SOLA", {{"ultima", "x"}}}};
@@ -57,6 +58,7 @@ TEST(PerfilINI, CambiaSoloLoQueSeLeDice) {
                  {"[S]", "k", "1", "[S]\r\nk=1\r\n"},
                  {"[A]\nx=1", "k", "1", "[A]\nx=1\r\n\r\n[S]\r\nk=1\r\n"},
                  {"; uno\n\n[A]\n\n", "k", "1", "; uno\n\n[A]\n\n[S]\r\nk=1\r\n"},
+                 {"[S]\ra=0\r", "k", "1", "[S]\ra=0\rk=1\r\n"},
                  {"[s]\nK  = 0  \nz\n", "k", "1", "[s]\nK  = 1\nz\n"},
                  {"[S]\nk=0\nk=2\n[S]\nk=3\n", "k", "1", "[S]\nk=1\nk=2\n[S]\nk=3\n"},
                  {"[S]\na=0\n\n; de B\n[B]\n", "k", "1", "[S]\na=0\nk=1\r\n\n; de B\n[B]\n"},
