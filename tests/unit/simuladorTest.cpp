@@ -98,8 +98,11 @@ TEST(Simulador, CadaErrorDiceQueOpcionYPorQue) {
     // The examples of the help are taken.
     std::istringstream ayuda(textoAyuda());
     int ejemplos = 0;
-    for (std::string linea; std::getline(ayuda, linea);)
-        if (linea.starts_with("  simulador ") && ++ejemplos != 0) EXPECT_NO_THROW(leer(linea.substr(12))) << linea;
+    for (std::string linea; std::getline(ayuda, linea);) {
+        if (!linea.starts_with("  simulador ")) continue;
+        ++ejemplos;
+        EXPECT_NO_THROW(leer(linea.substr(12))) << linea;
+    }
     EXPECT_EQ(ejemplos, 6);
 }
 
