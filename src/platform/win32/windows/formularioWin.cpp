@@ -29,7 +29,7 @@ constexpr IdControl ENCIMA[] = {IdControl::lbVer, IdControl::picBot, IdControl::
 
 bool esDeLaBarra(int id) {
     return id == numero(IdControl::picBot) || id == numero(IdControl::lbVer) ||
-           (id >= numero(IdControl::botOff) && id <= numero(IdControl::botMensaje));
+           (id >= numero(IdControl::botOff) && id < numero(IdControl::imDrgXY));
 }
 
 }  // namespace
