@@ -12,6 +12,7 @@ namespace {
 
 constexpr int RAYAS = 5;
 constexpr std::string_view LEYENDA_SIN_DATOS = "-----";
+constexpr float VUELO = 0.25F;  // of the width of "0": no letter reaches farther out of its place
 constexpr float ANCHO_CORTE = 0.9F;  // of the width of "0": kept for the arrow of a cut weight
 constexpr int DECIMOS = 10;
 constexpr float ANCHO_EN_CEROS = 0.75F;  // a mark's width, to that of "0"
@@ -70,6 +71,7 @@ bool PinturaVisor::encajar(const Rectangulo& celda, const AspectoVisor& aspecto)
         return false;
     }
     m_encaje = *encaje;
+    m_anchos = {};
     m_aspecto = aspecto;
     m_formato = formato;
     m_encajado = true;
@@ -92,6 +94,7 @@ void PinturaVisor::colores() {
     m_etiqueta.colorFondo(m_aspecto.fondoEtiqueta);
     m_peso.colorFondo(m_aspecto.fondoPeso);
     m_marcasSeguras = false;
+    m_escrito.clear();
 }
 
 void PinturaVisor::pintarEtiqueta() {
@@ -109,7 +112,6 @@ void PinturaVisor::pintarEtiqueta() {
 void PinturaVisor::pintarPeso(const Trama& trama, const MarcasVisor& suyas) {
     if (!m_encajado) return;
     m_formato.escribir(trama.milesimas, m_texto);
-    borrarTexto();
     imprimirPeso();
     const MarcasVisor marcas{suyas.E && trama.E, suyas.C && trama.C, suyas.D && trama.D};
     ponerMarcas(marcas);
@@ -134,6 +136,7 @@ void PinturaVisor::pintarSinDatos(const MarcasVisor& suyas) {
 void PinturaVisor::limpiarPeso() {
     if (!m_encajado) return;
     m_marcasSeguras = false;
+    m_escrito.clear();
     m_peso.limpiar();
     m_marcas = {};
     m_marcasSeguras = true;
@@ -141,14 +144,58 @@ void PinturaVisor::limpiarPeso() {
 }
 
 void PinturaVisor::borrarTexto() {
+    m_escrito.clear();
     m_peso.caja({0, 0, m_encaje.derecha, m_encaje.alto}, m_aspecto.fondoPeso);
 }
 
+// Most weights differ from the one before in a digit or two: only these are painted, with the whole text cut to their
+// place, so that the picture is the same to the pixel.
 void PinturaVisor::imprimirPeso() {
+    const float x = m_encaje.derecha - ancho(m_texto);
+    const Rectangulo zona = cambiado(x);
+    if (zona.vacio()) return;
+    const bool entero = zona.ancho >= m_encaje.derecha;
+    m_escrito.clear();
+    m_peso.caja(zona, m_aspecto.fondoPeso);
     if (m_texto.empty()) return;
-    const float x = m_encaje.derecha - m_peso.medir(m_texto).ancho;
     if (x < 0) return imprimirCortado();
-    m_peso.imprimir(x, m_encaje.yPeso, m_texto, m_aspecto.textoPeso);
+    if (entero) {
+        m_peso.imprimir(x, m_encaje.yPeso, m_texto, m_aspecto.textoPeso);
+    } else {
+        m_peso.imprimirEn(zona, x, m_encaje.yPeso, m_texto, m_aspecto.textoPeso);
+    }
+    m_escrito = m_texto;
+}
+
+// Its letters stand side by side, without kerning, each as wide as alone.
+float PinturaVisor::ancho(std::string_view texto) {
+    float total = 0;
+    for (const char letra : texto) {
+        const auto codigo = static_cast<unsigned char>(letra);
+        if (codigo >= m_anchos.size()) return m_peso.medir(texto).ancho;
+        float& suyo = m_anchos[codigo];
+        if (suyo == 0) suyo = m_peso.medir({&letra, 1}).ancho;
+        total += suyo;
+    }
+    return total;
+}
+
+Rectangulo PinturaVisor::cambiado(float x) {
+    const Rectangulo todo{0, 0, m_encaje.derecha, m_encaje.alto};
+    const std::string_view antes = m_escrito, ahora = m_texto;
+    const auto suelta = [](char letra) { return static_cast<unsigned char>(letra) < 0x80; };
+    if (!std::all_of(ahora.begin(), ahora.end(), suelta)) return todo;
+    if (antes.empty() || x < 0 || antes.size() != ahora.size() || ancho(antes) != ancho(ahora)) return todo;
+    const auto distintas = std::mismatch(antes.begin(), antes.end(), ahora.begin());
+    const auto desde = static_cast<std::size_t>(distintas.first - antes.begin());
+    if (desde == antes.size()) return {};
+    const auto finales = std::mismatch(antes.rbegin(), antes.rend(), ahora.rbegin());
+    const std::size_t hasta = antes.size() - static_cast<std::size_t>(finales.first - antes.rbegin());
+    // A letter that has not the width of the one it replaces moves those up to where both texts agree again.
+    const float vuelo = m_encaje.anchoCero * VUELO;
+    const float izquierda = std::max(x + ancho(ahora.substr(0, desde)) - vuelo, 0.0F);
+    const float derecha = std::min(x + ancho(ahora.substr(0, hasta)) + vuelo, m_encaje.derecha);
+    return {izquierda, 0, derecha - izquierda, m_encaje.alto};
 }
 
 // A weight that does not fit must not pass for a smaller one: its last digits stand in their places, and

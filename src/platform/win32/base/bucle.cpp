@@ -18,13 +18,25 @@ int Bucle::ejecutar() {
     m_fin = false;
     while (!m_fin) {
         const bool vacia = turno();
+        m_mensajes.tandas().terminar();
         if (m_fin) break;
         if (!vacia) alivio();
         if (m_fin) break;
         if (m_ocio) m_ocio(vacia);
-        if (vacia) MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+        if (vacia) dormir();
     }
     return m_codigo;
+}
+
+void Bucle::dormir() {
+    constexpr DWORD SIN_ENVIADOS_A_LA_COLA = QS_ALLINPUT & ~static_cast<DWORD>(QS_POSTMESSAGE);
+    const std::int64_t falta = m_desperto + LATIDO - m_reloj.microsegundos();
+    if (falta > 0) {
+        MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>((falta + 999) / 1000), SIN_ENVIADOS_A_LA_COLA,
+                                    MWMO_INPUTAVAILABLE);
+    }
+    MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+    m_desperto = m_reloj.microsegundos();
 }
 
 // Whatever comes, in the system's own order. True when nothing is left.
@@ -54,6 +66,7 @@ void Bucle::alivio() {
     // Each timer waits at most once in the queue, so this ends with those that are due.
     for (int i = 0; i < TICS && sigue() && sacar(WM_TIMER, WM_TIMER, 0); ++i) {
     }
+    m_mensajes.tandas().terminar();
 }
 
 bool Bucle::sacar(UINT primero, UINT ultimo, UINT clase) {

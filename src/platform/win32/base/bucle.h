@@ -16,6 +16,10 @@ namespace sorvanel {
 // The message loop. Windows hands out posted messages, which is what sockets send, before input,
 // painting and timers; under a flood of datagrams those would wait for ever. So after some messages
 // or milliseconds each of the others gets a turn, whatever waits.
+//
+// What many sockets bring within one beat of the screen is taken and copied together: when nothing is left, the loop
+// sleeps on until the beat since it last woke is over, for posted messages alone; input, painting, timers and what is
+// sent wake it at once. So what comes after a pause is shown at once.
 class Bucle {
 public:
     // Told between messages.
@@ -35,11 +39,13 @@ private:
     static constexpr int MENSAJES_POR_TURNO = 64;
     static constexpr std::int64_t TURNO = 4000;    // microseconds
     static constexpr std::int64_t ALIVIO = 20000;  // microseconds
+    static constexpr std::int64_t LATIDO = 8000;   // microseconds
 
     // False when nothing was there.
     bool sacar(UINT primero, UINT ultimo, UINT clase);
     bool turno();
     void alivio();
+    void dormir();
     void repartir(MSG& mensaje);
     void anunciarRaton(const MSG& mensaje) const;
 
@@ -47,6 +53,7 @@ private:
     VentanaMensajes& m_mensajes;
     Ocio m_ocio;
     std::vector<HWND> m_dialogos;
+    std::int64_t m_desperto = 0;  // microseconds
     bool m_fin = false;
     int m_codigo = 0;
 };

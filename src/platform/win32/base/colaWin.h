@@ -26,6 +26,7 @@ public:
 
 private:
     void alMensaje(WPARAM, LPARAM) override { atender(); }
+    bool enTanda() const override { return false; }
     void alTic() override {
         KillTimer(m_ventana.hwnd(), m_numero);
         atender();

@@ -81,20 +81,27 @@ using VentanaPropia = Manejador<RasgosVentana>;
 // From GetDC; a null window means the whole screen.
 class DCVentana {
 public:
+    DCVentana() = default;
     explicit DCVentana(HWND ventana) : m_ventana(ventana), m_dc(GetDC(ventana)) {}
     DCVentana(DCVentana&& otro) noexcept : m_ventana(otro.m_ventana), m_dc(std::exchange(otro.m_dc, nullptr)) {}
     DCVentana(const DCVentana&) = delete;
     DCVentana& operator=(const DCVentana&) = delete;
     DCVentana& operator=(DCVentana&&) = delete;
-    ~DCVentana() {
-        if (m_dc) ReleaseDC(m_ventana, m_dc);
+    ~DCVentana() { soltar(); }
+    void tomar(HWND ventana) {
+        soltar();
+        m_ventana = ventana;
+        m_dc = GetDC(ventana);
+    }
+    void soltar() {
+        if (m_dc) ReleaseDC(m_ventana, std::exchange(m_dc, nullptr));
     }
     HDC get() const { return m_dc; }
     explicit operator bool() const { return m_dc != nullptr; }
 
 private:
-    HWND m_ventana;
-    HDC m_dc;
+    HWND m_ventana = nullptr;
+    HDC m_dc = nullptr;
 };
 
 // From BeginPaint: lives exactly as long as one WM_PAINT is handled.

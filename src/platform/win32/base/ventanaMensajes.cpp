@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <new>
+#include <optional>
 #include <stdexcept>
 
 namespace sorvanel {
@@ -50,15 +51,18 @@ void VentanaMensajes::despertar(UINT numero) {
 }
 
 void VentanaMensajes::repartir(UINT mensaje, WPARAM w, LPARAM l) {
-    if (mensaje != WM_TIMER) {
-        if (ReceptorMensajes* quien = receptor(mensaje)) quien->alMensaje(w, l);
+    const bool tic = mensaje == WM_TIMER;
+    ReceptorMensajes* const quien = receptor(tic ? static_cast<UINT>(w) : mensaje);
+    if (!quien) {
+        if (tic) KillTimer(hwnd(), w);
         return;
     }
-    const auto id = static_cast<UINT>(w);
-    if (ReceptorMensajes* quien = receptor(id)) {
+    std::optional<Tandas::Abierta> tanda;
+    if (quien->enTanda()) tanda.emplace(m_tandas);
+    if (tic) {
         quien->alTic();
     } else {
-        KillTimer(hwnd(), w);
+        quien->alMensaje(w, l);
     }
 }
 
@@ -140,6 +144,7 @@ LRESULT CALLBACK VentanaMensajes::procedimiento(HWND ventana, UINT mensaje, WPAR
     auto* esta = reinterpret_cast<VentanaMensajes*>(GetWindowLongPtrW(ventana, GWLP_USERDATA));
     if (esta && esNuestro(mensaje)) {
         contener([&] { esta->atenderEnOtroBucle(mensaje, w, l); });
+        esta->m_tandas.terminar();
         return 0;
     }
     return DefWindowProcW(ventana, mensaje, w, l);

@@ -9,6 +9,7 @@
 
 #include "platform/win32/base/manejadores.h"
 #include "platform/win32/base/relojWin.h"
+#include "platform/win32/base/tandas.h"
 
 namespace sorvanel {
 
@@ -18,6 +19,8 @@ public:
     virtual void alMensaje(WPARAM, LPARAM) {}
     // A system timer whose id is the number. It goes on until it is killed.
     virtual void alTic() {}
+    // Whether what it paints may wait for the end of the batch: not where it may open a box, whose loop would come first.
+    virtual bool enTanda() const { return true; }
 
 protected:
     ~ReceptorMensajes() = default;
@@ -41,6 +44,8 @@ public:
     VentanaMensajes& operator=(const VentanaMensajes&) = delete;
 
     HWND hwnd() const { return m_ventana.get(); }
+    // What its receivers paint. Our own loop ends its batches; in another loop each message is one.
+    Tandas& tandas() { return m_tandas; }
 
     // 0 when all are taken. The receiver must give the number back before it goes.
     UINT reservar(ReceptorMensajes& receptor);
@@ -88,6 +93,7 @@ private:
     const RelojWin& m_reloj;
     std::vector<ReceptorMensajes*> m_receptores;
     std::deque<Aplazado> m_aplazados;
+    Tandas m_tandas;
     bool m_turno = false;         // its timer runs
     std::int64_t m_finTurno = 0;  // microseconds
     UINT m_siguiente = 0;

@@ -16,6 +16,7 @@ void VentanaWin::registrar(const MoldeVentana& molde) {
         if (!molde.dobleClic) clase.style &= ~static_cast<UINT>(CS_DBLCLKS);
     } else {
         clase.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+        if (molde.conDC) clase.style |= CS_OWNDC;
     }
     clase.lpfnWndProc = &VentanaWin::procedimiento;
     clase.hInstance = GetModuleHandleW(nullptr);

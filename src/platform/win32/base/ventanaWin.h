@@ -13,6 +13,7 @@ struct MoldeVentana {
     // A class of the system whose behaviour is the ground of ours; none when null.
     const wchar_t* sobre = nullptr;
     bool dobleClic = false;  // the system's control knows what to do with one
+    bool conDC = false;      // a device context of its own, for as long as it lives
     DWORD estilo = 0;
     DWORD estiloExtra = 0;
     const wchar_t* titulo = L"";

@@ -9,6 +9,7 @@
 #include "platform/controles.h"
 #include "platform/win32/base/escala.h"
 #include "platform/win32/base/pulsacionesRaton.h"
+#include "platform/win32/base/tandas.h"
 #include "platform/win32/base/ventanaWin.h"
 #include "platform/win32/controls/accesible.h"
 #include "platform/win32/controls/ayudasWin.h"
@@ -25,6 +26,7 @@ class SuperficieWin;
 
 // What all windows share, so that opening one makes nothing that another has made already.
 struct RecursosVentanas {
+    Tandas& tandas;
     FuentesWin fuentes;
     Lienzo borrador;  // where a control is put together before it is shown: one for all, since they paint in turn
     NombresAccesibles nombres;

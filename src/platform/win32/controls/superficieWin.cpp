@@ -1,5 +1,7 @@
 #include "platform/win32/controls/superficieWin.h"
 
+#include <utility>
+
 #include "platform/win32/base/textoWin.h"
 
 namespace sorvanel {
@@ -14,6 +16,7 @@ SuperficieWin::SuperficieWin(Anfitrion& anfitrion, IdControl id, int elemento)
     : PinturaWin(anfitrion.escala(), anfitrion.recursos().fuentes), m_anfitrion(anfitrion), m_id(numero(id, elemento)) {
     MoldeVentana molde;
     molde.clase = CLASE;
+    molde.conDC = true;
     molde.estilo = WS_CHILD | WS_CLIPSIBLINGS;
     molde.padre = anfitrion.ventana();
     molde.id = m_id;
@@ -22,6 +25,8 @@ SuperficieWin::SuperficieWin(Anfitrion& anfitrion, IdControl id, int elemento)
 }
 
 SuperficieWin::~SuperficieWin() {
+    m_anfitrion.recursos().tandas.quitar(*this);
+    m_dc.soltar();
     if (m_sugerida) m_anfitrion.sugerencias().poner(hwnd(), {});
     destruir();
     m_anfitrion.baja(*this);
@@ -61,7 +66,34 @@ void SuperficieWin::sugerencia(std::string_view texto) {
 }
 
 void SuperficieWin::refrescar() {
+    volcarPendiente();
     pintarPendiente();
+}
+
+void SuperficieWin::tocar(const RECT* zona) {
+    Tandas& tandas = m_anfitrion.recursos().tandas;
+    if (!tandas.abierta() || !m_visible) {
+        invalidar(zona);
+        return;
+    }
+    if (!std::exchange(m_anotada, true)) tandas.anotar(*this);
+    const RECT todo = lienzo().entero(), antes = m_pendiente;
+    UnionRect(&m_pendiente, &antes, zona ? zona : &todo);
+}
+
+// A window that is hidden by then, or one of whose parents is, is painted when it is shown. What covers it is no affair
+// of ours: the device context is the window's, so the system keeps the copy within what is seen of it.
+void SuperficieWin::volcarPendiente() {
+    m_anotada = false;
+    const RECT zona = std::exchange(m_pendiente, RECT{});
+    if (IsRectEmpty(&zona) || !hwnd() || !IsWindowVisible(hwnd())) return;
+    if (!m_dc) m_dc.tomar(hwnd());
+    if (m_dc) {
+        volcar(m_dc.get(), zona);
+    } else {
+        invalidar(&zona);
+    }
+    avisarLeyenda();
 }
 
 void SuperficieWin::alPintar() {

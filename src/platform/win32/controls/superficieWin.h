@@ -9,9 +9,9 @@
 namespace sorvanel {
 
 // A surface as a child window. All is painted on a picture in memory; the window only copies what
-// was touched when the system wants it painted, so that many changes between two paints cost one
+// was touched, at the end of a batch or when the system wants it painted, so that many changes cost one
 // copy, nothing flickers, and what was covered comes back.
-class SuperficieWin final : public PinturaWin, private VentanaWin {
+class SuperficieWin final : public PinturaWin, private VentanaWin, private PorVolcar {
 public:
     SuperficieWin(Anfitrion& anfitrion, IdControl id, int elemento);
     ~SuperficieWin() override;
@@ -32,7 +32,8 @@ public:
     void refrescar() override;
 
 private:
-    void tocar(const RECT* zona) override { invalidar(zona); }
+    void tocar(const RECT* zona) override;
+    void volcarPendiente() override;
     LRESULT alMensaje(UINT mensaje, WPARAM w, LPARAM l) override;
     void alPintar();
     LRESULT copiarLeyenda(WPARAM capacidad, LPARAM destino) const;
@@ -41,6 +42,9 @@ private:
 
     Anfitrion& m_anfitrion;
     const int m_id;
+    RECT m_pendiente{};  // painted since the last copy, within a batch
+    bool m_anotada = false;
+    DCVentana m_dc;
     bool m_visible = false;
     std::string m_leyenda;
     bool m_leyendaNueva = false;
