@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <utility>
 
 #include "links/pausaVigilancia.h"
 
@@ -147,7 +148,7 @@ void frTCP::alCerrarse() {
 void frTCP::tic() {
     // An end that comes now would make half an old line whole.
     m_bufer.clear();
-    repartir(nullptr);
+    repartir({});
     switch (m_estado) {
         case Estado::conectando:
             // Asked once a beat, and no beat is exact: the nearest one counts.
@@ -229,65 +230,65 @@ void frTCP::entregarLineas() {
     if (repartirLineas()) vigilarSilencios();
 }
 
-// False when the session is no longer there.
+// False when the session is no longer there: a display may have closed the link, even opened it again.
 bool frTCP::repartirLineas() {
     const PausaVigilancia pausa(*m_tim, [this] { return enSesion(); });
+    m_bufer.erase(0, leerLineas());
+    if (m_lecturas.empty()) return true;
+    m_estado = Estado::leyendo;
+    // Whatever they do meanwhile, these are theirs.
+    std::vector<LecturaPavona> lecturas = std::exchange(m_lecturas, {});
+    const bool sigue = repartir(lecturas);
+    m_lecturas = std::move(lecturas);  // for its memory
+    return sigue;
+}
+
+// The readings that have arrived. Answers how much of the buffer is done with: what has no end yet is kept, unless it
+// is a whole reading already.
+std::size_t frTCP::leerLineas() {
+    m_lecturas.clear();
     std::size_t inicio = 0;
     while (inicio < m_bufer.size()) {
         const std::size_t fin = m_bufer.find('\r', inicio);
         const bool entera = fin != std::string::npos;
-        const std::string_view linea = std::string_view(m_bufer).substr(inicio, entera ? fin - inicio : fin);
-        const bool tomada = entregar(linea);
-        // A display may have closed the link, even opened it again: the buffer is gone with it.
-        if (!enSesion()) return false;
-        // What has no end yet is kept, unless it was a whole reading already.
-        if (!entera && !tomada) break;
+        const auto lectura = leerLineaPavona(std::string_view(m_bufer).substr(inicio, entera ? fin - inicio : fin));
+        if (lectura) m_lecturas.push_back(*lectura);
+        if (!entera && !lectura) break;
         inicio = entera ? fin + 1 : m_bufer.size();
     }
-    m_bufer.erase(0, inicio);
-    return true;
+    return inicio;
 }
 
-bool frTCP::entregar(std::string_view linea) {
-    const auto lectura = leerLineaPavona(linea);
-    if (!lectura) return false;
-    m_estado = Estado::leyendo;
-    repartir(&*lectura);
-    return true;
-}
-
-// A display may leave the table while it is told: who stood behind it has then taken its place.
-void frTCP::avisar(std::size_t& i, const LecturaPavona* lectura) {
+// One display's turn: the newest reading of its address that it takes, so that many in one arrival cost one picture.
+// Without readings, that there are none. False when it has left the table meanwhile: who stood behind it has then taken
+// its place.
+bool frTCP::avisar(std::size_t i, std::span<const LecturaPavona> lecturas) {
     SuscriptorPeso* const visor = m_suscriptores[i].visor;
+    const auto sigue = [&] { return i < m_suscriptores.size() && m_suscriptores[i].visor == visor; };
     bool aceptada = false;
     try {
-        aceptada = lectura != nullptr ? visor->mmTCP_refrescoPeso(lectura->primero, lectura->segundo, lectura->texto())
-                                      : visor->mmTCP_refrescoPeso(0, 0, {});
+        if (lecturas.empty()) visor->mmTCP_refrescoPeso(0, 0, {});
+        for (std::size_t n = lecturas.size(); n > 0 && !aceptada && sigue(); --n) {
+            const LecturaPavona& una = lecturas[n - 1];
+            if (una.primero * BASE_DIRECCION + una.segundo != visor->port()) continue;
+            aceptada = visor->mmTCP_refrescoPeso(una.primero, una.segundo, una.texto());
+        }
     } catch (const std::exception&) {
         // It has not shown it. The others must get theirs.
     }
-    if (i >= m_suscriptores.size() || m_suscriptores[i].visor != visor) return;
+    if (!sigue()) return false;
     if (aceptada) m_suscriptores[i].ultimaAceptada = m_reloj.ahora();
-    ++i;
+    return true;
 }
 
-// A reading, or null: there is none. Nobody is told more than once, however the table changes.
-void frTCP::repartir(const LecturaPavona* lectura) {
-    std::size_t turnos = m_suscriptores.size();
-    for (std::size_t i = 0; turnos > 0 && i < m_suscriptores.size(); --turnos) avisar(i, lectura);
-}
-
-// While others read on, or a session is long in opening, the timer begins its second anew again and again, and may
-// never tick: a display whose own indicator says nothing must not stand there as live.
-void frTCP::vigilarSilencios() {
-    const std::int64_t ahora = m_reloj.ahora();
-    for (std::size_t i = 0; i < m_suscriptores.size();) {
-        if (ahora - m_suscriptores[i].ultimaAceptada < PACIENCIA) {
-            ++i;
-            continue;
-        }
-        avisar(i, nullptr);
+// Nobody is told more than once, however the table changes. False when the session that these came in is over.
+bool frTCP::repartir(std::span<const LecturaPavona> lecturas) {
+    std::size_t i = 0;
+    for (std::size_t turnos = m_suscriptores.size(); turnos > 0 && i < m_suscriptores.size(); --turnos) {
+        if (avisar(i, lecturas)) ++i;
+        if (!lecturas.empty() && !enSesion()) return false;
     }
+    return true;
 }
 
 }  // namespace sorvanel

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -74,10 +75,10 @@ private:
     void atenderSegundo();
     void entregarLineas();
     bool repartirLineas();
-    bool entregar(std::string_view linea);
+    std::size_t leerLineas();
     bool enSesion() const { return m_estado == Estado::abierta || m_estado == Estado::leyendo; }
-    void avisar(std::size_t& i, const LecturaPavona* lectura);
-    void repartir(const LecturaPavona* lectura);
+    bool avisar(std::size_t i, std::span<const LecturaPavona> lecturas);
+    bool repartir(std::span<const LecturaPavona> lecturas);
     void vigilarSilencios();
 
     const comun& m_com;
@@ -86,6 +87,7 @@ private:
     std::unique_ptr<Zocalo> m_wsk;
     Estado m_estado = Estado::cerrado;
     std::string m_bufer;
+    std::vector<LecturaPavona> m_lecturas;  // of one arrival
     bool m_trasRetorno = false;  // the last character consumed was a carriage return
     int m_usuarios = 0;
     std::vector<Suscripcion> m_suscriptores;
