@@ -12,6 +12,8 @@ namespace {
 
 using Id = IdControl;
 
+constexpr const char* VACIA = "limpiar #FFFFFF";  // the empty screen
+
 template <typename Dialogo>
 constexpr Id ID = Id::cfgMensaje;
 template <>
@@ -39,7 +41,7 @@ protected:
         }
     }
     bool abierto() const { return this->fabrica.dialogo(ID<Dialogo>) != nullptr; }
-    long desmontada() const { return std::count(this->mesa.diario.begin(), this->mesa.diario.end(), "desmontarMesa"); }
+    long desmontada() const { return std::count(this->diario.begin(), this->diario.end(), VACIA); }
 };
 
 using Todos = ::testing::Types<cfgContexto, cfgMensaje, cfgVisor>;
@@ -92,27 +94,6 @@ TYPED_TEST(Dialogos, nadaSeCortaNiSeSolapaNiSeSale) {
     EXPECT_GT(vistos.size(), 8U);
 }
 
-TEST(Rejilla, loQueOcupaVariasColumnasLasEnsancha) {
-    std::vector<Rectangulo> lugares(4);
-    const auto anotar = [&](std::size_t i, float ancho) {
-        return Pieza{{ancho, 20}, [&lugares, i](const Rectangulo& l) { lugares[i] = l; }, true};
-    };
-    for (const int estirada : {0, 1}) {
-        SCOPED_TRACE(estirada);
-        Rejilla r(10, 5);
-        r.estirar(estirada);
-        r.poner(0, 0, anotar(0, 30));
-        r.poner(0, 1, anotar(1, 50));
-        r.poner(1, 0, anotar(2, 200), 2);
-        EXPECT_EQ(r.minimo(), (Tamano{200, 45}));
-        r.colocar({100, 1000, 240, 60});
-        const float primera = estirada == 0 ? 180 : 30;
-        EXPECT_EQ(lugares[0], (Rectangulo{100, 1000, primera, 20}));
-        EXPECT_EQ(lugares[1], (Rectangulo{110 + primera, 1000, 230 - primera, 20}));
-        EXPECT_EQ(lugares[2], (Rectangulo{100, 1025, 240, 20}));
-    }
-}
-
 TYPED_TEST(Dialogos, elTecladoVaComoLaVistaYTodoTieneNombre) {
     this->abrirLleno();
     FormularioDialogoDoble& v = this->v();
@@ -136,7 +117,7 @@ TYPED_TEST(Dialogos, cierraDeTodosLosModosYLoSueltaTodo) {
         SCOPED_TRACE(&cerrar - modos);
         this->abrirLleno();
         EXPECT_TRUE(this->dialogo.cargado() && this->v().visible);
-        this->mesa.diario.clear();
+        this->diario.clear();
         EXPECT_TRUE(cerrar());
         EXPECT_FALSE(this->dialogo.cargado() || this->abierto());
         EXPECT_EQ(this->desmontada(), 1);
@@ -168,11 +149,11 @@ TYPED_TEST(Dialogos, sigueAlMonitorYSeDisponeDeNuevo) {
     EXPECT_EQ(v.arrastre, "soltar agarrar ");
     // Opened while it is open it is only filled anew.
     const int creados = v.estado().controlesCreados;
-    this->mesa.diario.clear();
+    this->diario.clear();
     this->dialogo.Mostrar();
     ASSERT_EQ(&this->v(), &v);
     EXPECT_EQ(v.estado().controlesCreados, creados);
-    EXPECT_TRUE(this->mesa.diario.empty());
+    EXPECT_TRUE(this->diario.empty());
 }
 
 }  // namespace
