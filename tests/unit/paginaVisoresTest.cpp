@@ -193,6 +193,7 @@ TEST_F(PaginaVisores, volverAAbrirEmpiezaDeNuevo) {
     e.cola.ejecutar();
     EXPECT_EQ(pagina(), "1 a 8");
     EXPECT_FALSE(v().control(Id::ckWid)->seVe);
+    for (const Id boton : {Id::imBajar, Id::imSubir}) v().boton(boton)->pulsar();
     EXPECT_FALSE(v().boton(Id::botElim)->pulsar()) << "nothing is selected";
 }
 
