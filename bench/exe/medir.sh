@@ -4,7 +4,7 @@
 #   bench/exe/medir.sh [--veces N] [arranque] [caudal] [banda] [reconexion] [herramienta] [asas] [remojo]
 # Without a part: all but remojo, about five minutes. Needs what ./test.sh installs. The machine should be idle: a
 # figure and the one it stands beside come from the same run, but not from the same second. It runs from a copy: other
-# runs may build meanwhile.
+# runs may build meanwhile. SORVANEL_EXE names another Sorvanel.exe to measure, as from before a change.
 set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.." || exit 1
 for parte in comun pantalla wine; do
@@ -26,7 +26,7 @@ construir </dev/null >"$OBRA/construccion-medidas.txt" 2>&1 9>&- || {
 SALIDA="$OBRA/medidas.txt"
 COPIA="$OBRA/medidas"
 mkdir -p "$COPIA/bench/exe" "$COPIA/src"
-cp "$OBRA"/windows/bench/exe/*.exe "$COPIA/bench/exe/" && cp "$OBRA/windows/src/Sorvanel.exe" "$COPIA/src/" || exit 1
+cp "$OBRA"/windows/bench/exe/*.exe "$COPIA/bench/exe/" && cp "${SORVANEL_EXE:-$OBRA/windows/src/Sorvanel.exe}" "$COPIA/src/Sorvanel.exe" || exit 1
 exec 9>&- # a run of hours holds nobody up
 OBRA="$COPIA" # its screen and its prefix are its own too
 pantalla_iniciar || exit 1

@@ -3,7 +3,6 @@
 #include <functional>
 #include <map>
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -25,7 +24,6 @@ public:
     int intentos = 0;    // all of them
     int lecturas = 0;
     int sellos = 0;
-    std::set<std::string> carpetas;
 
     // Another program writes the file: no replacement is counted, the stamp changes.
     void poner(const std::string& ruta, std::string contenido) { m_archivos[ruta] = {std::move(contenido), ++m_hora}; }
@@ -62,10 +60,7 @@ public:
         if (!existe(ruta)) return {};
         return {Presencia::presente, contenido(ruta).size(), m_archivos.at(ruta).hora};
     }
-    bool crearCarpeta(const std::string& ruta) override {
-        carpetas.insert(ruta);
-        return true;
-    }
+    bool crearCarpeta(const std::string&) override { return true; }
     std::string unir(const std::string& carpeta, const std::string& nombre) const override {
         return !carpeta.empty() && carpeta.back() == '/' ? carpeta + nombre : carpeta + "/" + nombre;
     }

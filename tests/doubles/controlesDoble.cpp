@@ -44,6 +44,7 @@ ControlComun::~ControlComun() {
     if (it != m_estado->controles.end() && it->second == this) m_estado->controles.erase(it);
     std::erase(m_estado->creados, this);
     std::erase(m_estado->porValidar, this);
+    std::erase(m_estado->orden, this);
 }
 
 void ControlComun::perderFocoSiLoTiene() {
@@ -72,6 +73,13 @@ bool ControlComun::usar(bool conFoco, const std::function<bool()>& accion) {
     const bool hecho = accion();
     estado->asentar();
     return hecho;
+}
+
+bool ControlComun::pulsar(Tecla tecla) {
+    return usarConFoco([&] {
+        const auto accion = m_alPulsarTecla;
+        return accion && accion(tecla);
+    });
 }
 
 // ---- text box ----
@@ -120,13 +128,6 @@ bool CajaTextoDoble::reescribir(std::string_view texto) {
     return texto.empty() || escribir(texto);
 }
 
-bool CajaTextoDoble::pulsar(Tecla tecla) {
-    return usarConFoco([&] {
-        const auto accion = m_alPulsarTecla;
-        return accion && accion(tecla);
-    });
-}
-
 // ---- list ----
 
 bool ListaDoble::elegir(int indice) {
@@ -134,13 +135,6 @@ bool ListaDoble::elegir(int indice) {
     return usar(true, [&] {
         m_indice = indice;
         return avisar(m_accion);
-    });
-}
-
-bool ListaDoble::pulsar(Tecla tecla) {
-    return usarConFoco([&] {
-        const auto accion = m_alPulsarTecla;
-        return accion && accion(tecla);
     });
 }
 

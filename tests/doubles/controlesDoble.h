@@ -27,7 +27,7 @@ class ControlComun;
 struct EstadoVentana {
     std::map<int, ControlComun*> controles;
     std::vector<ControlComun*> creados;  // alive, in the order of making
-    std::vector<Control*> orden;
+    std::vector<ControlComun*> orden;    // as the keyboard goes
     ControlComun* foco = nullptr;
     std::deque<ControlComun*> porValidar;
     int controlesCreados = 0;
@@ -62,7 +62,6 @@ public:
     bool conFoco() const { return m_estado->foco == this; }
     bool alcanzable() const { return seVe && activo; }
     virtual bool enfocable() const { return true; }
-    virtual Control* comoControl() = 0;
 
     // The user brings the focus here, with the mouse or by Tab.
     bool irA();
@@ -74,6 +73,7 @@ public:
     bool pulsarConTeclado() {
         return usar(true, [this] { return alPulsado(); });
     }
+    bool pulsar(Tecla tecla);
     // As a screen reader does it: the focus stays, so nothing is asked before.
     bool pulsarDesdeFuera() {
         return usar(false, [this] { return alPulsado(); });
@@ -94,6 +94,7 @@ protected:
 
     std::shared_ptr<EstadoVentana> m_estado;
     std::function<void()> m_alRecibirFoco, m_accion;
+    std::function<bool(Tecla)> m_alPulsarTecla;
 
 private:
     int m_clave;
@@ -123,7 +124,6 @@ public:
     void sugerencia(const std::string& texto) override { textoSugerencia = texto; }
     void alRecibirFoco(std::function<void()> accion) override { m_alRecibirFoco = std::move(accion); }
     void alActuar(std::function<void()> accion) override { m_accion = std::move(accion); }
-    Control* comoControl() override { return this; }
 };
 
 class CajaTextoDoble : public ControlDoble<CajaTexto> {
@@ -135,7 +135,6 @@ public:
     bool escribir(std::string_view texto);
     // Goes there, selects everything and types.
     bool reescribir(std::string_view texto);
-    bool pulsar(Tecla tecla);
     // Puts the caret behind so many characters.
     void cursor(std::size_t posicion) { m_desde = m_hasta = posicion; }
 
@@ -161,7 +160,6 @@ private:
     std::size_t m_hasta = 0;
     int m_maxima = 0;  // 0: any
     std::function<char32_t(char32_t)> m_filtro;
-    std::function<bool(Tecla)> m_alPulsarTecla;
     std::function<bool()> m_alValidar;
 };
 
@@ -190,7 +188,6 @@ public:
     std::vector<std::string> textos;
     // Also the one that is shown already.
     bool elegir(int indice);
-    bool pulsar(Tecla tecla);
 
     void elementos(std::span<const std::string_view> nuevos) override {
         textos.assign(nuevos.begin(), nuevos.end());
@@ -205,7 +202,6 @@ private:
     bool vale(int indice) const { return indice >= 0 && indice < static_cast<int>(textos.size()); }
 
     int m_indice = -1;
-    std::function<bool(Tecla)> m_alPulsarTecla;
 };
 
 class RotuloDoble : public ControlDoble<Rotulo> {

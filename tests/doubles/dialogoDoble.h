@@ -33,14 +33,8 @@ public:
     int foco() const { return m_estado->foco != nullptr ? m_estado->foco->clave() : 0; }
     // Those that the keyboard reaches, in its order.
     std::vector<ControlComun*> recorrido() const {
-        std::vector<ControlComun*> orden;
-        const auto& creados = m_estado->creados;
-        for (Control* c : m_estado->orden) {
-            const auto it =
-                std::find_if(creados.begin(), creados.end(), [&](auto* u) { return u->comoControl() == c; });
-            if (it != creados.end()) orden.push_back(*it);
-        }
-        for (ControlComun* c : creados) {
+        std::vector<ControlComun*> orden = m_estado->orden;
+        for (ControlComun* c : m_estado->creados) {
             if (std::find(orden.begin(), orden.end(), c) == orden.end()) orden.push_back(c);
         }
         std::erase_if(orden, [](const ControlComun* c) { return !c->alcanzable() || !c->enfocable(); });
@@ -58,11 +52,6 @@ public:
     }
 
     // ---- the seam ----
-    FormularioDialogoDoble() {
-        Fuente fuente;
-        fuente.alto = 180;
-        m_fondo.fuente(fuente);
-    }
     void oyente(OyenteDialogo* oyente) override { quienOye = oyente; }
     void titulo(const std::string&) override {}
     void soltarRaton() override { arrastre += "soltar "; }
@@ -75,7 +64,10 @@ public:
     void mostrar() override { visible = true; }
     void ocultar() override { visible = false; }
     Superficie& fondo() override { return m_fondo; }
-    void ordenTeclado(std::span<Control* const> orden) override { m_estado->orden.assign(orden.begin(), orden.end()); }
+    void ordenTeclado(std::span<Control* const> orden) override {
+        m_estado->orden.clear();
+        for (Control* c : orden) m_estado->orden.push_back(dynamic_cast<ControlComun*>(c));
+    }
 
 private:
     SuperficieDoble m_fondo;
@@ -86,15 +78,15 @@ class DialogosSistemaDoble : public DialogosSistema {
 public:
     std::deque<Color> colores;
     std::deque<FuenteElegida> fuentes;
-    std::vector<Color> coloresIniciales;
-    std::vector<FuenteElegida> fuentesIniciales;
+    Color colorInicial = NEGRO;
+    FuenteElegida fuenteInicial;
 
     std::optional<Color> elegirColor(Color inicial) override {
-        coloresIniciales.push_back(inicial);
+        colorInicial = inicial;
         return sacar(colores);
     }
     bool elegirFuente(FuenteElegida& fuente) override {
-        fuentesIniciales.push_back(fuente);
+        fuenteInicial = fuente;
         const auto elegida = sacar(fuentes);
         if (elegida) fuente = *elegida;
         return elegida.has_value();

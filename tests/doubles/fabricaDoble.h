@@ -19,14 +19,14 @@ public:
         return std::make_unique<ZocaloDoble>(oyente, m_red);
     }
 
-    // Ports that cannot be bound and whether connecting fails are set here.
+    // Ports that cannot be bound are set here.
     RedDoble& red() { return *m_red; }
 
     const std::vector<ZocaloDoble*>& zocalos() const { return m_red->zocalos; }
     // The youngest alive; null when there is none.
     ZocaloDoble* ultimoZocalo() const { return zocalos().empty() ? nullptr : zocalos().back(); }
     TemporizadorDoble* ultimoTemporizador() const {
-        const auto& vivos = m_reloj.temporizadores();
+        const auto& vivos = m_reloj.temporizadores;
         return vivos.empty() ? nullptr : vivos.back();
     }
     // The one bound to that port; null when there is none.

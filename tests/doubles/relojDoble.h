@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <utility>
 #include <vector>
 
@@ -17,31 +16,23 @@ class TemporizadorDoble;
 // A clock that is moved by hand and ticks its timers on the way.
 class RelojDoble : public Reloj {
 public:
-    struct Estado {
-        std::int64_t ahora = 1'000'000;
-        std::vector<TemporizadorDoble*> temporizadores;  // alive, in the order they were made
-    };
+    std::vector<TemporizadorDoble*> temporizadores;  // alive, in the order they were made
 
-    std::int64_t ahora() const override { return m_estado->ahora; }
+    std::int64_t ahora() const override { return m_ahora; }
     // Moves the clock and runs each tick that falls due, in the order of their times (of two at the same
     // moment, the older timer first); during a tick the clock stands at its time.
     void avanzar(std::int64_t milisegundos);
     // Moves the clock alone: as when the thread was busy and no tick came through.
-    void saltar(std::int64_t milisegundos) { m_estado->ahora += milisegundos; }
-
-    const std::vector<TemporizadorDoble*>& temporizadores() const { return m_estado->temporizadores; }
-    std::shared_ptr<Estado> estado() const { return m_estado; }
+    void saltar(std::int64_t milisegundos) { m_ahora += milisegundos; }
 
 private:
-    std::shared_ptr<Estado> m_estado = std::make_shared<Estado>();
+    std::int64_t m_ahora = 1'000'000;
 };
 
 class TemporizadorDoble : public Temporizador {
 public:
-    explicit TemporizadorDoble(const RelojDoble& reloj) : m_estado(reloj.estado()) {
-        m_estado->temporizadores.push_back(this);
-    }
-    ~TemporizadorDoble() override { std::erase(m_estado->temporizadores, this); }
+    explicit TemporizadorDoble(RelojDoble& reloj) : m_reloj(reloj) { m_reloj.temporizadores.push_back(this); }
+    ~TemporizadorDoble() override { std::erase(m_reloj.temporizadores, this); }
 
     void intervalo(int milisegundos) override {
         m_intervalo = std::max(1, milisegundos);
@@ -63,9 +54,9 @@ public:
     }
 
 private:
-    void empezar() { m_vence = m_estado->ahora + m_intervalo; }
+    void empezar() { m_vence = m_reloj.ahora() + m_intervalo; }
 
-    std::shared_ptr<RelojDoble::Estado> m_estado;
+    RelojDoble& m_reloj;
     std::function<void()> m_accion;
     std::int64_t m_vence = 0;
     int m_intervalo = 1000;
@@ -73,20 +64,19 @@ private:
 };
 
 inline void RelojDoble::avanzar(std::int64_t milisegundos) {
-    const std::shared_ptr<Estado> estado = m_estado;
-    const std::int64_t fin = estado->ahora + milisegundos;
+    const std::int64_t fin = m_ahora + milisegundos;
     while (true) {
         TemporizadorDoble* primero = nullptr;
-        for (TemporizadorDoble* t : estado->temporizadores) {
+        for (TemporizadorDoble* t : temporizadores) {
             if (t->habilitado() && t->vence() <= fin && (primero == nullptr || t->vence() < primero->vence())) {
                 primero = t;
             }
         }
         if (primero == nullptr) break;
-        estado->ahora = std::max(estado->ahora, primero->vence());
+        m_ahora = std::max(m_ahora, primero->vence());
         primero->disparar();
     }
-    estado->ahora = std::max(estado->ahora, fin);
+    m_ahora = std::max(m_ahora, fin);
 }
 
 }  // namespace sorvanel

@@ -18,7 +18,6 @@ public:
     std::string nombre = "Sorvanel";
     std::string base = "/datos";
     std::string separador = ",";
-    Version numeroVersion{1, 0, 1};
     mutable int carpetas = 0;  // how often the folder was asked for
 
     std::string nombreEjecutable() const override { return nombre; }
@@ -27,7 +26,7 @@ public:
         return base;
     }
     std::string separadorDecimal() const override { return separador; }
-    Version version() const override { return numeroVersion; }
+    Version version() const override { return {1, 0, 1}; }
     // Latin, Thai, kana and keycap.
     bool esMarca(char32_t c) const override {
         return (c >= 0x0300 && c <= 0x036F) || (c >= 0x0E31 && c <= 0x0E4E && c != 0x0E32 && c != 0x0E33) ||

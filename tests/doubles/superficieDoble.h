@@ -22,6 +22,7 @@ public:
 
     const std::vector<std::string>& lineas() const { return *m_diario; }
     void olvidar() { m_diario->clear(); }
+    void escribirEn(std::vector<std::string>& diario) { m_diario = &diario; }
     const std::string& textoLeyenda() const { return m_leyenda; }
     const std::string& textoSugerencia() const { return m_sugerencia; }
     const Fuente& fuente() const { return m_fuente; }

@@ -21,7 +21,6 @@ class ZocaloDoble;
 struct RedDoble {
     std::vector<ZocaloDoble*> zocalos;  // alive, in the order they were made
     std::set<std::int32_t> ocupados;    // ports that another program holds
-    bool fallarConectar = false;        // conectar() answers false
 };
 
 // A socket played by the test: it records what is asked of it and tells what the test says.
@@ -51,7 +50,7 @@ public:
     bool conectar(const std::string& host, std::int32_t puerto) override {
         conexiones.push_back(host + ":" + std::to_string(puerto));
         cerrar();
-        if (host.empty() || puerto < 1 || puerto > 65535 || m_red->fallarConectar) return false;
+        if (host.empty() || puerto < 1 || puerto > 65535) return false;
         m_conectando = true;
         return true;
     }

@@ -32,71 +32,44 @@ struct Banco {
         parrilla->definir(lienzo, ventana);
         asas.mostrar(*parrilla, ANCHO, LIMITE);
     }
+    Rectangulo zona() const { return {parrilla->Left(), parrilla->Top(), parrilla->Width(), parrilla->Height()}; }
     // The grid stands there, and the handles at its corners.
-    void comprobar(const Rectangulo& zona) const {
-        EXPECT_EQ((Rectangulo{parrilla->Left(), parrilla->Top(), parrilla->Width(), parrilla->Height()}), zona);
-        EXPECT_EQ(xy.lugar, (Rectangulo{zona.x, zona.y, LADO, LADO}));
-        EXPECT_EQ(wh.lugar, (Rectangulo{zona.derecha() - LADO, zona.abajo() - LADO, LADO, LADO}));
+    void comprobar(const Rectangulo& donde) const {
+        EXPECT_EQ(zona(), donde);
+        EXPECT_EQ(xy.lugar, (Rectangulo{donde.x, donde.y, LADO, LADO}));
+        EXPECT_EQ(wh.lugar, (Rectangulo{donde.derecha() - LADO, donde.abajo() - LADO, LADO, LADO}));
     }
 };
 
 TEST(AsasParrilla, cadaAsaTieneSusTopes) {
     const float derecha = INICIAL.derecha(), abajo = INICIAL.abajo();
+    // A tiny grid at the edge: the handle of its size does not fit beside the other one, nor out of the window.
+    const std::string normal = "Posicion=0,25;0,25\r\nDimensiones=0,5;0,5\r\n",
+                      estrecha = "Posicion=0,990234375;0,25\r\nDimensiones=0,009765625;0,5\r\n",
+                      baja = "Posicion=0,25;0,9453125\r\nDimensiones=0,5;0,0135869565\r\n";
     const struct {
+        const std::string& ini;
         bool tamano;
         float dx, dy;
         Rectangulo zona;
-    } casos[] = {{false, 150, -300, {3990, 2580, derecha - 3990, abajo - 2580}},
-                 {false, -9999, -9999, {0, 0, derecha, abajo}},
-                 {false, 99999, 0, {derecha - 2 * LADO, 2880, 2 * LADO, 5520}},
-                 {false, 0, 99999, {3840, abajo - 2 * LADO, 7680, 2 * LADO}},
-                 {true, 150, -300, {3840, 2880, 7830, 5220}},
-                 {true, 99999, 99999, {3840, 2880, ANCHO - 3840, LIMITE - 2880}},
-                 {true, -99999, -99999, {3840, 2880, 2 * LADO, 2 * LADO}}};
-    for (const auto& c : casos) {
-        SCOPED_TRACE(&c - casos);
-        Banco b;
-        (c.tamano ? b.wh : b.xy).arrastrar(c.dx, c.dy);
-        b.comprobar(c.zona);
-    }
-}
-
-// The handle of its size does not fit beside the other one, nor out of the window.
-TEST(AsasParrilla, unaParrillaMinimaEnElBordeSeMueveYSeDimensiona) {
-    const Rectangulo derecha{ANCHO - 150, 2880, 150, 5520}, abajo{3840, LIMITE - 150, 7680, 150};
-    const struct {
-        const char* ini;
-        Rectangulo antes;
-        Punto tamano;
-        Rectangulo dimensionada;
-        Punto posicion;
-        Rectangulo movida;
-    } casos[] = {{"Posicion=0,990234375;0,25\r\nDimensiones=0,009765625;0,5\r\n",
-                  derecha,
-                  {300, -300},
-                  {derecha.x, 2880, 150, 5220},
-                  {-600, 0},
-                  {ANCHO - 750, 2880, 750, 5220}},
-                 {"Posicion=0,25;0,9453125\r\nDimensiones=0,5;0,0135869565\r\n",
-                  abajo,
-                  {-300, 300},
-                  {3840, abajo.y, 7380, 150},
-                  {0, -600},
-                  {3840, LIMITE - 750, 7380, 750}}};
-    const auto cerca = [](const Rectangulo& a, const Rectangulo& b) {
-        for (const float d : {a.x - b.x, a.y - b.y, a.ancho - b.ancho, a.alto - b.alto}) EXPECT_NEAR(d, 0, 1);
-    };
+    } casos[] = {{normal, false, 150, -300, {3990, 2580, derecha - 3990, abajo - 2580}},
+                 {normal, false, -9999, -9999, {0, 0, derecha, abajo}},
+                 {normal, false, 99999, 0, {derecha - 2 * LADO, 2880, 2 * LADO, 5520}},
+                 {normal, false, 0, 99999, {3840, abajo - 2 * LADO, 7680, 2 * LADO}},
+                 {normal, true, 150, -300, {3840, 2880, 7830, 5220}},
+                 {normal, true, 99999, 99999, {3840, 2880, ANCHO - 3840, LIMITE - 2880}},
+                 {normal, true, -99999, -99999, {3840, 2880, 2 * LADO, 2 * LADO}},
+                 {estrecha, true, 300, -300, {ANCHO - 150, 2880, 150, 5220}},
+                 {estrecha, false, -600, 0, {ANCHO - 750, 2880, 750, 5520}},
+                 {baja, true, -300, 300, {3840, LIMITE - 150, 7380, 150}},
+                 {baja, false, 0, -600, {3840, LIMITE - 750, 7680, 750}}};
     for (const auto& c : casos) {
         SCOPED_TRACE(&c - casos);
         Banco b(c.ini);
-        const auto zona = [&] {
-            return Rectangulo{b.parrilla->Left(), b.parrilla->Top(), b.parrilla->Width(), b.parrilla->Height()};
-        };
-        cerca(zona(), c.antes);
-        b.wh.arrastrar(c.tamano.x, c.tamano.y);
-        cerca(zona(), c.dimensionada);
-        b.xy.arrastrar(c.posicion.x, c.posicion.y);
-        cerca(zona(), c.movida);
+        (c.tamano ? b.wh : b.xy).arrastrar(c.dx, c.dy);
+        const Rectangulo zona = b.zona();
+        for (const float d : {zona.x - c.zona.x, zona.y - c.zona.y, zona.ancho - c.zona.ancho, zona.alto - c.zona.alto})
+            EXPECT_NEAR(d, 0, 1);
     }
 }
 

@@ -140,9 +140,7 @@ TEST(base, unaSolaHerramientaAbierta) {
 
 // The tool is seen before the displays behind it are made.
 TEST(base, losVisoresVienenTrasSuHerramienta) {
-    std::string ini = DOS_VISORES;
-    ini[ini.find("2x1")] = '3';
-    Banco t(ini + "[VISOR_4]\r\nPort=3004\r\nUbicacion=3,1\r\n");
+    Banco t(DOS_VISORES);
     t.configurar();
     t.formulario.pulsar(Id::botVisores);
     EXPECT_FALSE(t.puesto(2));
@@ -153,12 +151,6 @@ TEST(base, losVisoresVienenTrasSuHerramienta) {
     t.formulario.pulsar(Id::botVisores);
     t.e.cola.ejecutar();
     EXPECT_TRUE(t.puesto(2));
-    // What is made at once needs those before it.
-    t.formulario.pulsar(Id::botVisores);
-    t.formulario.pulsar(Id::botVisores);
-    t.dialogos.dialogo(Id::cfgVisor)->boton(Id::botNvo)->pulsar();
-    EXPECT_NE(t.formulario.superficie(Id::picRep, 3), nullptr);
-    EXPECT_TRUE(t.puesto(2) && t.puesto(4)) << "the one behind the gap, too";
 }
 
 TEST(base, unaReconstruccionPreguntaCadaCosaUnaVez) {
@@ -194,52 +186,42 @@ TEST(base, unaEntradaInvalidaImpideAceptarYCambiarDeHerramienta) {
     EXPECT_EQ(t.e.ini(), DOS_VISORES);
 }
 
-TEST(base, cancelarDevuelveCadaByteConCadaHerramientaAbierta) {
+TEST(base, cancelarDevuelveCadaByteYCerrarDejaElCambioConCadaHerramientaAbierta) {
     const std::pair<Id, std::function<void(Banco&)>> casos[] = {
-        {Id::botDise, [](Banco& t) { t.dialogos.dialogo(Id::cfgContexto)->boton(Id::imRwP)->pulsar(); }},
+        {Id::botDise,
+         [](Banco& t) {
+             t.dialogos.dialogo(Id::cfgContexto)->boton(Id::imMoP)->pulsar();
+             EXPECT_EQ(t.formulario.cubierto.area.left, -1920);
+         }},
         {Id::botVisores, [](Banco& t) { t.dialogos.dialogo(Id::cfgVisor)->boton(Id::botNvo)->pulsar(); }},
         {Id::botSize, [](Banco& t) { t.formulario.asa(Id::imDrgXY)->arrastrar(1500, 1500); }},
         {Id::botMensaje, [](Banco& t) { t.dialogos.dialogo(Id::cfgMensaje)->casilla(Id::ckUsar)->pulsar(); }}};
     for (const auto& [boton, cambiar] : casos) {
-        Banco t(DOS_VISORES);
-        t.configurar();
-        t.formulario.pulsar(boton);
-        cambiar(t);
-        EXPECT_NE(t.e.ini(), DOS_VISORES) << "the change is in the file at once";
-        t.formulario.pulsar(Id::botCan);
-        t.e.reloj.avanzar(2000);
-        t.e.perfil.ocio(true);
-        EXPECT_EQ(abiertas(t), "");
-        EXPECT_FALSE(t.puesto(1));
-        t.formulario.pulsar(Id::botOk);
-        EXPECT_EQ(t.e.ini(), DOS_VISORES);
+        for (const bool cancelar : {true, false}) {
+            SCOPED_TRACE(std::to_string(static_cast<int>(boton)) + (cancelar ? " cancel" : " end"));
+            Banco t(DOS_VISORES, false);
+            t.e.monitores.lista.push_back({{-1920, 0, 0, 1080}, {-1920, 0, 0, 1040}, false, "B", 15, 15});
+            t.cargar();
+            t.configurar();
+            t.formulario.pulsar(boton);
+            cambiar(t);
+            const std::string cambiado = t.e.ini();
+            EXPECT_NE(cambiado, DOS_VISORES) << "the change is in the file at once";
+            if (cancelar)
+                t.formulario.pulsar(Id::botCan);
+            else
+                t.formulario.cerrar();
+            t.e.reloj.avanzar(2000);
+            t.e.perfil.ocio(true);
+            EXPECT_EQ(abiertas(t), "");
+            EXPECT_FALSE(t.puesto(1));
+            EXPECT_EQ(t.e.ini(), cancelar ? DOS_VISORES : cambiado);
+            if (!cancelar) continue;
+            EXPECT_EQ(t.formulario.cubierto.area.left, 0) << "where the restored file says";
+            t.formulario.pulsar(Id::botOk);
+            EXPECT_EQ(t.e.ini(), DOS_VISORES);
+        }
     }
-}
-
-TEST(base, cerrarMientrasSeConfiguraDejaElArchivoComoEsta) {
-    Banco t(DOS_VISORES);
-    t.configurar();
-    t.formulario.pulsar(Id::botDise);
-    t.dialogos.dialogo(Id::cfgContexto)->boton(Id::imRwP)->pulsar();
-    t.formulario.cerrar();
-    EXPECT_EQ(abiertas(t), "");
-    EXPECT_EQ(t.e.valor("RETICULA", "FilasColumnas"), "3x1");
-}
-
-TEST(base, elMonitorElegidoMueveTodoEnseguida) {
-    Banco t(DOS_VISORES, false);
-    t.e.monitores.lista.push_back({{-1920, 0, 0, 1080}, {-1920, 0, 0, 1040}, false, "B", 15, 15});
-    t.cargar();
-    t.configurar();
-    t.formulario.pulsar(Id::botDise);
-    FormularioDialogoDoble* contexto = t.dialogos.dialogo(Id::cfgContexto);
-    contexto->boton(Id::imMoP)->pulsar();
-    EXPECT_EQ(t.formulario.cubierto.area.left, -1920);
-    EXPECT_EQ(contexto->centrado.area.left, -1920);
-    EXPECT_EQ(t.formulario.boton(Id::botCan)->lugar.derecha(), 1920 * 15 - 60);
-    EXPECT_EQ(t.e.valor("MONITORES", "EnUso"), "2");
-    t.formulario.pulsar(Id::botCan);
-    EXPECT_EQ(t.formulario.cubierto.area.left, 0) << "back where the restored file says";
 }
 
 // There is no grid then, only what the file says of it.

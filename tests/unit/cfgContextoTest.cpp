@@ -15,20 +15,18 @@ class CfgContexto : public PruebaDialogo<cfgContexto, Id::cfgContexto> {
 protected:
     void abrirCon(const std::string& seccion, const std::string& linea) {
         abrir("[" + seccion + "]\r\n" + linea + "\r\n");
-        mesa.diario.clear();
+        diario.clear();
     }
     std::string reticula(const std::string& clave) { return e.valor("RETICULA", clave); }
     std::string visores(const std::string& clave) { return e.valor("VISORES", clave); }
 
     // What was done since is the grid painted and then the bar, so that it is not left covered.
     void esperarPintado(const std::string& que) {
-        const auto& d = mesa.diario;
-        const auto barra = std::find(d.begin(), d.end(), "refrescarBarra");
-        const auto pintada =
-            std::find_if(d.begin(), d.end(), [](const std::string& l) { return l.starts_with("lienzo: caja"); });
-        EXPECT_LT(pintada, barra) << que;
-        EXPECT_NE(barra, d.end()) << que;
-        mesa.diario.clear();
+        const auto refrescada = std::find(diario.begin(), diario.end(), "refrescar");
+        const auto pintada = std::find_if(diario.begin(), diario.end(), [](auto& l) { return l.starts_with("caja"); });
+        EXPECT_LT(pintada, refrescada) << que;
+        EXPECT_NE(refrescada, diario.end()) << que;
+        diario.clear();
     }
 };
 
@@ -53,9 +51,9 @@ TEST_F(CfgContexto, cadaValorSePintaYGuardaYNoPasaDeSusLimites) {
         pulsar(c.mas, 40);
         EXPECT_EQ(v().rotulo(c.valor)->texto(), c.arriba);
         EXPECT_EQ(e.valor(c.seccion, c.clave), c.archivoArriba);
-        mesa.diario.clear();
+        diario.clear();
         pulsar(c.mas);
-        EXPECT_TRUE(mesa.diario.empty()) << "a press at the bound does nothing";
+        EXPECT_TRUE(diario.empty()) << "a press at the bound does nothing";
         pulsar(c.menos, 40);
         EXPECT_EQ(v().rotulo(c.valor)->texto(), c.abajo);
         EXPECT_EQ(e.valor(c.seccion, c.clave), c.archivoAbajo);
@@ -63,7 +61,7 @@ TEST_F(CfgContexto, cadaValorSePintaYGuardaYNoPasaDeSusLimites) {
     }
 }
 
-TEST_F(CfgContexto, losMonitoresSeCuentanAlPulsar) {
+TEST_F(CfgContexto, losMonitoresSeRecorrenSegunVienenYSeVan) {
     abrir();
     const Monitor primero = e.monitores.lista[0];
     const auto mostrado = [&] { return v().rotulo(Id::lbMon)->texto(); };
@@ -73,11 +71,15 @@ TEST_F(CfgContexto, losMonitoresSeCuentanAlPulsar) {
 
     const Monitor segundo{{1024, 0, 2944, 1080}, {1024, 0, 2944, 1040}, false, "\\\\.\\DISPLAY2", 10, 10};
     e.monitores.lista.push_back(segundo);
+    mesa.seguirMonitores(false);
     pulsar(Id::imMoP, 3);
     EXPECT_EQ(mostrado() + e.valor("MONITORES", "EnUso"), "22");
+    EXPECT_EQ(formulario.cubierto, segundo);
     EXPECT_EQ(v().centrado, segundo) << "the tool goes where the window went";
+    EXPECT_EQ(barra.lugar().derecha(), 1920 * 10) << "and so does the bar";
 
     e.monitores.lista.pop_back();
+    mesa.seguirMonitores(false);
     pulsar(Id::imMoP);
     EXPECT_EQ(mostrado(), "2") << "as stored, though it is not there";
     pulsar(Id::imMoM, 2);
@@ -86,6 +88,7 @@ TEST_F(CfgContexto, losMonitoresSeCuentanAlPulsar) {
 
     // One whose data cannot be had is passed over, there and back.
     e.monitores.lista = {primero, Monitor{}, segundo, Monitor{}};
+    mesa.seguirMonitores(false);
     pulsar(Id::imMoP, 3);
     EXPECT_EQ(mostrado(), "3");
     pulsar(Id::imMoM);
@@ -93,28 +96,17 @@ TEST_F(CfgContexto, losMonitoresSeCuentanAlPulsar) {
 }
 
 TEST_F(CfgContexto, losColoresSeEligenConElBotonYConElMarco) {
-    const struct {
-        Id boton, marco;
-        const char *seccion, *clave;
-    } casos[] = {{Id::botColFdo, Id::frColorFdo, "RETICULA", "colorFondo"},
-                 {Id::botColRet, Id::frColorRet, "RETICULA", "colorReticula"},
-                 {Id::botColorApp, Id::frColorApp, "RETICULA", "colorAplicacion"},
-                 {Id::botColFdPe, Id::frColorFdPe, "VISORES", "fondoPeso"}};
-    for (const auto& c : casos) {
-        SCOPED_TRACE(c.clave);
-        abrirCon(c.seccion, std::string(c.clave) + "=102030");
-        EXPECT_EQ(v().color(c.marco)->color(), 0x102030);
-        EXPECT_TRUE(v().boton(c.boton)->pulsar());
-        EXPECT_EQ(e.valor(c.seccion, c.clave), "102030") << "cancelled";
-        fabrica.eleccion.colores = {0xABCDEF, 0x000001};
-        EXPECT_TRUE(v().boton(c.boton)->pulsar());
-        EXPECT_EQ(e.valor(c.seccion, c.clave), "ABCDEF");
-        EXPECT_EQ(v().color(c.marco)->color(), 0xABCDEF);
-        if (c.seccion == std::string("RETICULA")) esperarPintado(c.clave);
-        EXPECT_TRUE(v().color(c.marco)->pulsar());
-        EXPECT_EQ(fabrica.eleccion.coloresIniciales.back(), 0xABCDEF);
-        EXPECT_EQ(e.valor(c.seccion, c.clave), "000001");
+    const std::tuple<Id, Id, const char*> casos[] = {{Id::botColFdo, Id::frColorFdo, "colorFondo"},
+                                                     {Id::botColRet, Id::frColorRet, "colorReticula"},
+                                                     {Id::botColorApp, Id::frColorApp, "colorAplicacion"}};
+    for (const auto& [boton, marco, clave] : casos) {
+        probarColor(boton, marco, "RETICULA", clave);
+        fabrica.eleccion.colores = {ROJO};
+        diario.clear();
+        pulsar(boton);
+        esperarPintado(clave);
     }
+    probarColor(Id::botColFdPe, Id::frColorFdPe, "VISORES", "fondoPeso");
 }
 
 TEST_F(CfgContexto, transparenteEscondeElColorYLoDevuelve) {

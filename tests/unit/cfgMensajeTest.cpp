@@ -11,18 +11,7 @@ using Id = IdControl;
 
 constexpr const char* EN_USO = "[MENSAJE]\r\nEnUso=Sí\r\nTexto=Hola\r\nVelocidad=4\r\n";
 
-// Notices whether the band was stopped before it was dropped.
-class MesaAtenta : public MesaDoble {
-public:
-    using MesaDoble::MesaDoble;
-    bool parado = false;
-    void desmontarMesa() override {
-        parado = !mensaje().enMarcha();
-        MesaDoble::desmontarMesa();
-    }
-};
-
-class CfgMensaje : public PruebaDialogo<cfgMensaje, Id::cfgMensaje, MesaAtenta> {
+class CfgMensaje : public PruebaDialogo<cfgMensaje, Id::cfgMensaje> {
 protected:
     std::string valor(const std::string& clave) { return e.valor("MENSAJE", clave); }
 
@@ -90,7 +79,7 @@ TEST_F(CfgMensaje, elTextoSeCambiaAlTeclearYLaFranjaCorreMientrasEstaAbierto) {
     caja->reescribir("");
     EXPECT_EQ(mesa.mensaje().texto(), "");
     v().pedirCierre();
-    EXPECT_TRUE(mesa.parado);
+    EXPECT_FALSE(formulario.superficie(Id::picMsg)->visible());
 }
 
 TEST_F(CfgMensaje, laFuentePasaEnteraPorSuEleccion) {
@@ -100,9 +89,8 @@ TEST_F(CfgMensaje, laFuentePasaEnteraPorSuEleccion) {
         return valor("Font");
     };
     EXPECT_EQ(elegir(), "Courier New,32,BxU") << "cancelled";
-    fabrica.eleccion.fuentes = {fabrica.eleccion.fuentesIniciales.back(),
-                                {"Arial", 18.5F, false, true, false},
-                                {"Arial", 9000, true, false, false}};
+    fabrica.eleccion.fuentes = {
+        fabrica.eleccion.fuenteInicial, {"Arial", 18.5F, false, true, false}, {"Arial", 9000, true, false, false}};
     EXPECT_EQ(elegir(), "Courier New,32,BxU") << "what the choice began with";
     EXPECT_EQ(elegir(), "Arial,18.5,xIx");
     EXPECT_TRUE(e.avisos.textos.empty());
@@ -112,20 +100,8 @@ TEST_F(CfgMensaje, laFuentePasaEnteraPorSuEleccion) {
 }
 
 TEST_F(CfgMensaje, losColoresVanALoSuyo) {
-    const struct {
-        Id boton, marco;
-        Color inicial;
-        const char* archivo;
-    } casos[] = {{Id::botColorTxt, Id::frColorTxt, 0x445566, "112233,0000FF"},
-                 {Id::botColorBak, Id::frColorBak, 0x112233, "0000FF,445566"}};
-    for (const auto& c : casos) {
-        abrir("[MENSAJE]\r\nEnUso=Sí\r\nColor=112233,445566\r\n");
-        EXPECT_EQ(v().color(c.marco)->color(), c.inicial);
-        fabrica.eleccion.colores = {ROJO};
-        EXPECT_TRUE(v().boton(c.boton)->pulsar());
-        EXPECT_EQ(fabrica.eleccion.coloresIniciales.back(), c.inicial);
-        EXPECT_EQ(valor("Color"), c.archivo);
-    }
+    probarColor(Id::botColorTxt, Id::frColorTxt, "MENSAJE", "Color", "112233,");
+    probarColor(Id::botColorBak, Id::frColorBak, "MENSAJE", "Color", "", ",445566");
 }
 
 }  // namespace

@@ -201,7 +201,7 @@ TEST_F(CamposVisor, cambiarDeFamiliaVaciaElPortYMuestraLaConexionComun) {
             EXPECT_EQ(v().control(id, n)->seVe, pavona);
         EXPECT_FALSE(v().control(Id::lbPav, 2)->seVe);
         EXPECT_EQ(v().medidas.alto > alto, pavona) << "room for the shared connection only while it is needed";
-        EXPECT_EQ(mesa.compartido.usuarios, pavona ? 1 : 0);
+        EXPECT_EQ(compartido.usuarios, pavona ? 1 : 0);
         EXPECT_EQ(caja(Id::txPort, 1).texto(), "");
         EXPECT_TRUE(conFoco(Id::txPort, 1));
     };

@@ -42,10 +42,8 @@ TEST(Gradiente, cubreTodaLaSuperficieDelTonoClaroAlOscuro) {
         g.modo(c.modo);
         EXPECT_EQ(pintado([&](Superficie& s) { g.PintarGradiente(s); }), c.pintado) << c.grado << " " << c.profundidad;
     }
-    g.modo(HORIZONTAL);
-    EXPECT_EQ(pintado([&](Superficie& s) { g.PintarGradienteVertical(s); }), filas) << "whatever its mode";
     g.Grado(999);
-    EXPECT_EQ(pintado([&](Superficie& s) { g.PintarGradienteVertical(s); }).size(), 64U);
+    EXPECT_EQ(pintado([&](Superficie& s) { g.PintarGradiente(s); }).size(), 64U);
 }
 
 TEST(Gradiente, elContornoEsDeUnPixelYQuedaDentro) {

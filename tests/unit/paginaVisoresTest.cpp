@@ -104,7 +104,7 @@ TEST_F(PaginaVisores, unoNuevoQuedaALaVistaYConElFoco) {
         caja(Id::txUbi, n).reescribir("4,1");
         caja(Id::txUbi, n).pulsar(Tecla::intro);
         EXPECT_TRUE(uno(n).ubicado()) << "it is seen at once";
-        EXPECT_TRUE(mesa.peso(n).visible());
+        EXPECT_TRUE(puesto(n));
         EXPECT_EQ(clave(n, "Port"), "4000");
     }
     // It closes a gap in the file: what stands behind that is there again.
@@ -113,7 +113,12 @@ TEST_F(PaginaVisores, unoNuevoQuedaALaVistaYConElFoco) {
     EXPECT_EQ(pagina(), "1 a 3");
     EXPECT_TRUE(conFoco(Id::txPort, 2));
     EXPECT_EQ(caja(Id::txPort, 3).texto(), "3");
-    EXPECT_TRUE(uno(3).ubicado() && mesa.peso(3).visible());
+    EXPECT_TRUE(uno(3).ubicado() && puesto(3));
+    // Made at once, before the others are placed.
+    v().pedirCierre();
+    dialogo.Mostrar();
+    v().boton(Id::botNvo)->pulsar();
+    EXPECT_TRUE(puesto(3));
     abrirCon(64);
     v().boton(Id::botNvo)->pulsar();
     EXPECT_EQ(avisos(), "No se pueden definir más de 64 visores");
@@ -137,6 +142,7 @@ TEST_F(PaginaVisores, eliminarQuitaElElegidoYRenumera) {
         EXPECT_TRUE(c.foco == 0 ? conFoco(Id::botNvo) : conFoco(Id::txPort, c.foco));
         EXPECT_EQ(v().boton(Id::botElim)->activo, c.foco != 0);
         EXPECT_EQ(v().control(Id::txPort, c.cuantos), nullptr);
+        EXPECT_FALSE(puesto(c.cuantos)) << "nothing of it is left on the screen";
         for (int n = 1; n < c.cuantos; ++n) {
             const std::string antes = "V" + std::to_string(n < c.elegido ? n : n + 1);
             EXPECT_EQ(clave(n, "Etiqueta"), antes);
@@ -187,6 +193,7 @@ TEST_F(PaginaVisores, volverAAbrirEmpiezaDeNuevo) {
     e.cola.ejecutar();
     EXPECT_EQ(pagina(), "1 a 8");
     EXPECT_FALSE(v().control(Id::ckWid)->seVe);
+    for (const Id boton : {Id::imBajar, Id::imSubir}) v().boton(boton)->pulsar();
     EXPECT_FALSE(v().boton(Id::botElim)->pulsar()) << "nothing is selected";
 }
 

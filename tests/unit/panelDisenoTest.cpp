@@ -164,7 +164,7 @@ TEST_F(PanelDiseno, losColoresEmpiezanConElEfectivoYCanceladosNoEscriben) {
         SCOPED_TRACE(p.clave);
         v().casilla(p.casilla)->pulsar();
         v().boton(BOTONES[i])->pulsar();
-        const Color comun_ = fabrica.eleccion.coloresIniciales.back();
+        const Color comun_ = fabrica.eleccion.colorInicial;
         EXPECT_EQ(comun::Long2RGB(comun_), p.comun);
         EXPECT_EQ(clave(1, p.clave), "") << "cancelled";
         for (const Color elegido : {comun_, 0x102030}) {

@@ -29,6 +29,7 @@ protected:
     CajaTextoDoble& caja(Id id, int n = 0) { return *v().caja(id, n); }
     std::string clave(int n, const char* c) { return e.valor("VISOR_" + std::to_string(n), c); }
     visor& uno(int n) { return *mesa.visores().uno(static_cast<std::int16_t>(n)); }
+    bool puesto(int n) { return formulario.superficie(Id::picRep, n)->visible(); }
     bool conFoco(Id id, int n = 0) { return v().foco() == numero(id, n); }
 
     // What was posted is shown now, as one text.

@@ -34,22 +34,32 @@ protected:
     }
 };
 
-// A unit is 210 twips, and the caption's letter 294.
-TEST_F(PreviaTest, laEtiquetaTieneUnaUnidadMasDeAnchoYSeAjusta) {
+// A unit is 210 twips, and the caption's letter 294. The caption has one unit more than its width; a long weight is
+// printed smaller, and what follows it as large as before.
+TEST_F(PreviaTest, laEtiquetaSeAjustaYElPesoNoSeCorta) {
     const struct {
         int ancho, ajuste;
+        const char* formato;
         float anchoEtiqueta, x;
-    } casos[] = {{1, 0, 420, 105}, {1, 1, 420, 21}, {1, 2, 420, 63}, {6, 0, 1470, 105}, {6, 1, 1470, 1071}};
+        const char* texto;
+        bool menor = false;
+    } casos[] = {{1, 0, "0", 420, 105, "9999"},
+                 {1, 1, "", 420, 21, "9999"},
+                 {6, 2, "0 \"kilogramos netos en la tolva\"", 1470, 588, "9999 kilogramos netos en la tolva", true},
+                 {1, 2, "###0,00", 420, 63, "9999.00"},
+                 {6, 1, "0", 1470, 1071, "9999"}};
     for (const auto& c : casos) {
         SCOPED_TRACE(c.ancho * 10 + c.ajuste);
-        pintar(c.ancho, c.ajuste);
+        pintar(c.ancho, c.ajuste, c.formato);
         EXPECT_FLOAT_EQ(etiqueta.lugar().ancho, c.anchoEtiqueta);
         EXPECT_FLOAT_EQ(etiqueta.lugar().derecha(), peso.lugar().x);
         EXPECT_FLOAT_EQ(peso.lugar().derecha(), ZONA.derecha());
         EXPECT_NEAR(impresaEn(etiqueta), c.x, 0.1F);
-        EXPECT_EQ(etiqueta.colorFondo(), 0x112233);
-        EXPECT_EQ(peso.colorFondo(), 0x778899);
+        EXPECT_EQ(std::pair(etiqueta.colorFondo(), peso.colorFondo()), std::pair(0x112233, 0x778899));
         EXPECT_TRUE(etiqueta.visible() && peso.visible());
+        EXPECT_EQ(peso.textoLeyenda(), c.texto);
+        EXPECT_LE(impresaEn(peso) + peso.medir(c.texto).ancho, peso.lugar().ancho);
+        EXPECT_EQ(peso.fuente().alto < 420, c.menor);
     }
     pintar(0, 0);
     EXPECT_FALSE(etiqueta.visible());
@@ -59,19 +69,6 @@ TEST_F(PreviaTest, laEtiquetaTieneUnaUnidadMasDeAnchoYSeAjusta) {
     previa.mostrar(false);
     pintar(3, 0);
     EXPECT_FALSE(etiqueta.visible() || peso.visible()) << "painting does not show what is hidden";
-}
-
-TEST_F(PreviaTest, elPesoSigueElFormatoYNoSeCorta) {
-    const std::pair<const char*, const char*> casos[] = {
-        {"0 \"kilogramos netos en la tolva\"", "9999 kilogramos netos en la tolva"},
-        {"", "9999"},
-        {"###0,00", "9999.00"}};
-    for (const auto& [formato, texto] : casos) {
-        pintar(6, 2, formato);
-        EXPECT_EQ(peso.textoLeyenda(), texto);
-        EXPECT_LE(impresaEn(peso) + peso.medir(texto).ancho, peso.lugar().ancho) << texto;
-        EXPECT_EQ(peso.fuente().alto < 420, formato == casos[0].first) << "after a long one as large as before";
-    }
 }
 
 }  // namespace

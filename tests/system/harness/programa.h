@@ -25,6 +25,7 @@ public:
     Proceso(const Proceso&) = delete;
     Proceso& operator=(const Proceso&) = delete;
 
+    DWORD id() const { return m_id; }
     bool vivo() const;
     // The exit code, once it has ended; nothing if it is still alive after that many milliseconds.
     std::optional<DWORD> esperarFin(int milisegundos) const;
