@@ -291,4 +291,13 @@ bool frTCP::repartir(std::span<const LecturaPavona> lecturas) {
     return true;
 }
 
+// While others read on, or a session is long in opening, the timer begins its second anew again and again, and may
+// never tick: a display whose own indicator says nothing must not stand there as live.
+void frTCP::vigilarSilencios() {
+    const std::int64_t ahora = m_reloj.ahora();
+    for (std::size_t i = 0; i < m_suscriptores.size();) {
+        if (ahora - m_suscriptores[i].ultimaAceptada < PACIENCIA || avisar(i, {})) ++i;
+    }
+}
+
 }  // namespace sorvanel

@@ -30,7 +30,7 @@ public:
         const int direccion = primero * 100 + segundo;
         lineas.push_back(carga.empty() && direccion == 0 ? "s" : std::to_string(direccion));
         if (alRecibir) alRecibir();
-        return !carga.empty() && direccion == puerto;
+        return !carga.empty() && direccion == puerto && (!toma || toma(carga));
     }
 };
 

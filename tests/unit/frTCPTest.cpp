@@ -94,16 +94,21 @@ TEST(frTCP, cadaSucesoEnCadaEstado) {
 }
 
 TEST(frTCP, unaSesionCortadaPorDondeSea) {
-    const std::vector<Textos> sesiones = {{"LIN>", "XXX>", LECTURA + "\r\nbasura\r\n\r\n" + OTRA + "\r" + LECTURA},
-                                          {"LIN>", "XXX>" + LECTURA + "\r\n" + OTRA + "\r" + LECTURA}};
+    const std::string tercera = "05/01 -- 0000.300 0000.200";
+    const std::vector<Textos> sesiones = {{"LIN>", "XXX>", LECTURA + "\r\nbasura\r\n\r\n" + OTRA + "\r" + tercera},
+                                          {"LIN>", "XXX>" + LECTURA + "\r\n" + OTRA + "\r" + tercera}};
     const auto cortada = [](const Textos& mensajes, const std::string& cual, std::size_t i, std::size_t j) {
         Banco b;
+        SuscriptorDoble segundo(742), ultimo(501);
         b.llevar(Estado::esperaLinea);
+        for (SuscriptorDoble* otro : {&segundo, &ultimo}) ASSERT_TRUE(b.enlace.enMarcha(*otro));
         for (const std::string& todo : mensajes) {
             const Textos trozos = {cual.substr(0, i), cual.substr(i, j - i), cual.substr(j)};
             for (const std::string& trozo : todo == cual ? trozos : Textos{todo}) b.zocalo().llegar(trozo);
         }
-        ASSERT_EQ(b.visor.lineas, (Textos{"1203", "742", "1203"})) << cual << " cut at " << i << " and " << j;
+        ASSERT_EQ(b.visor.lineas, Textos{"1203"}) << cual << " cut at " << i << " and " << j;
+        ASSERT_EQ(segundo.lineas, Textos{"742"}) << cual << " cut at " << i << " and " << j;
+        ASSERT_EQ(ultimo.lineas, Textos{"501"}) << cual << " cut at " << i << " and " << j;
         ASSERT_EQ(b.zocalo().enviado, "REP\r");
     };
     for (const Textos& mensajes : sesiones) {
@@ -149,7 +154,7 @@ TEST(frTCP, loQueSeOyeYCuantasVecesSeLlama) {
         // A line feed goes with the return before it, and only that one.
         {"two line feeds", Estado::abierta, Textos{"\r\n\n" + LECTURA + "\r"} + L, {"1203"}},
         {"in pieces", Estado::abierta, Textos{"\r", "\n", "\n" + LECTURA + "\r"} + L, {"1203"}},
-        {"of a reading taken", Estado::abierta, L + Textos{"+1000", "\n" + OTRA + "\r"}, {"1203", "s", "742"}},
+        {"of a reading taken", Estado::abierta, L + Textos{"+1000", "\n" + L[0]}, {"1203", "s", "1203"}},
         // Half a line does not grow old, nor without end.
         {"half", Estado::leyendo, {"basura\r" + LECTURA.substr(0, 20), "+1000", LECTURA.substr(20) + "\r"}, {"s"}},
         {"64 KiB less one", Estado::abierta, {x.substr(1), LECTURA, "\r" + LECTURA}, {"1203"}},
@@ -164,7 +169,7 @@ TEST(frTCP, loQueSeOyeYCuantasVecesSeLlama) {
         // Who takes nothing for ten seconds hears it, although the second never passes.
         {"not yet", Estado::leyendo, sorda, {}},
         {"now", Estado::leyendo, sorda + Textos{"+500", "basura\r"}, {"s"}},
-        {"others' readings", Estado::leyendo, veces(20, {"+500", OTRA + "\r"}), Textos(20, "742") + Textos{"s"}},
+        {"others' readings", Estado::leyendo, veces(20, {"+500", OTRA + "\r"}), {"s"}},
         {"its own", Estado::leyendo, sorda + L + sorda, {"1203"}},
         {"lost again and again", Estado::leyendo, veces(17, {"+600", "*X", "*C"}), {"s", "s"}, 18},
         {"slow to connect", Estado::leyendo, sorda + Textos{"*X", "+900", "*C"}, {"s"}, 2},
@@ -207,7 +212,7 @@ TEST(frTCP, elUltimoAdiosCierra) {
 // What the first of three does while it is told a reading, or silence, and what all of them then hear of
 // two readings and a silence.
 TEST(frTCP, unVisorPuedeIrseMientrasOye) {
-    const Textos TODO = {"1203", "742", "s"};
+    const Textos TODO = {"1203", "s"};
     const struct {
         const char* hace;
         std::function<void(frTCP&, std::array<SuscriptorDoble, 3>&)> accion;
@@ -245,6 +250,20 @@ TEST(frTCP, unVisorPuedeIrseMientrasOye) {
         b.e.reloj.avanzar(1000);
         for (std::size_t i = 0; i < v.size(); ++i) EXPECT_EQ(v[i].lineas, caso.oyen[i]) << caso.hace << ' ' << i;
         EXPECT_EQ(b.suena(), b.enlace.estado() != Estado::cerrado) << caso.hace;
+    }
+}
+
+TEST(frTCP, deLoQueLlegaJuntoCadaUnoTomaLoMasNuevo) {
+    for (const bool rechaza : {false, true}) {
+        Banco b;
+        Textos cargas;
+        b.llevar(Estado::leyendo);
+        b.visor.toma = [&](std::string_view carga) {
+            cargas.emplace_back(carga.substr(3, 9));
+            return !rechaza || cargas.size() > 1;
+        };
+        b.zocalo().llegar(LECTURA + "\r" + OTRA + "\r12/03 -- 0009.000 0000.200\r");
+        EXPECT_EQ(cargas, rechaza ? (Textos{"+00009000", "+00001250"}) : Textos{"+00009000"});
     }
 }
 
