@@ -38,7 +38,7 @@ struct Composicion {
     comun com{programa, archivos, perfil};
     Entorno entorno{programa, com, monitores, fabrica, reloj, cursor, avisos, cola, reposo};
     frTCP compartido{com, fabrica, reloj};
-    RecursosVentanas recursos{.tandas = ventana.tandas()};
+    RecursosVentanas recursos{ventana.tandas()};
     FormularioWin formulario{recursos, "Sorvanel"};
     FabricaDialogosWin dialogos{recursos, bucle, avisos, formulario.hwnd()};
     base principal{entorno, formulario, dialogos, compartido};

@@ -47,7 +47,7 @@ TEST(pinturaParcial, loCambiadoDejaLaImagenDelPesoEntero) {
         aspecto.formato = formato;
         ASSERT_TRUE(unos.encajar({0, 0, 12000, 3000}, aspecto) && otros.encajar({0, 0, 12000, 3000}, aspecto));
         std::int32_t peso = 0;
-        for (int vez = 0; vez < 1000; ++vez) {
+        for (int vez = 0; vez < 200; ++vez) {
             const std::int32_t pasos[] = {1, -10, 100, -1000, 10000, 3, 0, -peso};
             peso = std::clamp(peso + pasos[azar() % 8], -99'999, 9'999'999);
             if (azar() % 50 == 0) unos.pintarSinDatos({});
@@ -56,7 +56,8 @@ TEST(pinturaParcial, loCambiadoDejaLaImagenDelPesoEntero) {
             otros.pintarPeso({false, false, false, peso}, {});
             ASSERT_EQ(parcial.puntos, entero.puntos) << formato << ' ' << peso;
         }
-        EXPECT_LT(parcial.pintados, entero.pintados * 0.95) << formato << ": less is painted";
+        const bool suelto = std::string_view(formato).find("€") == std::string_view::npos;
+        EXPECT_EQ(parcial.pintados < entero.pintados * 0.95, suelto) << formato << ": less is painted";
     }
 }
 

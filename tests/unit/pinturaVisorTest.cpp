@@ -68,6 +68,8 @@ TEST_F(PinturaVisorTest, ReparteLaCelda) {
     ASSERT_FALSE(m_pintura.encajar({0, 0, 90, 90}, aspectoCon(0, "0", "another")));
     EXPECT_EQ(m_peso.lugar(), (Rectangulo{3655.5F, 300, 8494.5F, 3000}));
     EXPECT_EQ(m_peso.fuente().alto, 2460);
+    EXPECT_EQ(peso(1234567), (Lineas{"leyenda \"1234.6\""})) << "it stands there already";
+    sinDatos();
     EXPECT_EQ(peso(1234567), antes);
     EXPECT_EQ(etiqueta(), etiquetaAntes);
 

@@ -26,6 +26,8 @@ class SuperficieWin;
 
 // What all windows share, so that opening one makes nothing that another has made already.
 struct RecursosVentanas {
+    explicit RecursosVentanas(Tandas& deMensajes) : tandas(deMensajes) {}
+
     Tandas& tandas;
     FuentesWin fuentes;
     Lienzo borrador;  // where a control is put together before it is shown: one for all, since they paint in turn
