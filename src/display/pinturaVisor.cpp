@@ -12,7 +12,7 @@ namespace {
 
 constexpr int RAYAS = 5;
 constexpr std::string_view LEYENDA_SIN_DATOS = "-----";
-constexpr float VUELO = 0.25F;  // of the width of "0": no letter reaches farther out of its place
+constexpr float VUELO = 0.25F;       // of the width of "0": no letter reaches farther out of its place
 constexpr float ANCHO_CORTE = 0.9F;  // of the width of "0": kept for the arrow of a cut weight
 constexpr int DECIMOS = 10;
 constexpr float ANCHO_EN_CEROS = 0.75F;  // a mark's width, to that of "0"

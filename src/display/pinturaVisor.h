@@ -44,7 +44,8 @@ private:
     void imprimirCortado();
     // Twips that the text takes in the weight's font.
     float ancho(std::string_view texto);
-    // Of a text that begins at x, what is not as it stands on the surface; all of the text's area where that is not known.
+    // Of a text that begins at x, what is not as it stands on the surface; all of the text's area where that is not
+    // known.
     Rectangulo cambiado(float x);
     void ponerMarcas(const MarcasVisor& marcas);
 
@@ -54,9 +55,9 @@ private:
     FormatoPeso m_formato{""};
     EncajeVisor m_encaje;
     bool m_encajado = false;
-    MarcasVisor m_marcas;            // as they stand on the surface
-    bool m_marcasSeguras = false;    // false: the surface may show something else
-    std::string m_escrito;           // the weight that stands on the surface; empty when none surely does
+    MarcasVisor m_marcas;               // as they stand on the surface
+    bool m_marcasSeguras = false;       // false: the surface may show something else
+    std::string m_escrito;              // the weight that stands on the surface; empty when none surely does
     std::array<float, 128> m_anchos{};  // of single characters in the weight's font; 0: not measured yet
     std::string m_texto, m_leyenda;     // kept for their memory
 };

@@ -88,7 +88,7 @@ private:
     Estado m_estado = Estado::cerrado;
     std::string m_bufer;
     std::vector<LecturaPavona> m_lecturas;  // of one arrival
-    bool m_trasRetorno = false;  // the last character consumed was a carriage return
+    bool m_trasRetorno = false;             // the last character consumed was a carriage return
     int m_usuarios = 0;
     std::vector<Suscripcion> m_suscriptores;
     std::array<std::int64_t, INTENTOS_POR_SEGUNDO> m_intentos{};  // when, a ring

@@ -19,7 +19,8 @@ public:
     virtual void alMensaje(WPARAM, LPARAM) {}
     // A system timer whose id is the number. It goes on until it is killed.
     virtual void alTic() {}
-    // Whether what it paints may wait for the end of the batch: not where it may open a box, whose loop would come first.
+    // Whether what it paints may wait for the end of the batch: not where it may open a box, whose loop would come
+    // first.
     virtual bool enTanda() const { return true; }
 
 protected:
