@@ -138,8 +138,10 @@ TYPED_TEST(Dialogos, cierraDeTodosLosModosYLoSueltaTodo) {
         this->abrirLleno();
         EXPECT_TRUE(this->dialogo.cargado() && this->v().visible);
         this->diario.clear();
+        this->e.valor("VISORES", "Nota", "1");
         EXPECT_TRUE(cerrar());
         EXPECT_FALSE(this->dialogo.cargado() || this->abierto());
+        EXPECT_NE(this->e.archivos.contenido(this->e.rutaINI()).find("Nota=1"), std::string::npos) << "on the disk";
         EXPECT_EQ(this->desmontada(), 1);
         EXPECT_TRUE(this->dialogo.Descargar(false));
         EXPECT_EQ(this->desmontada(), 1) << "closed already";

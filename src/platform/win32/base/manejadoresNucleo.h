@@ -21,6 +21,12 @@ using ObjetoNucleo = Manejador<RasgosNucleo>;
 // From LoadLibrary, never from GetModuleHandle.
 using Biblioteca = Manejador<RasgosBiblioteca>;
 
+// A function of a library that may lack it; null then.
+template <typename Funcion>
+Funcion buscarFuncion(HMODULE modulo, const char* nombre) {
+    return modulo ? reinterpret_cast<Funcion>(reinterpret_cast<void*>(GetProcAddress(modulo, nombre))) : nullptr;
+}
+
 // CreateFile says "none" in a way of its own.
 inline ObjetoNucleo archivoAbierto(HANDLE archivo) {
     return ObjetoNucleo(archivo == INVALID_HANDLE_VALUE ? nullptr : archivo);

@@ -5,9 +5,27 @@
 
 #include <optional>
 
-#include "platform/win32/base/manejadores.h"
+#include "platform/win32/base/manejadoresNucleo.h"
 
 namespace sorvanel {
+
+// What it takes of the system, loaded with the first question: without a reader nobody pays for it at the start. The
+// libraries are never given back: a reader may hold an object that was handed out, or be in a call of it, for as long
+// as the process lives.
+struct AccesibleVentana::Servicio {
+    static HMODULE cargar(const wchar_t* nombre) {
+        return LoadLibraryExW(nombre, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    }
+
+    HMODULE oleacc = cargar(L"oleacc.dll");
+    HMODULE oleaut = cargar(L"oleaut32.dll");
+    decltype(&CreateStdAccessibleObject) objetoDeSistema =
+        buscarFuncion<decltype(&CreateStdAccessibleObject)>(oleacc, "CreateStdAccessibleObject");
+    decltype(&LresultFromObject) entregar = buscarFuncion<decltype(&LresultFromObject)>(oleacc, "LresultFromObject");
+    decltype(&SysAllocString) texto = buscarFuncion<decltype(&SysAllocString)>(oleaut, "SysAllocString");
+
+    bool completo() const { return objetoDeSistema && entregar && texto; }
+};
 
 namespace {
 
@@ -34,8 +52,10 @@ VARIANT numero(LONG valor) {
 // would disturb each other.
 class ObjetoCliente final : public IAccessible, public IEnumVARIANT {
 public:
-    ObjetoCliente(std::shared_ptr<const FuenteElementos*> fuente, Referencia<IAccessible> sistema)
-        : m_fuente(std::move(fuente)), m_sistema(std::move(sistema)) {
+    using HacerTexto = BSTR(WINAPI*)(const OLECHAR*);
+
+    ObjetoCliente(std::shared_ptr<const FuenteElementos*> fuente, Referencia<IAccessible> sistema, HacerTexto texto)
+        : m_fuente(std::move(fuente)), m_sistema(std::move(sistema)), m_texto(texto) {
         void* hijos = nullptr;
         if (SUCCEEDED(m_sistema.get()->QueryInterface(__uuidof(IEnumVARIANT), &hijos)))
             m_hijos.cambiar(static_cast<IEnumVARIANT*>(hijos));
@@ -143,7 +163,7 @@ public:
         for (; cuantos > 0 && resultado == S_OK; --cuantos) {
             VARIANT saltado{};
             resultado = Next(1, &saltado, nullptr);
-            VariantClear(&saltado);
+            if (saltado.vt == VT_DISPATCH && saltado.pdispVal) saltado.pdispVal->Release();
         }
         return resultado;
     }
@@ -192,7 +212,7 @@ private:
         *salida = nullptr;
         const auto propio = [&](const ElementoPintado& uno) {
             if ((uno.*cual).empty()) return S_FALSE;
-            *salida = SysAllocString((uno.*cual).c_str());
+            *salida = m_texto((uno.*cual).c_str());
             return *salida ? S_OK : E_OUTOFMEMORY;
         };
         return repartir(hijo, propio, deSistema, hijo, salida);
@@ -235,6 +255,7 @@ private:
     LONG m_referencias = 1;
     std::shared_ptr<const FuenteElementos*> m_fuente;
     Referencia<IAccessible> m_sistema;
+    const HacerTexto m_texto;
     Referencia<IEnumVARIANT> m_hijos;
     ULONG m_vistos = 0;  // painted elements that the walk has passed
 };
@@ -244,14 +265,21 @@ private:
 AccesibleVentana::AccesibleVentana(const FuenteElementos& fuente)
     : m_fuente(std::make_shared<const FuenteElementos*>(&fuente)) {}
 
-LRESULT AccesibleVentana::responder(WPARAM wParam, LPARAM lParam) const noexcept try {
+AccesibleVentana::~AccesibleVentana() {
+    desligar();
+}
+
+LRESULT AccesibleVentana::responder(WPARAM wParam, LPARAM lParam) noexcept try {
     if (static_cast<LONG>(lParam) != OBJID_CLIENT || !*m_fuente) return 0;
+    if (!m_servicio) m_servicio = std::make_unique<Servicio>();
+    if (!m_servicio->completo()) return 0;
     void* deSistema = nullptr;
-    if (FAILED(CreateStdAccessibleObject((*m_fuente)->ventana(), OBJID_CLIENT, __uuidof(IAccessible), &deSistema)))
+    if (FAILED(m_servicio->objetoDeSistema((*m_fuente)->ventana(), static_cast<DWORD>(OBJID_CLIENT),
+                                           __uuidof(IAccessible), &deSistema)))
         return 0;
     Referencia<IAccessible> sistema{static_cast<IAccessible*>(deSistema)};
-    const Referencia<IAccessible> objeto{new ObjetoCliente(m_fuente, std::move(sistema))};
-    return LresultFromObject(__uuidof(IAccessible), wParam, objeto.get());
+    const Referencia<IAccessible> objeto{new ObjetoCliente(m_fuente, std::move(sistema), m_servicio->texto)};
+    return m_servicio->entregar(__uuidof(IAccessible), wParam, objeto.get());
 } catch (...) {
     return 0;
 }

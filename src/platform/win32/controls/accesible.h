@@ -39,18 +39,21 @@ public:
     explicit AccesibleVentana(const FuenteElementos& fuente);
     AccesibleVentana(const AccesibleVentana&) = delete;
     AccesibleVentana& operator=(const AccesibleVentana&) = delete;
-    ~AccesibleVentana() { desligar(); }
+    ~AccesibleVentana();
 
     // The answer to WM_GETOBJECT; 0 when something else is asked for, or the system lacks what it
     // takes: the window leaves the message to the system then.
-    LRESULT responder(WPARAM wParam, LPARAM lParam) const noexcept;
+    LRESULT responder(WPARAM wParam, LPARAM lParam) noexcept;
 
     // At the window's death: whoever still holds one of the objects handed out learns from it that
     // the window is gone, and nothing else.
     void desligar() noexcept { *m_fuente = nullptr; }
 
 private:
+    struct Servicio;
+
     std::shared_ptr<const FuenteElementos*> m_fuente;
+    std::unique_ptr<Servicio> m_servicio;
 };
 
 }  // namespace sorvanel

@@ -160,6 +160,7 @@ ElementoWin* Anfitrion::elementoEn(POINT donde) const {
 
 // A frame is pressed with the button's going down, a label with its going up on it.
 LRESULT Anfitrion::alRaton(UINT mensaje, LPARAM l) {
+    if (!IsWindowEnabled(hwnd())) return 0;  // while a box is open a click that still comes is none
     const POINT donde{GET_X_LPARAM(l), GET_Y_LPARAM(l)};
     ElementoWin* const debajo = elementoEn(donde);
     if (mensaje == WM_LBUTTONDOWN) {

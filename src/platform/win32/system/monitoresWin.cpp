@@ -19,11 +19,6 @@ void informar(const char* que) {
     OutputDebugStringA(que);
 }
 
-template <typename Funcion>
-Funcion buscar(HMODULE modulo, const char* nombre) {
-    return reinterpret_cast<Funcion>(reinterpret_cast<void*>(GetProcAddress(modulo, nombre)));
-}
-
 // A library of the system, whether it is in the process already or not.
 class Modulo {
 public:
@@ -96,15 +91,14 @@ void leerDPI(Lista& lista) {
 std::vector<Monitor> MonitoresWin::enumerar() {
     const Modulo user32(L"user32.dll");
     if (!user32.get()) informar("LoadLibrary");
-    const auto enumerarMonitores =
-        user32.get() ? buscar<FuncionEnumerar>(user32.get(), "EnumDisplayMonitors") : nullptr;
+    const auto enumerarMonitores = buscarFuncion<FuncionEnumerar>(user32.get(), "EnumDisplayMonitors");
     if (!enumerarMonitores) {
         informar("dual screen system not available");
         return {};
     }
     const Modulo shcore(L"shcore.dll");
     Lista lista;
-    if (shcore.get()) lista.dpiDeMonitor = buscar<FuncionDPI>(shcore.get(), "GetDpiForMonitor");
+    lista.dpiDeMonitor = buscarFuncion<FuncionDPI>(shcore.get(), "GetDpiForMonitor");
     leerDPI(lista);
     if (!enumerarMonitores(nullptr, nullptr, &alHallar, reinterpret_cast<LPARAM>(&lista)))
         informar("EnumDisplayMonitors");
