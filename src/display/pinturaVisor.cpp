@@ -165,6 +165,7 @@ void PinturaVisor::imprimirPeso() {
         m_peso.imprimirEn(zona, x, m_encaje.yPeso, m_texto, m_aspecto.textoPeso);
     }
     m_escrito = m_texto;
+    m_pixel = m_peso.pixel();
 }
 
 // Its letters stand side by side, without kerning, each as wide as alone.
@@ -185,7 +186,10 @@ Rectangulo PinturaVisor::cambiado(float x) {
     const std::string_view antes = m_escrito, ahora = m_texto;
     const auto suelta = [](char letra) { return static_cast<unsigned char>(letra) < 0x80; };
     if (!std::all_of(ahora.begin(), ahora.end(), suelta)) return todo;
-    if (antes.empty() || x < 0 || antes.size() != ahora.size() || ancho(antes) != ancho(ahora)) return todo;
+    // At another scale the surface has dropped its picture.
+    if (antes.empty() || m_pixel != m_peso.pixel() || x < 0 || antes.size() != ahora.size() ||
+        ancho(antes) != ancho(ahora))
+        return todo;
     const auto distintas = std::mismatch(antes.begin(), antes.end(), ahora.begin());
     const auto desde = static_cast<std::size_t>(distintas.first - antes.begin());
     if (desde == antes.size()) return {};

@@ -57,6 +57,7 @@ private:
     bool m_encajado = false;
     MarcasVisor m_marcas;               // as they stand on the surface
     bool m_marcasSeguras = false;       // false: the surface may show something else
+    float m_pixel = 0;                  // of the surface's picture when that was written
     std::string m_escrito;              // the weight that stands on the surface; empty when none surely does
     std::array<float, 128> m_anchos{};  // of single characters in the weight's font; 0: not measured yet
     std::string m_texto, m_leyenda;     // kept for their memory

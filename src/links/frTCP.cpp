@@ -259,20 +259,19 @@ std::size_t frTCP::leerLineas() {
     return inicio;
 }
 
-// One display's turn: the newest reading of its address that it takes, so that many in one arrival cost one picture.
-// Without readings, that there are none. False when it has left the table meanwhile: who stood behind it has then taken
-// its place.
+// One display's turn: the newest reading of its address, so that many in one arrival cost one picture. It alone counts:
+// where it says that there is no weight, an older one would be shown as live. Without readings, that there are none.
+// False when it has left the table meanwhile: who stood behind it has then taken its place.
 bool frTCP::avisar(std::size_t i, std::span<const LecturaPavona> lecturas) {
     SuscriptorPeso* const visor = m_suscriptores[i].visor;
     const auto sigue = [&] { return i < m_suscriptores.size() && m_suscriptores[i].visor == visor; };
     bool aceptada = false;
     try {
         if (lecturas.empty()) visor->mmTCP_refrescoPeso(0, 0, {});
-        for (std::size_t n = lecturas.size(); n > 0 && !aceptada && sigue(); --n) {
-            const LecturaPavona& una = lecturas[n - 1];
-            if (una.primero * BASE_DIRECCION + una.segundo != visor->port()) continue;
-            aceptada = visor->mmTCP_refrescoPeso(una.primero, una.segundo, una.texto());
-        }
+        const auto suya = std::find_if(lecturas.rbegin(), lecturas.rend(), [port = visor->port()](const auto& una) {
+            return una.primero * BASE_DIRECCION + una.segundo == port;
+        });
+        if (suya != lecturas.rend()) aceptada = visor->mmTCP_refrescoPeso(suya->primero, suya->segundo, suya->texto());
     } catch (const std::exception&) {
         // It has not shown it. The others must get theirs.
     }

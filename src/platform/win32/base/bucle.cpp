@@ -83,6 +83,8 @@ void Bucle::repartir(MSG& mensaje) {
         return;
     }
     if (m_mensajes.atender(mensaje)) return;
+    // It may open a box, in whose loop what was painted before would wait for the next reading.
+    m_mensajes.tandas().terminar();
     if (mensaje.message >= WM_MOUSEFIRST && mensaje.message <= WM_MOUSELAST) anunciarRaton(mensaje);
     // By index: a key may close a dialog.
     for (std::size_t i = 0; i < m_dialogos.size(); ++i) {

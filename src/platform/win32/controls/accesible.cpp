@@ -100,7 +100,7 @@ public:
     }
     STDMETHODIMP get_accState(VARIANT hijo, VARIANT* estado) override {
         const auto propio = [&](const ElementoPintado& uno) {
-            *estado = numero(uno.visible ? 0 : STATE_SYSTEM_INVISIBLE);
+            *estado = numero(STATE_SYSTEM_READONLY | (uno.visible ? 0 : STATE_SYSTEM_INVISIBLE));
             return S_OK;
         };
         return repartir(hijo, propio, &IA::get_accState, hijo, estado);

@@ -91,6 +91,7 @@ void Anfitrion::baja(SuperficieWin& superficie) {
 void Anfitrion::pedirApilado() {
     if (m_apiladoPendiente || !hwnd()) return;
     m_apiladoPendiente = PostMessageW(hwnd(), MENSAJE_APILAR, 0, 0) != 0;
+    if (!m_apiladoPendiente) apilar();  // the queue is full
 }
 
 void Anfitrion::recorrer(const std::function<void(const ElementoPintado&)>& ver) const {

@@ -9,7 +9,6 @@ namespace sorvanel {
 class AsaWin final : public ControlDe<Asa> {
 public:
     AsaWin(Anfitrion& anfitrion, IdControl id, int elemento);
-    ~AsaWin() override { m_oyente = nullptr; }
 
     // An arrow key that was meant for a button must not move the grid.
     bool heredaFoco() const override { return false; }

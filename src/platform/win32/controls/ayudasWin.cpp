@@ -66,6 +66,7 @@ NombresAccesibles::~NombresAccesibles() {
 }
 
 void NombresAccesibles::poner(HWND control, const std::wstring& nombre) {
+    if (nombre.empty() && !m_servicio) return;
     void* servicio = nullptr;
     if (!std::exchange(m_pedido, true) &&
         SUCCEEDED(CoCreateInstance(SERVICIO, nullptr, CLSCTX_INPROC_SERVER, INTERFAZ, &servicio))) {

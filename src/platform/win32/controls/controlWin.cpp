@@ -25,10 +25,6 @@ private:
 
 }  // namespace
 
-ControlWin::ControlWin(Anfitrion& anfitrion) : m_anfitrion(anfitrion) {
-    m_anfitrion.alta(*this);
-}
-
 ControlWin::~ControlWin() {
     m_vida.terminar();
     if (hwnd()) {
@@ -50,6 +46,7 @@ void ControlWin::crearControl(const wchar_t* clase, const wchar_t* sobre, DWORD 
     molde.id = numero(id, elemento);
     crear(molde);
     m_tabulable = (estilo & WS_TABSTOP) != 0;
+    m_anfitrion.alta(*this);
 }
 
 RECT ControlWin::sitio() const {
@@ -228,7 +225,7 @@ LRESULT ControlWin::atender(UINT mensaje, WPARAM w, LPARAM l) {
         case WM_MOUSELEAVE:
             m_encima = false;
             invalidar();
-            return porDefecto(mensaje, w, l);
+            return m_sensible ? 0 : porDefecto(mensaje, w, l);  // the system would paint its own way
         case WM_SETTEXT:
         case WM_ENABLE:
             return porDefectoSinPintar(mensaje, w, l);

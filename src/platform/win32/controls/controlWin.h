@@ -39,7 +39,7 @@ public:
     POINT centro() const;
 
 protected:
-    explicit ControlWin(Anfitrion& anfitrion);
+    explicit ControlWin(Anfitrion& anfitrion) : m_anfitrion(anfitrion) {}
     // `sobre` null: a window of our own. Of the style only what is special.
     void crearControl(const wchar_t* clase, const wchar_t* sobre, DWORD estilo, IdControl id, int elemento,
                       bool dobleClic = false);

@@ -38,7 +38,9 @@ void FocoVentana::recuperarLuego() const {
 }
 
 void FocoVentana::alRetirar(ControlWin& control) {
-    if (m_actual == &control) recuperarLuego();
+    if (m_actual != &control) return;
+    if (control.heredaFoco()) m_donde = control.centro();  // it may have moved since it got the focus
+    recuperarLuego();
 }
 
 void FocoVentana::alAparecer() {
@@ -49,6 +51,7 @@ void FocoVentana::baja(ControlWin& control) {
     std::erase(m_porValidar, &control);
     if (m_actual != &control) return;
     m_actual = nullptr;
+    m_donde = control.centro();
     recuperarLuego();
 }
 

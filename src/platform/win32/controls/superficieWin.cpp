@@ -76,7 +76,8 @@ void SuperficieWin::tocar(const RECT* zona) {
         invalidar(zona);
         return;
     }
-    if (!std::exchange(m_anotada, true)) tandas.anotar(*this);
+    if (!m_anotada) tandas.anotar(*this);
+    m_anotada = true;
     const RECT todo = lienzo().entero(), antes = m_pendiente;
     UnionRect(&m_pendiente, &antes, zona ? zona : &todo);
 }
