@@ -36,7 +36,7 @@ public:
     // Deletes it; all displays are then made anew from the file, under their new numbers.
     virtual bool eliminarVisor(std::int16_t posicion) = 0;
 
-    // The monitors as they are now, and the one that the window covers.
+    // The monitors as they were at the last layout, and the one that the window covers.
     virtual const oScreen& pantalla() = 0;
     // Selects and saves it, and moves the window there at once with its bar and grid.
     virtual void cambiarMonitor(std::int16_t indice) = 0;

@@ -55,12 +55,12 @@ public:
     virtual MedidaTexto medir(std::string_view texto) const = 0;
     // Prints one line, its top-left corner at (x, y), without painting a background. UTF-8.
     virtual void imprimir(float x, float y, std::string_view texto, Color color) = 0;
+    // The same, but only what falls within the zone.
+    virtual void imprimirEn(const Rectangulo& zona, float x, float y, std::string_view texto, Color color) = 0;
 
     virtual void caja(const Rectangulo& zona, Color color) = 0;
     // A filled polygon with smooth edges.
     virtual void poligono(std::span<const Punto> vertices, Color color) = 0;
-    // The same, but only what falls within the zone.
-    virtual void imprimirEn(const Rectangulo& zona, float x, float y, std::string_view texto, Color color) = 0;
     // Moves the picture left by that many twips, a whole number of its pixels, and fills what came
     // free with colorFondo().
     virtual void desplazar(float twips) = 0;

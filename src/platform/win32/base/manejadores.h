@@ -48,32 +48,19 @@ struct RasgosDCMemoria {
     using Tipo = HDC;
     static void liberar(HDC dc) { DeleteDC(dc); }
 };
-struct RasgosIcono {
-    using Tipo = HICON;
-    static void liberar(HICON icono) { DestroyIcon(icono); }
-};
-struct RasgosPuntero {
-    using Tipo = HCURSOR;
-    static void liberar(HCURSOR puntero) { DestroyCursor(puntero); }
-};
 struct RasgosVentana {
     using Tipo = HWND;
     static void liberar(HWND ventana) { DestroyWindow(ventana); }
 };
 
-// From CreateFontIndirect, CreateDIBSection, CreateSolidBrush and their like. It must not be
+// From CreateFontIndirect, CreateDIBSection and their like. It must not be
 // selected in a device context when it goes: see Seleccion.
 using FuenteGDI = Manejador<RasgosGDI<HFONT>>;
 using MapaBits = Manejador<RasgosGDI<HBITMAP>>;
-using Brocha = Manejador<RasgosGDI<HBRUSH>>;
-using Pluma = Manejador<RasgosGDI<HPEN>>;
 // From CreateRectRgn. SetWindowRgn takes it over: give it soltar().
 using Region = Manejador<RasgosGDI<HRGN>>;
 // From CreateCompatibleDC.
 using DCMemoria = Manejador<RasgosDCMemoria>;
-// From LoadImage without LR_SHARED.
-using Icono = Manejador<RasgosIcono>;
-using PunteroRaton = Manejador<RasgosPuntero>;
 // From CreateWindow. A child may have gone with its parent: whoever owns one drops it first, or
 // calls soltar() at WM_NCDESTROY.
 using VentanaPropia = Manejador<RasgosVentana>;
