@@ -33,9 +33,10 @@ void VentanaWin::registrar(const MoldeVentana& molde) {
 
 void VentanaWin::crear(const MoldeVentana& molde) {
     registrar(molde);
-    HWND ventana =
-        CreateWindowExW(molde.estiloExtra, molde.clase, molde.titulo, molde.estilo, 0, 0, 0, 0, molde.padre,
-                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(molde.id)), GetModuleHandleW(nullptr), this);
+    const RectPixel& r = molde.sitio;
+    HWND ventana = CreateWindowExW(
+        molde.estiloExtra, molde.clase, molde.titulo, molde.estilo, r.left, r.top, r.right - r.left, r.bottom - r.top,
+        molde.padre, reinterpret_cast<HMENU>(static_cast<INT_PTR>(molde.id)), GetModuleHandleW(nullptr), this);
     if (!ventana) throw std::runtime_error("CreateWindowEx");
 }
 
@@ -79,10 +80,11 @@ void VentanaWin::pintarPendiente() const {
     if (m_ventana) UpdateWindow(m_ventana);
 }
 
-void VentanaWin::situar(const RectPixel& lugar) const {
+void VentanaWin::situar(const RectPixel& lugar, bool mostrarla) const {
     if (!m_ventana) return;
+    const UINT vista = mostrarla ? SWP_SHOWWINDOW : 0;
     SetWindowPos(m_ventana, nullptr, lugar.left, lugar.top, lugar.right - lugar.left, lugar.bottom - lugar.top,
-                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS | SWP_NOOWNERZORDER);
+                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS | SWP_NOOWNERZORDER | vista);
 }
 
 void VentanaWin::mostrarSinActivar(bool visible) const {

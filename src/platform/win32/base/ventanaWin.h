@@ -16,9 +16,10 @@ struct MoldeVentana {
     bool conDC = false;      // a device context of its own, for as long as it lives
     DWORD estilo = 0;
     DWORD estiloExtra = 0;
-    const wchar_t* titulo = L"";
+    const wchar_t* titulo = nullptr;
     HWND padre = nullptr;
-    int id = 0;  // of a child
+    int id = 0;         // of a child
+    RectPixel sitio{};  // within its parent
     HICON icono = nullptr;
     HICON iconoPequeno = nullptr;
 };
@@ -50,7 +51,7 @@ protected:
     // All of these do nothing without a window: the system takes a null window for all windows.
     void invalidar(const RECT* zona = nullptr) const;
     void pintarPendiente() const;
-    void situar(const RectPixel& lugar) const;
+    void situar(const RectPixel& lugar, bool mostrarla = false) const;
     void mostrarSinActivar(bool visible) const;
 
 private:

@@ -71,7 +71,6 @@ void Anfitrion::alta(ElementoWin& elemento) {
 
 void Anfitrion::alta(SuperficieWin& superficie) {
     m_superficies.push_back(&superficie);
-    pedirApilado();
 }
 
 void Anfitrion::baja(ControlWin& control) {

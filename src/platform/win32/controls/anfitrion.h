@@ -67,6 +67,8 @@ public:
     void baja(ControlWin& control);
     void baja(ElementoWin& elemento);
     void baja(SuperficieWin& superficie);
+    // Children were made: they are put into their order once for all of them.
+    void pedirApilado();
 
 protected:
     explicit Anfitrion(RecursosVentanas& recursos);
@@ -91,7 +93,6 @@ protected:
 private:
     void recorrer(const std::function<void(const ElementoPintado&)>& ver) const override;
     void elegirLetra();
-    void pedirApilado();
     void pintarZona(HDC destino, const RECT& zona) const;
     void pintarFranja(HDC destino, const RECT& franja) const;
     LRESULT alPintar();

@@ -14,44 +14,61 @@ constexpr const wchar_t* CLASE = L"SorvanelSuperficie";
 
 SuperficieWin::SuperficieWin(Anfitrion& anfitrion, IdControl id, int elemento)
     : PinturaWin(anfitrion.escala(), anfitrion.recursos().fuentes), m_anfitrion(anfitrion), m_id(numero(id, elemento)) {
-    MoldeVentana molde;
-    molde.clase = CLASE;
-    molde.conDC = true;
-    molde.estilo = WS_CHILD | WS_CLIPSIBLINGS;
-    molde.padre = anfitrion.ventana();
-    molde.id = m_id;
-    crear(molde);
     m_anfitrion.alta(*this);
 }
 
 SuperficieWin::~SuperficieWin() {
     m_anfitrion.recursos().tandas.quitar(*this);
     m_dc.soltar();
-    if (m_sugerida) m_anfitrion.sugerencias().poner(hwnd(), {});
+    if (!m_sugerencia.empty()) m_anfitrion.sugerencias().poner(hwnd(), {});
     destruir();
     m_anfitrion.baja(*this);
 }
 
 void SuperficieWin::alCambiarEscala() {
     cambiarEscalaPintura();
-    situar(lugarPixeles());
-    invalidar();
+    seguirLugar();
 }
 
 void SuperficieWin::colocar(const Rectangulo& lugar) {
     situarPintura(lugar);
+    seguirLugar();
+}
+
+void SuperficieWin::seguirLugar() {
+    if (!m_visible) return;
     situar(lugarPixeles());
     invalidar();
 }
 
 void SuperficieWin::mostrar(bool visible) {
-    if (visible == m_visible) return;
+    if (visible == m_visible || !m_anfitrion.ventana()) return;
+    if (!visible) {
+        mostrarSinActivar(false);
+    } else if (hwnd()) {
+        situar(lugarPixeles(), true);
+    } else {
+        crearVentana();
+    }
     m_visible = visible;
-    mostrarSinActivar(visible);
+}
+
+// The system takes longer to make, to place and to show a window than to do all three at once.
+void SuperficieWin::crearVentana() {
+    MoldeVentana molde;
+    molde.clase = CLASE;
+    molde.conDC = true;
+    molde.estilo = WS_CHILD | WS_CLIPSIBLINGS | WS_VISIBLE;
+    molde.sitio = lugarPixeles();
+    molde.padre = m_anfitrion.ventana();
+    molde.id = m_id;
+    crear(molde);
+    m_anfitrion.pedirApilado();
+    if (!m_sugerencia.empty()) m_anfitrion.sugerencias().poner(hwnd(), aAncho(m_sugerencia));
 }
 
 bool SuperficieWin::hasDC() const {
-    return hwnd() != nullptr && PinturaWin::hasDC();
+    return m_anfitrion.ventana() != nullptr && PinturaWin::hasDC();
 }
 
 void SuperficieWin::leyenda(std::string_view texto) {
@@ -61,7 +78,7 @@ void SuperficieWin::leyenda(std::string_view texto) {
 }
 
 void SuperficieWin::sugerencia(std::string_view texto) {
-    m_sugerida = !texto.empty();
+    m_sugerencia = texto;
     m_anfitrion.sugerencias().poner(hwnd(), aAncho(texto));
 }
 

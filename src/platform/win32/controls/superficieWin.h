@@ -10,7 +10,7 @@ namespace sorvanel {
 
 // A surface as a child window. All is painted on a picture in memory; the window only copies what
 // was touched, at the end of a batch or when the system wants it painted, so that many changes cost one
-// copy, nothing flickers, and what was covered comes back.
+// copy, nothing flickers, and what was covered comes back. There is no window before it is first seen.
 class SuperficieWin final : public PinturaWin, private VentanaWin, private PorVolcar {
 public:
     SuperficieWin(Anfitrion& anfitrion, IdControl id, int elemento);
@@ -36,6 +36,8 @@ private:
     void volcarPendiente() override;
     LRESULT alMensaje(UINT mensaje, WPARAM w, LPARAM l) override;
     void alPintar();
+    void crearVentana();
+    void seguirLugar();
     LRESULT copiarLeyenda(WPARAM capacidad, LPARAM destino) const;
     // The pictured words were changed and somebody listens.
     void avisarLeyenda();
@@ -48,7 +50,7 @@ private:
     bool m_visible = false;
     std::string m_leyenda;
     bool m_leyendaNueva = false;
-    bool m_sugerida = false;
+    std::string m_sugerencia;
 };
 
 }  // namespace sorvanel
