@@ -56,6 +56,7 @@ public:
     void caja(const Rectangulo& zona, Color) override { benchmark::DoNotOptimize(zona.x); }
     void poligono(std::span<const Punto> vertices, Color) override { benchmark::DoNotOptimize(vertices.data()); }
     void imprimirEn(const Rectangulo&, float, float, std::string_view, Color) override {}
+    void cambiarTexto(const Rectangulo&, Color, float, float, std::string_view, Color) override {}
     void desplazar(float) override {}
     float pixel() const override { return TWIPS_POR_PIXEL; }
     void leyenda(std::string_view texto) override { benchmark::DoNotOptimize(texto.data()); }

@@ -156,13 +156,13 @@ void PinturaVisor::imprimirPeso() {
     if (zona.vacio()) return;
     const bool entero = zona.ancho >= m_encaje.derecha;
     m_escrito.clear();
-    m_peso.caja(zona, m_aspecto.fondoPeso);
-    if (m_texto.empty()) return;
-    if (x < 0) return imprimirCortado();
     if (entero) {
+        m_peso.caja(zona, m_aspecto.fondoPeso);
+        if (m_texto.empty()) return;
+        if (x < 0) return imprimirCortado();
         m_peso.imprimir(x, m_encaje.yPeso, m_texto, m_aspecto.textoPeso);
     } else {
-        m_peso.imprimirEn(zona, x, m_encaje.yPeso, m_texto, m_aspecto.textoPeso);
+        m_peso.cambiarTexto(zona, m_aspecto.fondoPeso, x, m_encaje.yPeso, m_texto, m_aspecto.textoPeso);
     }
     m_escrito = m_texto;
     m_pixel = m_peso.pixel();

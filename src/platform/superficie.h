@@ -58,6 +58,11 @@ public:
     // The same, but only what falls within the zone.
     virtual void imprimirEn(const Rectangulo& zona, float x, float y, std::string_view texto, Color color) = 0;
 
+    // The line of text that stands there becomes this one. They differ within the zone alone, and only that is painted
+    // anew, its ground first.
+    virtual void cambiarTexto(const Rectangulo& zona, Color fondo, float x, float y, std::string_view texto,
+                              Color color) = 0;
+
     virtual void caja(const Rectangulo& zona, Color color) = 0;
     // A filled polygon with smooth edges.
     virtual void poligono(std::span<const Punto> vertices, Color color) = 0;

@@ -62,6 +62,11 @@ public:
     void imprimirEn(const Rectangulo& zona, float x, float y, std::string_view texto, Color color) override {
         anotar("imprimirEn " + enPalabras(zona) + ": " + enPalabras({x, y}, texto, color));
     }
+    void cambiarTexto(const Rectangulo& zona, Color fondo, float x, float y, std::string_view texto,
+                      Color color) override {
+        caja(zona, fondo);
+        imprimirEn(zona, x, y, texto, color);
+    }
     void caja(const Rectangulo& zona, Color color) override {
         anotar("caja " + enPalabras(zona) + ' ' + enPalabras(color));
     }

@@ -19,7 +19,7 @@ Anfitrion::Anfitrion(RecursosVentanas& recursos) : m_recursos(recursos) {
 
 void Anfitrion::crearVentana(const MoldeVentana& molde) {
     crear(molde);
-    m_sugerencias.crear(hwnd());
+    m_sugerencias.ventana(hwnd());
     m_sugerencias.fuente(letra());
     m_foco.ventana(hwnd());
 }

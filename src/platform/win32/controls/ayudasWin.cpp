@@ -16,48 +16,65 @@ constexpr GUID NOMBRE{0x608d3df8, 0x8128, 0x4aa7, {0xa4, 0x28, 0xf5, 0x5e, 0x49,
 
 }  // namespace
 
-void SugerenciasWin::crear(HWND ventana) {
+void SugerenciasWin::crear() {
     const INITCOMMONCONTROLSEX clases{sizeof clases, ICC_BAR_CLASSES};
     InitCommonControlsEx(&clases);
-    m_ventana = ventana;
     m_sugerencias.cambiar(CreateWindowExW(
         WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT, CW_USEDEFAULT,
-        CW_USEDEFAULT, CW_USEDEFAULT, ventana, nullptr, GetModuleHandleW(nullptr), nullptr));
+        CW_USEDEFAULT, CW_USEDEFAULT, m_ventana, nullptr, GetModuleHandleW(nullptr), nullptr));
     if (!m_sugerencias) return;
     // Without a width there are no lines; and some texts take longer to read than the system leaves them.
     SendMessageW(m_sugerencias.get(), TTM_SETMAXTIPWIDTH, 0, GetSystemMetrics(SM_CXSCREEN) / 2);
     SendMessageW(m_sugerencias.get(), TTM_SETDELAYTIME, TTDT_AUTOPOP, MAXSHORT);
+    fuente(m_fuente);
+    for (const Sugerencia& una : std::exchange(m_enEspera, {})) enviar(TTM_ADDTOOLW, una);
+}
+
+void SugerenciasWin::cerrar() {
+    m_ventana = nullptr;
+    m_enEspera.clear();
+    m_sugerencias.cambiar(nullptr);
 }
 
 void SugerenciasWin::poner(HWND control, const std::wstring& texto) {
-    if (control) poner(TTF_IDISHWND, reinterpret_cast<UINT_PTR>(control), {}, texto);
+    if (control) poner({TTF_IDISHWND, reinterpret_cast<UINT_PTR>(control), {}, texto});
 }
 
 void SugerenciasWin::poner(int id, const RECT& sitio, const std::wstring& texto) {
-    poner(0, static_cast<UINT_PTR>(id), sitio, texto);
+    poner({0, static_cast<UINT_PTR>(id), sitio, texto});
 }
 
-void SugerenciasWin::poner(UINT modo, UINT_PTR id, const RECT& sitio, const std::wstring& texto) {
-    if (!m_sugerencias) return;
-    std::wstring copia = texto;  // the message wants it writable
+void SugerenciasWin::poner(const Sugerencia& una) {
+    if (m_sugerencias) {
+        enviar(TTM_DELTOOLW, una);
+        if (!una.texto.empty()) enviar(TTM_ADDTOOLW, una);
+    } else if (m_ventana) {
+        std::erase_if(m_enEspera, [&](const Sugerencia& otra) { return otra.modo == una.modo && otra.id == una.id; });
+        if (!una.texto.empty()) m_enEspera.push_back(una);
+    }
+}
+
+void SugerenciasWin::enviar(UINT mensaje, const Sugerencia& una) const {
+    std::wstring copia = una.texto;  // the message wants it writable
     TTTOOLINFOW util{};
     // The size that all versions of the library know.
     util.cbSize = TTTOOLINFOW_V2_SIZE;
-    util.uFlags = modo;
+    util.uFlags = una.modo;
     util.hwnd = m_ventana;
-    util.uId = id;
-    util.rect = sitio;
+    util.uId = una.id;
+    util.rect = una.sitio;
     util.lpszText = copia.data();
-    SendMessageW(m_sugerencias.get(), TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&util));
-    if (!texto.empty()) SendMessageW(m_sugerencias.get(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&util));
+    SendMessageW(m_sugerencias.get(), mensaje, 0, reinterpret_cast<LPARAM>(&util));
 }
 
 void SugerenciasWin::relevar(const MSG& mensaje) {
+    if (!m_sugerencias && m_ventana) crear();
     MSG copia = mensaje;
     if (m_sugerencias) SendMessageW(m_sugerencias.get(), TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&copia));
 }
 
 void SugerenciasWin::fuente(HFONT fuente) {
+    m_fuente = fuente;
     if (m_sugerencias) SendMessageW(m_sugerencias.get(), WM_SETFONT, reinterpret_cast<WPARAM>(fuente), FALSE);
 }
 

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <string>
+#include <vector>
 
 #include "platform/win32/base/manejadores.h"
 
@@ -13,8 +14,9 @@ namespace sorvanel {
 // The tool tips of one window: one window of the system's for all of its controls.
 class SugerenciasWin {
 public:
-    // Made when the window is there. Without tool tips of the system there are none, and nothing else is lost.
-    void crear(HWND ventana);
+    // Once the window is there; what is told before is no tip. The system's own window is made when the mouse first
+    // comes: on a wall nobody has one. Without tool tips of the system there are none, and nothing else is lost.
+    void ventana(HWND ventana) { m_ventana = ventana; }
     // An empty text takes the tip off.
     void poner(HWND control, const std::wstring& texto);
     // Of what the window paints itself there, device pixels, under a number of its own.
@@ -24,13 +26,23 @@ public:
     void relevar(const MSG& mensaje);
     // The font is the caller's and stays until another is given.
     void fuente(HFONT fuente);
-    void cerrar() { m_sugerencias.cambiar(nullptr); }
+    void cerrar();
 
 private:
-    void poner(UINT modo, UINT_PTR id, const RECT& sitio, const std::wstring& texto);
+    struct Sugerencia {
+        UINT modo;
+        UINT_PTR id;
+        RECT sitio;
+        std::wstring texto;
+    };
+    void poner(const Sugerencia& una);
+    void crear();
+    void enviar(UINT mensaje, const Sugerencia& una) const;
 
     HWND m_ventana = nullptr;
+    HFONT m_fuente = nullptr;
     VentanaPropia m_sugerencias;
+    std::vector<Sugerencia> m_enEspera;  // until then
 };
 
 // Names for screen readers where a control's own text is something else: what stands in a text box

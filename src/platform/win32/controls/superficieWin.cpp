@@ -13,7 +13,9 @@ constexpr const wchar_t* CLASE = L"SorvanelSuperficie";
 }  // namespace
 
 SuperficieWin::SuperficieWin(Anfitrion& anfitrion, IdControl id, int elemento)
-    : PinturaWin(anfitrion.escala(), anfitrion.recursos().fuentes), m_anfitrion(anfitrion), m_id(numero(id, elemento)) {
+    : PinturaWin(anfitrion.escala(), anfitrion.recursos().fuentes, anfitrion.recursos().borrador),
+      m_anfitrion(anfitrion),
+      m_id(numero(id, elemento)) {
     m_anfitrion.alta(*this);
 }
 
@@ -95,7 +97,7 @@ void SuperficieWin::tocar(const RECT* zona) {
     }
     if (!m_anotada) tandas.anotar(*this);
     m_anotada = true;
-    const RECT todo = lienzo().entero(), antes = m_pendiente;
+    const RECT todo = entero(), antes = m_pendiente;
     UnionRect(&m_pendiente, &antes, zona ? zona : &todo);
 }
 
@@ -147,7 +149,7 @@ LRESULT SuperficieWin::alMensaje(UINT mensaje, WPARAM w, LPARAM l) {
             alPintar();
             return 0;
         case WM_PRINTCLIENT:
-            volcar(reinterpret_cast<HDC>(w), lienzo().entero());
+            volcar(reinterpret_cast<HDC>(w), entero());
             return 0;
         case WM_ERASEBKGND:
             return 1;

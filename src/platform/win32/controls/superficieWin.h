@@ -8,9 +8,9 @@
 
 namespace sorvanel {
 
-// A surface as a child window. All is painted on a picture in memory; the window only copies what
-// was touched, at the end of a batch or when the system wants it painted, so that many changes cost one
-// copy, nothing flickers, and what was covered comes back. There is no window before it is first seen.
+// A surface as a child window. What was touched is put together in memory and copied to the window at the end of a
+// batch, or when the system wants it painted: many changes cost one copy, and nothing flickers. There is no window
+// before it is first seen.
 class SuperficieWin final : public PinturaWin, private VentanaWin, private PorVolcar {
 public:
     SuperficieWin(Anfitrion& anfitrion, IdControl id, int elemento);

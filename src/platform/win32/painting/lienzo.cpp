@@ -58,6 +58,11 @@ void Lienzo::alcanzar(int ancho, int alto) {
     dimensionar(std::max(ancho, m_ancho), std::max(alto, m_alto), 0, false);
 }
 
+void Lienzo::ponerOrigen(POINT punto) {
+    m_origen = punto;
+    SetViewportOrgEx(m_dc.get(), -punto.x, -punto.y, nullptr);
+}
+
 void Lienzo::llenar(const RECT& zona, COLORREF color) {
     if (zona.right <= zona.left || zona.bottom <= zona.top) return;
     // The background of an empty text: a filled box for which no brush is made.

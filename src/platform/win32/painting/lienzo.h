@@ -27,6 +27,18 @@ public:
     // At least that size; the picture is undefined when it had to grow. For passing use.
     void alcanzar(int ancho, int alto);
     void llenar(const RECT& zona, COLORREF color);
+    // While it lives, what is painted at that point comes to the picture's top-left corner.
+    class Origen {
+    public:
+        Origen(Lienzo& lienzo, POINT punto) : m_lienzo(lienzo), m_antes(lienzo.m_origen) { lienzo.ponerOrigen(punto); }
+        ~Origen() { m_lienzo.ponerOrigen(m_antes); }
+        Origen(const Origen&) = delete;
+        Origen& operator=(const Origen&) = delete;
+
+    private:
+        Lienzo& m_lienzo;
+        const POINT m_antes;
+    };
     // A shape with smooth edges: `distancia` tells for a point, device pixels, how far it lies from
     // the shape's edge, negative inside (never more than it does; a union or a difference may tell
     // less). Nothing outside the zone is touched.
@@ -34,6 +46,9 @@ public:
     void pintarForma(RECT zona, COLORREF color, Distancia distancia);
 
 private:
+    void ponerOrigen(POINT punto);
+
+    POINT m_origen{};
     int m_ancho = 0;
     int m_alto = 0;
     std::uint32_t* m_puntos = nullptr;  // the picture's own, row by row from the top
@@ -46,12 +61,12 @@ private:
 template <typename Distancia>
 void Lienzo::pintarForma(RECT zona, COLORREF color, Distancia distancia) {
     if (!m_puntos) return;
-    zona = {std::max<LONG>(zona.left, 0), std::max<LONG>(zona.top, 0), std::min<LONG>(zona.right, m_ancho),
-            std::min<LONG>(zona.bottom, m_alto)};
+    zona = {std::max(zona.left, m_origen.x), std::max(zona.top, m_origen.y),
+            std::min<LONG>(zona.right, m_origen.x + m_ancho), std::min<LONG>(zona.bottom, m_origen.y + m_alto)};
     const std::uint32_t tinta = RGB(GetBValue(color), GetGValue(color), GetRValue(color));
     GdiFlush();  // what the system still had to paint there comes first
     for (LONG y = zona.top; y < zona.bottom; ++y) {
-        std::uint32_t* fila = m_puntos + static_cast<std::ptrdiff_t>(y) * m_ancho;
+        std::uint32_t* fila = m_puntos + static_cast<std::ptrdiff_t>(y - m_origen.y) * m_ancho - m_origen.x;
         for (LONG x = zona.left; x < zona.right;) {
             const float d = distancia({static_cast<float>(x) + 0.5F, static_cast<float>(y) + 0.5F});
             const LONG hasta = std::min(x + static_cast<LONG>(formas::iguales(d)), zona.right);

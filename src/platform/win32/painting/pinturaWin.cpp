@@ -1,6 +1,8 @@
 #include "platform/win32/painting/pinturaWin.h"
 
 #include <algorithm>
+#include <stdexcept>
+#include <utility>
 
 #include "platform/win32/base/textoWin.h"
 #include "platform/win32/base/ventanaWin.h"
@@ -9,36 +11,55 @@ namespace sorvanel {
 
 namespace {
 
+// What is put together at once; a larger part is painted in strips. On a large surface they may be larger: its letters
+// are, and each strip paints anew all that it cuts.
+constexpr LONG PUNTOS_A_LA_VEZ = 1 << 16;
+constexpr LONG PARTES = 16;
+
 COLORREF aColor(Color color) {
     return static_cast<COLORREF>(colorPintable(color));
 }
 
 }  // namespace
 
-PinturaWin::PinturaWin(const Escala& escala, FuentesWin& fuentes) : m_escala(escala), m_fuentes(fuentes) {
+PinturaWin::PinturaWin(const Escala& escala, FuentesWin& fuentes, Lienzo& borrador)
+    : m_escala(escala), m_fuentes(fuentes), m_borrador(borrador) {
     m_fuente.alto = 180;  // nine points, until somebody says otherwise
     elegirFuente();
+}
+
+RECT PinturaWin::entero() const {
+    const RectPixel r = lugarPixeles();
+    return {0, 0, r.right - r.left, r.bottom - r.top};
+}
+
+RECT PinturaWin::aZona(const Rectangulo& zona) const {
+    return aRECT(m_escala.aPixeles(zona, m_lugar.x, m_lugar.y));
 }
 
 void PinturaWin::situarPintura(const Rectangulo& lugar) {
     const bool mismoTamano = lugar.ancho == m_lugar.ancho && lugar.alto == m_lugar.alto;
     m_lugar = lugar;
-    const RectPixel r = lugarPixeles();
-    const int ancho = r.right - r.left, alto = r.bottom - r.top;
-    // A surface that only moves keeps its picture, also where rounding makes it a pixel larger.
-    if (!mismoTamano || ancho != m_lienzo.ancho() || alto != m_lienzo.alto()) {
-        m_lienzo.dimensionar(ancho, alto, aColor(m_fondo), mismoTamano);
+    if (!mismoTamano) {
+        m_mapa.reset();
+        m_lista.vaciar(aColor(m_fondo));
+    } else if (m_mapa) {
+        // A surface that only moves keeps its picture, also where rounding makes it a pixel larger.
+        const RECT todo = entero();
+        if (todo.right != m_mapa->ancho() || todo.bottom != m_mapa->alto())
+            m_mapa->dimensionar(todo.right, todo.bottom, aColor(m_fondo), true);
     }
 }
 
 void PinturaWin::cambiarEscalaPintura() {
-    const RectPixel r = lugarPixeles();
     elegirFuente();
-    m_lienzo.dimensionar(r.right - r.left, r.bottom - r.top, aColor(m_fondo), false);
+    m_mapa.reset();
+    m_lista.vaciar(aColor(m_fondo));
 }
 
 void PinturaWin::limpiar() {
-    m_lienzo.llenar(m_lienzo.entero(), aColor(m_fondo));
+    m_mapa.reset();
+    m_lista.vaciar(aColor(m_fondo));
     tocar(nullptr);
 }
 
@@ -49,11 +70,7 @@ void PinturaWin::fuente(const Fuente& fuente) {
 }
 
 void PinturaWin::elegirFuente() {
-    std::shared_ptr<FuenteWin> nueva = m_fuentes.pedir(m_fuente, m_escala.y.largo(m_fuente.alto));
-    if (nueva == m_hecha) return;
-    m_seleccion.devolver();
-    m_hecha = std::move(nueva);
-    m_seleccion = Seleccion(m_lienzo.dc(), m_hecha->get());
+    m_hecha = m_fuentes.pedir(m_fuente, m_escala.y.largo(m_fuente.alto));
 }
 
 const std::wstring& PinturaWin::ancho(std::string_view texto) const {
@@ -62,36 +79,60 @@ const std::wstring& PinturaWin::ancho(std::string_view texto) const {
 }
 
 MedidaTexto PinturaWin::medir(std::string_view texto) const {
-    return medirTexto(m_lienzo.dc(), *m_hecha, m_escala, ancho(texto));
+    const Seleccion letra(m_borrador.dc(), m_hecha->get());
+    return medirTexto(m_borrador.dc(), *m_hecha, m_escala, ancho(texto));
+}
+
+ListaPintura::Texto PinturaWin::linea(float x, float y, std::string_view texto, Color color) const {
+    return {{m_escala.x.aPixel(x), m_escala.y.aPixel(y)}, ancho(texto), m_hecha, aColor(color)};
+}
+
+void PinturaWin::imprimirEn(const RECT& zona, const ListaPintura::Texto& texto) {
+    if (m_mapa) {
+        ListaPintura::escribir(*m_mapa, zona, texto);
+    } else {
+        m_lista.texto(zona, texto);
+    }
+    tocar(&zona);
 }
 
 void PinturaWin::imprimir(float x, float y, std::string_view texto, Color color) {
-    const std::wstring& letras = ancho(texto);
-    trazarTexto(x, y, letras, color, nullptr);
-    const SIZE medida = extension(m_lienzo.dc(), letras);
-    const int px = m_escala.x.aPixel(x), py = m_escala.y.aPixel(y);
+    const ListaPintura::Texto entera = linea(x, y, texto, color);
+    SIZE medida{};
+    {
+        const Seleccion letra(m_borrador.dc(), m_hecha->get());
+        medida = extension(m_borrador.dc(), entera.letras);
+    }
     // Slanted letters lean out of their box, a little to each side.
-    const int vuelo = medida.cy / 3 + 1;
-    const RECT tocado{px - vuelo, py, px + medida.cx + vuelo, py + medida.cy};
-    tocar(&tocado);
+    const LONG vuelo = medida.cy / 3 + 1;
+    const POINT inicio = entera.inicio;
+    imprimirEn(RECT{inicio.x - vuelo, inicio.y, inicio.x + medida.cx + vuelo, inicio.y + medida.cy}, entera);
 }
 
 void PinturaWin::imprimirEn(const Rectangulo& zona, float x, float y, std::string_view texto, Color color) {
-    const RECT recorte = aRECT(m_escala.aPixeles(zona, m_lugar.x, m_lugar.y));
-    trazarTexto(x, y, ancho(texto), color, &recorte);
-    tocar(&recorte);
+    imprimirEn(aZona(zona), linea(x, y, texto, color));
 }
 
-// Printed at a point, never formatted: no character is a prefix or a line break.
-void PinturaWin::trazarTexto(float x, float y, const std::wstring& letras, Color color, const RECT* recorte) {
-    SetTextColor(m_lienzo.dc(), aColor(color));
-    ExtTextOutW(m_lienzo.dc(), m_escala.x.aPixel(x), m_escala.y.aPixel(y), recorte ? ETO_CLIPPED : 0, recorte,
-                letras.data(), static_cast<UINT>(letras.size()), nullptr);
+void PinturaWin::cambiarTexto(const Rectangulo& zona, Color fondo, float x, float y, std::string_view texto,
+                              Color color) {
+    const RECT r = aZona(zona);
+    const ListaPintura::Texto nueva = linea(x, y, texto, color);
+    if (m_mapa) {
+        m_mapa->llenar(r, aColor(fondo));
+        ListaPintura::escribir(*m_mapa, r, nueva);
+    } else {
+        m_lista.cambiarTexto(r, aColor(fondo), nueva);
+    }
+    tocar(&r);
 }
 
 void PinturaWin::caja(const Rectangulo& zona, Color color) {
-    const RECT r = aRECT(m_escala.aPixeles(zona, m_lugar.x, m_lugar.y));
-    m_lienzo.llenar(r, aColor(color));
+    const RECT r = aZona(zona);
+    if (m_mapa) {
+        m_mapa->llenar(r, aColor(color));
+    } else {
+        m_lista.caja(r, aColor(color));
+    }
     tocar(&r);
 }
 
@@ -105,22 +146,70 @@ void PinturaWin::poligono(std::span<const Punto> vertices, Color color) {
                                               [](const Punto& a, const Punto& b) { return a.y < b.y; });
     const RECT tocado{static_cast<LONG>(x0->x) - 1, static_cast<LONG>(y0->y) - 1, static_cast<LONG>(x1->x) + 2,
                       static_cast<LONG>(y1->y) + 2};
-    m_lienzo.pintarForma(tocado, aColor(color), [this](Punto p) { return formas::aPoligono(p, m_vertices); });
+    if (m_mapa) {
+        m_mapa->pintarForma(tocado, aColor(color), [this](Punto p) { return formas::aPoligono(p, m_vertices); });
+    } else {
+        m_lista.poligono(tocado, m_vertices, aColor(color));
+    }
     tocar(&tocado);
 }
 
+// To paint anew what scrolls, at each step, would take longer than to copy it.
+void PinturaWin::guardarMapa() {
+    const RECT todo = entero();
+    auto mapa = std::make_unique<Lienzo>();
+    mapa->dimensionar(todo.right, todo.bottom, aColor(m_fondo), false);
+    if (!mapa->utilizable()) throw std::runtime_error("CreateDIBSection");
+    m_lista.pintar(*mapa, todo);
+    m_lista.vaciar(aColor(m_fondo));
+    m_mapa = std::move(mapa);
+}
+
 void PinturaWin::desplazar(float twips) {
-    const int paso = std::min(m_escala.x.aPixel(twips), m_lienzo.ancho());
+    if (!m_mapa) guardarMapa();
+    const HDC dc = m_mapa->dc();
+    const int paso = std::min(m_escala.x.aPixel(twips), m_mapa->ancho());
     if (paso <= 0) return;
-    const int quedan = m_lienzo.ancho() - paso;
-    BitBlt(m_lienzo.dc(), 0, 0, quedan, m_lienzo.alto(), m_lienzo.dc(), paso, 0, SRCCOPY);
-    m_lienzo.llenar({quedan, 0, m_lienzo.ancho(), m_lienzo.alto()}, aColor(m_fondo));
+    const int quedan = m_mapa->ancho() - paso;
+    BitBlt(dc, 0, 0, quedan, m_mapa->alto(), dc, paso, 0, SRCCOPY);
+    m_mapa->llenar({quedan, 0, m_mapa->ancho(), m_mapa->alto()}, aColor(m_fondo));
     tocar(nullptr);
 }
 
+void PinturaWin::pintar(Lienzo& destino, const RECT& zona) const {
+    if (m_mapa) {
+        BitBlt(destino.dc(), zona.left, zona.top, zona.right - zona.left, zona.bottom - zona.top, m_mapa->dc(),
+               zona.left, zona.top, SRCCOPY);
+    } else {
+        m_lista.pintar(destino, zona);
+    }
+}
+
 void PinturaWin::volcar(HDC destino, const RECT& zona) const {
-    BitBlt(destino, zona.left, zona.top, zona.right - zona.left, zona.bottom - zona.top, m_lienzo.dc(), zona.left,
-           zona.top, SRCCOPY);
+    if (m_mapa) {
+        BitBlt(destino, zona.left, zona.top, zona.right - zona.left, zona.bottom - zona.top, m_mapa->dc(), zona.left,
+               zona.top, SRCCOPY);
+        return;
+    }
+    RECT todo = entero(), parte{};
+    if (!IntersectRect(&parte, &todo, &zona)) return;
+    const LONG puntos = std::max(PUNTOS_A_LA_VEZ, todo.right * todo.bottom / PARTES);
+    const LONG ancho = parte.right - parte.left, alto = std::max<LONG>(1, puntos / ancho);
+    for (LONG arriba = parte.top; arriba < parte.bottom; arriba += alto) {
+        const RECT franja{parte.left, arriba, parte.right, std::min(arriba + alto, parte.bottom)};
+        volcarFranja(destino, franja);
+    }
+}
+
+void PinturaWin::volcarFranja(HDC destino, const RECT& franja) const {
+    const LONG ancho = franja.right - franja.left, alto = franja.bottom - franja.top;
+    m_borrador.alcanzar(ancho, alto);
+    if (!m_borrador.utilizable()) return;
+    {
+        const Lienzo::Origen origen(m_borrador, {franja.left, franja.top});
+        m_lista.pintar(m_borrador, franja);
+    }
+    BitBlt(destino, franja.left, franja.top, ancho, alto, m_borrador.dc(), 0, 0, SRCCOPY);
 }
 
 }  // namespace sorvanel

@@ -108,8 +108,8 @@ void DialogoWin::ordenTeclado(std::span<Control* const> orden) {
 }
 
 void DialogoWin::pintarSuelo(Lienzo& destino, const RECT& parte) const {
-    BitBlt(destino.dc(), 0, 0, parte.right - parte.left, parte.bottom - parte.top, m_fondo.lienzo().dc(), parte.left,
-           parte.top, SRCCOPY);
+    const Lienzo::Origen origen(destino, {parte.left, parte.top});
+    m_fondo.pintar(destino, parte);
 }
 
 // The move begins with the first movement: begun with the press, the system would hold on to the mouse where the

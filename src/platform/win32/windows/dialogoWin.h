@@ -14,7 +14,7 @@ namespace sorvanel {
 class FondoDialogo final : public PinturaWin {
 public:
     explicit FondoDialogo(const Anfitrion& dialogo)
-        : PinturaWin(dialogo.escala(), dialogo.recursos().fuentes), m_dialogo(dialogo) {}
+        : PinturaWin(dialogo.escala(), dialogo.recursos().fuentes, dialogo.recursos().borrador), m_dialogo(dialogo) {}
 
     void dimensionar(float ancho, float alto) { situarPintura({0, 0, ancho, alto}); }
     void alCambiarEscala() { cambiarEscalaPintura(); }
@@ -28,7 +28,7 @@ public:
     void refrescar() override { UpdateWindow(m_dialogo.hwnd()); }
 
 private:
-    void tocar(const RECT* zona) override { m_dialogo.tocarDetras(zona ? *zona : lienzo().entero()); }
+    void tocar(const RECT* zona) override { m_dialogo.tocarDetras(zona ? *zona : entero()); }
 
     const Anfitrion& m_dialogo;
 };

@@ -169,9 +169,9 @@ void FormularioWin::pintarSuelo(Lienzo& destino, const RECT& parte) const {
         const RECT barra = superficie->sitio();
         RECT comun{};
         if (!superficie->visible() || !IntersectRect(&comun, &barra, &parte)) return;
-        BitBlt(destino.dc(), comun.left - parte.left, comun.top - parte.top, comun.right - comun.left,
-               comun.bottom - comun.top, superficie->lienzo().dc(), comun.left - barra.left, comun.top - barra.top,
-               SRCCOPY);
+        const Lienzo::Origen origen(destino, {parte.left - barra.left, parte.top - barra.top});
+        OffsetRect(&comun, -barra.left, -barra.top);
+        superficie->pintar(destino, comun);
     }
 }
 
