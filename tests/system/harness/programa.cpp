@@ -185,10 +185,6 @@ bool Programa::esperarVisible(IdControl id, int elemento) const {
     return esperar([=, this] { return seVe(id, elemento); });
 }
 
-bool Programa::esperarOculto(IdControl id, int elemento) const {
-    return esperar([=, this] { return !seVe(id, elemento); });
-}
-
 bool Programa::esperarTexto(IdControl id, int elemento, std::string_view esperado) const {
     return esperar([=, this] { return texto(id, elemento) == esperado; });
 }

@@ -94,7 +94,6 @@ public:
     std::string texto(IdControl id, int elemento = 0) const;
     bool seVe(IdControl id, int elemento = 0) const;
     bool esperarVisible(IdControl id, int elemento = 0) const;
-    bool esperarOculto(IdControl id, int elemento = 0) const;
     bool esperarTexto(IdControl id, int elemento, std::string_view esperado) const;
     // Waits until that display says so.
     bool lee(int visor, std::string_view esperado) const;
