@@ -54,8 +54,8 @@ private:
         for (const char letra : texto) {
             const float ancho = medir({&letra, 1}).ancho;
             for (std::size_t p = pixelDe(std::max(x, zona.x)); p < pixelDe(std::min(x + ancho, zona.derecha())); ++p) {
-                puntos.at(p) += letra + std::to_string(std::lround(static_cast<float>(p) - x / TWIPS_POR_PIXEL)) + "#" +
-                                std::to_string(color);
+                puntos.at(p) += letra + std::to_string(std::lround(static_cast<float>(p) - x / TWIPS_POR_PIXEL)) + "/" +
+                                std::to_string(fuente().alto) + "#" + std::to_string(color);
                 ++impresos;
             }
             x += ancho;

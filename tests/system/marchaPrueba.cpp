@@ -7,12 +7,10 @@ namespace sorvanel::pruebas {
 namespace {
 
 // The system's double-click time, milliseconds, for programs that start while it lives.
-class DobleClic {
+class DobleClic : private SinCopia {
 public:
     explicit DobleClic(UINT nuevo) { SetDoubleClickTime(nuevo); }
     ~DobleClic() { SetDoubleClickTime(m_antes); }
-    DobleClic(const DobleClic&) = delete;
-    DobleClic& operator=(const DobleClic&) = delete;
 
 private:
     const UINT m_antes = GetDoubleClickTime();

@@ -30,7 +30,7 @@ public:
                                                       [&](const std::string& l) { return l.starts_with(principio); }));
     }
     // The first tick after it was empty: four pixels of text.
-    bool entra() const { return puntos[395].size() < 3 && puntos[396].find("0#") != std::string::npos; }
+    bool entra() const { return puntos[395].size() < 3 && puntos[396].find("0/") != std::string::npos; }
 };
 
 class MuelleDoble : public MuelleMensaje {

@@ -1,7 +1,6 @@
 #include "display/pinturaVisor.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <limits>
 
