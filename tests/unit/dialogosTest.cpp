@@ -90,6 +90,26 @@ TYPED_TEST(Dialogos, nadaSeCortaNiSeSolapaNiSeSale) {
     EXPECT_GT(vistos.size(), 8U);
 }
 
+TEST(Rejilla, loQueOcupaVariasColumnasLasEnsancha) {
+    std::vector<Rectangulo> lugares(3);
+    const auto anotar = [&](std::size_t i, float ancho) {
+        return Pieza{{ancho, 20}, [&lugares, i](const Rectangulo& l) { lugares[i] = l; }, true};
+    };
+    for (const int estirada : {0, 1}) {
+        Rejilla r(10, 5);
+        r.estirar(estirada);
+        r.poner(0, 0, anotar(0, 30));
+        r.poner(0, 1, anotar(1, 50));
+        r.poner(1, 0, anotar(2, 200), 2);
+        EXPECT_EQ(r.minimo(), (Tamano{200, 45}));
+        r.colocar({100, 1000, 240, 60});
+        const float primera = estirada == 0 ? 180 : 30;
+        EXPECT_EQ(lugares[0], (Rectangulo{100, 1000, primera, 20}));
+        EXPECT_EQ(lugares[1], (Rectangulo{110 + primera, 1000, 230 - primera, 20}));
+        EXPECT_EQ(lugares[2], (Rectangulo{100, 1025, 240, 20}));
+    }
+}
+
 TYPED_TEST(Dialogos, elTecladoVaComoLaVistaYTodoTieneNombre) {
     this->abrirLleno();
     FormularioDialogoDoble& v = this->v();
