@@ -1,9 +1,5 @@
 #include "doubles/controlesDoble.h"
 
-#include <algorithm>
-
-#include "config/codificacion.h"
-
 namespace sorvanel {
 
 // ---- focus ----
@@ -13,10 +9,6 @@ void EstadoVentana::enfocar(ControlComun* nuevo) {
     if (foco != nullptr) porValidar.push_back(foco);
     foco = nuevo;
     if (nuevo != nullptr) ControlComun::avisar(nuevo->m_alRecibirFoco);
-}
-
-bool EstadoVentana::vive(const ControlComun* control) const {
-    return std::find(creados.begin(), creados.end(), control) != creados.end();
 }
 
 void EstadoVentana::asentar() {
@@ -83,10 +75,6 @@ bool ControlComun::pulsar(Tecla tecla) {
 }
 
 // ---- text box ----
-
-std::string CajaTextoDoble::texto() const {
-    return deWindows1252(m_texto);
-}
 
 void CajaTextoDoble::texto(const std::string& texto) {
     std::string nuevo = aWindows1252(texto);

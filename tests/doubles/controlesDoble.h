@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 #include <map>
@@ -10,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "config/codificacion.h"
 #include "doubles/anotado.h"
 #include "doubles/superficieDoble.h"
 #include "platform/ventana.h"
@@ -40,7 +42,7 @@ struct EstadoVentana {
     void enfocar(ControlComun* nuevo);
     // Asks those that wait, one after the other.
     void asentar();
-    bool vive(const ControlComun* control) const;
+    bool vive(const ControlComun* control) const { return std::ranges::count(creados, control) != 0; }
 };
 
 // What all controls have.
@@ -138,7 +140,7 @@ public:
     // Puts the caret behind so many characters.
     void cursor(std::size_t posicion) { m_desde = m_hasta = posicion; }
 
-    std::string texto() const override;
+    std::string texto() const override { return deWindows1252(m_texto); }
     void texto(const std::string& texto) override;
     void colorFondo(Color color) override { fondo = color; }
     void longitudMaxima(int caracteres) override { m_maxima = caracteres; }

@@ -34,10 +34,11 @@ public:
     // Throws std::logic_error when a display shows what it should not.
     void paso() {
         using Acto = void (ModeloVisores::*)();
-        constexpr std::array<Acto, 12> ACTOS{
+        constexpr std::array<Acto, 13> ACTOS{
             &ModeloVisores::pesarUDP, &ModeloVisores::pesarUDP, &ModeloVisores::pesarTCP, &ModeloVisores::pesarTCP,
             &ModeloVisores::abrir,    &ModeloVisores::estorbar, &ModeloVisores::perder,   &ModeloVisores::caja,
-            &ModeloVisores::marcha,   &ModeloVisores::paro,     &ModeloVisores::colocar,  &ModeloVisores::fallar};
+            &ModeloVisores::marcha,   &ModeloVisores::paro,     &ModeloVisores::colocar,  &ModeloVisores::fallar,
+            &ModeloVisores::cambiar};
         (this->*ACTOS[m_azar(ACTOS.size())])();
         avanzar(m_azar(3) == 0 ? m_azar(3000) : 0);
         comprobarTodo();
@@ -191,6 +192,11 @@ private:
     void fallar() {
         Puesto& p = puesto(1 + static_cast<int>(m_azar(CUANTOS)));
         (m_azar(4) == 0 ? p.etiqueta : p.peso).fallarEn(1 + static_cast<int>(m_azar(12)));
+    }
+
+    // Also where that shows nothing new.
+    void cambiar() {
+        intentar([&] { uno(1 + static_cast<int>(m_azar(CUANTOS))).colorFondoPeso(static_cast<Color>(m_azar(2))); });
     }
 
     // ---- what is seen ----

@@ -13,6 +13,8 @@
 
 namespace sorvanel {
 
+using Id = IdControl;
+
 // One tool on the program's own desk, over a window that nobody sees. Wherever a test went, the keyboard was never left
 // nowhere and no two controls had one id.
 template <typename Dialogo, IdControl ID>

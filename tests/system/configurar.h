@@ -23,9 +23,21 @@ protected:
     bool esperarINI(const std::string& trozo) {
         return esperar([&] { return programa.leerINI().find(trozo) != std::string::npos; });
     }
-    bool abrir(IdControl boton, const VentanaHerramienta& herramienta) {
+    void abrir(IdControl boton, const VentanaHerramienta& herramienta) {
         programa.pulsar(boton);
-        return herramienta.esperarAbierta();
+        ASSERT_TRUE(herramienta.esperarAbierta());
+    }
+    // Typed, and entered.
+    void entrar(IdControl id, int n, const std::string& texto) const {
+        visores.escribir(id, n, texto);
+        ASSERT_TRUE(visores.esperarTexto(id, n, texto));
+        visores.tecla(id, n, VK_RETURN);
+    }
+    // The system's own window, once it has that control.
+    HWND delSistema(int id) const {
+        HWND ventana = nullptr;
+        EXPECT_TRUE(esperar([&] { return GetDlgItem(ventana = programa.caja().ventana(), id) != nullptr; }));
+        return ventana;
     }
 
     int puerto = puertosLibres(2);

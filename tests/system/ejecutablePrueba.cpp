@@ -9,13 +9,11 @@ namespace sorvanel::pruebas {
 namespace {
 
 // The parts of an executable as the loader lays them in memory, nothing of it run.
-class Imagen {
+class Imagen : private SinCopia {
 public:
     explicit Imagen(const std::wstring& ruta)
         : m_modulo(LoadLibraryExW(ruta.c_str(), nullptr, LOAD_LIBRARY_AS_IMAGE_RESOURCE)) {}
     ~Imagen() { FreeLibrary(m_modulo); }
-    Imagen(const Imagen&) = delete;
-    Imagen& operator=(const Imagen&) = delete;
 
     bool hay() const { return m_modulo != nullptr; }
     template <class T>

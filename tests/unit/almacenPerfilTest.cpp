@@ -187,65 +187,52 @@ TEST_F(AlmacenPerfilTest, LoQueNoSePuedeLeerNiSeVaciaNiSePisa) {
 }
 
 TEST_F(AlmacenPerfilTest, HaceLaCopiaByteAByte) {
-    const std::string viejo = "[S]\nk=1\r\n; \xF1\0x"s, nuevo = "[S]\nk=2\r\n; \xF1\0x"s,
-                      copia = "of an earlier session";
-    const struct {
-        bool archivo;
-        std::string rutaQueFalla;
-        bool bien;
-        std::string copia;
-    } casos[] = {{true, "", true, nuevo},
-                 {false, "", true, ""},
-                 {true, c.rutaCopia(), false, copia},
-                 {false, m_ruta, false, copia},
-                 {true, m_ruta, false, viejo}};  // the old file stands, and is copied
-    for (const auto& caso : casos) {
+    const std::string viejo = "[S]\nk=1\r\n; \xF1\0x"s, nuevo = "[S]\nk=2\r\n; \xF1\0x"s;
+    const std::tuple<bool, std::string, bool, std::string> casos[] = {
+        {true, "", true, nuevo},
+        {false, "", true, ""},
+        {true, c.rutaCopia(), false, "earlier"},
+        {false, m_ruta, false, "earlier"},
+        {true, m_ruta, false, viejo}};  // the old file stands, and is copied
+    for (const auto& [hayArchivo, rutaQueFalla, bien, copia] : casos) {
         EntornoDoble e;
-        const comun& com = e.com;
-        if (caso.archivo) {
+        if (hayArchivo) {
             e.ini(viejo);
             e.valor("S", "k", "2");
         }
-        e.archivos.poner(c.rutaCopia(), copia);
-        e.archivos.rutaQueFalla = caso.rutaQueFalla;
-        EXPECT_EQ(com.hacerCopiaDeINI(), caso.bien);
-        EXPECT_EQ(e.archivos.contenido(c.rutaCopia()), caso.copia);
-        if (!caso.bien) continue;
+        e.archivos.poner(c.rutaCopia(), "earlier");
+        e.archivos.rutaQueFalla = rutaQueFalla;
+        EXPECT_EQ(e.com.hacerCopiaDeINI(), bien);
+        EXPECT_EQ(e.archivos.contenido(c.rutaCopia()), copia);
+        if (!bien) continue;
         e.valor("S", "k", "3");
         e.perfil.volcar();
-        EXPECT_TRUE(com.restaurarCopiaDeINI());
-        EXPECT_EQ(e.archivos.contenido(e.rutaINI()), caso.copia);
+        EXPECT_TRUE(e.com.restaurarCopiaDeINI());
+        EXPECT_EQ(e.archivos.contenido(e.rutaINI()), copia);
     }
 }
 
 // The settings were lost or spoilt: the copy of those that there were must outlive the first look at it.
 TEST_F(AlmacenPerfilTest, LaUltimaCopiaConVisoresNoSePierde) {
     const std::string buena = "[VISOR_2]\nPort=3\n", mala = "\x01\xFF=[", vacia = "[VISOR_1]\nPort=\n";
-    struct Caso {
-        std::string copia, ini, anterior;  // "-": there is none
-        std::string rutaQueFalla;
-        bool bien;
-    };
-    const Caso casos[] = {{buena, "-", buena, "", true},       {buena, mala, buena, "", true},
-                          {buena, vacia, buena, "", true},     {mala, vacia, "-", "", true},
-                          {buena, buena + "#", "-", "", true}, {buena, mala, "-", c.rutaAnterior(), false}};
-    for (const Caso& caso : casos) {
+    // The copy, the file, then the copy before; "-": there is none.
+    const std::tuple<std::string, std::string, std::string, std::string> casos[] = {
+        {buena, "-", buena, ""}, {buena, mala, buena, ""},      {buena, vacia, buena, ""},
+        {mala, vacia, "-", ""},  {buena, buena + "#", "-", ""}, {buena, mala, "-", c.rutaAnterior()}};
+    for (const auto& [copia, ini, anterior, rutaQueFalla] : casos) {
         EntornoDoble e;
-        const comun& com = e.com;
-        if (caso.ini != "-") e.ini(caso.ini);
-        e.archivos.poner(c.rutaCopia(), caso.copia);
-        e.archivos.rutaQueFalla = caso.rutaQueFalla;
+        if (ini != "-") e.ini(ini);
+        e.archivos.poner(c.rutaCopia(), copia);
+        e.archivos.rutaQueFalla = rutaQueFalla;
         for (const int vez : {1, 2}) {
-            EXPECT_EQ(com.hacerCopiaDeINI(), caso.bien) << vez;
-            EXPECT_EQ(e.archivos.existe(c.rutaAnterior()) ? e.archivos.contenido(c.rutaAnterior()) : "-",
-                      caso.anterior);
-            EXPECT_TRUE(caso.bien || e.archivos.contenido(c.rutaCopia()) == caso.copia);
+            EXPECT_EQ(e.com.hacerCopiaDeINI(), rutaQueFalla.empty()) << vez;
+            EXPECT_EQ(e.archivos.existe(c.rutaAnterior()) ? e.archivos.contenido(c.rutaAnterior()) : "-", anterior);
+            EXPECT_TRUE(rutaQueFalla.empty() || e.archivos.contenido(c.rutaCopia()) == copia);
         }
     }
-    EntornoDoble e;
-    e.archivos.poner(c.rutaCopia(), buena);
-    e.archivos.rutaIlegible = c.rutaCopia();
-    EXPECT_FALSE(e.com.hacerCopiaDeINI()) << "it may well define some";
+    m.archivos.poner(c.rutaCopia(), buena);
+    m.archivos.rutaIlegible = c.rutaCopia();
+    EXPECT_FALSE(c.hacerCopiaDeINI()) << "it may well define some";
 }
 
 }  // namespace

@@ -10,6 +10,8 @@
 
 namespace sorvanel {
 
+using Id = IdControl;
+
 constexpr const char* DOS_VISORES =
     "[RETICULA]\r\nFilasColumnas=2x1\r\n"
     "[VISOR_1]\r\nPort=3001\r\nEtiqueta=Tolva\r\nUbicacion=1,1\r\n"

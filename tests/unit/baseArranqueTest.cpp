@@ -3,8 +3,6 @@
 namespace sorvanel {
 namespace {
 
-using Id = IdControl;
-
 // What happens where the settings, the ports or the screen are not to be had.
 
 TEST(base, unaCopiaQueFallaDejaElEstadoComoEsta) {

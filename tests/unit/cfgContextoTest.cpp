@@ -1,15 +1,12 @@
 #include "dialogs/cfgContexto.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
+#include <array>
 
 #include "doubles/pruebaDialogo.h"
 
 namespace sorvanel {
 namespace {
-
-using Id = IdControl;
 
 class CfgContexto : public PruebaDialogo<cfgContexto, Id::cfgContexto> {
 protected:
@@ -33,30 +30,23 @@ protected:
 TEST_F(CfgContexto, cadaValorSePintaYGuardaYNoPasaDeSusLimites) {
     const struct {
         Id valor, mas, menos;
-        const char *seccion, *clave, *enElArchivo;
-        const char *alAbrir, *unoMas;  // as the label and the file have them
-        const char *arriba, *abajo, *archivoArriba, *archivoAbajo;
-    } casos[] = {
-        {Id::lbRow, Id::imRwP, Id::imRwM, "RETICULA", "FilasColumnas", "3x2", "3", "4x2", "8", "1", "8x2", "1x2"},
-        {Id::lbCol, Id::imCoP, Id::imCoM, "RETICULA", "FilasColumnas", "3x2", "2", "3x3", "8", "1", "3x8", "3x1"},
-        {Id::lbGrH, Id::imGrHP, Id::imGrHM, "RETICULA", "gruesoHorizontal", "5", "5", "6", "32", "0", "32", "0"},
-        {Id::lbGrV, Id::imGrVP, Id::imGrVM, "RETICULA", "gruesoVertical", "7", "7", "8", "32", "0", "32", "0"}};
+        const char* clave;
+        std::array<const char*, 4> vistos, guardados;  // as it opens, one more, at the upper bound, at the lower one
+    } casos[] = {{Id::lbRow, Id::imRwP, Id::imRwM, "FilasColumnas", {"3", "4", "8", "1"}, {"3x2", "4x2", "8x2", "1x2"}},
+                 {Id::lbCol, Id::imCoP, Id::imCoM, "FilasColumnas", {"2", "3", "8", "1"}, {"3x2", "3x3", "3x8", "3x1"}},
+                 {Id::lbGrH, Id::imGrHP, Id::imGrHM, "gruesoHorizontal", {"5", "6", "32", "0"}, {"5", "6", "32", "0"}},
+                 {Id::lbGrV, Id::imGrVP, Id::imGrVM, "gruesoVertical", {"7", "8", "32", "0"}, {"7", "8", "32", "0"}}};
     for (const auto& c : casos) {
         SCOPED_TRACE(numero(c.valor));
-        abrirCon(c.seccion, std::string(c.clave) + "=" + c.enElArchivo);
-        EXPECT_EQ(v().rotulo(c.valor)->texto(), c.alAbrir);
-        pulsar(c.mas);
-        EXPECT_EQ(e.valor(c.seccion, c.clave), c.unoMas);
-        esperarPintado(c.clave);
-        pulsar(c.mas, 40);
-        EXPECT_EQ(v().rotulo(c.valor)->texto(), c.arriba);
-        EXPECT_EQ(e.valor(c.seccion, c.clave), c.archivoArriba);
-        diario.clear();
-        pulsar(c.mas);
+        abrirCon("RETICULA", std::string(c.clave) + "=" + c.guardados[0]);
+        for (std::size_t i = 0; i < 4; ++i) {
+            if (i > 0) pulsar(i == 3 ? c.menos : c.mas, i == 1 ? 1 : 40);
+            EXPECT_EQ(v().rotulo(c.valor)->texto(), c.vistos[i]);
+            EXPECT_EQ(reticula(c.clave), c.guardados[i]);
+            if (i > 0) esperarPintado(c.clave);
+        }
+        pulsar(c.menos);
         EXPECT_TRUE(diario.empty()) << "a press at the bound does nothing";
-        pulsar(c.menos, 40);
-        EXPECT_EQ(v().rotulo(c.valor)->texto(), c.abajo);
-        EXPECT_EQ(e.valor(c.seccion, c.clave), c.archivoAbajo);
         EXPECT_TRUE(v().boton(c.mas)->repite && v().boton(c.menos)->repite);
     }
 }

@@ -1,13 +1,9 @@
 #include "dialogs/cfgMensaje.h"
 
-#include <gtest/gtest.h>
-
 #include "doubles/pruebaDialogo.h"
 
 namespace sorvanel {
 namespace {
-
-using Id = IdControl;
 
 constexpr const char* EN_USO = "[MENSAJE]\r\nEnUso=Sí\r\nTexto=Hola\r\nVelocidad=4\r\n";
 
@@ -30,26 +26,21 @@ TEST_F(CfgMensaje, laCasillaYSuRotuloUsanYDejanDeUsarElMensaje) {
     for (const bool porRotulo : {false, true}) {
         SCOPED_TRACE(porRotulo);
         abrir("[MENSAJE]\r\nTexto=Hola\r\n");
-        const auto pulsarUsar = [&] {
-            return porRotulo ? v().rotulo(Id::lbUsar)->pulsar() : v().casilla(Id::ckUsar)->pulsar();
-        };
-        esperarMarcos(false);
-        EXPECT_FALSE(mesa.mensaje().enMarcha());
         const float alto = v().medidas.alto;
-        EXPECT_TRUE(pulsarUsar());
-        EXPECT_TRUE(v().casilla(Id::ckUsar)->marcada());
-        esperarMarcos(true);
-        EXPECT_GT(v().medidas.alto, alto) << "room for what appeared";
-        EXPECT_EQ(valor("EnUso"), "Sí");
-        EXPECT_TRUE(mesa.mensaje().enMarcha());
-        // The keyboard stands in what will be hidden; a label's click leaves it there.
-        EXPECT_TRUE(v().caja(Id::txTexto)->irA());
-        EXPECT_TRUE(pulsarUsar());
-        EXPECT_FALSE(v().casilla(Id::ckUsar)->marcada());
-        esperarMarcos(false);
-        EXPECT_EQ(v().medidas.alto, alto);
-        EXPECT_EQ(valor("EnUso"), "No");
-        EXPECT_FALSE(mesa.mensaje().enMarcha());
+        const auto esperar = [&](bool enUso) {
+            EXPECT_EQ(v().casilla(Id::ckUsar)->marcada(), enUso);
+            esperarMarcos(enUso);
+            EXPECT_EQ(v().medidas.alto > alto, enUso) << "room for what appears";
+            EXPECT_EQ(mesa.mensaje().enMarcha(), enUso);
+        };
+        esperar(false);
+        for (const bool usar : {true, false}) {
+            EXPECT_TRUE(porRotulo ? v().rotulo(Id::lbUsar)->pulsar() : v().casilla(Id::ckUsar)->pulsar());
+            esperar(usar);
+            EXPECT_EQ(valor("EnUso"), usar ? "Sí" : "No");
+            // The keyboard stands in what will be hidden; a label's click leaves it there.
+            EXPECT_EQ(v().caja(Id::txTexto)->irA(), usar);
+        }
     }
 }
 

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include <algorithm>
 
 #include "dialogs/cfgContexto.h"
@@ -9,8 +7,6 @@
 
 namespace sorvanel {
 namespace {
-
-using Id = IdControl;
 
 constexpr const char* VACIA = "limpiar #FFFFFF";  // the empty screen
 

@@ -22,11 +22,7 @@ Lineas pintado(Pintar pintar, float pixel = TWIPS_POR_PIXEL) {
 }
 
 TEST(Gradiente, cubreTodaLaSuperficieDelTonoClaroAlOscuro) {
-    const Lineas filas = {"caja 0 0 6000 1500 #FAF0E6", "caja 0 1500 6000 1500 #96BEE6",
-                          "caja 0 3000 6000 1500 #328CE6"};
-    const Lineas columnas = {"caja 0 0 3000 4500 #FAF0E6", "caja 3000 0 3000 4500 #96BEE6"};
-    const Lineas una = {"caja 0 0 6000 4500 #FAF0E6"};
-    const Lineas clara = {"caja 0 0 3000 4500 #FAF0E6", "caja 3000 0 3000 4500 #FAF0E6"};
+    const std::string clara = "#FAF0E6", media = "#96BEE6";
     Gradiente g;
     g.colorAclarado(rgb(250, 240, 230));
     g.color(rgb(50, 140, 230));
@@ -34,8 +30,13 @@ TEST(Gradiente, cubreTodaLaSuperficieDelTonoClaroAlOscuro) {
         int grado, profundidad;
         ModoGradiente modo;
         Lineas pintado;
-    } casos[] = {{3, 100, VERTICAL, filas}, {2, 50, HORIZONTAL, columnas}, {0, 100, VERTICAL, una},
-                 {-5, 100, VERTICAL, una},  {2, -5, HORIZONTAL, clara},    {3, 200, VERTICAL, filas}};
+    } casos[] = {{3,
+                  100,
+                  VERTICAL,
+                  {"caja 0 0 6000 1500 " + clara, "caja 0 1500 6000 1500 " + media, "caja 0 3000 6000 1500 #328CE6"}},
+                 {2, 50, HORIZONTAL, {"caja 0 0 3000 4500 " + clara, "caja 3000 0 3000 4500 " + media}},
+                 {-5, 200, VERTICAL, {"caja 0 0 6000 4500 " + clara}},
+                 {2, -5, HORIZONTAL, {"caja 0 0 3000 4500 " + clara, "caja 3000 0 3000 4500 " + clara}}};
     for (const auto& c : casos) {
         g.Grado(c.grado);
         g.Profundidad(c.profundidad);

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "pruebaVisor.h"
 
 namespace sorvanel {
@@ -143,15 +141,12 @@ TEST_F(PanelDiseno, cadaCambioEsDelVisorAlMomentoYSeVeEnLaMuestra) {
     EXPECT_EQ(peso.textoLeyenda(), "Kg 9999.00");
     caja(Id::txFmt).reescribir("");
     EXPECT_EQ(peso.textoLeyenda(), "9999") << "the shared format again";
-    const struct {
-        const char *teclas, *guarda, *queda;
-    } ratios[] = {
-        {"4x5", "0,45", "45"}, {"057", "0,57", "57"}, {"57", "0,57", "57"}, {"", "0,57", "57"}, {"1000", "1", "100"}};
-    for (const auto& r : ratios) {
-        caja(Id::txRatio).reescribir(r.teclas);
-        EXPECT_EQ(clave(1, "ratioAlturas"), r.guarda);
+    for (const auto& [teclas, queda] :
+         {std::pair("4x5", "0,45 45"), {"057", "0,57 57"}, {"57", "0,57 57"}, {"", "0,57 57"}, {"1000", "1 100"}}) {
+        caja(Id::txRatio).reescribir(teclas);
+        const std::string guarda = clave(1, "ratioAlturas");
         v().casilla(Id::ckRat)->irA();
-        EXPECT_EQ(caja(Id::txRatio).texto(), r.queda);
+        EXPECT_EQ(guarda + " " + caja(Id::txRatio).texto(), queda);
     }
 }
 
@@ -164,10 +159,9 @@ TEST_F(PanelDiseno, losColoresEmpiezanConElEfectivoYCanceladosNoEscriben) {
         SCOPED_TRACE(p.clave);
         v().casilla(p.casilla)->pulsar();
         v().boton(BOTONES[i])->pulsar();
-        const Color comun_ = fabrica.eleccion.colorInicial;
-        EXPECT_EQ(comun::Long2RGB(comun_), p.comun);
+        EXPECT_EQ(comun::Long2RGB(fabrica.eleccion.colorInicial), p.comun);
         EXPECT_EQ(clave(1, p.clave), "") << "cancelled";
-        for (const Color elegido : {comun_, 0x102030}) {
+        for (const Color elegido : {fabrica.eleccion.colorInicial, 0x102030}) {
             fabrica.eleccion.colores.push_back(elegido);
             v().boton(BOTONES[i])->pulsar();
             EXPECT_EQ(clave(1, p.clave), comun::Long2RGB(elegido)) << "be it the shared one";
@@ -184,9 +178,8 @@ TEST_F(PanelDiseno, elSelectorConservaElCampoYAbiertoNoSeElimina) {
     EXPECT_EQ(avisos(), "Debe cerrar la ventana de diseño particular");
     EXPECT_EQ(mesa.visores().cuantos(), 3);
     v().casilla(Id::ckFmt)->pulsar();
-    for (const Id campo : {Id::txEtq, Id::txUbi, Id::lstModo, Id::txFmt}) {
-        SCOPED_TRACE(numero(campo));
-        const bool delPanel = campo == Id::txFmt, deTexto = campo == Id::txEtq || campo == Id::txUbi;
+    for (const Id campo : {Id::txUbi, Id::lstModo, Id::txFmt}) {
+        const bool delPanel = campo == Id::txFmt, deTexto = campo == Id::txUbi;
         abrirPanel(1);
         if (delPanel) v().casilla(Id::ckFmt)->pulsar();
         ASSERT_TRUE(v().control(campo, delPanel ? 0 : 1)->irA());

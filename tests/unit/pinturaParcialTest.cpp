@@ -1,63 +1,52 @@
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <random>
 
+#include "display/familia.h"
 #include "display/pinturaVisor.h"
-#include "doubles/superficieDoble.h"
+#include "doubles/tiraDoble.h"
 
 namespace sorvanel {
 namespace {
 
-// A surface whose picture is one row of pixels: of each, which character stands there and which part of it.
-class Tira : public SuperficieDoble {
-public:
-    std::vector<std::string> puntos = std::vector<std::string>(1000);
-    double pintados = 0;
-
-    void limpiar() override { puntos.assign(puntos.size(), {}); }
-    void caja(const Rectangulo& zona, Color) override {
-        for (std::size_t x = pixelDe(zona.x); x < pixelDe(zona.derecha()); ++x) puntos.at(x).clear();
-    }
-    void imprimir(float x, float y, std::string_view texto, Color color) override {
-        imprimirEn({0, 0, 15.0F * 999, 3000}, x, y, texto, color);
-    }
-    void imprimirEn(const Rectangulo& zona, float x, float, std::string_view texto, Color) override {
-        for (const char letra : texto) {
-            const float ancho = medir({&letra, 1}).ancho;
-            for (std::size_t p = pixelDe(x); p < pixelDe(x + ancho); ++p) {
-                if (p < pixelDe(zona.x) || p >= pixelDe(zona.derecha())) continue;
-                puntos.at(p) = letra + std::to_string(p - pixelDe(x));
-                ++pintados;
-            }
-            x += ancho;
-        }
-    }
-
-private:
-    static std::size_t pixelDe(float twips) { return static_cast<std::size_t>(std::lround(twips / 15)); }
-};
-
-TEST(pinturaParcial, loCambiadoDejaLaImagenDelPesoEntero) {
+// Whatever stood there: weights, marks, dashes, other colours.
+TEST(pinturaParcial, loCambiadoDejaLaImagenEntera) {
     std::mt19937 azar(20);
+    const auto unaDe = [&](unsigned veces) { return azar() % veces == 0; };
     for (const char* formato : {"0000.0", "####0", "0.000", "0.0\" kg\"", "\"il\"#0.00\"€\""}) {
-        Tira etiqueta, parcial, entero;
-        PinturaVisor unos(etiqueta, parcial), otros(etiqueta, entero);
+        const MarcasVisor marcas = (formato[0] == '0' ? FAMILIA_PAVONA : FAMILIA_TESSEL).marcas;
         AspectoVisor aspecto;
         aspecto.formato = formato;
-        ASSERT_TRUE(unos.encajar({0, 0, 12000, 3000}, aspecto) && otros.encajar({0, 0, 12000, 3000}, aspecto));
+        TiraDoble etiqueta, parcial;
+        PinturaVisor pintura(etiqueta, parcial);
+        ASSERT_TRUE(pintura.encajar({0, 0, 12000, 3000}, aspecto));
         std::int32_t peso = 0;
+        double enteros = 0;
         for (int vez = 0; vez < 200; ++vez) {
             const std::int32_t pasos[] = {1, -10, 100, -1000, 10000, 3, 0, -peso};
             peso = std::clamp(peso + pasos[azar() % 8], -99'999, 9'999'999);
-            if (azar() % 50 == 0) unos.pintarSinDatos({});
-            unos.pintarPeso({false, false, false, peso}, {});
-            otros.limpiarPeso();
-            otros.pintarPeso({false, false, false, peso}, {});
-            ASSERT_EQ(parcial.puntos, entero.puntos) << formato << ' ' << peso;
+            const bool hay = !unaDe(20), E = unaDe(9), C = unaDe(9), D = unaDe(9);
+            const auto pintar = [&](PinturaVisor& p) {
+                hay ? p.pintarPeso({E, C, D, peso}, marcas) : p.pintarSinDatos(marcas);
+            };
+            if (unaDe(50)) pintura.limpiarPeso();
+            if (unaDe(50)) {
+                aspecto.fondoPeso = vez;
+                aspecto.textoPeso = -vez;
+                pintura.aspecto(aspecto);
+            }
+            pintar(pintura);
+            TiraDoble entera;
+            PinturaVisor otra(etiqueta, entera);
+            ASSERT_TRUE(otra.encajar({0, 0, 12000, 3000}, aspecto));
+            pintar(otra);
+            for (std::size_t p = 0; p < static_cast<std::size_t>(parcial.lugar().ancho / 15); ++p)
+                ASSERT_EQ(parcial.puntos[p], entera.puntos[p]) << formato << ' ' << peso << ' ' << p;
+            ASSERT_EQ(parcial.textoLeyenda(), entera.textoLeyenda());
+            enteros += entera.impresos;
         }
         const bool suelto = std::string_view(formato).find("€") == std::string_view::npos;
-        EXPECT_EQ(parcial.pintados < entero.pintados * 0.95, suelto) << formato << ": less is painted";
+        EXPECT_EQ(parcial.impresos < enteros * 0.95, suelto) << formato << ": less is painted";
     }
 }
 

@@ -7,8 +7,6 @@
 
 namespace sorvanel {
 
-using Id = IdControl;
-
 inline constexpr const char* PORT_MAL = "Valor de 'port' posiblemente duplicado";
 inline constexpr const char* ETIQUETA_MAL = "Contenido de 'etiqueta' posiblemente duplicado";
 

@@ -123,9 +123,8 @@ TEST(diseñoVisor, cadaEscrituraGuardaTodaLaSeccion) {
     EXPECT_EQ(e.ini(),
               "[VISORES]\r\nanchoEtiqueta=6\r\najusteEtiqueta=1\r\nfondoEtiqueta=000001\r\ntextoEtiqueta=000002\r\n"
               "fondoPeso=000003\r\ntextoPeso=000004\r\nformatoPeso=\r\nratioAlturas=0,45\r\n");
-    EXPECT_EQ(std::tuple(d.anchoEtiqueta(), d.ajusteEtiqueta(), d.colorFondoEtiqueta(), d.colorTextoEtiqueta(),
-                         d.colorFondoPeso(), d.colorTextoPeso(), d.formatoPeso(), d.ratioAlturas()),
-              std::tuple(6, 1, 1, 2, 3, 4, "", 0.45F));
+    EXPECT_EQ(std::tuple(d.colorTextoEtiqueta(), d.colorFondoPeso(), d.colorTextoPeso(), d.formatoPeso()),
+              std::tuple(2, 3, 4, ""));
 }
 
 }  // namespace

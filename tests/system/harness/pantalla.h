@@ -8,6 +8,8 @@
 #include <thread>
 #include <vector>
 
+#include "harness/sistema.h"
+
 // What is seen on the screen, and the mouse on it.
 
 namespace sorvanel::pruebas {
@@ -36,13 +38,11 @@ private:
 
 // A window of another program behind the one under test: all of one colour, and it counts the clicks
 // that it gets. It runs in a thread of its own, since tests do not fetch messages.
-class Telon {
+class Telon : private SinCopia {
 public:
     // Shown when this returns.
     Telon(const RECT& zona, std::int32_t color);
     ~Telon();
-    Telon(const Telon&) = delete;
-    Telon& operator=(const Telon&) = delete;
 
     int clics() const { return m_clics; }
 

@@ -1,9 +1,8 @@
 #include "harness/programa.h"
 
+#include <filesystem>
 #include <stdexcept>
 #include <utility>
-
-#include "harness/elemento.h"
 
 namespace sorvanel::pruebas {
 namespace {
@@ -38,10 +37,6 @@ Proceso::Proceso(const std::wstring& ejecutable, const std::wstring& argumentos)
 Proceso::~Proceso() {
     matar();
     CloseHandle(m_proceso);
-}
-
-bool Proceso::vivo() const {
-    return WaitForSingleObject(m_proceso, 0) == WAIT_TIMEOUT;
 }
 
 std::optional<DWORD> Proceso::esperarFin(int milisegundos) const {
@@ -105,7 +100,7 @@ Programa::Programa()
       m_carpeta(carpetaTemporal() + L"\\" + m_nombre),
       m_ajustes(carpetaComun() + L"\\" + m_nombre),
       m_ejecutable(m_carpeta + L"\\" + m_nombre + L".exe") {
-    crearCarpeta(m_carpeta);
+    std::filesystem::create_directory(m_carpeta);
     const std::wstring original = carpetaPropia() + L"\\" + ancho(SORVANEL_RELATIVO);
     if (!CopyFileW(original.c_str(), m_ejecutable.c_str(), FALSE))
         throw std::runtime_error("cannot copy " + utf8(original));
@@ -117,25 +112,15 @@ Programa::Programa(const std::string& bytesINI) : Programa() {
 
 Programa::~Programa() {
     m_proceso.reset();
-    borrarCarpeta(m_ajustes);
-    borrarCarpeta(m_carpeta);
-}
-
-std::wstring Programa::rutaINI() const {
-    return m_ajustes + L"\\" + m_nombre + L".ini";
+    for (const std::wstring& una : {m_ajustes, m_carpeta}) {
+        std::error_code nada;
+        std::filesystem::remove_all(una, nada);
+    }
 }
 
 void Programa::escribirINI(const std::string& bytes) {
-    crearCarpeta(m_ajustes);
+    std::filesystem::create_directory(m_ajustes);
     escribirArchivo(rutaINI(), bytes);
-}
-
-std::string Programa::leerINI() const {
-    return leerArchivo(rutaINI());
-}
-
-bool Programa::hayCopia() const {
-    return GetFileAttributesW((m_ajustes + L"\\" + m_nombre + L"_copia.ini").c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
 void Programa::arrancar() {
@@ -168,35 +153,6 @@ HWND Programa::buscarVentana() const {
     return nullptr;
 }
 
-HWND Programa::control(IdControl id, int elemento) const {
-    return hijo(m_ventana, numero(id, elemento));
-}
-
-std::string Programa::texto(IdControl id, int elemento) const {
-    const HWND ventana = control(id, elemento);
-    return ventana == nullptr ? std::string() : pruebas::texto(ventana);
-}
-
-bool Programa::seVe(IdControl id, int elemento) const {
-    return pruebas::seVe(control(id, elemento));
-}
-
-bool Programa::esperarVisible(IdControl id, int elemento) const {
-    return esperar([=, this] { return seVe(id, elemento); });
-}
-
-bool Programa::esperarOculto(IdControl id, int elemento) const {
-    return esperar([=, this] { return !seVe(id, elemento); });
-}
-
-bool Programa::esperarTexto(IdControl id, int elemento, std::string_view esperado) const {
-    return esperar([=, this] { return texto(id, elemento) == esperado; });
-}
-
-bool Programa::lee(int visor, std::string_view esperado) const {
-    return esperarTexto(IdControl::picRep, visor, esperado);
-}
-
 void Programa::pulsar(IdControl id) {
     if (!esperarVisible(id)) throw std::runtime_error("button not visible: " + std::to_string(numero(id)));
     const HWND boton = control(id);
@@ -215,19 +171,6 @@ HWND VentanaHerramienta::ventana() const {
     return nullptr;
 }
 
-bool VentanaHerramienta::esperarAbierta() const {
-    return esperar([this] { return ventana() != nullptr; });
-}
-
-bool VentanaHerramienta::esperarCerrada() const {
-    return esperar([this] { return ventana() == nullptr; });
-}
-
-HWND VentanaHerramienta::control(IdControl id, int elemento) const {
-    const HWND marco = ventana();
-    return marco != nullptr ? hijo(marco, numero(id, elemento)) : nullptr;
-}
-
 bool VentanaHerramienta::esperarControl(IdControl id, int elemento) const {
     return esperar(
         [&] { return seVe(control(id, elemento)) || lugarPintado(ventana(), numero(id, elemento)).has_value(); });
@@ -236,10 +179,6 @@ bool VentanaHerramienta::esperarControl(IdControl id, int elemento) const {
 std::string VentanaHerramienta::texto(IdControl id, int elemento) const {
     const HWND suyo = control(id, elemento);
     return suyo != nullptr ? pruebas::texto(suyo) : textoPintado(ventana(), numero(id, elemento));
-}
-
-bool VentanaHerramienta::esperarTexto(IdControl id, int elemento, std::string_view esperado) const {
-    return esperar([&] { return texto(id, elemento) == esperado; });
 }
 
 void VentanaHerramienta::pulsar(IdControl id, int elemento) const {

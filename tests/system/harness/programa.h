@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "harness/configuracion.h"
+#include "harness/elemento.h"
 #include "harness/sistema.h"
 #include "platform/controles.h"
 
@@ -17,16 +18,14 @@
 namespace sorvanel::pruebas {
 
 // One started program. When it is dropped, the program is ended, whatever it is doing.
-class Proceso {
+class Proceso : private SinCopia {
 public:
     // Throws when it cannot be started.
     explicit Proceso(const std::wstring& ejecutable, const std::wstring& argumentos = {});
     ~Proceso();
-    Proceso(const Proceso&) = delete;
-    Proceso& operator=(const Proceso&) = delete;
 
     DWORD id() const { return m_id; }
-    bool vivo() const;
+    bool vivo() const { return WaitForSingleObject(m_proceso, 0) == WAIT_TIMEOUT; }
     // The exit code, once it has ended; nothing if it is still alive after that many milliseconds.
     std::optional<DWORD> esperarFin(int milisegundos) const;
     void matar();
@@ -63,18 +62,16 @@ private:
 
 // The real program under a name of its own, and so with a settings folder of its own: tests touch
 // neither each other's settings nor the user's. All of it is gone when this is.
-class Programa {
+class Programa : private SinCopia {
 public:
     Programa();
     explicit Programa(const std::string& bytesINI);
     ~Programa();
-    Programa(const Programa&) = delete;
-    Programa& operator=(const Programa&) = delete;
 
-    std::wstring rutaINI() const;
+    std::wstring rutaINI() const { return m_ajustes + L"\\" + m_nombre + L".ini"; }
     void escribirINI(const std::string& bytes);
-    std::string leerINI() const;
-    bool hayCopia() const;
+    std::string leerINI() const { return leerArchivo(rutaINI()); }
+    bool hayCopia() const { return !leerArchivo(m_ajustes + L"\\" + m_nombre + L"_copia.ini").empty(); }
 
     // Starts it and waits until its window shows. Throws when none comes.
     void arrancar();
@@ -89,15 +86,18 @@ public:
     CajaMensaje caja() const { return CajaMensaje(*m_proceso); }
     HWND ventana() const { return m_ventana; }
     // Null when there is none just now.
-    HWND control(IdControl id, int elemento = 0) const;
+    HWND control(IdControl id, int elemento = 0) const { return hijo(m_ventana, numero(id, elemento)); }
     // What it says; for a surface, its words.
-    std::string texto(IdControl id, int elemento = 0) const;
-    bool seVe(IdControl id, int elemento = 0) const;
-    bool esperarVisible(IdControl id, int elemento = 0) const;
-    bool esperarOculto(IdControl id, int elemento = 0) const;
-    bool esperarTexto(IdControl id, int elemento, std::string_view esperado) const;
+    std::string texto(IdControl id, int elemento = 0) const { return pruebas::texto(control(id, elemento)); }
+    bool seVe(IdControl id, int elemento = 0) const { return pruebas::seVe(control(id, elemento)); }
+    bool esperarVisible(IdControl id, int elemento = 0) const {
+        return esperar([=, this] { return seVe(id, elemento); });
+    }
+    bool esperarTexto(IdControl id, int elemento, std::string_view esperado) const {
+        return esperar([=, this] { return texto(id, elemento) == esperado; });
+    }
     // Waits until that display says so.
-    bool lee(int visor, std::string_view esperado) const;
+    bool lee(int visor, std::string_view esperado) const { return esperarTexto(IdControl::picRep, visor, esperado); }
     std::string peso(int visor) const { return texto(IdControl::picRep, visor); }
     // Presses a button that must be visible; not so soon after another one at the same place that it would be
     // the second half of a double click.
@@ -123,13 +123,19 @@ public:
 
     // Null while it is not open.
     HWND ventana() const;
-    bool esperarAbierta() const;
-    bool esperarCerrada() const;
+    bool esperarAbierta() const {
+        return esperar([this] { return ventana() != nullptr; });
+    }
+    bool esperarCerrada() const {
+        return esperar([this] { return ventana() == nullptr; });
+    }
 
-    HWND control(IdControl id, int elemento = 0) const;
+    HWND control(IdControl id, int elemento = 0) const { return hijo(ventana(), numero(id, elemento)); }
     bool esperarControl(IdControl id, int elemento = 0) const;
     std::string texto(IdControl id, int elemento = 0) const;
-    bool esperarTexto(IdControl id, int elemento, std::string_view esperado) const;
+    bool esperarTexto(IdControl id, int elemento, std::string_view esperado) const {
+        return esperar([&] { return texto(id, elemento) == esperado; });
+    }
     // This and the next two wait until the control is there.
     void pulsar(IdControl id, int elemento = 0) const;
     // Takes the place of what the box holds, character by character, as the keyboard would.

@@ -58,16 +58,8 @@ Winsock::Winsock() {
     if (WSAStartup(MAKEWORD(2, 2), &datos) != 0) throw std::runtime_error("no Winsock");
 }
 
-Winsock::~Winsock() {
-    WSACleanup();
-}
-
 EmisorUDP::EmisorUDP() : m_zocalo(socket(AF_INET, SOCK_DGRAM, IPPROTO_UDP)) {
     if (m_zocalo == INVALID_SOCKET) throw std::runtime_error("no socket");
-}
-
-EmisorUDP::~EmisorUDP() {
-    closesocket(m_zocalo);
 }
 
 void EmisorUDP::enviar(int puerto, std::string_view datos) {
@@ -168,10 +160,6 @@ bool Concentrador::abrirSesion(int milisegundos) {
         return true;
     }
     return false;
-}
-
-void Concentrador::despedir() {
-    closesocket(std::exchange(m_cliente, INVALID_SOCKET));
 }
 
 int puertoTCPLibre() {

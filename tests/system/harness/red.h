@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "harness/sistema.h"
 
@@ -13,21 +14,17 @@
 namespace sorvanel::pruebas {
 
 // Winsock for as long as it lives.
-class Winsock {
+class Winsock : private SinCopia {
 public:
     Winsock();
-    ~Winsock();
-    Winsock(const Winsock&) = delete;
-    Winsock& operator=(const Winsock&) = delete;
+    ~Winsock() { WSACleanup(); }
 };
 
 // A datagram socket on this machine: an indicator that sends, or someone who holds a port.
-class EmisorUDP {
+class EmisorUDP : private SinCopia {
 public:
     EmisorUDP();
-    ~EmisorUDP();
-    EmisorUDP(const EmisorUDP&) = delete;
-    EmisorUDP& operator=(const EmisorUDP&) = delete;
+    ~EmisorUDP() { closesocket(m_zocalo); }
 
     // One datagram to that port of this machine. Throws when the system refuses.
     void enviar(int puerto, std::string_view datos);
@@ -43,15 +40,13 @@ int puertosLibres(int cuantos = 1);
 
 // The concentrator, played by hand: a listener on this machine and the one client that it serves.
 // Every wait ends with its condition, or false when the time is over.
-class Concentrador {
+class Concentrador : private SinCopia {
 public:
     // Listens at this machine's own address of that family from now on; 0: on a port that the system chooses. Throws
     // when it cannot be had. Whoever connects is known to the system, and so not refused, before it is taken here.
     explicit Concentrador(int puerto = 0, int familia = AF_INET);
     // Goes as if its program had been killed: client and listener are cut off.
     ~Concentrador();
-    Concentrador(const Concentrador&) = delete;
-    Concentrador& operator=(const Concentrador&) = delete;
 
     int puerto() const { return m_puerto; }
 
@@ -66,7 +61,7 @@ public:
     // Greets clients until one answers as it should: a session in which readings may follow.
     bool abrirSesion(int milisegundos = PLAZO);
     // Closes the client's connection in good order; goes on listening.
-    void despedir();
+    void despedir() { closesocket(std::exchange(m_cliente, INVALID_SOCKET)); }
 
 private:
     SOCKET m_escucha;

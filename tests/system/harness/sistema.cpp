@@ -3,6 +3,7 @@
 #include <shlobj.h>
 
 #include <array>
+#include <filesystem>
 #include <memory>
 #include <stdexcept>
 #include <utility>
@@ -66,22 +67,6 @@ void escribirArchivo(const std::wstring& ruta, std::string_view bytes) {
         throw std::runtime_error("cannot write " + utf8(ruta));
 }
 
-void crearCarpeta(const std::wstring& ruta) {
-    if (!CreateDirectoryW(ruta.c_str(), nullptr) && GetLastError() != ERROR_ALREADY_EXISTS)
-        throw std::runtime_error("cannot make " + utf8(ruta));
-}
-
-void borrarCarpeta(const std::wstring& ruta) {
-    WIN32_FIND_DATAW dato{};
-    const HANDLE busqueda = FindFirstFileW((ruta + L"\\*").c_str(), &dato);
-    if (busqueda == INVALID_HANDLE_VALUE) return;
-    do {
-        DeleteFileW((ruta + L"\\" + dato.cFileName).c_str());
-    } while (FindNextFileW(busqueda, &dato));
-    FindClose(busqueda);
-    RemoveDirectoryW(ruta.c_str());
-}
-
 std::wstring carpetaComun() {
     std::array<wchar_t, MAX_PATH> ruta{};
     if (FAILED(SHGetFolderPathW(nullptr, CSIDL_COMMON_APPDATA, nullptr, 0, ruta.data())))
@@ -97,11 +82,7 @@ std::wstring carpetaPropia() {
 }
 
 std::wstring carpetaTemporal() {
-    std::array<wchar_t, MAX_PATH + 1> ruta{};
-    GetTempPathW(static_cast<DWORD>(ruta.size()), ruta.data());
-    std::wstring completa = ruta.data();
-    while (completa.ends_with(L'\\')) completa.pop_back();
-    return completa;
+    return std::filesystem::temp_directory_path().parent_path().wstring();  // it ends with a separator
 }
 
 std::vector<MonitorVisto> monitores() {
@@ -122,6 +103,7 @@ std::vector<MonitorVisto> monitores() {
 
 HWND hijo(HWND ventana, int id) {
     std::pair<int, HWND> busqueda{id, nullptr};
+    if (ventana == nullptr) return nullptr;  // it would mean the desktop
     EnumChildWindows(
         ventana,
         [](HWND actual, LPARAM dato) -> BOOL {
@@ -135,6 +117,7 @@ HWND hijo(HWND ventana, int id) {
 }
 
 std::string texto(HWND ventana) {
+    if (ventana == nullptr) return {};
     std::array<wchar_t, 1024> letras{};
     DWORD_PTR cuantas = 0;
     if (!SendMessageTimeoutW(ventana, WM_GETTEXT, letras.size(), reinterpret_cast<LPARAM>(letras.data()),

@@ -12,6 +12,13 @@ namespace sorvanel::pruebas {
 
 constexpr int PLAZO = 8000;  // ms; long, for a busy machine: a condition that holds ends the wait
 
+// Held once, by one.
+struct SinCopia {
+    SinCopia() = default;
+    SinCopia(const SinCopia&) = delete;
+    SinCopia& operator=(const SinCopia&) = delete;
+};
+
 // Asks again and again until the condition holds (true) or the time is over (false).
 template <class Condicion>
 bool esperar(Condicion condicion, int milisegundos = PLAZO) {
@@ -39,12 +46,8 @@ std::string utf8(std::wstring_view ancho);
 // since no test can go on then.
 std::string leerArchivo(const std::wstring& ruta);
 void escribirArchivo(const std::wstring& ruta, std::string_view bytes);
-void crearCarpeta(const std::wstring& ruta);
-// With the files in it; it has no folders.
-void borrarCarpeta(const std::wstring& ruta);
 
-// %ProgramData%, the folder of this test program, and the one for temporary files; without a
-// separator at the end.
+// %ProgramData%, the folder of this test program, and the one for temporary files; without a separator at the end.
 std::wstring carpetaComun();
 std::wstring carpetaPropia();
 std::wstring carpetaTemporal();
