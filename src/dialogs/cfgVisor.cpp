@@ -7,6 +7,7 @@
 #include "dialogs/conexionPavona.h"
 #include "dialogs/paginaVisores.h"
 #include "dialogs/panelDiseno.h"
+#include "dialogs/ubicador.h"
 
 namespace sorvanel {
 
@@ -27,6 +28,7 @@ struct cfgVisor::Controles {
     std::unique_ptr<Boton> imSubir, imBajar;
     std::unique_ptr<ConexionPavona> pavona;
     std::unique_ptr<PanelDiseno> panel;
+    std::unique_ptr<Ubicador> ubicador;
 };
 
 cfgVisor::cfgVisor(const UtilesDialogo& utiles, MesaConfiguracion& mesa)
@@ -72,6 +74,9 @@ void cfgVisor::crearControles() {
         taller(), sistema(), utiles().com,
         PanelDiseno::Datos{[this] { return m_conDiseno != 0 ? uno(m_conDiseno) : nullptr; },
                            [this] { cerrarPanel(); }});
+    m_c->ubicador = std::make_unique<Ubicador>(
+        mesa(), Ubicador::Datos{[this] { return validar(); }, [this] { return m_actual; },
+                                [this](std::int16_t n) { irA(n); }, [this](std::int16_t n) { pagina().reubicada(n); }});
 }
 
 void cfgVisor::rellenar() {
@@ -121,8 +126,22 @@ Pieza cfgVisor::disposicion(const Vista& vista) {
     return todo.comoPieza();
 }
 
-// What was left has been asked already; where the keyboard still is, has not.
+bool cfgVisor::alUsarRaton(GestoRaton gesto, Punto donde) {
+    if (!m_c) return false;
+    const bool sigue = m_c->ubicador->usar(gesto, donde);
+    // The press has made the main window the active one; there is nothing to be typed in there.
+    if (gesto == GestoRaton::pulsar && !sigue) formulario().mostrar();
+    return sigue;
+}
+
+bool cfgVisor::alEscapar() {
+    return m_c->ubicador->cancelar();
+}
+
+// What was left has been asked already; where the keyboard still is, has not. While the mouse is at work on
+// the grid, whatever else is asked for only ends that.
 bool cfgVisor::validar() {
+    if (m_c->ubicador->cancelar()) return false;
     if (m_actual == 0 || !m_foco || m_foco->fila > pagina().cuantos()) return true;
     const Foco foco = *m_foco;
     if (pagina().fila(foco.fila).validar(foco.campo)) return true;

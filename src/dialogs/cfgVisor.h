@@ -22,6 +22,8 @@ public:
     cfgVisor(const UtilesDialogo& utiles, MesaConfiguracion& mesa);
     ~cfgVisor() override;
 
+    bool alUsarRaton(GestoRaton gesto, Punto donde) override;
+
 private:
     struct Controles;
     struct Foco {
@@ -51,6 +53,7 @@ private:
     bool cabeEnParrilla(const Ubicacion& ubicacion) override;
     void rechazar(std::string_view motivo) override;
     bool puedeAlternar(const FilaVisor& fila) override;
+    bool alEscapar() override;
     void alEnfocar(FilaVisor& fila, CampoVisor campo) override;
     void alElegirFila(FilaVisor& fila) override;
     void mover(FilaVisor& fila, CampoVisor campo, Tecla tecla) override;

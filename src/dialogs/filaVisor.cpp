@@ -298,6 +298,7 @@ bool FilaVisor::alPulsarTecla(CampoVisor campo, Tecla tecla) {
     if (tecla == Tecla::derecha && c != nullptr && !c->alFinal()) return false;
     if (tecla == Tecla::izquierda && c != nullptr && !c->alInicio()) return false;
     if (tecla == Tecla::escape) {
+        if (m_tabla.alEscapar()) return true;
         // Every family takes the port as the plain number too.
         mostrarCampo(campo, true);
     } else if (validar(campo) && tecla != Tecla::intro) {

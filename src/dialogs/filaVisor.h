@@ -28,6 +28,8 @@ public:
     // A field was left, or to be left, with something that the display did not take.
     virtual void rechazar(std::string_view motivo) = 0;
 
+    // Escape in a field. Yes: it stood for something else, and the field keeps what it has.
+    virtual bool alEscapar() = 0;
     // No, and told why, while another field holds something that its display did not take.
     virtual bool puedeAlternar(const FilaVisor& fila) = 0;
 
@@ -76,6 +78,8 @@ public:
     // What the row says is another display's by now: it is filled when it is shown next.
     void caducar() { m_rellena = false; }
     void mostrar(bool visible);
+    // The display has another place.
+    void mostrarUbicacion() { mostrarCampo(CampoVisor::ubicacion); }
     // The frame may be wider than what stands in it.
     void colocar(const Rectangulo& marco, const ColumnasFila& columnas);
     // Whether it is the selected one.

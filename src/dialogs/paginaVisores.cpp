@@ -76,6 +76,10 @@ void PaginaVisores::rehacer() {
     desplegar();
 }
 
+void PaginaVisores::reubicada(std::int16_t n) {
+    if (FilaVisor* const suya = hecha(n)) suya->mostrarUbicacion();
+}
+
 void PaginaVisores::elegida(std::int16_t n) {
     if (n == m_elegida) return;
     if (FilaVisor* const antes = hecha(m_elegida)) antes->elegida(false);

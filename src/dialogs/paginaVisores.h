@@ -47,6 +47,9 @@ public:
     // All rows say what their displays have.
     void rehacer();
 
+    // The display has another place.
+    void reubicada(std::int16_t n);
+
     // The selected row, and the one whose panel is open; 0 for none.
     void elegida(std::int16_t n);
     void ensanchada(std::int16_t n);

@@ -1,8 +1,10 @@
 #include "platform/win32/windows/formularioWin.h"
 
+#include <windowsx.h>
 #include <wtsapi32.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/win32/base/mensajes.h"
 #include "platform/win32/base/textoWin.h"
@@ -152,6 +154,62 @@ void FormularioWin::alMoverRaton(int id) {
     if (m_oyente) m_oyente->alMoverRaton(esDeLaBarra(id) ? ZonaRaton::barra : ZonaRaton::representacion);
 }
 
+// ---- The mouse on its surfaces ----
+
+// Where another window of whatever program lies above it, the mouse is outside.
+Punto FormularioWin::enTwips(POINT donde) const {
+    POINT enPantalla = donde;
+    ClientToScreen(hwnd(), &enPantalla);
+    const HWND debajo = WindowFromPoint(enPantalla);
+    if (debajo != hwnd() && !IsChild(hwnd(), debajo)) return {-1, -1};
+    return {escala().x.aTwips(donde.x), escala().y.aTwips(donde.y)};
+}
+
+// The mouse is taken after the press was told: that moves the focus, and with it the activation.
+void FormularioWin::alPulsarSuperficie(const SuperficieWin& superficie, POINT donde) {
+    if (superficie.id() < numero(IdControl::picRep) || !m_oyente || !IsWindowEnabled(hwnd())) return;
+    POINT enPantalla = donde;
+    ClientToScreen(hwnd(), &enPantalla);
+    // The first half of a double click may have closed a box.
+    const bool trasCaja = static_cast<DWORD>(GetMessageTime()) - m_habilitada <= GetDoubleClickTime();
+    if (trasCaja || !pulsaciones().admitirCerca(hwnd(), enPantalla)) return;
+    const Punto lugar{escala().x.aTwips(donde.x), escala().y.aTwips(donde.y)};
+    m_siguiendo = m_oyente->alUsarRaton(GestoRaton::pulsar, lugar) && hwnd() && IsWindowEnabled(hwnd());
+    if (m_siguiendo) SetCapture(hwnd());
+}
+
+bool FormularioWin::seguirRaton(UINT mensaje, WPARAM w, LPARAM l) {
+    if (!m_siguiendo) return false;
+    const POINT donde{GET_X_LPARAM(l), GET_Y_LPARAM(l)};
+    switch (mensaje) {
+        case WM_MOUSEMOVE:
+            if (!(w & MK_LBUTTON)) {
+                dejarRaton(GestoRaton::perder, {});  // some other window had the release
+            } else if (!m_oyente || !m_oyente->alUsarRaton(GestoRaton::llevar, enTwips(donde))) {
+                dejarRaton(GestoRaton::perder, {});
+            }
+            return true;
+        case WM_LBUTTONUP:
+            dejarRaton(GestoRaton::soltar, enTwips(donde));
+            return true;
+        case WM_CAPTURECHANGED:
+        case WM_CANCELMODE:
+            dejarRaton(GestoRaton::perder, {});
+            return false;
+        case WM_ACTIVATEAPP:
+            if (!w) dejarRaton(GestoRaton::perder, {});
+            return false;
+        default:
+            return false;
+    }
+}
+
+void FormularioWin::dejarRaton(GestoRaton gesto, Punto donde) {
+    if (!std::exchange(m_siguiendo, false)) return;
+    if (GetCapture() == hwnd()) ReleaseCapture();
+    if (m_oyente) m_oyente->alUsarRaton(gesto, donde);
+}
+
 // ---- What stands on it ----
 
 // What no surface covers is seen only for moments, until the first layout. Not by way of a picture, which would be as
@@ -254,6 +312,7 @@ LRESULT FormularioWin::alTerminar(UINT mensaje, WPARAM w, LPARAM l) {
 }
 
 LRESULT FormularioWin::alMensaje(UINT mensaje, WPARAM w, LPARAM l) {
+    if (seguirRaton(mensaje, w, l)) return 0;
     switch (mensaje) {
         case WM_PAINT:
             pintarFondo();
@@ -289,6 +348,9 @@ LRESULT FormularioWin::alMensajePropio(UINT mensaje, WPARAM w, LPARAM l) {
         case WM_DISPLAYCHANGE:
         case WM_DPICHANGED:  // the size that it suggests is none of a whole monitor
             return alCambiarSistema(mensaje, w, l);
+        case WM_ENABLE:
+            if (w) m_habilitada = GetTickCount();
+            return Anfitrion::alMensaje(mensaje, w, l);
         case WM_TIMER:
             if (w != RELOJ_MONITORES) return porDefecto(mensaje, w, l);
             monitoresQuietos();
