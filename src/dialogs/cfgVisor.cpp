@@ -15,6 +15,7 @@ namespace {
 
 constexpr const char* TEXTO_NUEVO = "Nuevo visor";
 constexpr const char* TEXTO_ELIMINAR = "Eliminar visor";
+constexpr const char* MUESTRA_ELIMINAR = "Eliminar visor #64";
 constexpr const char* PANEL_ABIERTO = "Debe cerrar la ventana de diseño particular";
 constexpr const char* NO_CABEN_MAS = "No se pueden definir más de 64 visores";
 constexpr const char* MUESTRA_PAGINA = "Visores 57 a 64 de 64";
@@ -61,8 +62,9 @@ void cfgVisor::crearControles() {
     m_c->botNvo->alActuar([this] { nuevo(); });
     m_c->botElim = taller().botonTexto(IdControl::botElim, 0, TEXTO_ELIMINAR, "Eliminar el visor elegido");
     m_c->botElim->dibujo(Dibujo::eliminar);
+    m_c->botElim->repeticion(Repeticion::nuncaDoble);
     m_c->botElim->alActuar([this] { eliminar(); });
-    m_c->botElim->habilitar(false);
+    elegido(0);
     m_c->lbPag = taller().rotulo(IdControl::lbPag, 0, {});
     m_c->lbPag->ajuste(Ajuste::derecha);
     m_c->imSubir = taller().botonImagen(IdControl::imSubir, 0, Dibujo::subir, "Visores anteriores");
@@ -110,7 +112,7 @@ Pieza cfgVisor::disposicion(const Vista& vista) {
     Rejilla barra;
     barra.estirar(2);
     barra.poner(0, 0, pieza(*m_c->botNvo, taller().botonTexto(TEXTO_NUEVO, true)));
-    barra.poner(0, 1, pieza(*m_c->botElim, taller().botonTexto(TEXTO_ELIMINAR, true)));
+    barra.poner(0, 1, pieza(*m_c->botElim, taller().botonTexto(MUESTRA_ELIMINAR, true)));
     barra.poner(0, 2, aLoAncho(pieza(*m_c->lbPag, taller().texto(MUESTRA_PAGINA))));
     if (vista.paginas) {
         barra.poner(0, 3, pieza(*m_c->imSubir, taller().botonImagen()));
@@ -161,9 +163,8 @@ visor& cfgVisor::visorDe(const FilaVisor& fila) {
     return *uno(fila.numero());
 }
 
-bool cfgVisor::cabeEnParrilla(const Ubicacion& ubicacion) {
-    const Parrilla& parrilla = mesa().parrilla();
-    return ubicacion.fila <= parrilla.filas() && ubicacion.columna <= parrilla.columnas();
+Ubicacion cfgVisor::ultimaCelda() {
+    return {mesa().parrilla().filas(), mesa().parrilla().columnas()};
 }
 
 // Later, for the focus may be on its way just now.
@@ -235,10 +236,17 @@ void cfgVisor::irA(std::int16_t n) {
     irA(n, foco && foco->campo != CampoVisor::modo ? foco->campo : CampoVisor::port);
 }
 
-void cfgVisor::seleccionar(std::int16_t n) {
+void cfgVisor::elegido(std::int16_t n) {
     m_actual = n;
-    m_c->botElim->habilitar(true);
+    const std::string texto = n != 0 ? TEXTO_ELIMINAR + (" #" + std::to_string(n)) : TEXTO_ELIMINAR;
+    m_c->botElim->texto(texto);
+    m_c->botElim->nombre(texto);
+    m_c->botElim->habilitar(n != 0);
     pagina().elegida(n);
+}
+
+void cfgVisor::seleccionar(std::int16_t n) {
+    elegido(n);
     // Also within one row: what stands ticked in the panel is the display's from then on.
     if (m_conDiseno != 0) abrirPanel(n);
 }
@@ -320,9 +328,8 @@ void cfgVisor::eliminar() {
         return;
     }
     m_foco.reset();
-    pagina().elegida(0);
     m_c->botNvo->enfocar();
-    m_c->botElim->habilitar(false);
+    elegido(0);
     actualizar();
 }
 

@@ -50,7 +50,7 @@ private:
     void soltar() override;
 
     visor& visorDe(const FilaVisor& fila) override;
-    bool cabeEnParrilla(const Ubicacion& ubicacion) override;
+    Ubicacion ultimaCelda() override;
     void rechazar(std::string_view motivo) override;
     bool puedeAlternar(const FilaVisor& fila) override;
     bool alEscapar() override;
@@ -71,6 +71,8 @@ private:
     // The row's field of the kind that has the focus now.
     void irA(std::int16_t n);
     void seleccionar(std::int16_t n);
+    // Says which one it is now; 0: none.
+    void elegido(std::int16_t n);
     // The row's field that has the focus now.
     std::optional<Foco> campoConFoco();
     void paginar(std::int16_t paso);

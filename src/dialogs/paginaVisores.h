@@ -74,6 +74,8 @@ private:
     void colocar(const Rectangulo& zona);
     void colocarTitulos();
     void colocarFila(FilaVisor& fila);
+    Rectangulo lugarDe(std::int16_t n) const;
+    void marcarElegida();
 
     TallerDialogo& m_taller;
     TablaVisores& m_tabla;
@@ -88,6 +90,7 @@ private:
     Rectangulo m_zona;
     std::unique_ptr<Marco> m_frTodo;
     std::vector<std::unique_ptr<Rotulo>> m_titulos;
+    std::unique_ptr<Rotulo> m_lbElegida;  // a bar at the edge of the selected row
     std::vector<std::unique_ptr<FilaVisor>> m_filas;
 };
 

@@ -14,13 +14,14 @@ namespace sorvanel {
 class OyenteDialogo {
 public:
     virtual ~OyenteDialogo() = default;
-    // The user wants it closed (Alt+F4, the close image's owner calls it too).
+    // The user wants it closed (Alt+F4; Escape where what has the keyboard leaves that alone; the close image's owner
+    // calls it too).
     virtual void alPedirCierre() = 0;
     // The user has pressed its ground, or a label or frame without a handler, and begun to drag.
     virtual void alArrastrar() = 0;
 };
 
-// A borderless window owned by the main one, modeless. Enter and Escape do nothing by themselves.
+// A borderless window owned by the main one, modeless. Enter does nothing by itself.
 class FormularioDialogo : public Ventana, public Arrastrable {
 public:
     virtual void oyente(OyenteDialogo* oyente) = 0;

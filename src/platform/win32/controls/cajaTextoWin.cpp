@@ -365,9 +365,16 @@ LRESULT CajaTextoWin::atender(UINT mensaje, WPARAM w, LPARAM l) {
         case WM_KEYDOWN:
             return alTeclear(w) ? 0 : porDefecto(mensaje, w, l);
         case WM_GETDLGCODE:
-            return teclasQueQuiere(porDefecto(mensaje, w, l), l);
+            return teclasQueQuiere(porDefecto(mensaje, w, l), l, static_cast<bool>(m_alPulsarTecla));
+        // With the caret before all of it, a text that is too long for the box shows how it begins.
+        case EM_SETSEL:
+            if (w != 0 || l != -1) return porDefecto(mensaje, w, l);
+            return porDefecto(mensaje, static_cast<WPARAM>(GetWindowTextLengthW(hwnd())), 0);
         case WM_SETFOCUS:
         case WM_KILLFOCUS: {
+            // Also once another control of the window is at work.
+            if (mensaje == WM_KILLFOCUS && IsChild(anfitrion().hwnd(), reinterpret_cast<HWND>(w)))
+                porDefecto(EM_SETSEL, 0, 0);
             const LRESULT r = ControlWin::atender(mensaje, w, l);
             if (hwnd()) RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
             return r;
