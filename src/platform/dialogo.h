@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <span>
@@ -49,8 +50,10 @@ struct FuenteElegida {
 class DialogosSistema {
 public:
     virtual ~DialogosSistema() = default;
-    // Nothing when the user cancels; the initial colour can be chosen like any other.
-    virtual std::optional<Color> elegirColor(Color inicial) = 0;
+    static constexpr std::size_t COLORES_A_MANO = 16;
+    // Nothing when the user cancels; the initial colour can be chosen like any other. Besides the system's colours
+    // those lie at hand, no more than so many of them.
+    virtual std::optional<Color> elegirColor(Color inicial, std::span<const Color> aMano) = 0;
     // False when the user cancels; then nothing is changed.
     virtual bool elegirFuente(FuenteElegida& fuente) = 0;
 };
