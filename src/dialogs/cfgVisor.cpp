@@ -33,8 +33,10 @@ struct cfgVisor::Controles {
 };
 
 cfgVisor::cfgVisor(const UtilesDialogo& utiles, MesaConfiguracion& mesa)
-    : DialogoConfiguracion(IdControl::cfgVisor, {"Definir visores", "Cada cambio se ve y se guarda al momento"}, utiles,
-                           mesa) {}
+    : DialogoConfiguracion(
+          IdControl::cfgVisor,
+          {"Definir visores", "Cada cambio se ve y se guarda al momento. Pulse una celda para situar el visor elegido"},
+          utiles, mesa) {}
 
 cfgVisor::~cfgVisor() = default;
 

@@ -21,7 +21,7 @@ constexpr const char* SUGERENCIA_ETIQUETA = "Texto que acompaña al peso";
 
 constexpr Color COLOR_FILA = COLOR_PANEL;
 constexpr Color COLOR_FILA_ELEGIDA = rgb(0xD6, 0xE7, 0xF8);
-constexpr Color COLOR_IMPOSIBLE = rgb(0xFF, 0xE0, 0x9E);
+constexpr Color COLOR_IMPOSIBLE = rgb(0xFF, 0xC9, 0x4D);
 constexpr Color COLOR_MARCA = rgb(0x5A, 0x65, 0x70);
 
 constexpr char SEPARADOR_UBICACION = ',';

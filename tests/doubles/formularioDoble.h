@@ -17,7 +17,6 @@ public:
     std::vector<RectPixel> forma;
 
     AsaDoble* asa(IdControl id) { return buscar<AsaDoble>(id); }
-    bool raton(GestoRaton gesto, Punto donde) { return quienOye->alUsarRaton(gesto, donde); }
     // False when the button cannot be seen or does nothing.
     bool pulsar(IdControl id) { return boton(id) != nullptr && boton(id)->pulsar(); }
 

@@ -78,10 +78,13 @@ TEST_F(Configurar, NuevoYEliminarRenumeranElArchivoYLaPantalla) {
     EXPECT_TRUE(esperarINI("[VISOR_3]"));
     // Select the first, and delete it.
     visores.tecla(IdControl::txEtq, 1, VK_RETURN);
-    visores.pulsar(IdControl::botElim);
+    for (int mitad = 0; mitad < 2; ++mitad) visores.pulsar(IdControl::botElim);
     EXPECT_TRUE(esperar([&] { return programa.leerINI().find("[VISOR_3]") == std::string::npos; }));
     EXPECT_TRUE(visores.esperarTexto(IdControl::txPort, 1, std::to_string(puerto + 1)));
     EXPECT_TRUE(esperar([&] { return !programa.seVe(IdControl::picRep, 3); }));
+    visores.tecla(IdControl::botNvo, 0, VK_ESCAPE);
+    EXPECT_TRUE(visores.esperarCerrada());
+    EXPECT_THAT(programa.leerINI(), HasSubstr("[VISOR_2]")) << "a double click deletes one";
 }
 
 // With the mouse itself, on the grid: 2 rows of 2, of which the tool covers the middle.

@@ -15,12 +15,12 @@ protected:
         const auto celda = mesa.parrilla().getCell(static_cast<std::int16_t>(fila), 1);
         return celda ? Punto{celda->x + celda->ancho / 2, celda->y + celda->alto / 2} : Punto{-1, -1};
     }
-    bool pulsar(int fila) { return formulario.raton(GestoRaton::pulsar, en(fila)); }
+    bool pulsar(int fila) { return dialogo.alUsarRaton(GestoRaton::pulsar, en(fila)); }
     // As a hand does it, by way of another cell; ended by that.
     void arrastrar(int de, int a, GestoRaton fin = soltar) {
         pulsar(de);
-        for (const int fila : {2, a}) formulario.raton(llevar, en(fila));
-        formulario.raton(fin, en(a));
+        for (const int fila : {2, a}) dialogo.alUsarRaton(llevar, en(fila));
+        dialogo.alUsarRaton(fin, en(a));
     }
     void clic(int fila) { arrastrar(fila, fila); }
     std::string plazas(int cuantos) {
@@ -64,11 +64,11 @@ TEST_F(Ubicador, elClicSitaYElArrastreMueveOIntercambia) {
         if (c.elegido != 0) caja(Id::txEtq, c.elegido).irA();
         e.ini();
         pulsar(c.de);
-        formulario.raton(llevar, en(2));
-        formulario.raton(llevar, en(c.a));
+        dialogo.alUsarRaton(llevar, en(2));
+        dialogo.alUsarRaton(llevar, en(c.a));
         EXPECT_EQ(marca(), c.marca);
         const int escritos = e.archivos.reemplazos;
-        formulario.raton(c.fin, en(c.a));
+        dialogo.alUsarRaton(c.fin, en(c.a));
         EXPECT_EQ(plazas(4), c.plazas);
         e.ini();
         EXPECT_EQ(e.archivos.reemplazos - escritos, plazas(4) == "1 2 3 -" ? 0 : 1) << "one operation, one file";
@@ -95,20 +95,20 @@ TEST_F(Ubicador, unCampoInvalidoElEscapeOUnDesliceNoMuevenNada) {
                                                 [&] { v().boton(Id::botElim)->pulsarDesdeFuera(); }};
     for (const auto& entretanto : ENTRETANTO) {
         pulsar(1);
-        formulario.raton(llevar, en(3));
+        dialogo.alUsarRaton(llevar, en(3));
         entretanto();
-        EXPECT_FALSE(formulario.raton(llevar, en(3)));
+        EXPECT_FALSE(dialogo.alUsarRaton(llevar, en(3)));
         EXPECT_EQ(marca(), "");
-        formulario.raton(soltar, en(3));
+        dialogo.alUsarRaton(soltar, en(3));
         ASSERT_TRUE(dialogo.cargado());
         EXPECT_EQ(plazas(4), "1 2 3 4");
     }
     // Over the line between two cells the hand slips a little.
     const auto celda = *mesa.parrilla().getCell(1, 1);
     const Punto filo{celda.x + 300, celda.abajo() - 15};
-    formulario.raton(GestoRaton::pulsar, filo);
-    formulario.raton(llevar, {filo.x, filo.y + 90});
-    formulario.raton(soltar, {filo.x, filo.y + 90});
+    dialogo.alUsarRaton(GestoRaton::pulsar, filo);
+    dialogo.alUsarRaton(llevar, {filo.x, filo.y + 90});
+    dialogo.alUsarRaton(soltar, {filo.x, filo.y + 90});
     EXPECT_EQ(plazas(4), "1 2 3 4");
     // A display that is off the page brings its page along.
     v().boton(Id::imBajar)->pulsar();
