@@ -134,7 +134,13 @@ bool cfgVisor::alUsarRaton(GestoRaton gesto, Punto donde) {
     if (!m_c) return false;
     const bool sigue = m_c->ubicador->usar(gesto, donde);
     // The press has made the main window the active one; there is nothing to be typed in there.
-    if (gesto == GestoRaton::pulsar && !sigue) formulario().mostrar();
+    if (gesto == GestoRaton::pulsar && !sigue) {
+        if (m_actual != 0) {
+            irA(m_actual);
+        } else {
+            m_c->botNvo->enfocar();
+        }
+    }
     return sigue;
 }
 

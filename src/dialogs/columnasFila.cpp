@@ -16,7 +16,7 @@ constexpr std::string_view MUESTRA_ETIQUETA = "Báscula de camión";
 constexpr std::string_view MUESTRA_UBICACION = "00,00";
 
 constexpr float ENTRE_COLUMNAS = aTwips(6);
-constexpr float BORDE_FILA = aTwips(5);
+constexpr float BORDE_FILA = aTwips(7);
 constexpr float AIRE_FILA = aTwips(3);  // above and below
 
 }  // namespace

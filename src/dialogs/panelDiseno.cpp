@@ -131,7 +131,7 @@ void PanelDiseno::mostrarPropios() {
 
 // What stands in one place is never seen at the same time.
 Pieza PanelDiseno::comoPieza() {
-    Rejilla cabecera;
+    Rejilla cabecera(aTwips(4));
     cabecera.estirar(0);
     cabecera.poner(0, 0, aLoAncho(pieza(*m_titulo, m_taller.textoGrupo("Diseño particular #64"))));
     cabecera.poner(0, 1, pieza(*m_botCopiar, m_taller.botonTexto(TEXTO_COPIAR)));

@@ -114,6 +114,9 @@ TEST_F(Configurar, SituarMoverEIntercambiarConElRaton) {
     arrastrarEnPantalla(en(1, 1), en(1, 2), [&] {
         EXPECT_TRUE(esperar([&] { return programa.seVe(IdControl::picMarca, 4); }));
         dicho = programa.texto(IdControl::picMarca, 4);
+        // Above the display, too.
+        const HWND lado = programa.control(IdControl::picMarca, 3);
+        EXPECT_TRUE(esperar([&] { return Fotografia(lado).cuantos(0xC45C0B) > 100; }));
         teclear(programa.ventana(), VK_ESCAPE);
         EXPECT_TRUE(esperar([&] { return !programa.seVe(IdControl::picMarca, 4); }));
     });

@@ -194,12 +194,12 @@ TEST_F(CamposVisor, laFilaElegidaSeDistingueYSeEligeTambienConElRaton) {
     abrirCon(3);
     const Color otra = v().marco(Id::frVis, 1)->fondo;
     EXPECT_FALSE(v().boton(Id::botElim)->activo) << "nothing is selected";
-    const ControlComun* const barra = v().control(Id::lbElegida);
-    EXPECT_FALSE(barra->seVe);
+    const ControlComun* const filo = v().control(Id::lbElegida);
+    EXPECT_FALSE(filo->seVe);
     const auto esperar = [&](Id foco, int n) {
         EXPECT_TRUE(conFoco(foco, n));
         const Rectangulo fila = v().control(Id::frVis, n)->lugar;
-        EXPECT_TRUE(barra->seVe && barra->lugar == (Rectangulo{fila.x, fila.y, 60, fila.alto})) << "not only a tint";
+        EXPECT_TRUE(filo->seVe && filo->lugar == (Rectangulo{fila.x, fila.y, 60, fila.alto})) << "not only a tint";
         EXPECT_EQ(v().boton(Id::botElim)->escrito, "Eliminar visor #" + std::to_string(n));
         for (int i = 1; i <= 3; ++i) {
             for (const Id id : {Id::frVis, Id::txPort, Id::lstModo, Id::txEtq, Id::txUbi}) {

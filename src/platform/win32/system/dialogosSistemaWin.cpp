@@ -63,7 +63,9 @@ std::optional<Color> DialogosSistemaWin::elegirColor(Color inicial, std::span<co
     ofrecidos.fill(static_cast<COLORREF>(BLANCO));
     std::vector<COLORREF> todos;
     for (const Color color : aMano) todos.push_back(static_cast<COLORREF>(colorPintable(color)));
-    todos.insert(todos.end(), m_propios.begin(), m_propios.end());
+    for (const COLORREF color : m_propios) {
+        if (std::find(todos.begin(), todos.end(), color) == todos.end()) todos.push_back(color);
+    }
     std::copy_n(todos.begin(), std::min(todos.size(), ofrecidos.size()), ofrecidos.begin());
     const auto antes = ofrecidos;
     const auto eleccion = elegirColor(inicial, ofrecidos);

@@ -27,7 +27,10 @@ HANDLE recurso(int id, UINT clase, int ancho, int alto) {
 }
 
 // What nothing may cover, from the top: the bar must not vanish under a grid that reaches below it.
-constexpr IdControl ENCIMA[] = {IdControl::lbVer, IdControl::picBot, IdControl::picMsg};
+// Below that, above the displays, what a drag would do: its words over its frame.
+constexpr std::pair<IdControl, int> ENCIMA[] = {
+    {IdControl::lbVer, 0},    {IdControl::picBot, 0},   {IdControl::picMsg, 0},   {IdControl::picMarca, 4},
+    {IdControl::picMarca, 0}, {IdControl::picMarca, 1}, {IdControl::picMarca, 2}, {IdControl::picMarca, 3}};
 
 bool esDeLaBarra(int id) {
     return id == numero(IdControl::picBot) || id == numero(IdControl::lbVer) ||
@@ -236,14 +239,13 @@ void FormularioWin::pintarSuelo(Lienzo& destino, const RECT& parte) const {
 // From the top buttons and handles, what nothing may cover, the displays, and below them the grid.
 void FormularioWin::apilar() {
     HWND encima = orden().apilar();
-    const auto hijo = [this](IdControl id) { return GetDlgItem(hwnd(), numero(id)); };
-    for (const IdControl id : ENCIMA) {
-        const HWND superficie = hijo(id);
+    for (const auto& [id, elemento] : ENCIMA) {
+        const HWND superficie = GetDlgItem(hwnd(), numero(id, elemento));
         if (!superficie) continue;
         ponerDebajo(superficie, encima);
         encima = superficie;
     }
-    ponerDebajo(hijo(IdControl::picRep), HWND_BOTTOM);
+    ponerDebajo(GetDlgItem(hwnd(), numero(IdControl::picRep)), HWND_BOTTOM);
 }
 
 void FormularioWin::pasarFoco(const ControlWin& desde, int sentido) {
