@@ -142,7 +142,9 @@ void visoresPavona(Escena& e) {
     e.configurar(ini);
     e.abrir(botVisores, cfgVisor, imFoco, 3);
     e.foto("visores_pavona");
-    constexpr Foco FOCOS[] = {{"visores_pavona_foco_port", txPort, 2}, {"visores_pavona_foco_host", txPavHost}};
+    constexpr Foco FOCOS[] = {{"visores_pavona_foco_port", txPort, 2},
+                              {"visores_pavona_foco_etiqueta", txEtq, 3},
+                              {"visores_pavona_foco_host", txPavHost}};
     fotosConFoco(e, FOCOS);
     e.pulsar(imFoco, 2, ckFmt, 0);
     e.foto("visores_pavona_particular");
