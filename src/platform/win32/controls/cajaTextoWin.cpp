@@ -321,7 +321,8 @@ LRESULT CajaTextoWin::atenderTexto(UINT mensaje, WPARAM w, LPARAM l) {
             return 0;
         case EM_SETSEL:
             // All of it, as by Tab: with the caret at its start a text that is too long shows how it begins.
-            if (w != 0 || l != -1 || !desborda()) return porDefecto(mensaje, w, l);
+            if (w != 0 || (l >= 0 && l < GetWindowTextLengthW(hwnd())) || l == 0 || !desborda())
+                return porDefecto(mensaje, w, l);
             mostrarInicio(leido().size());
             return TRUE;
         case WM_SETTEXT: {
