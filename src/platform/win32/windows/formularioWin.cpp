@@ -186,11 +186,9 @@ bool FormularioWin::seguirRaton(UINT mensaje, WPARAM w, LPARAM l) {
     const POINT donde{GET_X_LPARAM(l), GET_Y_LPARAM(l)};
     switch (mensaje) {
         case WM_MOUSEMOVE:
-            if (!(w & MK_LBUTTON)) {
-                dejarRaton(GestoRaton::perder, {});  // some other window had the release
-            } else if (!m_oyente || !m_oyente->alUsarRaton(GestoRaton::llevar, enTwips(donde))) {
+            // With the button up, some other window had its release.
+            if (!(w & MK_LBUTTON) || !m_oyente || !m_oyente->alUsarRaton(GestoRaton::llevar, enTwips(donde)))
                 dejarRaton(GestoRaton::perder, {});
-            }
             return true;
         case WM_LBUTTONUP:
             dejarRaton(GestoRaton::soltar, enTwips(donde));
