@@ -263,6 +263,10 @@ void base::alMoverRaton(ZonaRaton zona) {
     if (m_estado == Estado::marcha) retenerCursor();
 }
 
+bool base::alUsarRaton(GestoRaton gesto, Punto donde) {
+    return m_cfgVisor->cargado() && m_cfgVisor->alUsarRaton(gesto, donde);
+}
+
 // While running the cursor stays in the upper three quarters of the bar, where the buttons are.
 void base::retenerCursor() {
     const Rectangulo barra = m_barra.lugar();

@@ -33,6 +33,7 @@ public:
 private:
     void alActivar() override;
     void alMoverRaton(ZonaRaton zona) override;
+    bool alUsarRaton(GestoRaton gesto, Punto donde) override;
     void alDescargar() override;
     void alCambiarMonitores() override;
 

@@ -41,8 +41,9 @@ void Montaje::construir(std::string& errores) {
     hacerMensaje();
 }
 
-void Montaje::hacerParrilla() {
+void Montaje::hacerParrilla(bool numerada) {
     m_parrilla = std::make_unique<Parrilla>(m_entorno.com, m_pantalla);
+    m_parrilla->numerada(numerada);
     m_parrilla->definir(*m_picRep, *this);
     m_parrilla->pintarReticula();
 }
@@ -62,9 +63,14 @@ void Montaje::montarParrilla() {
     hacerParrilla();
 }
 
-void Montaje::montarVisores() {
-    montarParrilla();
+void Montaje::hacerMesaVisores() {
+    m_entorno.com.refrescar();
+    hacerParrilla(true);
     hacerVisores();
+}
+
+void Montaje::montarVisores() {
+    hacerMesaVisores();
     // Their surfaces a moment later: the tool that asks for them is seen before.
     m_entorno.cola.despues([this] { situarVisores(); });
 }
@@ -94,8 +100,7 @@ bool Montaje::eliminarVisor(std::int16_t posicion) {
     if (!m_visores->eliminar(posicion)) return false;
     // The displays behind it have other numbers now, and their surfaces go by number.
     desmontar();
-    montarParrilla();
-    hacerVisores();
+    hacerMesaVisores();
     situarVisores();
     return true;
 }

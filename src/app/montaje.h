@@ -49,6 +49,9 @@ public:
     clsMsg& mensaje() override { return *m_mensaje; }
     visor* nuevoVisor() override;
     bool eliminarVisor(std::int16_t posicion) override;
+    std::unique_ptr<Superficie> crearMarca(int elemento) override {
+        return m_formulario.crearSuperficie(IdControl::picMarca, elemento);
+    }
     const oScreen& pantalla() override { return m_pantalla; }
     void cambiarMonitor(std::int16_t indice) override;
     void refrescarBarra() override { m_barra.refrescar(); }
@@ -66,7 +69,8 @@ private:
 
     void cubrir(oScreen pantalla);
     void redisponer();
-    void hacerParrilla();
+    void hacerParrilla(bool numerada = false);
+    void hacerMesaVisores();
     void hacerVisores();
     void hacerMensaje();
     // Those that are loaded, once, on the grid, which must be there. Errors are appended, one a line.

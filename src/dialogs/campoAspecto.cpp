@@ -96,7 +96,7 @@ void CampoAspecto::crearColor(DialogosSistema& sistema) {
     FilaColor::Datos datos{m_datos.fila.control, m_datos.fila.segundo, texto(), {}, m_datos.alCambiar};
     datos.actual = [this] { return como<Color>(m_datos.actual()); };
     if (m_datos.propio) datos.nombre = std::exchange(datos.texto, ELEGIR);
-    m_color = std::make_unique<FilaColor>(m_taller, sistema, std::move(datos));
+    m_color = std::make_unique<FilaColor>(m_taller, sistema, m_com, std::move(datos));
 }
 
 void CampoAspecto::crearCaja(const TextosCaja& textos) {

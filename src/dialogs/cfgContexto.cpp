@@ -117,7 +117,7 @@ void cfgContexto::crearParrilla() {
             m_c->ckTrpa->alActuar([this] { alPulsarTransparente(); });
         }
         m_c->colores[i] = std::make_unique<FilaColor>(
-            taller(), sistema(),
+            taller(), sistema(), utiles().com,
             FilaColor::Datos{c.boton, c.marco, c.texto, [this, &c] { return (mesa().parrilla().*c.leer)(); },
                              [this, &c](Color color) {
                                  (mesa().parrilla().*c.poner)(color);

@@ -88,12 +88,12 @@ void cfgMensaje::crearFuente() {
     m_c->botFont->alActuar([this] { elegirFuente(); });
     m_c->rotuloFuente = taller().rotulo("");
     m_c->colorTexto =
-        std::make_unique<FilaColor>(taller(), sistema(),
+        std::make_unique<FilaColor>(taller(), sistema(), utiles().com,
                                     FilaColor::Datos{IdControl::botColorTxt, IdControl::frColorTxt, "Color del texto",
                                                      [this] { return mesa().mensaje().colorTexto(); },
                                                      [this](Color color) { mesa().mensaje().colorTexto(color); }});
     m_c->colorFondo =
-        std::make_unique<FilaColor>(taller(), sistema(),
+        std::make_unique<FilaColor>(taller(), sistema(), utiles().com,
                                     FilaColor::Datos{IdControl::botColorBak, IdControl::frColorBak, "Color del fondo",
                                                      [this] { return mesa().mensaje().colorFondo(); },
                                                      [this](Color color) { mesa().mensaje().colorFondo(color); }});

@@ -7,6 +7,7 @@
 #include "dialogs/conexionPavona.h"
 #include "dialogs/paginaVisores.h"
 #include "dialogs/panelDiseno.h"
+#include "dialogs/ubicador.h"
 
 namespace sorvanel {
 
@@ -14,6 +15,7 @@ namespace {
 
 constexpr const char* TEXTO_NUEVO = "Nuevo visor";
 constexpr const char* TEXTO_ELIMINAR = "Eliminar visor";
+constexpr const char* MUESTRA_ELIMINAR = "Eliminar visor #64";
 constexpr const char* PANEL_ABIERTO = "Debe cerrar la ventana de diseño particular";
 constexpr const char* NO_CABEN_MAS = "No se pueden definir más de 64 visores";
 constexpr const char* MUESTRA_PAGINA = "Visores 57 a 64 de 64";
@@ -27,11 +29,14 @@ struct cfgVisor::Controles {
     std::unique_ptr<Boton> imSubir, imBajar;
     std::unique_ptr<ConexionPavona> pavona;
     std::unique_ptr<PanelDiseno> panel;
+    std::unique_ptr<Ubicador> ubicador;
 };
 
 cfgVisor::cfgVisor(const UtilesDialogo& utiles, MesaConfiguracion& mesa)
-    : DialogoConfiguracion(IdControl::cfgVisor, {"Definir visores", "Cada cambio se ve y se guarda al momento"}, utiles,
-                           mesa) {}
+    : DialogoConfiguracion(
+          IdControl::cfgVisor,
+          {"Definir visores", "Cada cambio se ve y se guarda al momento. Pulse una celda para situar el visor elegido"},
+          utiles, mesa) {}
 
 cfgVisor::~cfgVisor() = default;
 
@@ -59,8 +64,9 @@ void cfgVisor::crearControles() {
     m_c->botNvo->alActuar([this] { nuevo(); });
     m_c->botElim = taller().botonTexto(IdControl::botElim, 0, TEXTO_ELIMINAR, "Eliminar el visor elegido");
     m_c->botElim->dibujo(Dibujo::eliminar);
+    m_c->botElim->repeticion(Repeticion::nuncaDoble);
     m_c->botElim->alActuar([this] { eliminar(); });
-    m_c->botElim->habilitar(false);
+    elegido(0);
     m_c->lbPag = taller().rotulo(IdControl::lbPag, 0, {});
     m_c->lbPag->ajuste(Ajuste::derecha);
     m_c->imSubir = taller().botonImagen(IdControl::imSubir, 0, Dibujo::subir, "Visores anteriores");
@@ -72,6 +78,9 @@ void cfgVisor::crearControles() {
         taller(), sistema(), utiles().com,
         PanelDiseno::Datos{[this] { return m_conDiseno != 0 ? uno(m_conDiseno) : nullptr; },
                            [this] { cerrarPanel(); }});
+    m_c->ubicador = std::make_unique<Ubicador>(
+        mesa(), Ubicador::Datos{[this] { return validar(); }, [this] { return m_actual; },
+                                [this](std::int16_t n) { irA(n); }, [this](std::int16_t n) { pagina().reubicada(n); }});
 }
 
 void cfgVisor::rellenar() {
@@ -105,7 +114,7 @@ Pieza cfgVisor::disposicion(const Vista& vista) {
     Rejilla barra;
     barra.estirar(2);
     barra.poner(0, 0, pieza(*m_c->botNvo, taller().botonTexto(TEXTO_NUEVO, true)));
-    barra.poner(0, 1, pieza(*m_c->botElim, taller().botonTexto(TEXTO_ELIMINAR, true)));
+    barra.poner(0, 1, pieza(*m_c->botElim, taller().botonTexto(MUESTRA_ELIMINAR, true)));
     barra.poner(0, 2, aLoAncho(pieza(*m_c->lbPag, taller().texto(MUESTRA_PAGINA))));
     if (vista.paginas) {
         barra.poner(0, 3, pieza(*m_c->imSubir, taller().botonImagen()));
@@ -121,8 +130,28 @@ Pieza cfgVisor::disposicion(const Vista& vista) {
     return todo.comoPieza();
 }
 
-// What was left has been asked already; where the keyboard still is, has not.
+bool cfgVisor::alUsarRaton(GestoRaton gesto, Punto donde) {
+    if (!m_c) return false;
+    const bool sigue = m_c->ubicador->usar(gesto, donde);
+    // The press has made the main window the active one; there is nothing to be typed in there.
+    if (gesto == GestoRaton::pulsar && !sigue) {
+        if (m_actual != 0) {
+            irA(m_actual);
+        } else {
+            m_c->botNvo->enfocar();
+        }
+    }
+    return sigue;
+}
+
+bool cfgVisor::alEscapar() {
+    return m_c->ubicador->cancelar();
+}
+
+// What was left has been asked already; where the keyboard still is, has not. While the mouse is at work on
+// the grid, whatever else is asked for only ends that.
 bool cfgVisor::validar() {
+    if (m_c->ubicador->cancelar()) return false;
     if (m_actual == 0 || !m_foco || m_foco->fila > pagina().cuantos()) return true;
     const Foco foco = *m_foco;
     if (pagina().fila(foco.fila).validar(foco.campo)) return true;
@@ -142,9 +171,8 @@ visor& cfgVisor::visorDe(const FilaVisor& fila) {
     return *uno(fila.numero());
 }
 
-bool cfgVisor::cabeEnParrilla(const Ubicacion& ubicacion) {
-    const Parrilla& parrilla = mesa().parrilla();
-    return ubicacion.fila <= parrilla.filas() && ubicacion.columna <= parrilla.columnas();
+Ubicacion cfgVisor::ultimaCelda() {
+    return {mesa().parrilla().filas(), mesa().parrilla().columnas()};
 }
 
 // Later, for the focus may be on its way just now.
@@ -216,10 +244,17 @@ void cfgVisor::irA(std::int16_t n) {
     irA(n, foco && foco->campo != CampoVisor::modo ? foco->campo : CampoVisor::port);
 }
 
-void cfgVisor::seleccionar(std::int16_t n) {
+void cfgVisor::elegido(std::int16_t n) {
     m_actual = n;
-    m_c->botElim->habilitar(true);
+    const std::string texto = n != 0 ? TEXTO_ELIMINAR + (" #" + std::to_string(n)) : TEXTO_ELIMINAR;
+    m_c->botElim->texto(texto);
+    m_c->botElim->nombre(texto);
+    m_c->botElim->habilitar(n != 0);
     pagina().elegida(n);
+}
+
+void cfgVisor::seleccionar(std::int16_t n) {
+    elegido(n);
     // Also within one row: what stands ticked in the panel is the display's from then on.
     if (m_conDiseno != 0) abrirPanel(n);
 }
@@ -301,9 +336,8 @@ void cfgVisor::eliminar() {
         return;
     }
     m_foco.reset();
-    pagina().elegida(0);
     m_c->botNvo->enfocar();
-    m_c->botElim->habilitar(false);
+    elegido(0);
     actualizar();
 }
 

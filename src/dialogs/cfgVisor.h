@@ -22,6 +22,8 @@ public:
     cfgVisor(const UtilesDialogo& utiles, MesaConfiguracion& mesa);
     ~cfgVisor() override;
 
+    bool alUsarRaton(GestoRaton gesto, Punto donde) override;
+
 private:
     struct Controles;
     struct Foco {
@@ -48,9 +50,10 @@ private:
     void soltar() override;
 
     visor& visorDe(const FilaVisor& fila) override;
-    bool cabeEnParrilla(const Ubicacion& ubicacion) override;
+    Ubicacion ultimaCelda() override;
     void rechazar(std::string_view motivo) override;
     bool puedeAlternar(const FilaVisor& fila) override;
+    bool alEscapar() override;
     void alEnfocar(FilaVisor& fila, CampoVisor campo) override;
     void alElegirFila(FilaVisor& fila) override;
     void mover(FilaVisor& fila, CampoVisor campo, Tecla tecla) override;
@@ -68,6 +71,8 @@ private:
     // The row's field of the kind that has the focus now.
     void irA(std::int16_t n);
     void seleccionar(std::int16_t n);
+    // Says which one it is now; 0: none.
+    void elegido(std::int16_t n);
     // The row's field that has the focus now.
     std::optional<Foco> campoConFoco();
     void paginar(std::int16_t paso);

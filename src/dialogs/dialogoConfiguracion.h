@@ -9,6 +9,7 @@
 #include "dialogs/mesaConfiguracion.h"
 #include "dialogs/tallerDialogo.h"
 #include "platform/dialogo.h"
+#include "platform/formulario.h"
 #include "platform/sistema.h"
 
 namespace sorvanel {
@@ -36,6 +37,8 @@ public:
     bool Descargar(bool descartar);
     // The window covers another monitor, or the same at another size: the tool follows.
     void seguirMonitor(const Monitor& monitor);
+    // The mouse on what stands on the main window, while it is open; see OyenteFormulario.
+    virtual bool alUsarRaton(GestoRaton, Punto) { return false; }
 
 protected:
     // What its two title labels say; the second may be empty: then there is none.

@@ -2,10 +2,12 @@
 
 #include <utility>
 
+#include "display/disenoVisor.h"
+
 namespace sorvanel {
 
-FilaColor::FilaColor(TallerDialogo& taller, DialogosSistema& sistema, Datos datos)
-    : m_taller(taller), m_sistema(sistema), m_datos(std::move(datos)) {
+FilaColor::FilaColor(TallerDialogo& taller, DialogosSistema& sistema, const comun& com, Datos datos)
+    : m_taller(taller), m_sistema(sistema), m_com(com), m_datos(std::move(datos)) {
     const std::string& nombre = m_datos.nombre.empty() ? m_datos.texto : m_datos.nombre;
     const std::string elegirlo = nombre + ": elegir el color";
     m_boton = taller.botonTexto(m_datos.boton, 0, m_datos.texto, elegirlo);
@@ -25,7 +27,8 @@ void FilaColor::mostrar(bool visible) {
 }
 
 void FilaColor::elegir() {
-    const auto elegido = m_sistema.elegirColor(colorPintable(m_datos.actual()));
+    const auto elegido =
+        m_sistema.elegirColor(colorPintable(m_datos.actual()), coloresEnUso(m_com, DialogosSistema::COLORES_A_MANO));
     if (!elegido) return;
     color(*elegido);
     m_datos.alElegir(*elegido);

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "config/comun.h"
 #include "dialogs/tallerDialogo.h"
 
 namespace sorvanel {
@@ -25,7 +26,7 @@ public:
         std::string nombre = {};
     };
 
-    FilaColor(TallerDialogo& taller, DialogosSistema& sistema, Datos datos);
+    FilaColor(TallerDialogo& taller, DialogosSistema& sistema, const comun& com, Datos datos);
 
     // What the frame shows, 24 bits.
     Color color() const { return m_marco->color(); }
@@ -46,6 +47,7 @@ private:
 
     TallerDialogo& m_taller;
     DialogosSistema& m_sistema;
+    const comun& m_com;
     const Datos m_datos;
     std::unique_ptr<Boton> m_boton;
     std::unique_ptr<MarcoColor> m_marco;

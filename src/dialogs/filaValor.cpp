@@ -16,14 +16,14 @@ constexpr const char* MUESTRA_VALOR = "000";
 FilaValor::FilaValor(TallerDialogo& taller, Datos datos) : m_taller(taller), m_datos(std::move(datos)) {
     if (!m_datos.rotulo.empty()) m_rotulo = taller.rotulo(m_datos.rotulo);
     m_menos = taller.botonImagen(m_datos.menos, 0, Dibujo::menos, m_datos.nombre + ": menos");
-    m_menos->repetir(m_datos.repetir);
+    m_menos->repeticion(m_datos.repetir ? Repeticion::sostenida : Repeticion::ninguna);
     m_menos->alActuar([this] {
         if (m_valor > m_datos.inferior) pasar(-1);
     });
     m_lbValor = taller.rotulo(m_datos.valor, 0, {});
     m_lbValor->ajuste(Ajuste::centro);
     m_mas = taller.botonImagen(m_datos.mas, 0, Dibujo::mas, m_datos.nombre + ": más");
-    m_mas->repetir(m_datos.repetir);
+    m_mas->repeticion(m_datos.repetir ? Repeticion::sostenida : Repeticion::ninguna);
     m_mas->alActuar([this] {
         if (m_valor < m_datos.superior()) pasar(1);
     });

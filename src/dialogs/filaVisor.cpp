@@ -10,27 +10,18 @@ namespace sorvanel {
 
 namespace {
 
-constexpr std::array<std::string_view, 6> MODOS{"Peso carga",        "Acumulado",         "Suma",
-                                                "Suma en carga (1)", "Suma en carga (2)", "Suma en descarga"};
-
 constexpr const char* PORT_RECHAZADO = "Valor de 'port' posiblemente duplicado";
 constexpr const char* ETIQUETA_RECHAZADA = "Contenido de 'etiqueta' posiblemente duplicado";
 constexpr const char* UBICACION_RECHAZADA = "La ubicación entrada no es correcta o está duplicada";
 
-// The widest that the boxes usually hold; more can be typed.
-constexpr std::string_view MUESTRA_NUMERO = "#64";
-constexpr std::string_view MUESTRA_PORT = "000/00";
-constexpr std::string_view MUESTRA_ETIQUETA = "Báscula de camión";
-constexpr std::string_view MUESTRA_UBICACION = "00,00";
+constexpr std::int32_t PORT_UDP_MAXIMO = 65535;
+constexpr const char* PORT_IMPOSIBLE = "Un port UDP no pasa de 65535: por este no se puede recibir nada";
 
 constexpr const char* SUGERENCIA_ETIQUETA = "Texto que acompaña al peso";
 
-constexpr float ENTRE_COLUMNAS = aTwips(6);
-constexpr float BORDE_FILA = aTwips(5);
-constexpr float AIRE_FILA = aTwips(3);  // above and below
-
 constexpr Color COLOR_FILA = COLOR_PANEL;
 constexpr Color COLOR_FILA_ELEGIDA = rgb(0xD6, 0xE7, 0xF8);
+constexpr Color COLOR_IMPOSIBLE = rgb(0xFF, 0xC9, 0x4D);
 constexpr Color COLOR_MARCA = rgb(0x5A, 0x65, 0x70);
 
 constexpr char SEPARADOR_UBICACION = ',';
@@ -53,6 +44,11 @@ std::optional<Ubicacion> leerUbicacion(std::string_view texto) {
     return fila && columna ? std::optional(Ubicacion{*fila, *columna}) : std::nullopt;
 }
 
+// "filas 1 a 4", "columna 1".
+std::string rango(const std::string& que, std::int16_t hasta) {
+    return hasta == 1 ? que + " 1" : que + "s 1 a " + std::to_string(hasta);
+}
+
 char32_t filtroUbicacion(char32_t caracter) {
     constexpr std::u32string_view SEPARADORES = U",.;:_-+=/";
     return SEPARADORES.find(caracter) != std::u32string_view::npos ? SEPARADOR_UBICACION : filtroNumerico(caracter);
@@ -64,36 +60,6 @@ char32_t filtroEtiqueta(char32_t caracter) {
 }
 
 }  // namespace
-
-// ---- columns ----
-
-ColumnasFila::ColumnasFila(const TallerDialogo& taller, bool conMarca) : m_altoControl(taller.botonImagen().alto) {
-    m_anchos = {taller.texto(MUESTRA_NUMERO).ancho,
-                taller.botonImagen().ancho,
-                taller.cajaTexto(MUESTRA_PORT).ancho,
-                0,
-                taller.lista(MODOS).ancho,
-                taller.cajaTexto(MUESTRA_ETIQUETA).ancho,
-                taller.cajaTexto(MUESTRA_UBICACION).ancho,
-                taller.botonImagen().ancho};
-    for (const Familia* f : familias()) m_anchos[marca] = std::max(m_anchos[marca], taller.texto(f->formaPort).ancho);
-    for (std::size_t i = 0; i < m_anchos.size(); ++i) {
-        if (!TITULOS[i].empty()) m_anchos[i] = std::max(m_anchos[i], taller.texto(TITULOS[i]).ancho);
-    }
-    // As wide as a gap is wide, but negative, a column takes no room.
-    if (!conMarca) m_anchos[etiqueta] += std::exchange(m_anchos[marca], -ENTRE_COLUMNAS) + ENTRE_COLUMNAS;
-    float x = BORDE_FILA;
-    for (std::size_t i = 0; i < m_anchos.size(); ++i) {
-        m_x[i] = x;
-        x += m_anchos[i] + ENTRE_COLUMNAS;
-    }
-    m_ancho = x - ENTRE_COLUMNAS + BORDE_FILA;
-    m_alto = m_altoControl + 2 * AIRE_FILA;
-}
-
-Rectangulo ColumnasFila::lugar(Columna columna, const Rectangulo& fila, float alto) const {
-    return {fila.x + m_x[columna], fila.y + (fila.alto - alto) / 2, std::max(m_anchos[columna], 0.0F), alto};
-}
 
 // ---- making ----
 
@@ -112,20 +78,23 @@ FilaVisor::FilaVisor(TallerDialogo& taller, TablaVisores& tabla, std::int16_t nu
 
 void FilaVisor::crearCajas(TallerDialogo& taller) {
     const std::string visor = "Visor " + std::to_string(m_numero) + ": ";
-    std::string ayudaPort = "Port del visor", ayudaModo = "Qué lectura muestra un visor de la familia";
+    m_ayudaPort = "Port del visor";
+    std::string ayudaModo = "Qué lectura muestra un visor de la familia";
     for (const Familia* f : familias()) {
-        ayudaPort += f->ayudaPort;
+        m_ayudaPort += f->ayudaPort;
         if (f->conModo) ayudaModo += std::string(" ") + f->nombre;
     }
-    m_txPort = taller.cajaTexto(IdControl::txPort, m_numero, visor + "port", ayudaPort);
+    m_txPort = taller.cajaTexto(IdControl::txPort, m_numero, visor + "port", m_ayudaPort);
     m_txPort->filtro([this](char32_t c) { return familia().filtroPort(c); });
     m_lbPav = taller.rotulo(IdControl::lbPav, m_numero, {});
     m_lbPav->colorTexto(COLOR_MARCA);
-    m_lstModo = taller.lista(IdControl::lstModo, m_numero, MODOS, visor + "modo bulk", ayudaModo);
+    m_lstModo = taller.lista(IdControl::lstModo, m_numero, MODOS_BULK, visor + "modo bulk", ayudaModo);
     m_txEtq = taller.cajaTexto(IdControl::txEtq, m_numero, visor + "etiqueta", SUGERENCIA_ETIQUETA);
     m_txEtq->filtro(filtroEtiqueta);
+    const Ubicacion ultima = m_tabla.ultimaCelda();
     m_txUbi = taller.cajaTexto(IdControl::txUbi, m_numero, visor + "ubicación",
-                               "Fila y columna de la parrilla, como en 2,1; vacía, el visor no se ve");
+                               "Fila y columna de la parrilla (" + rango("fila", ultima.fila) + ", " +
+                                   rango("columna", ultima.columna) + "), como en 1,1; vacía, el visor no se ve");
     m_txUbi->filtro(filtroUbicacion);
     unir(*m_txPort, CampoVisor::port);
     unir(*m_txEtq, CampoVisor::etiqueta);
@@ -143,6 +112,7 @@ void FilaVisor::unir(CajaTexto& caja, CampoVisor campo) {
         const bool comoEstaba = campo == CampoVisor::port && caja.texto().empty() && &familia() != m_familiaPort;
         tecleado(campo) = !comoEstaba;
         if (campo == CampoVisor::etiqueta) sugerirEtiqueta();
+        if (campo == CampoVisor::port) vigilarPort();
     });
     caja.alValidar([this, campo] { return validar(campo); });
 }
@@ -171,6 +141,7 @@ void FilaVisor::mostrarCampo(CampoVisor campo, bool llano) {
         case CampoVisor::port:
             m_txPort->texto(llano ? textoPort(v.port()) : familia().textoPort(v.port()));
             m_familiaPort = &familia();
+            vigilarPort();
             break;
         case CampoVisor::modo:
             m_lstModo->indice(std::clamp<int>(v.modoBulk(), 0, MODO_BULK_MAXIMO));
@@ -192,6 +163,7 @@ void FilaVisor::mostrarProtocolo() {
     m_imPtc->nombre(nombre);
     m_imPtc->sugerencia(nombre + ", " + familia().enlace + ". Pulse para pasar a " +
                         familiaSiguiente(familia()).nombre);
+    m_lstModo->atenuada(!familia().conModo);
     m_lbPav->texto(familia().formaPort);
     m_lbPav->mostrar(m_visible && familia().conForma());
 }
@@ -201,6 +173,14 @@ void FilaVisor::sugerirEtiqueta() {
     const std::string texto = m_txEtq->texto();
     const bool cabe = m_anchoEtq <= 0 || m_taller.cajaTexto(texto).ancho <= m_anchoEtq;
     m_txEtq->sugerencia(cabe ? SUGERENCIA_ETIQUETA : texto);
+}
+
+void FilaVisor::vigilarPort() {
+    const auto port = familia().leerPort(m_txPort->texto());
+    const bool imposible = !familia().compartida && port && *port > PORT_UDP_MAXIMO;
+    if (std::exchange(m_portImposible, imposible) == imposible) return;
+    m_txPort->sugerencia(imposible ? PORT_IMPOSIBLE : m_ayudaPort);
+    elegida(m_elegida);
 }
 
 void FilaVisor::mostrar(bool visible) {
@@ -237,9 +217,10 @@ void FilaVisor::colocar(const Rectangulo& marco, const ColumnasFila& columnas) {
 }
 
 void FilaVisor::elegida(bool si) {
+    m_elegida = si;
     const Color color = si ? COLOR_FILA_ELEGIDA : COLOR_FILA;
     m_frVis->colorFondo(color);
-    m_txPort->colorFondo(color);
+    m_txPort->colorFondo(m_portImposible ? COLOR_IMPOSIBLE : color);
     m_lstModo->colorFondo(color);
     m_txEtq->colorFondo(color);
     m_txUbi->colorFondo(color);
@@ -298,6 +279,7 @@ bool FilaVisor::alPulsarTecla(CampoVisor campo, Tecla tecla) {
     if (tecla == Tecla::derecha && c != nullptr && !c->alFinal()) return false;
     if (tecla == Tecla::izquierda && c != nullptr && !c->alInicio()) return false;
     if (tecla == Tecla::escape) {
+        if (m_tabla.alEscapar()) return true;
         // Every family takes the port as the plain number too.
         mostrarCampo(campo, true);
     } else if (validar(campo) && tecla != Tecla::intro) {
@@ -317,6 +299,7 @@ void FilaVisor::alternarProtocolo() {
     } else {
         m_txPort->texto({});
         tecleado(CampoVisor::port) = false;
+        vigilarPort();
     }
     mostrarProtocolo();
     m_tabla.alCambiarProtocolo(*this);
@@ -368,7 +351,8 @@ bool FilaVisor::entrarUbicacion() {
     visor& v = visorPropio();
     const std::string texto = m_txUbi->texto();
     const auto lugar = leerUbicacion(texto);
-    const bool cabe = texto.empty() || (lugar && m_tabla.cabeEnParrilla(*lugar));
+    const Ubicacion ultima = m_tabla.ultimaCelda();
+    const bool cabe = texto.empty() || (lugar && lugar->fila <= ultima.fila && lugar->columna <= ultima.columna);
     return (cabe && (lugar == v.ubicacion() || v.ubicacion(lugar))) || rechazar(UBICACION_RECHAZADA);
 }
 

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "dialogs/columnasFila.h"
 #include "dialogs/tallerDialogo.h"
 #include "display/visor.h"
 
@@ -23,11 +24,13 @@ public:
     virtual ~TablaVisores() = default;
     // The display of that row; it may be another object each time.
     virtual visor& visorDe(const FilaVisor& fila) = 0;
-    // Whether the grid has that cell; its lower bounds are the display's to check.
-    virtual bool cabeEnParrilla(const Ubicacion& ubicacion) = 0;
+    // The last cell of the grid.
+    virtual Ubicacion ultimaCelda() = 0;
     // A field was left, or to be left, with something that the display did not take.
     virtual void rechazar(std::string_view motivo) = 0;
 
+    // Escape in a field. Yes: it stood for something else, and the field keeps what it has.
+    virtual bool alEscapar() = 0;
     // No, and told why, while another field holds something that its display did not take.
     virtual bool puedeAlternar(const FilaVisor& fila) = 0;
 
@@ -38,31 +41,6 @@ public:
     virtual void mover(FilaVisor& fila, CampoVisor campo, Tecla tecla) = 0;
     virtual void alCambiarProtocolo(FilaVisor& fila) = 0;
     virtual void alPedirDiseno(FilaVisor& fila) = 0;
-};
-
-// Where the columns stand, twips from the row's left edge: the same for all rows and their headings.
-class ColumnasFila {
-public:
-    enum Columna { orden, protocolo, port, marca, modo, etiqueta, ubicacion, diseno, CUANTAS };
-    static constexpr std::array<std::string_view, CUANTAS> TITULOS{"N.º",       "Enlace",   "Port",      "",
-                                                                   "Modo bulk", "Etiqueta", "Ubicación", "Diseño"};
-
-    ColumnasFila() = default;
-    // Measured with the texts that stand in them. Without the mark of an address's form the caption has its room too.
-    ColumnasFila(const TallerDialogo& taller, bool conMarca);
-
-    float ancho() const { return m_ancho; }
-    float alto() const { return m_alto; }  // of one row
-    // A piece of that height in its column, in the middle of the row.
-    Rectangulo lugar(Columna columna, const Rectangulo& fila, float alto) const;
-    float altoControl() const { return m_altoControl; }
-
-private:
-    std::array<float, CUANTAS> m_x{};
-    std::array<float, CUANTAS> m_anchos{};
-    float m_ancho = 0;
-    float m_alto = 0;
-    float m_altoControl = 0;
 };
 
 // One display's row: its controls, what they take of the keyboard, and whether what they hold is valid.
@@ -76,6 +54,8 @@ public:
     // What the row says is another display's by now: it is filled when it is shown next.
     void caducar() { m_rellena = false; }
     void mostrar(bool visible);
+    // The display has another place.
+    void mostrarUbicacion() { mostrarCampo(CampoVisor::ubicacion); }
     // The frame may be wider than what stands in it.
     void colocar(const Rectangulo& marco, const ColumnasFila& columnas);
     // Whether it is the selected one.
@@ -110,6 +90,8 @@ private:
     void alternarProtocolo();
     void mostrarProtocolo();
     void sugerirEtiqueta();
+    // Tells where what the box says is no port that anything can be received on.
+    void vigilarPort();
     const Familia& familia() const { return visorPropio().familia(); }
     visor& visorPropio() const { return m_tabla.visorDe(*this); }
 
@@ -124,6 +106,8 @@ private:
     const std::int16_t m_numero;
     bool m_rellena = false;
     bool m_visible = false;
+    bool m_elegida = false;
+    bool m_portImposible = false;
     std::array<bool, 4> m_tecleado{};        // by field: changed by the user, and neither taken nor replaced since
     const Familia* m_familiaPort = nullptr;  // in which the box last showed the display's port
     std::unique_ptr<Marco> m_frVis;
@@ -133,6 +117,7 @@ private:
     std::unique_ptr<Rotulo> m_lbPav;
     std::unique_ptr<Lista> m_lstModo;
     std::unique_ptr<CajaTexto> m_txEtq;
+    std::string m_ayudaPort;
     float m_anchoEtq = 0;
     std::unique_ptr<CajaTexto> m_txUbi;
     std::unique_ptr<Boton> m_imFoco;

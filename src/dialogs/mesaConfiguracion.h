@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
 #include "display/visores.h"
 #include "grid/parrilla.h"
@@ -18,7 +19,7 @@ public:
 
     // The grid, painted.
     virtual void montarParrilla() = 0;
-    // The grid, painted, and all displays, defined and placed where they can be.
+    // The grid, its free cells numbered, and all displays, defined and placed where they can be.
     virtual void montarVisores() = 0;
     // The message band, not running.
     virtual void montarMensaje() = 0;
@@ -33,6 +34,8 @@ public:
     // A new display at the end, and behind it those that the file goes on with then; all with their surfaces, and
     // placed where they can be. Null when there are 64.
     virtual visor* nuevoVisor() = 0;
+    // A surface of its own above the displays, hidden; it goes before desmontarMesa.
+    virtual std::unique_ptr<Superficie> crearMarca(int elemento) = 0;
     // Deletes it; all displays are then made anew from the file, under their new numbers.
     virtual bool eliminarVisor(std::int16_t posicion) = 0;
 

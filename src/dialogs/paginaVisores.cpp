@@ -7,6 +7,8 @@ namespace sorvanel {
 namespace {
 
 constexpr float ENTRE_FILAS = aTwips(2);
+constexpr float GRUESO_ELEGIDA = aTwips(4);
+constexpr Color COLOR_ELEGIDA = rgb(0x0B, 0x5C, 0xC4);
 
 std::size_t indice(std::int16_t n) {
     return static_cast<std::size_t>(n - 1);
@@ -17,6 +19,9 @@ std::size_t indice(std::int16_t n) {
 PaginaVisores::PaginaVisores(TallerDialogo& taller, TablaVisores& tabla) : m_taller(taller), m_tabla(tabla) {
     m_frTodo = taller.marco(IdControl::frTodo, 0, "Visores");
     for (const std::string_view titulo : ColumnasFila::TITULOS) m_titulos.push_back(taller.rotulo(std::string(titulo)));
+    m_lbElegida = taller.rotulo(IdControl::lbElegida, 0, {});
+    m_lbElegida->colorFondo(COLOR_ELEGIDA);
+    marcarElegida();
 }
 
 // From the last row to the first.
@@ -56,6 +61,7 @@ void PaginaVisores::desplegar() {
         colocarFila(fila(n));
         fila(n).mostrar(true);
     }
+    marcarElegida();
 }
 
 void PaginaVisores::recoger() {
@@ -76,11 +82,24 @@ void PaginaVisores::rehacer() {
     desplegar();
 }
 
+void PaginaVisores::reubicada(std::int16_t n) {
+    if (FilaVisor* const suya = hecha(n)) suya->mostrarUbicacion();
+}
+
 void PaginaVisores::elegida(std::int16_t n) {
     if (n == m_elegida) return;
     if (FilaVisor* const antes = hecha(m_elegida)) antes->elegida(false);
     m_elegida = n;
     if (FilaVisor* const ahora = hecha(n)) ahora->elegida(true);
+    marcarElegida();
+}
+
+void PaginaVisores::marcarElegida() {
+    const bool seVe = m_elegida != 0 && muestra(m_elegida) && !m_zona.vacio();
+    m_lbElegida->mostrar(seVe);
+    if (!seVe) return;
+    const Rectangulo fila = lugarDe(m_elegida);
+    m_lbElegida->colocar({fila.x, fila.y, GRUESO_ELEGIDA, fila.alto});
 }
 
 void PaginaVisores::ensanchada(std::int16_t n) {
@@ -126,13 +145,16 @@ void PaginaVisores::colocarTitulos() {
 }
 
 // The row whose panel is open reaches over to it.
-void PaginaVisores::colocarFila(FilaVisor& fila) {
-    if (m_zona.vacio()) return;
+Rectangulo PaginaVisores::lugarDe(std::int16_t n) const {
     const float x = m_zona.x + RELLENO;
-    const auto lugar = static_cast<float>(fila.numero() - m_primera);
-    const float y = m_zona.y + RELLENO + m_altoTitulos + lugar * (m_columnas.alto() + ENTRE_FILAS);
-    const float derecha = m_zona.derecha() + (fila.numero() == m_ensanchada ? HUECO : -RELLENO);
-    fila.colocar({x, y, derecha - x, m_columnas.alto()}, m_columnas);
+    const float y =
+        m_zona.y + RELLENO + m_altoTitulos + static_cast<float>(n - m_primera) * (m_columnas.alto() + ENTRE_FILAS);
+    const float derecha = m_zona.derecha() + (n == m_ensanchada ? HUECO : -RELLENO);
+    return {x, y, derecha - x, m_columnas.alto()};
+}
+
+void PaginaVisores::colocarFila(FilaVisor& fila) {
+    if (!m_zona.vacio()) fila.colocar(lugarDe(fila.numero()), m_columnas);
 }
 
 void PaginaVisores::anadirTeclado(std::vector<Control*>& orden) {

@@ -47,6 +47,9 @@ public:
     // All rows say what their displays have.
     void rehacer();
 
+    // The display has another place.
+    void reubicada(std::int16_t n);
+
     // The selected row, and the one whose panel is open; 0 for none.
     void elegida(std::int16_t n);
     void ensanchada(std::int16_t n);
@@ -71,6 +74,8 @@ private:
     void colocar(const Rectangulo& zona);
     void colocarTitulos();
     void colocarFila(FilaVisor& fila);
+    Rectangulo lugarDe(std::int16_t n) const;
+    void marcarElegida();
 
     TallerDialogo& m_taller;
     TablaVisores& m_tabla;
@@ -85,6 +90,7 @@ private:
     Rectangulo m_zona;
     std::unique_ptr<Marco> m_frTodo;
     std::vector<std::unique_ptr<Rotulo>> m_titulos;
+    std::unique_ptr<Rotulo> m_lbElegida;  // a bar at the edge of the selected row
     std::vector<std::unique_ptr<FilaVisor>> m_filas;
 };
 

@@ -11,6 +11,8 @@ namespace sorvanel {
 namespace {
 
 constexpr float ENTRE_FILAS = aTwips(5);
+constexpr const char* TEXTO_COPIAR = "Copiar";
+constexpr const char* TEXTO_PEGAR = "Pegar";
 
 }  // namespace
 
@@ -31,7 +33,32 @@ PanelDiseno::PanelDiseno(TallerDialogo& taller, DialogosSistema& sistema, const 
         m_anchoComun = taller.rotulo(std::to_string(diseñoVisor(com).anchoEtiqueta()) + " (común)");
     }
     m_previa = std::make_unique<VistaPrevia>(taller);
+    crearBotones();
     abierto(false);
+}
+
+void PanelDiseno::crearBotones() {
+    m_botCopiar = m_taller.botonTexto(IdControl::botCopiar, 0, TEXTO_COPIAR,
+                                      "Copiar el diseño de este visor, para dárselo a otro");
+    m_botCopiar->alActuar([this] { copiar(); });
+    m_botPegar = m_taller.botonTexto(IdControl::botPegar, 0, TEXTO_PEGAR, "Dar a este visor el diseño copiado de otro");
+    m_botPegar->alActuar([this] { pegar(); });
+    m_botPegar->habilitar(false);
+}
+
+void PanelDiseno::copiar() {
+    const visor* const v = m_datos.actual();
+    if (v == nullptr) return;
+    m_copiado = leer(*v);
+    m_botPegar->sugerencia("Dar a este visor el diseño copiado del #" + std::to_string(m_numero));
+    m_botPegar->habilitar(true);
+}
+
+void PanelDiseno::pegar() {
+    visor* const v = m_datos.actual();
+    if (v == nullptr || !m_copiado) return;
+    dar(*v, *m_copiado);
+    cargar(m_numero, *v);
 }
 
 std::unique_ptr<CampoAspecto> PanelDiseno::crearCampo(DialogosSistema& sistema, const FilaCampo& fila) {
@@ -50,6 +77,7 @@ std::unique_ptr<CampoAspecto> PanelDiseno::crearCampo(DialogosSistema& sistema, 
 }
 
 void PanelDiseno::cargar(std::int16_t numero, const visor& v) {
+    m_numero = numero;
     m_titulo->texto("Diseño particular #" + std::to_string(numero));
     for (std::size_t i = 0; i < CAMPOS.size(); ++i) {
         m_filas[i].casilla->marcada(!vacio(v.propio(CAMPOS[i].rasgo)));
@@ -59,13 +87,23 @@ void PanelDiseno::cargar(std::int16_t numero, const visor& v) {
     m_previa->aspecto(v.aspecto());
 }
 
-// Each write lays the display out anew: only what changes is written.
 void PanelDiseno::guardar(visor& v) const {
+    dar(v, leer(v));
+}
+
+ValoresRasgos PanelDiseno::leer(const visor& v) const {
+    ValoresRasgos valores;
     for (std::size_t i = 0; i < CAMPOS.size(); ++i) {
-        const Rasgo rasgo = CAMPOS[i].rasgo;
         const auto& [casilla, campo] = m_filas[i];
-        const ValorRasgo nuevo = casilla->marcada() ? campo->leer(v.efectivo(rasgo)) : ValorRasgo();
-        if (nuevo != v.propio(rasgo)) v.propio(rasgo, nuevo);
+        if (casilla->marcada()) valores[CAMPOS[i].rasgo] = campo->leer(v.efectivo(CAMPOS[i].rasgo));
+    }
+    return valores;
+}
+
+// Each write lays the display out anew: only what changes is written.
+void PanelDiseno::dar(visor& v, const ValoresRasgos& valores) const {
+    for (const FilaCampo& fila : CAMPOS) {
+        if (valores[fila.rasgo] != v.propio(fila.rasgo)) v.propio(fila.rasgo, valores[fila.rasgo]);
     }
 }
 
@@ -76,6 +114,8 @@ void PanelDiseno::abierto(bool si) {
     m_imDesf->mostrar(si);
     for (const Fila& fila : m_filas) fila.casilla->mostrar(si);
     m_previa->mostrar(si);
+    m_botCopiar->mostrar(si);
+    m_botPegar->mostrar(si);
     mostrarPropios();
 }
 
@@ -91,10 +131,12 @@ void PanelDiseno::mostrarPropios() {
 
 // What stands in one place is never seen at the same time.
 Pieza PanelDiseno::comoPieza() {
-    Rejilla cabecera;
+    Rejilla cabecera(aTwips(4));
     cabecera.estirar(0);
     cabecera.poner(0, 0, aLoAncho(pieza(*m_titulo, m_taller.textoGrupo("Diseño particular #64"))));
-    cabecera.poner(0, 1, pieza(*m_imDesf, m_taller.botonImagen()));
+    cabecera.poner(0, 1, pieza(*m_botCopiar, m_taller.botonTexto(TEXTO_COPIAR)));
+    cabecera.poner(0, 2, pieza(*m_botPegar, m_taller.botonTexto(TEXTO_PEGAR)));
+    cabecera.poner(0, 3, pieza(*m_imDesf, m_taller.botonImagen()));
     Rejilla filas(SEPARACION, ENTRE_FILAS);
     filas.poner(0, 0, cabecera.comoPieza(), 2);
     int lugar = 0;
@@ -108,7 +150,7 @@ Pieza PanelDiseno::comoPieza() {
 }
 
 void PanelDiseno::anadirTeclado(std::vector<Control*>& orden) const {
-    orden.push_back(m_imDesf.get());
+    orden.insert(orden.end(), {m_botCopiar.get(), m_botPegar.get(), m_imDesf.get()});
     for (const auto& [casilla, campo] : m_filas) {
         orden.push_back(casilla.get());
         for (Control* const c : campo->teclado()) orden.push_back(c);

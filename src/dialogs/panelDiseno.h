@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "dialogs/campoAspecto.h"
@@ -45,6 +46,12 @@ private:
     };
 
     std::unique_ptr<CampoAspecto> crearCampo(DialogosSistema& sistema, const FilaCampo& fila);
+    void crearBotones();
+    // What the panel says now, ticked or not, is kept to be given to other displays.
+    void copiar();
+    void pegar();
+    ValoresRasgos leer(const visor& v) const;
+    void dar(visor& v, const ValoresRasgos& valores) const;
     // Its control is seen while the value is the display's own.
     void mostrarPropios();
 
@@ -58,6 +65,9 @@ private:
     std::array<Fila, RASGOS.size()> m_filas;
     std::unique_ptr<Rotulo> m_anchoComun;  // in the place of a width that is not the display's own
     std::unique_ptr<VistaPrevia> m_previa;
+    std::unique_ptr<Boton> m_botCopiar, m_botPegar;
+    std::int16_t m_numero = 0;  // the display that is shown
+    std::optional<ValoresRasgos> m_copiado;
 };
 
 }  // namespace sorvanel

@@ -1,5 +1,9 @@
 #include "display/disenoVisor.h"
 
+#include <algorithm>
+
+#include "display/registroVisor.h"
+
 namespace sorvanel {
 
 namespace {
@@ -32,6 +36,26 @@ bool diseñoVisor::valor(Rasgo rasgo, const ValorRasgo& nuevo) {
         ini.escribir(fila.clave, escribirRasgo(fila, m_valores[fila.rasgo], separador));
     }
     return m_valores[rasgo] == nuevo;
+}
+
+std::vector<Color> coloresEnUso(const comun& com, std::size_t cuantos) {
+    std::vector<Color> colores;
+    const auto anadir = [&](const ValoresRasgos& valores) {
+        for (const FilaRasgo& fila : RASGOS) {
+            if (fila.clase != ClaseRasgo::color || vacio(valores[fila.rasgo])) continue;
+            const Color color = como<Color>(valores[fila.rasgo]);
+            if (std::find(colores.begin(), colores.end(), color) == colores.end()) colores.push_back(color);
+        }
+    };
+    anadir(diseñoVisor(com).valores());
+    AccesorINI ini = com.consultar();
+    for (int n = 1; n <= MAXIMO_VISORES && colores.size() < cuantos; ++n) {
+        ini.seccion(seccionVisor(n));
+        if (ini.leer("Port").empty()) break;
+        anadir(leerRegistroVisor(com, ini).rasgos);
+    }
+    if (colores.size() > cuantos) colores.resize(cuantos);
+    return colores;
 }
 
 }  // namespace sorvanel

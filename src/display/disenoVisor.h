@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "display/aspecto.h"
 
@@ -40,5 +42,9 @@ private:
     const comun& m_com;
     ValoresRasgos m_valores;
 };
+
+// The distinct colours of the shared design, then of the displays that the settings have, in their order: no more than
+// so many.
+std::vector<Color> coloresEnUso(const comun& com, std::size_t cuantos);
 
 }  // namespace sorvanel

@@ -58,6 +58,8 @@ public:
     bool caption(const std::string& texto);  // refused when another saved display has it
     std::optional<Ubicacion> ubicacion() const;
     bool ubicacion(std::optional<Ubicacion> lugar);  // refused when taken or outside the grid
+    // Both have a place, and get each other's: both are saved, or none. Nothing is painted, see reubicar().
+    bool intercambiarUbicacion(visor& otro);
     std::int32_t port() const override { return m_registro.port; }
     bool port(std::int32_t port);  // 0 to 99999; refused when taken
     std::int16_t protocolo() const { return familia().protocolo; }

@@ -98,6 +98,26 @@ bool visor::ubicacion(std::optional<Ubicacion> lugar) {
     return true;
 }
 
+bool visor::intercambiarUbicacion(visor& otro) {
+    if (&otro == this || !ubicacion() || !otro.ubicacion() || !identificado() || !otro.identificado()) return false;
+    const auto intercambiar = [&] {
+        std::swap(m_registro.fila, otro.m_registro.fila);
+        std::swap(m_registro.columna, otro.m_registro.columna);
+    };
+    intercambiar();
+    try {
+        guardar();
+        otro.guardar();
+    } catch (...) {
+        // The file follows the store only when all this is over: it has never seen both on one cell.
+        intercambiar();
+        guardar();
+        otro.guardar();
+        throw;
+    }
+    return true;
+}
+
 bool visor::port(std::int32_t port) {
     if (port < 0 || port > PORT_MAXIMO || ctrlVis(m_com).portExiste(port, modoBulk())) return false;
     m_registro.port = port;

@@ -55,6 +55,15 @@ bool Visores::eliminar(std::int16_t posicion) {
     return true;
 }
 
+bool Visores::intercambiar(std::int16_t una, std::int16_t otra) {
+    visor *const a = uno(una), *const b = uno(otra);
+    if (a == nullptr || b == nullptr || !a->intercambiarUbicacion(*b)) return false;
+    paraCada([&](visor& v) {
+        if (&v == a || &v == b) v.reubicar();
+    });
+    return true;
+}
+
 visor* Visores::uno(std::int16_t posicion) {
     return posicion >= 1 && posicion <= cuantos() ? m_visores[static_cast<std::size_t>(posicion - 1)].get() : nullptr;
 }

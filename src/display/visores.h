@@ -24,6 +24,8 @@ public:
     // gap in the file, the displays behind that follow it: its own number is one more than cuantos() was.
     visor* nuevo(std::int32_t port, const std::string& caption);
     bool eliminar(std::int16_t posicion);
+    // The two exchange their cells, in the file at once and on the screen. No where one of them has none.
+    bool intercambiar(std::int16_t una, std::int16_t otra);
     visor* uno(std::int16_t posicion);
     std::int16_t cuantos() const { return static_cast<std::int16_t>(m_visores.size()); }
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <string>
 #include <utility>
 
 #include "screen/transpa.h"
@@ -12,6 +14,14 @@ namespace {
 
 bool esColor(Color color) {
     return color >= 0;
+}
+
+// Black stands out better from it than white.
+bool esClaro(Color color) {
+    // Of the light that a screen gives off; of each channel, to the power of 2.2 or nearly so.
+    constexpr float ROJO_EN_LUZ = 0.2126F, VERDE_EN_LUZ = 0.7152F, AZUL_EN_LUZ = 0.0722F, MITAD = 0.179F;
+    const auto luz = [&](int bits) { return std::pow(static_cast<float>(color >> bits & 0xFF) / 255.0F, 2.2F); };
+    return ROJO_EN_LUZ * luz(0) + VERDE_EN_LUZ * luz(8) + AZUL_EN_LUZ * luz(16) > MITAD;
 }
 
 // What lies in both of them; without size where nothing does.
@@ -189,6 +199,9 @@ void Parrilla::pintarZona() {
             linea({m_a.zona.x, y, m_a.zona.ancho, lineaHorizontal()});
         }
     }
+    for (std::int16_t f = 1; m_numerada && f <= m_a.filas; ++f) {
+        for (std::int16_t c = 1; c <= m_a.columnas; ++c) pintarNumero(f, c);
+    }
 }
 
 std::optional<Rectangulo> Parrilla::getCell(std::int16_t fila, std::int16_t columna) const {
@@ -210,7 +223,25 @@ std::optional<Rectangulo> Parrilla::Dimensiones(std::int16_t fila1, std::int16_t
 
 void Parrilla::fondoCelda(Color color, std::int16_t fila, std::int16_t columna) {
     const auto celda = getCell(fila, columna);
-    if (celda && !celda->vacio()) m_lienzo->caja(*celda, colorPintable(color));
+    if (!celda || celda->vacio()) return;
+    m_lienzo->caja(*celda, colorPintable(color));
+    if (m_numerada) pintarNumero(fila, columna);
+}
+
+// Small beside a weight; none where it could not be read.
+void Parrilla::pintarNumero(std::int16_t fila, std::int16_t columna) {
+    constexpr float MINIMO = aTwips(8), MAXIMO = aTwips(24), PARTE = 0.25F;
+    const auto celda = getCell(fila, columna);
+    if (!celda) return;
+    const std::string texto = std::to_string(fila) + "," + std::to_string(columna);
+    // No more than a quarter of the height, nor of the width for each of the three characters.
+    const float alto = std::min({celda->alto * PARTE, celda->ancho * PARTE, MAXIMO});
+    if (alto < MINIMO) return;
+    m_lienzo->fuente({"Segoe UI", alto, false, false, false});
+    const MedidaTexto medida = m_lienzo->medir(texto);
+    const float y = celda->y + (celda->alto - medida.tintaSuperior - medida.tintaInferior) / 2;
+    m_lienzo->imprimirEn(*celda, celda->x + (celda->ancho - medida.ancho) / 2, y, texto,
+                         esClaro(m_a.colorFondo) ? NEGRO : BLANCO);
 }
 
 }  // namespace sorvanel

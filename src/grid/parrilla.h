@@ -93,6 +93,9 @@ public:
     // All four at once, painted and saved once. Ignored unless it lies within the screen.
     bool mover(const Rectangulo& zona);
 
+    // Each cell then says its row and column, "2,1", wherever nothing covers it. Not stored; painted with the next
+    // pintarReticula().
+    void numerada(bool si) { m_numerada = si; }
     void pintarReticula();
     // Cuts the window anew, after what is kept below the grid has changed.
     void darForma();
@@ -107,6 +110,7 @@ private:
     void guardar() const;
     bool cambiarZona(const Rectangulo& zona);
     void pintarZona();
+    void pintarNumero(std::int16_t fila, std::int16_t columna);
     float lineaVertical() const { return aTwips(m_a.gruesoVertical); }
     float lineaHorizontal() const { return aTwips(m_a.gruesoHorizontal); }
     float anchoCelda() const;
@@ -115,6 +119,7 @@ private:
     const comun& m_com;
     oScreen m_pantalla;
     AjustesParrilla m_a;
+    bool m_numerada = false;
     Superficie* m_lienzo = nullptr;
     VentanaParrilla* m_ventana = nullptr;
 };

@@ -82,6 +82,8 @@ public:
     virtual int indice() const = 0;  // from 0; -1 for none
     virtual void indice(int indice) = 0;
     virtual void colorFondo(Color color) = 0;
+    // While it is neither open nor in the keyboard's way it looks as if disabled: what it says has no effect just now.
+    virtual void atenuada(bool si) = 0;
     virtual void alPulsarTecla(std::function<bool(Tecla)> accion) = 0;
 };
 
@@ -140,6 +142,10 @@ enum class Dibujo {
 // keys go from one to the next.
 enum class EstiloBoton { dialogo, imagen, barra };
 
+// Held down it presses again and again, faster than one can click, for plus and minus; or of a double click only the
+// first half counts, for what cannot be taken back.
+enum class Repeticion { ninguna, sostenida, nuncaDoble };
+
 // A rounded button with a drawn picture, a text, or both: reached by Tab, pressed by the mouse, Enter or the space bar.
 class Boton : public Control {
 public:
@@ -148,8 +154,7 @@ public:
     virtual void estilo(EstiloBoton estilo) = 0;
     virtual void texto(const std::string& texto) = 0;
     virtual void dibujo(Dibujo dibujo) = 0;  // left of the text
-    // Held down it presses again and again, faster than one can click; for plus and minus.
-    virtual void repetir(bool si) = 0;
+    virtual void repeticion(Repeticion cual) = 0;
 };
 
 // Shows a colour, and is pressed like a button.

@@ -24,6 +24,8 @@ enum class IdControl : int {
     imDrgXY = 130,
     imDrgWH = 131,
 
+    picMarca = 320,  // what a drag would do: 0 to 3 the edges of the cell, 4 in words
+
     picRep = 1000,
     picCap = 1100,
 
@@ -72,7 +74,10 @@ enum class IdControl : int {
     ckFdPe = 315,
     ckRat = 316,
     ckFmt = 317,
-    lbPag = 318,  // which displays the page shows
+    lbPag = 318,      // which displays the page shows
+    lbElegida = 319,  // at the edge of the selected row
+    botCopiar = 330,
+    botPegar = 331,
     frVis = 2000,
     lbVis = 2100,
     imPtc = 2200,

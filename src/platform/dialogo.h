@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <span>
@@ -14,13 +15,14 @@ namespace sorvanel {
 class OyenteDialogo {
 public:
     virtual ~OyenteDialogo() = default;
-    // The user wants it closed (Alt+F4, the close image's owner calls it too).
+    // The user wants it closed (Alt+F4; Escape where what has the keyboard leaves that alone; the close image's owner
+    // calls it too).
     virtual void alPedirCierre() = 0;
     // The user has pressed its ground, or a label or frame without a handler, and begun to drag.
     virtual void alArrastrar() = 0;
 };
 
-// A borderless window owned by the main one, modeless. Enter and Escape do nothing by themselves.
+// A borderless window owned by the main one, modeless. Enter does nothing by itself.
 class FormularioDialogo : public Ventana, public Arrastrable {
 public:
     virtual void oyente(OyenteDialogo* oyente) = 0;
@@ -48,8 +50,10 @@ struct FuenteElegida {
 class DialogosSistema {
 public:
     virtual ~DialogosSistema() = default;
-    // Nothing when the user cancels; the initial colour can be chosen like any other.
-    virtual std::optional<Color> elegirColor(Color inicial) = 0;
+    static constexpr std::size_t COLORES_A_MANO = 16;
+    // Nothing when the user cancels; the initial colour can be chosen like any other. Besides the system's colours
+    // those lie at hand, no more than so many of them.
+    virtual std::optional<Color> elegirColor(Color inicial, std::span<const Color> aMano) = 0;
     // False when the user cancels; then nothing is changed.
     virtual bool elegirFuente(FuenteElegida& fuente) = 0;
 };

@@ -11,11 +11,19 @@ enum class Puntero { normal, marcha };
 // Where on the form the mouse moved.
 enum class ZonaRaton { representacion, barra };
 
+// What the left button does there. Between a press that is taken up and its release every movement is told, wherever
+// the mouse is; instead of the release it may be told that the system has taken the mouse away.
+enum class GestoRaton { pulsar, llevar, soltar, perder };
+
 class OyenteFormulario {
 public:
     virtual ~OyenteFormulario() = default;
     virtual void alActivar() = 0;
     virtual void alMoverRaton(ZonaRaton zona) = 0;
+    // On the representation and what displays have; where, in twips of the form: left of it and above where the mouse
+    // is over another window. Yes: more of it is wanted. The second half of a double click on what stood there is not
+    // told.
+    virtual bool alUsarRaton(GestoRaton gesto, Punto donde) = 0;
     // The form is going away (button, Alt+F4, end of the Windows session).
     virtual void alDescargar() = 0;
     // Monitors may have come, gone or changed; told once they have settled.

@@ -188,6 +188,7 @@ class ListaDoble : public ControlDoble<Lista> {
 public:
     using ControlDoble::ControlDoble;
     std::vector<std::string> textos;
+    bool tenue = false;
     // Also the one that is shown already.
     bool elegir(int indice);
 
@@ -198,6 +199,7 @@ public:
     int indice() const override { return m_indice; }
     void indice(int indice) override { m_indice = vale(indice) ? indice : -1; }
     void colorFondo(Color color) override { fondo = color; }
+    void atenuada(bool si) override { tenue = si; }
     void alPulsarTecla(std::function<bool(Tecla)> accion) override { m_alPulsarTecla = std::move(accion); }
 
 private:
@@ -234,7 +236,7 @@ public:
     void estilo(EstiloBoton estilo) override { como = estilo; }
     void texto(const std::string& texto) override { escrito = texto; }
     void dibujo(Dibujo dibujo) override { imagen = dibujo; }
-    void repetir(bool si) override { repite = si; }
+    void repeticion(Repeticion cual) override { repite = cual == Repeticion::sostenida; }
 
 protected:
     bool tomaFoco() const override { return como != EstiloBoton::imagen; }

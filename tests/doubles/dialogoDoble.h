@@ -79,9 +79,11 @@ public:
     std::deque<Color> colores;
     std::deque<FuenteElegida> fuentes;
     Color colorInicial = NEGRO;
+    std::vector<Color> aMano;
     FuenteElegida fuenteInicial;
 
-    std::optional<Color> elegirColor(Color inicial) override {
+    std::optional<Color> elegirColor(Color inicial, std::span<const Color> nuevos) override {
+        aMano.assign(nuevos.begin(), nuevos.end());
         colorInicial = inicial;
         return sacar(colores);
     }

@@ -57,15 +57,63 @@ TEST_F(Configurar, UnaEntradaInvalidaSeDiceYCancelarDevuelveCadaByte) {
     visores.tecla(IdControl::txUbi, 2, VK_ESCAPE);
     ASSERT_TRUE(visores.esperarTexto(IdControl::txUbi, 2, "2,1"));
     // Select the first, and delete it.
+    visores.pulsar(IdControl::botNvo);
+    ASSERT_TRUE(visores.esperarControl(IdControl::txPort, 3));
     entrar(IdControl::txEtq, 1, "Otra");
     ASSERT_TRUE(esperarINI("Etiqueta=Otra"));
-    visores.pulsar(IdControl::botElim);
+    for (int mitad = 0; mitad < 2; ++mitad) visores.pulsar(IdControl::botElim);
     EXPECT_TRUE(visores.esperarTexto(IdControl::txPort, 1, std::to_string(puerto + 1)));
-    EXPECT_TRUE(esperar([&] { return !programa.seVe(IdControl::picRep, 2); }));
-    programa.pulsar(IdControl::botCan);
+    EXPECT_TRUE(esperar([&] { return !programa.seVe(IdControl::picRep, 3); }));
+    visores.tecla(IdControl::botNvo, 0, VK_ESCAPE);
     EXPECT_TRUE(visores.esperarCerrada());
+    EXPECT_NE(programa.leerINI().find("[VISOR_2]"), std::string::npos) << "a double click deletes one";
+    EXPECT_EQ(programa.leerINI().find("[VISOR_3]"), std::string::npos);
+    programa.pulsar(IdControl::botCan);
     EXPECT_TRUE(esperar([&] { return programa.leerINI() == original; })) << programa.leerINI();
     EXPECT_TRUE(programa.seVe(IdControl::botOk)) << "still configuring";
+}
+
+// With the mouse itself, on the grid: 2 rows of 2, of which the tool covers the middle.
+TEST_F(Configurar, SituarMoverEIntercambiarConElRaton) {
+    configurar(Configuracion().reticula(2, 2).visor(puerto, 1, 1).visor(puerto + 1, 2, 1));
+    abrir(IdControl::botVisores, visores);
+    ASSERT_TRUE(visores.esperarControl(IdControl::imFoco, 2));
+    const RECT todo = lugar(programa.ventana());
+    const auto en = [&](int fila, int columna) {
+        return POINT{columna == 1 ? todo.left + 30 : todo.right - 30,
+                     (fila == 1 ? todo.top + 30 : todo.top + (todo.bottom - todo.top - 32) / 2 + 30)};
+    };
+    const auto clic = [&](POINT donde) { clicEnPantalla(donde.x, donde.y); };
+    visores.pulsar(IdControl::botNvo);
+    ASSERT_TRUE(visores.esperarControl(IdControl::txPort, 3));
+    clic(en(1, 2));
+    ASSERT_TRUE(visores.esperarTexto(IdControl::txUbi, 3, "1,2"));
+    EXPECT_TRUE(programa.esperarVisible(IdControl::picRep, 3));
+    // The keyboard is where it was, in the tool.
+    EXPECT_TRUE(esperar([&] { return foco(programa.ventana()) == visores.control(IdControl::txPort, 3); }));
+    clic(en(2, 1));
+    EXPECT_TRUE(esperar([&] { return foco(programa.ventana()) == visores.control(IdControl::txPort, 2); }));
+    arrastrarEnPantalla(en(2, 1), en(2, 2));
+    ASSERT_TRUE(visores.esperarTexto(IdControl::txUbi, 2, "2,2"));
+    // Shown while it is dragged; then Escape, and nothing of it is done.
+    std::string dicho;
+    arrastrarEnPantalla(en(1, 1), en(1, 2), [&] {
+        EXPECT_TRUE(esperar([&] { return programa.seVe(IdControl::picMarca, 4); }));
+        dicho = programa.texto(IdControl::picMarca, 4);
+        // Above the display, too.
+        const HWND lado = programa.control(IdControl::picMarca, 3);
+        EXPECT_TRUE(esperar([&] { return Fotografia(lado).cuantos(0xC45C0B) > 100; }));
+        teclear(programa.ventana(), VK_ESCAPE);
+        EXPECT_TRUE(esperar([&] { return !programa.seVe(IdControl::picMarca, 4); }));
+    });
+    EXPECT_EQ(dicho, "Intercambiar #1 y #3");
+    arrastrarEnPantalla(en(1, 1), en(1, 2));
+    ASSERT_TRUE(visores.esperarTexto(IdControl::txUbi, 1, "1,2"));
+    EXPECT_TRUE(visores.esperarTexto(IdControl::txUbi, 3, "1,1"));
+    EXPECT_TRUE(
+        esperar([&] { return lugar(programa.control(IdControl::picRep, 3)).left < en(1, 2).x / 2 + en(1, 1).x / 2; }));
+    EXPECT_TRUE(esperarINI("Ubicacion=1,2")) << programa.leerINI();
+    EXPECT_NE(visores.ventana(), nullptr);
 }
 
 TEST_F(Configurar, ElDisenoDeLaParrillaSeVeYSeGuardaEnseguida) {

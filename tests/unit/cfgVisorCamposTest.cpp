@@ -1,3 +1,5 @@
+#include <gmock/gmock.h>
+
 #include "pruebaVisor.h"
 
 namespace sorvanel {
@@ -123,6 +125,29 @@ TEST_F(CamposVisor, laEtiquetaConservaSusBlancosYSeVeEnteraEnLaSugerencia) {
     EXPECT_EQ(caja(Id::txEtq, 1).textoSugerencia, corta);
 }
 
+TEST_F(CamposVisor, loQueNoSirveSeVeYLaSugerenciaLoDice) {
+    abrirCon(2);
+    EXPECT_THAT(caja(Id::txUbi, 1).textoSugerencia, testing::HasSubstr("(filas 1 a 4, columna 1)"));
+    const CajaTextoDoble& port = caja(Id::txPort, 1);
+    const std::string ayuda = port.textoSugerencia;
+    const Color otro = caja(Id::txPort, 1).fondo;
+    const auto esperar = [&](bool marcado) {
+        EXPECT_EQ(port.textoSugerencia.find("65535") != std::string::npos, marcado);
+        EXPECT_EQ(port.textoSugerencia == ayuda, !marcado);
+        EXPECT_EQ(port.fondo == otro || port.fondo == caja(Id::txEtq, 1).fondo, !marcado);
+    };
+    for (const auto& [texto, marcado] : {std::pair("65535", false), {"65536", true}, {"", false}, {"99999", true}}) {
+        caja(Id::txPort, 1).reescribir(texto);
+        esperar(marcado);
+    }
+    caja(Id::txEtq, 2).irA();
+    esperar(true);
+    v().boton(Id::imPtc, 1)->pulsar();
+    esperar(false);
+    caja(Id::txPort, 1).reescribir("900/99");
+    esperar(false);
+}
+
 TEST_F(CamposVisor, lasFlechasVanDeCampoEnCampoYDeFilaEnFila) {
     abrirCon(9);
     caja(Id::txPort, 8).irA();
@@ -152,6 +177,8 @@ TEST_F(CamposVisor, laFilaElegidaSeDistingueYSeEligeTambienConElRaton) {
     abrirCon(3);
     const Color otra = v().marco(Id::frVis, 1)->fondo;
     EXPECT_FALSE(v().boton(Id::botElim)->activo) << "nothing is selected";
+    const ControlComun* const filo = v().control(Id::lbElegida);
+    EXPECT_FALSE(filo->seVe);
     const std::tuple<std::function<bool()>, Id, int> casos[] = {
         {[&] { return v().rotulo(Id::lbVis, 2)->pulsar(); }, Id::txPort, 2},
         {[&] { return caja(Id::txUbi, 1).irA(); }, Id::txUbi, 1},
@@ -159,6 +186,9 @@ TEST_F(CamposVisor, laFilaElegidaSeDistingueYSeEligeTambienConElRaton) {
         {[&] { return v().lista(Id::lstModo, 2)->irA(); }, Id::lstModo, 2}};
     for (const auto& [acto, foco, n] : casos) {
         EXPECT_TRUE(acto() && conFoco(foco, n) && v().boton(Id::botElim)->activo);
+        const Rectangulo fila = v().control(Id::frVis, n)->lugar;
+        EXPECT_TRUE(filo->seVe && filo->lugar == (Rectangulo{fila.x, fila.y, 60, fila.alto})) << "not only a tint";
+        EXPECT_EQ(v().boton(Id::botElim)->escrito, "Eliminar visor #" + std::to_string(n));
         for (int i = 1; i <= 3; ++i) {
             for (const Id id : {Id::frVis, Id::txPort, Id::lstModo, Id::txEtq, Id::txUbi})
                 EXPECT_EQ(v().control(id, i)->fondo == otra, i != n) << numero(id, i);
@@ -176,6 +206,7 @@ TEST_F(CamposVisor, cambiarDeFamiliaVaciaElPortYMuestraLaConexionComun) {
         for (const auto& [id, n] : {std::pair(Id::lbPav, 1), {Id::frPav, 0}, {Id::txPavHost, 0}, {Id::txPavPort, 0}})
             EXPECT_EQ(v().control(id, n)->seVe, pavona);
         EXPECT_FALSE(v().control(Id::lbPav, 2)->seVe);
+        EXPECT_EQ(v().lista(Id::lstModo, 1)->tenue, !pavona) << "what a family does not use looks so";
         EXPECT_EQ(v().medidas.alto > alto, pavona) << "room for the shared connection only while it is needed";
         EXPECT_EQ(compartido.usuarios, pavona ? 1 : 0);
         EXPECT_EQ(caja(Id::txPort, 1).texto(), "");

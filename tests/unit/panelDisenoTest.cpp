@@ -206,5 +206,46 @@ TEST_F(PanelDiseno, cabeEnUnaPantallaEstrecha) {
     EXPECT_GE(caja(Id::txEtq, 3).lugar.ancho, v().medir("Báscula de camión").ancho + aTwips(12));
 }
 
+TEST_F(PanelDiseno, elDisenoSeCopiaDeUnVisorAOtro) {
+    // The one has all of its own, the other one value of its own.
+    abrirCon(3, todosPropios());
+    e.valor("VISOR_2", "anchoEtiqueta", "1");
+    dialogo.Descargar(false);
+    dialogo.Mostrar();
+    e.cola.ejecutar();
+    abrirPanel(2);
+    EXPECT_FALSE(v().boton(Id::botPegar)->pulsar()) << "nothing was copied";
+    v().boton(Id::botCopiar)->pulsar();
+    abrirPanel(1);
+    v().casilla(Id::ckFmt)->pulsar();
+    v().boton(Id::botPegar)->pulsar();
+    // What is not the one's own is not the other's either; at once, on the screen and in the file.
+    for (const Propiedad& p : PROPIEDADES) {
+        const bool suyo = p.propio == Id::lbWidEt;
+        EXPECT_EQ(clave(1, p.clave), suyo ? "1" : "") << p.clave;
+        EXPECT_EQ(v().casilla(p.casilla)->marcada(), suyo) << p.clave;
+    }
+    EXPECT_EQ(uno(1).anchoEtiquetaEfv(), 1);
+    // As the panel says, also before it is stored.
+    v().casilla(Id::ckRat)->pulsar();
+    caja(Id::txRatio).reescribir("45");
+    v().boton(Id::botCopiar)->pulsar();
+    abrirPanel(3);
+    EXPECT_NE(v().boton(Id::botPegar)->textoSugerencia.find("#1"), std::string::npos);
+    v().boton(Id::botPegar)->pulsar();
+    EXPECT_EQ(clave(3, "anchoEtiqueta") + clave(3, "ratioAlturas"), "10,45");
+}
+
+// At hand in the choice of a colour: those of the shared design and of the displays, each once.
+TEST_F(PanelDiseno, aManoEstanLosColoresEnUso) {
+    abrirCon(2, todosPropios());
+    abrirPanel(1);
+    v().boton(Id::botColTxPe)->pulsar();
+    std::string colores;
+    for (const Color color : fabrica.eleccion.aMano) colores += comun::Long2RGB(color) + ' ';
+    EXPECT_EQ(colores, "FF0000 FFFFFF 000000 00FF00 0000FF ABCDEF 123456 ");
+    EXPECT_EQ(coloresEnUso(e.com, 3).size(), 3U);
+}
+
 }  // namespace
 }  // namespace sorvanel

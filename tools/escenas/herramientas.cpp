@@ -110,6 +110,29 @@ void paginas(Escena& e) {
     e.foto("visores_12_particular");
 }
 
+// Dragged by the mouse from one corner of the screen to two others: to a free cell, and onto another display.
+void situar(Escena& e) {
+    for (const auto& [lado, nombre] : {std::pair(2, "situar_2x2"), {8, "situar_8x8"}}) {
+        e.configurar(parrillaLlena(lado, lado, lado * lado - 1));
+        e.abrir(botVisores, cfgVisor, imFoco, 3);
+        e.foto(nombre);
+        const RECT todo = lugar(e.programa().ventana());
+        const LONG dentro = (todo.right - todo.left) / lado / 5;
+        const POINT desde{todo.left + dentro, todo.top + dentro};
+        const std::pair<POINT, const char*> destinos[] = {{{todo.right - dentro, todo.bottom - 32 - dentro}, "_mover"},
+                                                          {{todo.right - dentro, todo.top + dentro}, "_intercambiar"}};
+        for (const auto& [hasta, que] : destinos) {
+            arrastrarEnPantalla(desde, hasta, [&] {
+                exigir(e.programa().esperarVisible(picMarca, 4), "nothing says what the drag would do");
+                e.foto(std::string(nombre) + que);
+                teclear(e.programa().ventana(), VK_ESCAPE);
+                exigir(e.programa().esperarOculto(picMarca, 4), "Escape does not end it");
+            });
+            Sleep(GetDoubleClickTime());  // the next press is none of a double click's
+        }
+    }
+}
+
 void visoresPavona(Escena& e) {
     Configuracion ini = parrillaLlena(3, 1, 1);
     for (int i = 0; i < 2; ++i)
@@ -119,7 +142,9 @@ void visoresPavona(Escena& e) {
     e.configurar(ini);
     e.abrir(botVisores, cfgVisor, imFoco, 3);
     e.foto("visores_pavona");
-    constexpr Foco FOCOS[] = {{"visores_pavona_foco_port", txPort, 2}, {"visores_pavona_foco_host", txPavHost}};
+    constexpr Foco FOCOS[] = {{"visores_pavona_foco_port", txPort, 2},
+                              {"visores_pavona_foco_etiqueta", txEtq, 3},
+                              {"visores_pavona_foco_host", txPavHost}};
     fotosConFoco(e, FOCOS);
     e.pulsar(imFoco, 2, ckFmt, 0);
     e.foto("visores_pavona_particular");
@@ -152,6 +177,7 @@ const std::vector<Acto> HERRAMIENTAS{{L"contexto", contexto},
                                      {L"visores", visores},
                                      {L"particular", particular},
                                      {L"paginas", paginas},
+                                     {L"situar", situar},
                                      {L"visores_pavona", visoresPavona},
                                      {L"cfg_mensaje", mensaje}};
 

@@ -134,20 +134,33 @@ LRESULT CALLBACK Telon::procesar(HWND ventana, UINT mensaje, WPARAM w, LPARAM l)
     }
 }
 
-// Place and press in one: between two, an echo of where the pointer was before may put it back there.
-void clicEnPantalla(int x, int y) {
+namespace {
+
+// Place and button in one: between two, an echo of where the pointer was before may put it back there.
+void raton(POINT lugar, DWORD boton) {
     const int izquierda = GetSystemMetrics(SM_XVIRTUALSCREEN), ancho = GetSystemMetrics(SM_CXVIRTUALSCREEN);
     const int arriba = GetSystemMetrics(SM_YVIRTUALSCREEN), alto = GetSystemMetrics(SM_CYVIRTUALSCREEN);
-    INPUT pulsacion{};
-    pulsacion.type = INPUT_MOUSE;
-    pulsacion.mi.dx = ((x - izquierda) * 65536 + ancho / 2) / ancho;
-    pulsacion.mi.dy = ((y - arriba) * 65536 + alto / 2) / alto;
-    pulsacion.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_VIRTUALDESK | MOUSEEVENTF_LEFTDOWN;
-    INPUT suelta{};
-    suelta.type = INPUT_MOUSE;
-    suelta.mi.dwFlags = MOUSEEVENTF_LEFTUP;
-    std::array<INPUT, 2> gestos{pulsacion, suelta};
-    SendInput(static_cast<UINT>(gestos.size()), gestos.data(), sizeof(INPUT));
+    INPUT gesto{};
+    gesto.type = INPUT_MOUSE;
+    gesto.mi.dx = ((lugar.x - izquierda) * 65536 + ancho / 2) / ancho;
+    gesto.mi.dy = ((lugar.y - arriba) * 65536 + alto / 2) / alto;
+    gesto.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_VIRTUALDESK | boton;
+    SendInput(1, &gesto, sizeof gesto);
+}
+
+}  // namespace
+
+void clicEnPantalla(int x, int y) {
+    raton({x, y}, MOUSEEVENTF_LEFTDOWN);
+    raton({x, y}, MOUSEEVENTF_LEFTUP);
+}
+
+void arrastrarEnPantalla(POINT desde, POINT hasta, const std::function<void()>& antesDeSoltar) {
+    raton(desde, MOUSEEVENTF_LEFTDOWN);
+    raton({(desde.x + hasta.x) / 2, (desde.y + hasta.y) / 2}, 0);
+    raton(hasta, 0);
+    if (antesDeSoltar) antesDeSoltar();
+    raton(hasta, MOUSEEVENTF_LEFTUP);
 }
 
 }  // namespace sorvanel::pruebas

@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <future>
 #include <thread>
 #include <vector>
@@ -59,5 +60,7 @@ private:
 // The left button goes down and up wherever the cursor is then, as by hand: whatever window the
 // system finds there gets it.
 void clicEnPantalla(int x, int y);
+// The same, moved to there by way of the middle before it is released; between the two something may be done.
+void arrastrarEnPantalla(POINT desde, POINT hasta, const std::function<void()>& antesDeSoltar = {});
 
 }  // namespace sorvanel::pruebas

@@ -30,12 +30,12 @@ inline std::optional<Tecla> teclaDe(WPARAM virtual_) {
     }
 }
 
-// What the dialog keyboard of the system must leave to the control: all characters and arrows, and
-// these two keys; Tab stays its own.
-inline LRESULT teclasQueQuiere(LRESULT deSistema, LPARAM mensaje) {
+// What the dialog keyboard of the system must leave to the control: all characters and arrows, Enter, and Escape where
+// somebody deals with it; Tab stays its own.
+inline LRESULT teclasQueQuiere(LRESULT deSistema, LPARAM mensaje, bool conEscape) {
     const auto* m = reinterpret_cast<const MSG*>(mensaje);
-    const bool suya =
-        m && (m->message == WM_KEYDOWN || m->message == WM_CHAR) && (m->wParam == VK_RETURN || m->wParam == VK_ESCAPE);
+    const bool suya = m && (m->message == WM_KEYDOWN || m->message == WM_CHAR) &&
+                      (m->wParam == VK_RETURN || (conEscape && m->wParam == VK_ESCAPE));
     return deSistema | DLGC_WANTCHARS | DLGC_WANTARROWS | (suya ? DLGC_WANTMESSAGE : 0);
 }
 

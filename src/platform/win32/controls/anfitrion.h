@@ -32,6 +32,7 @@ struct RecursosVentanas {
     FuentesWin fuentes;
     Lienzo borrador;  // where a control is put together before it is shown: one for all, since they paint in turn
     NombresAccesibles nombres;
+    PulsacionesRaton pulsaciones;
     Fuente letra = fuenteInterfaz(aTwips(apariencia::ALTO_LETRA));
 };
 
@@ -46,7 +47,7 @@ public:
     int altoLetra() const { return m_altoLetra; }  // of a line, device pixels
     SugerenciasWin& sugerencias() { return m_sugerencias; }
     FocoVentana& foco() { return m_foco; }
-    PulsacionesRaton& pulsaciones() { return m_pulsaciones; }
+    PulsacionesRaton& pulsaciones() { return m_recursos.pulsaciones; }
 
     // Paints what lies beneath the controls of that part of the window; its corner becomes the picture's.
     void pintarDetras(Lienzo& destino, const RECT& parte) const;
@@ -58,6 +59,8 @@ public:
     virtual void alMoverRaton(int) {}
     // An arrow key on a button of a bar: 1 the next in keyboard order, -1 the one before.
     virtual void pasarFoco(const ControlWin&, int) {}
+    // It was pressed on that surface, there within the window.
+    virtual void alPulsarSuperficie(const SuperficieWin&, POINT) {}
     // The mouse was pressed where there is nothing to press.
     virtual void alPulsarFondo() {}
 
@@ -110,7 +113,6 @@ private:
     SugerenciasWin m_sugerencias;
     OrdenControles m_orden;
     FocoVentana m_foco{m_orden};
-    PulsacionesRaton m_pulsaciones;
     std::vector<ElementoWin*> m_elementos;  // frames first, then labels: so they lie
     std::vector<SuperficieWin*> m_superficies;
     ElementoWin* m_apretado = nullptr;  // the label that the mouse went down on

@@ -51,7 +51,7 @@ bool PulsadorWin::dentro(LPARAM l) const {
 void PulsadorWin::alApretar(LPARAM l) {
     POINT donde{GET_X_LPARAM(l), GET_Y_LPARAM(l)};
     ClientToScreen(hwnd(), &donde);
-    if (!anfitrion().pulsaciones().admitir(hwnd(), donde)) return;
+    if (!anfitrion().pulsaciones().admitir(hwnd(), donde, m_unaSola)) return;
     if (tomaFoco()) SetFocus(hwnd());
     SetCapture(hwnd());
     m_apretado = m_dentro = true;

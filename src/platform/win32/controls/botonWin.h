@@ -12,7 +12,10 @@ protected:
 
     // A click brings the focus with it.
     virtual bool tomaFoco() const { return false; }
-    void repite(bool si) { m_repite = si; }
+    void repite(Repeticion cual) {
+        m_repite = cual == Repeticion::sostenida;
+        m_unaSola = cual == Repeticion::nuncaDoble;
+    }
     apariencia::Estado estado() const;
 
     LRESULT atender(UINT mensaje, WPARAM w, LPARAM l) override;
@@ -29,6 +32,7 @@ private:
     bool dentro(LPARAM l) const;
 
     bool m_repite = false;
+    bool m_unaSola = false;
     bool m_apretado = false;  // by the mouse, which is then ours
     bool m_dentro = false;
     bool m_tecla = false;  // the space bar is down
@@ -42,7 +46,7 @@ public:
     void estilo(EstiloBoton estilo) override { m_estilo = estilo; }
     void texto(const std::string& texto) override;
     void dibujo(Dibujo dibujo) override;
-    void repetir(bool si) override { repite(si); }
+    void repeticion(Repeticion cual) override { repite(cual); }
 
 private:
     bool tomaFoco() const override { return m_estilo != EstiloBoton::imagen; }

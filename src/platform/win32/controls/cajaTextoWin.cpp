@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/win32/base/teclas.h"
+#include "platform/win32/base/utf16.h"
 
 namespace sorvanel {
 
@@ -53,27 +54,6 @@ std::wstring textoDelPortapapeles(HWND ventana) {
     std::wstring texto(letras, cuantas);
     GlobalUnlock(bloque);
     return texto;
-}
-
-bool esMitadAlta(wchar_t unidad) {
-    return unidad >= 0xD800 && unidad < 0xDC00;
-}
-
-bool esMitadBaja(wchar_t unidad) {
-    return unidad >= 0xDC00 && unidad < 0xE000;
-}
-
-char32_t juntar(wchar_t alta, wchar_t baja) {
-    return 0x10000 + ((static_cast<char32_t>(alta) - 0xD800) << 10) + (static_cast<char32_t>(baja) - 0xDC00);
-}
-
-void anadir(std::wstring& texto, char32_t caracter) {
-    if (caracter < 0x10000) {
-        texto += static_cast<wchar_t>(caracter);
-        return;
-    }
-    texto += static_cast<wchar_t>(0xD800 + ((caracter - 0x10000) >> 10));
-    texto += static_cast<wchar_t>(0xDC00 + ((caracter - 0x10000) & 0x3FF));
 }
 
 }  // namespace
@@ -255,6 +235,19 @@ bool CajaTextoWin::alTeclear(WPARAM virtual_) {
     return accion(*tecla) || !viva;
 }
 
+bool CajaTextoWin::desborda() const {
+    RECT zona{};
+    GetClientRect(hwnd(), &zona);
+    const HDC dc = anfitrion().recursos().borrador.dc();
+    const Seleccion letra(dc, anfitrion().letra());
+    return extension(dc, leido()).cx > zona.right;
+}
+
+void CajaTextoWin::mostrarInicio(std::size_t seleccionadas) {
+    porDefecto(EM_SETSEL, seleccionadas, 0);
+    porDefecto(EM_SCROLLCARET, 0, 0);
+}
+
 // ---- Frame ----
 
 // From the window to the text: as high as a line, in the middle.
@@ -326,6 +319,12 @@ LRESULT CajaTextoWin::atenderTexto(UINT mensaje, WPARAM w, LPARAM l) {
         case EM_REPLACESEL:
             reemplazar(l ? std::wstring_view(reinterpret_cast<const wchar_t*>(l)) : std::wstring_view(), w != 0);
             return 0;
+        case EM_SETSEL:
+            // All of it, as by Tab: with the caret at its start a text that is too long shows how it begins.
+            if (w != 0 || (l >= 0 && l < GetWindowTextLengthW(hwnd())) || l == 0 || !desborda())
+                return porDefecto(mensaje, w, l);
+            mostrarInicio(leido().size());
+            return TRUE;
         case WM_SETTEXT: {
             // From outside it is as if the user had typed it.
             if (m_propio || !l) return porDefecto(mensaje, w, l);
@@ -335,6 +334,15 @@ LRESULT CajaTextoWin::atenderTexto(UINT mensaje, WPARAM w, LPARAM l) {
         default:
             return porDefecto(mensaje, w, l);
     }
+}
+
+LRESULT CajaTextoWin::alCambiarFoco(UINT mensaje, WPARAM w, LPARAM l) {
+    // What is too long shows how it begins also once another control of the window is at work.
+    if (mensaje == WM_KILLFOCUS && IsChild(anfitrion().hwnd(), reinterpret_cast<HWND>(w)) && desborda())
+        mostrarInicio(0);
+    const LRESULT r = ControlWin::atender(mensaje, w, l);
+    if (hwnd()) RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+    return r;
 }
 
 LRESULT CajaTextoWin::atender(UINT mensaje, WPARAM w, LPARAM l) {
@@ -354,6 +362,7 @@ LRESULT CajaTextoWin::atender(UINT mensaje, WPARAM w, LPARAM l) {
         case WM_UNICHAR:
         case WM_PASTE:
         case EM_REPLACESEL:
+        case EM_SETSEL:
         case WM_SETTEXT:
             return atenderTexto(mensaje, w, l);
         // Composed characters come as such, through the filter, not past it.
@@ -365,13 +374,10 @@ LRESULT CajaTextoWin::atender(UINT mensaje, WPARAM w, LPARAM l) {
         case WM_KEYDOWN:
             return alTeclear(w) ? 0 : porDefecto(mensaje, w, l);
         case WM_GETDLGCODE:
-            return teclasQueQuiere(porDefecto(mensaje, w, l), l);
+            return teclasQueQuiere(porDefecto(mensaje, w, l), l, static_cast<bool>(m_alPulsarTecla));
         case WM_SETFOCUS:
-        case WM_KILLFOCUS: {
-            const LRESULT r = ControlWin::atender(mensaje, w, l);
-            if (hwnd()) RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
-            return r;
-        }
+        case WM_KILLFOCUS:
+            return alCambiarFoco(mensaje, w, l);
         default:
             return ControlWin::atender(mensaje, w, l);
     }

@@ -35,6 +35,7 @@ private:
 
     LRESULT atender(UINT mensaje, WPARAM w, LPARAM l) override;
     LRESULT atenderTexto(UINT mensaje, WPARAM w, LPARAM l);
+    LRESULT alCambiarFoco(UINT mensaje, WPARAM w, LPARAM l);
     LRESULT atenderMarco(UINT mensaje, WPARAM w, LPARAM l);
     void alNotificar(UINT aviso) override;
     // True: the key is not the box's.
@@ -48,6 +49,10 @@ private:
     std::wstring filtrado(std::wstring_view texto) const;
     std::size_t quedan() const;
     Seleccionado seleccionado() const;
+    // The text is wider than the room for it.
+    bool desborda() const;
+    // With the caret before all of it, and so many characters selected.
+    void mostrarInicio(std::size_t seleccionadas);
     void ponerLetra();
     void encoger(RECT& zona) const;
     void pintarMarco();

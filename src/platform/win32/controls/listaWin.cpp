@@ -53,6 +53,10 @@ void ListaWin::colorFondo(Color color) {
     invalidar();
 }
 
+void ListaWin::atenuada(bool si) {
+    if (std::exchange(m_atenuada, si) != si) invalidar();
+}
+
 bool ListaWin::desplegada() const {
     return hwnd() && SendMessageW(hwnd(), CB_GETDROPPEDSTATE, 0, 0) != 0;
 }
@@ -158,7 +162,7 @@ LRESULT ListaWin::atender(UINT mensaje, WPARAM w, LPARAM l) {
         case WM_KEYDOWN:
             return alTeclear(w) ? 0 : porDefecto(mensaje, w, l);
         case WM_GETDLGCODE:
-            return teclasQueQuiere(porDefecto(mensaje, w, l), l);
+            return teclasQueQuiere(porDefecto(mensaje, w, l), l, static_cast<bool>(m_alPulsarTecla));
         case CB_SETCURSEL: {
             const LRESULT r = porDefectoSinPintar(mensaje, w, l);
             invalidar();
@@ -191,7 +195,8 @@ void ListaWin::alDibujar(const DRAWITEMSTRUCT& pedido) {
 }
 
 void ListaWin::pintar(Lienzo& lienzo, const RECT& zona) {
-    const apariencia::Estado estado{desplegada(), enfocado() || desplegada(), encima(), habilitado()};
+    const bool enUso = enfocado() || desplegada();
+    const apariencia::Estado estado{desplegada(), enUso, encima(), habilitado() && (enUso || !m_atenuada)};
     const Color cara = colorPintable(estado.encima && !estado.foco ? apariencia::CARA_ENCIMA : m_fondo);
     apariencia::pintarCampo(lienzo, zona, escala(), estado, cara);
     const Color tinta = apariencia::letraDe(estado.habilitado);

@@ -14,6 +14,7 @@ public:
     void elementos(std::span<const std::string_view> textos) override;
     int indice() const override;
     void indice(int indice) override;
+    void atenuada(bool si) override;
     void colorFondo(Color color) override;
     void alPulsarTecla(std::function<bool(Tecla)> accion) override { m_alPulsarTecla = std::move(accion); }
 
@@ -30,6 +31,7 @@ private:
     bool desplegada() const;
     std::wstring textoDe(int indice) const;
 
+    bool m_atenuada = false;
     Color m_fondo = BLANCO;
     int m_alto = 0;           // of the closed list, device pixels
     int m_altoElemento = 0;   // the same

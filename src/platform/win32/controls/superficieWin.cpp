@@ -1,5 +1,7 @@
 #include "platform/win32/controls/superficieWin.h"
 
+#include <windowsx.h>
+
 #include <utility>
 
 #include "platform/win32/base/textoWin.h"
@@ -156,6 +158,12 @@ LRESULT SuperficieWin::alMensaje(UINT mensaje, WPARAM w, LPARAM l) {
         case WM_MOUSEMOVE:
             m_anfitrion.alMoverRaton(m_id);
             return 0;
+        case WM_LBUTTONDOWN: {
+            POINT donde{GET_X_LPARAM(l), GET_Y_LPARAM(l)};
+            MapWindowPoints(hwnd(), m_anfitrion.hwnd(), &donde, 1);
+            m_anfitrion.alPulsarSuperficie(*this, donde);
+            return 0;
+        }
         case WM_GETTEXT:
             return copiarLeyenda(w, l);
         case WM_GETTEXTLENGTH:

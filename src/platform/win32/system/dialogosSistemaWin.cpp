@@ -58,17 +58,32 @@ UINT_PTR CALLBACK ocultarLoQueNoHay(HWND ventana, UINT mensaje, WPARAM, LPARAM) 
 
 }  // namespace
 
-DialogosSistemaWin::DialogosSistemaWin(AvisosWin& avisos) : m_avisos(avisos) {
-    m_propios.fill(static_cast<COLORREF>(BLANCO));
+std::optional<Color> DialogosSistemaWin::elegirColor(Color inicial, std::span<const Color> aMano) {
+    std::array<COLORREF, COLORES_A_MANO> ofrecidos{};
+    ofrecidos.fill(static_cast<COLORREF>(BLANCO));
+    std::vector<COLORREF> todos;
+    for (const Color color : aMano) todos.push_back(static_cast<COLORREF>(colorPintable(color)));
+    for (const COLORREF color : m_propios) {
+        if (std::find(todos.begin(), todos.end(), color) == todos.end()) todos.push_back(color);
+    }
+    std::copy_n(todos.begin(), std::min(todos.size(), ofrecidos.size()), ofrecidos.begin());
+    const auto antes = ofrecidos;
+    const auto eleccion = elegirColor(inicial, ofrecidos);
+    for (std::size_t i = 0; i < ofrecidos.size(); ++i) {
+        if (ofrecidos[i] == antes[i]) continue;
+        std::erase(m_propios, ofrecidos[i]);
+        m_propios.insert(m_propios.begin(), ofrecidos[i]);
+    }
+    return eleccion;
 }
 
-std::optional<Color> DialogosSistemaWin::elegirColor(Color inicial) {
+std::optional<Color> DialogosSistemaWin::elegirColor(Color inicial, std::array<COLORREF, COLORES_A_MANO>& ofrecidos) {
     const AvisosWin::Apertura apertura(m_avisos);
     CHOOSECOLORW pedido{};
     pedido.lStructSize = sizeof pedido;
     pedido.hwndOwner = apertura.propietaria();
     pedido.rgbResult = static_cast<COLORREF>(colorPintable(inicial));
-    pedido.lpCustColors = m_propios.data();
+    pedido.lpCustColors = ofrecidos.data();
     pedido.Flags = CC_RGBINIT | CC_FULLOPEN | CC_ANYCOLOR;
     // Cancelled, it may have written into the request all the same.
     if (!ChooseColorW(&pedido)) return std::nullopt;

@@ -3,6 +3,8 @@
 #include <windows.h>
 
 #include <array>
+#include <span>
+#include <vector>
 
 #include "platform/dialogo.h"
 #include "platform/win32/system/avisosWin.h"
@@ -12,15 +14,16 @@ namespace sorvanel {
 
 class DialogosSistemaWin final : public DialogosSistema {
 public:
-    explicit DialogosSistemaWin(AvisosWin& avisos);
+    explicit DialogosSistemaWin(AvisosWin& avisos) : m_avisos(avisos) {}
 
-    std::optional<Color> elegirColor(Color inicial) override;
+    std::optional<Color> elegirColor(Color inicial, std::span<const Color> aMano) override;
     bool elegirFuente(FuenteElegida& fuente) override;
 
 private:
+    std::optional<Color> elegirColor(Color inicial, std::array<COLORREF, COLORES_A_MANO>& ofrecidos);
+
     AvisosWin& m_avisos;
-    // The user's own colours, kept while the program runs.
-    std::array<COLORREF, 16> m_propios{};
+    std::vector<COLORREF> m_propios;  // the user has made them there, the last one first; while the program runs
 };
 
 // Makes the tool windows. COM must have been initialised.

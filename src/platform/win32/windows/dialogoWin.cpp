@@ -159,6 +159,11 @@ LRESULT DialogoWin::alMensaje(UINT mensaje, WPARAM w, LPARAM l) {
         case WM_DPICHANGED:
             // Dragged to another monitor it keeps its size in pixels; its scale is given to it.
             return 0;
+        case WM_COMMAND:
+            // The system's dialogs make that of Escape.
+            if (l || LOWORD(w) != IDCANCEL) return Anfitrion::alMensaje(mensaje, w, l);
+            pedirCierre();
+            return 0;
         case WM_CLOSE:
             pedirCierre();
             return 0;

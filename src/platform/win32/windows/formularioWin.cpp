@@ -1,8 +1,10 @@
 #include "platform/win32/windows/formularioWin.h"
 
+#include <windowsx.h>
 #include <wtsapi32.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/win32/base/mensajes.h"
 #include "platform/win32/base/textoWin.h"
@@ -25,7 +27,10 @@ HANDLE recurso(int id, UINT clase, int ancho, int alto) {
 }
 
 // What nothing may cover, from the top: the bar must not vanish under a grid that reaches below it.
-constexpr IdControl ENCIMA[] = {IdControl::lbVer, IdControl::picBot, IdControl::picMsg};
+// Below that, above the displays, what a drag would do: its words over its frame.
+constexpr std::pair<IdControl, int> ENCIMA[] = {
+    {IdControl::lbVer, 0},    {IdControl::picBot, 0},   {IdControl::picMsg, 0},   {IdControl::picMarca, 4},
+    {IdControl::picMarca, 0}, {IdControl::picMarca, 1}, {IdControl::picMarca, 2}, {IdControl::picMarca, 3}};
 
 bool esDeLaBarra(int id) {
     return id == numero(IdControl::picBot) || id == numero(IdControl::lbVer) ||
@@ -152,6 +157,60 @@ void FormularioWin::alMoverRaton(int id) {
     if (m_oyente) m_oyente->alMoverRaton(esDeLaBarra(id) ? ZonaRaton::barra : ZonaRaton::representacion);
 }
 
+// ---- The mouse on its surfaces ----
+
+// Where another window of whatever program lies above it, the mouse is outside.
+Punto FormularioWin::enTwips(POINT donde) const {
+    POINT enPantalla = donde;
+    ClientToScreen(hwnd(), &enPantalla);
+    const HWND debajo = WindowFromPoint(enPantalla);
+    if (debajo != hwnd() && !IsChild(hwnd(), debajo)) return {-1, -1};
+    return {escala().x.aTwips(donde.x), escala().y.aTwips(donde.y)};
+}
+
+// The mouse is taken after the press was told: that moves the focus, and with it the activation.
+void FormularioWin::alPulsarSuperficie(const SuperficieWin& superficie, POINT donde) {
+    if (superficie.id() < numero(IdControl::picRep) || !m_oyente || !IsWindowEnabled(hwnd())) return;
+    POINT enPantalla = donde;
+    ClientToScreen(hwnd(), &enPantalla);
+    // The first half of a double click may have closed a box.
+    const bool trasCaja = static_cast<DWORD>(GetMessageTime()) - m_habilitada <= GetDoubleClickTime();
+    if (trasCaja || !pulsaciones().admitirCerca(hwnd(), enPantalla)) return;
+    const Punto lugar{escala().x.aTwips(donde.x), escala().y.aTwips(donde.y)};
+    m_siguiendo = m_oyente->alUsarRaton(GestoRaton::pulsar, lugar) && hwnd() && IsWindowEnabled(hwnd());
+    if (m_siguiendo) SetCapture(hwnd());
+}
+
+bool FormularioWin::seguirRaton(UINT mensaje, WPARAM w, LPARAM l) {
+    if (!m_siguiendo) return false;
+    const POINT donde{GET_X_LPARAM(l), GET_Y_LPARAM(l)};
+    switch (mensaje) {
+        case WM_MOUSEMOVE:
+            // With the button up, some other window had its release.
+            if (!(w & MK_LBUTTON) || !m_oyente || !m_oyente->alUsarRaton(GestoRaton::llevar, enTwips(donde)))
+                dejarRaton(GestoRaton::perder, {});
+            return true;
+        case WM_LBUTTONUP:
+            dejarRaton(GestoRaton::soltar, enTwips(donde));
+            return true;
+        case WM_CAPTURECHANGED:
+        case WM_CANCELMODE:
+            dejarRaton(GestoRaton::perder, {});
+            return false;
+        case WM_ACTIVATEAPP:
+            if (!w) dejarRaton(GestoRaton::perder, {});
+            return false;
+        default:
+            return false;
+    }
+}
+
+void FormularioWin::dejarRaton(GestoRaton gesto, Punto donde) {
+    if (!std::exchange(m_siguiendo, false)) return;
+    if (GetCapture() == hwnd()) ReleaseCapture();
+    if (m_oyente) m_oyente->alUsarRaton(gesto, donde);
+}
+
 // ---- What stands on it ----
 
 // What no surface covers is seen only for moments, until the first layout. Not by way of a picture, which would be as
@@ -178,14 +237,13 @@ void FormularioWin::pintarSuelo(Lienzo& destino, const RECT& parte) const {
 // From the top buttons and handles, what nothing may cover, the displays, and below them the grid.
 void FormularioWin::apilar() {
     HWND encima = orden().apilar();
-    const auto hijo = [this](IdControl id) { return GetDlgItem(hwnd(), numero(id)); };
-    for (const IdControl id : ENCIMA) {
-        const HWND superficie = hijo(id);
+    for (const auto& [id, elemento] : ENCIMA) {
+        const HWND superficie = GetDlgItem(hwnd(), numero(id, elemento));
         if (!superficie) continue;
         ponerDebajo(superficie, encima);
         encima = superficie;
     }
-    ponerDebajo(hijo(IdControl::picRep), HWND_BOTTOM);
+    ponerDebajo(GetDlgItem(hwnd(), numero(IdControl::picRep)), HWND_BOTTOM);
 }
 
 void FormularioWin::pasarFoco(const ControlWin& desde, int sentido) {
@@ -254,6 +312,7 @@ LRESULT FormularioWin::alTerminar(UINT mensaje, WPARAM w, LPARAM l) {
 }
 
 LRESULT FormularioWin::alMensaje(UINT mensaje, WPARAM w, LPARAM l) {
+    if (seguirRaton(mensaje, w, l)) return 0;
     switch (mensaje) {
         case WM_PAINT:
             pintarFondo();
@@ -289,6 +348,9 @@ LRESULT FormularioWin::alMensajePropio(UINT mensaje, WPARAM w, LPARAM l) {
         case WM_DISPLAYCHANGE:
         case WM_DPICHANGED:  // the size that it suggests is none of a whole monitor
             return alCambiarSistema(mensaje, w, l);
+        case WM_ENABLE:
+            if (w) m_habilitada = GetTickCount();
+            return Anfitrion::alMensaje(mensaje, w, l);
         case WM_TIMER:
             if (w != RELOJ_MONITORES) return porDefecto(mensaje, w, l);
             monitoresQuietos();

@@ -39,6 +39,7 @@ private:
         return hacerControl(tipo, id, elemento);
     }
     void alMoverRaton(int id) override;
+    void alPulsarSuperficie(const SuperficieWin& superficie, POINT donde) override;
     void pasarFoco(const ControlWin& desde, int sentido) override;
     void pintarSuelo(Lienzo& destino, const RECT& parte) const override;
     void apilar() override;
@@ -49,6 +50,10 @@ private:
     LRESULT alCambiarSistema(UINT mensaje, WPARAM w, LPARAM l);
     LRESULT alOrdenSistema(WPARAM w, LPARAM l);
     LRESULT alTerminar(UINT mensaje, WPARAM w, LPARAM l);
+    // Between a press on a surface that was taken up and its end. True: the message is dealt with.
+    bool seguirRaton(UINT mensaje, WPARAM w, LPARAM l);
+    void dejarRaton(GestoRaton gesto, Punto donde);
+    Punto enTwips(POINT donde) const;
     void mantenerSitio(WINDOWPOS& cambio) const;
     void pedirActivacion();
     void cambioDeMonitores();
@@ -67,6 +72,8 @@ private:
     RECT m_sitio{};  // of the monitor that it covers, screen pixels; empty before it covers any
     Puntero m_puntero = Puntero::normal;
     bool m_reposoImpedido = false;
+    bool m_siguiendo = false;  // the mouse, which is ours meanwhile
+    DWORD m_habilitada = 0;    // when the last box closed, milliseconds of the system's start
     bool m_activacionPendiente = false;
     bool m_descargado = false;
 };
