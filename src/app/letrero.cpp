@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/contraste.h"
+
 namespace sorvanel {
 
 namespace {
@@ -45,9 +47,10 @@ void pintarLetrero(Superficie& superficie, std::string_view texto) {
         alto *= REDUCCION;
     } while (alto >= ALTO_MINIMO && !caben());
     const float altoLinea = superficie.medir({}).alto;
+    const Color tinta = tintaSobre(superficie.colorFondo());
     float y = (lugar.alto - altoLinea * static_cast<float>(lineas.size())) / 2;
     for (const std::string& linea : lineas) {
-        superficie.imprimir((lugar.ancho - superficie.medir(linea).ancho) / 2, y, linea, NEGRO);
+        superficie.imprimir((lugar.ancho - superficie.medir(linea).ancho) / 2, y, linea, tinta);
         y += altoLinea;
     }
 }

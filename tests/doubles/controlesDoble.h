@@ -228,11 +228,13 @@ public:
     Dibujo imagen = Dibujo::ninguno;
     std::string escrito;
     bool repite = false;
+    AspectoBoton pinta = AspectoBoton::normal;
 
     void estilo(EstiloBoton estilo) override { como = estilo; }
     void texto(const std::string& texto) override { escrito = texto; }
     void dibujo(Dibujo dibujo) override { imagen = dibujo; }
     void repetir(bool si) override { repite = si; }
+    void aspecto(AspectoBoton aspecto) override { pinta = aspecto; }
 
 protected:
     bool tomaFoco() const override { return como != EstiloBoton::imagen; }
@@ -266,6 +268,10 @@ public:
         quienOye->alPulsarAsa({100, 100});
         quienOye->alMoverAsa({100 + dx, 100 + dy});
         quienOye->alSoltarAsa();
+    }
+    void dobleClic() {
+        arrastrar(0, 0);
+        quienOye->alDobleAsa();
     }
 };
 

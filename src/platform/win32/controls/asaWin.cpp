@@ -19,7 +19,7 @@ constexpr COLORREF CLARO = RGB(0xFF, 0xFF, 0xFF);
 }  // namespace
 
 AsaWin::AsaWin(Anfitrion& anfitrion, IdControl id, int elemento) : ControlDe(anfitrion) {
-    crearControl(CLASE, nullptr, WS_TABSTOP, id, elemento);
+    crearControl(CLASE, nullptr, WS_TABSTOP, id, elemento, true);
 }
 
 void AsaWin::ponerVisible(bool visible) {
@@ -62,6 +62,9 @@ LRESULT AsaWin::alRaton(UINT mensaje, LPARAM l) {
             m_arrastrando = true;
             if (m_oyente) m_oyente->alPulsarAsa(dentro(l));
             break;
+        case WM_LBUTTONDBLCLK:
+            if (m_oyente) m_oyente->alDobleAsa();
+            break;
         case WM_MOUSEMOVE:
             if (!m_arrastrando) {
                 alMoverRaton();
@@ -102,6 +105,7 @@ bool AsaWin::alTeclear(WPARAM tecla) {
 LRESULT AsaWin::atender(UINT mensaje, WPARAM w, LPARAM l) {
     switch (mensaje) {
         case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK:
         case WM_MOUSEMOVE:
         case WM_LBUTTONUP:
         case WM_CAPTURECHANGED:
@@ -113,6 +117,10 @@ LRESULT AsaWin::atender(UINT mensaje, WPARAM w, LPARAM l) {
             return DLGC_WANTARROWS;
         case WM_KEYDOWN:
             return alTeclear(w) ? 0 : porDefecto(mensaje, w, l);
+        case WM_KEYUP:
+        case WM_KILLFOCUS:
+            if (m_oyente && !m_arrastrando) m_oyente->alSoltarAsa();
+            return ControlDe::atender(mensaje, w, l);
         default:
             return ControlDe::atender(mensaje, w, l);
     }

@@ -13,7 +13,7 @@ protected:
     // A click brings the focus with it.
     virtual bool tomaFoco() const { return false; }
     void repite(bool si) { m_repite = si; }
-    apariencia::Estado estado() const;
+    virtual apariencia::Estado estado() const;
 
     LRESULT atender(UINT mensaje, WPARAM w, LPARAM l) override;
     void alNotificar(UINT aviso) override;
@@ -43,8 +43,10 @@ public:
     void texto(const std::string& texto) override;
     void dibujo(Dibujo dibujo) override;
     void repetir(bool si) override { repite(si); }
+    void aspecto(AspectoBoton aspecto) override;
 
 private:
+    apariencia::Estado estado() const override;
     bool tomaFoco() const override { return m_estilo != EstiloBoton::imagen; }
     bool alTeclear(UINT mensaje, WPARAM tecla, LPARAM detalle) override;
     void ponerNombre(const std::wstring& texto) override;
@@ -55,6 +57,7 @@ private:
     std::wstring m_texto;
     bool m_conNombre = false;  // one that is not the text
     Dibujo m_dibujo = Dibujo::ninguno;
+    AspectoBoton m_aspecto = AspectoBoton::normal;
 };
 
 class MarcoColorWin final : public ControlDe<MarcoColor, PulsadorWin> {

@@ -108,6 +108,14 @@ void DialogoWin::ordenTeclado(std::span<Control* const> orden) {
 }
 
 void DialogoWin::pintarSuelo(Lienzo& destino, const RECT& parte) const {
+    if (paleta().contraste) {
+        RECT todo = m_fondo.lienzo().entero();
+        OffsetRect(&todo, -parte.left, -parte.top);
+        destino.llenar({0, 0, parte.right - parte.left, parte.bottom - parte.top},
+                       apariencia::aColor(paleta().ventana));
+        apariencia::pintarCaja(destino, todo, 0, 1, paleta().letra, -1);
+        return;
+    }
     BitBlt(destino.dc(), 0, 0, parte.right - parte.left, parte.bottom - parte.top, m_fondo.lienzo().dc(), parte.left,
            parte.top, SRCCOPY);
 }

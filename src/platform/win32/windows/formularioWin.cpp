@@ -25,10 +25,11 @@ HANDLE recurso(int id, UINT clase, int ancho, int alto) {
 }
 
 // What nothing may cover, from the top: the bar must not vanish under a grid that reaches below it.
-constexpr IdControl ENCIMA[] = {IdControl::lbVer, IdControl::picBot, IdControl::picMsg};
+constexpr IdControl ENCIMA[] = {IdControl::lbMedida, IdControl::lbVer, IdControl::lbEstado, IdControl::picBot,
+                                IdControl::picMsg};
 
 bool esDeLaBarra(int id) {
-    return id == numero(IdControl::picBot) || id == numero(IdControl::lbVer) ||
+    return id == numero(IdControl::picBot) || id == numero(IdControl::lbVer) || id == numero(IdControl::lbEstado) ||
            (id >= numero(IdControl::botOff) && id < numero(IdControl::imDrgXY));
 }
 
@@ -109,6 +110,15 @@ void FormularioWin::puntero(Puntero puntero) {
 bool FormularioWin::ponerPuntero() const {
     SetCursor(m_puntero == Puntero::marcha ? m_punteroMarcha : m_punteroNormal);
     return true;
+}
+
+std::optional<ColoresSistema> FormularioWin::colores() const {
+    const apariencia::Paleta& suya = paleta();
+    return suya.contraste ? std::optional(ColoresSistema{suya.ventana, suya.letra}) : std::nullopt;
+}
+
+void FormularioWin::alCambiarColores() {
+    if (m_oyente) m_oyente->alCambiarColores();
 }
 
 void FormularioWin::refrescar() {
@@ -227,7 +237,7 @@ LRESULT FormularioWin::alCambiarSistema(UINT mensaje, WPARAM w, LPARAM l) {
             return 0;
         case WM_SETTINGCHANGE:
             if (w == SPI_SETWORKAREA) cambioDeMonitores();
-            return porDefecto(mensaje, w, l);
+            return Anfitrion::alMensaje(mensaje, w, l);
         default:
             cambioDeMonitores();
             return 0;
@@ -293,6 +303,10 @@ LRESULT FormularioWin::alMensajePropio(UINT mensaje, WPARAM w, LPARAM l) {
             if (w != RELOJ_MONITORES) return porDefecto(mensaje, w, l);
             monitoresQuietos();
             return 0;
+        case WM_HELP:
+            // From the tools too: what a window does not want of it goes on to its owner.
+            if (m_oyente && IsWindowEnabled(hwnd())) m_oyente->alPedirAyuda();
+            return TRUE;
         case WM_CLOSE:
         case WM_QUERYENDSESSION:
         case WM_ENDSESSION:
