@@ -21,7 +21,7 @@ constexpr Color COLOR_AVISO = rgb(0x1F, 0x29, 0x33);
 constexpr const char* LETRA = "Segoe UI";
 // Of what the bar says, from the largest that it has room for.
 constexpr std::array LETRAS_AVISO{aTwips(21), aTwips(18), aTwips(15)};
-constexpr float LETRA_DETALLE = aTwips(13);
+constexpr float LETRA_DETALLE = aTwips(15);
 constexpr float ALREDEDOR_AVISO = aTwips(14);  // free on both sides, and between its two parts
 
 struct TextoAviso {
@@ -32,9 +32,9 @@ struct TextoAviso {
 constexpr std::array<TextoAviso, 5> AVISOS{{
     {"", ""},
     {"Leyendo la configuración", ""},
-    {"Configurando", "Al terminar, pulse la marca verde; la cruz lo deshace todo"},
+    {"Configurando", "acepte o cancele"},
     {"Cambios cancelados: acepte para volver", "con la marca verde"},
-    {"En pausa", "El triángulo verde la pone en marcha; la rueda la configura"},
+    {"En pausa", "el triángulo verde pone en marcha, la rueda configura"},
 }};
 
 struct Definicion {

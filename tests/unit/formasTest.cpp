@@ -5,6 +5,7 @@
 #include "dialogs/gradiente.h"
 #include "dialogs/tallerDialogo.h"
 #include "platform/contraste.h"
+#include "platform/win32/base/direccionArchivo.h"
 #include "platform/win32/painting/paleta.h"
 
 namespace sorvanel {
@@ -77,6 +78,11 @@ TEST(Formas, mezclan) {
     EXPECT_EQ(formas::mezclar(0x123456, 0xFFEEDD, 256), 0xFFEEDDU);
     EXPECT_EQ(formas::mezclar(0x000000, 0xFF8040, 128), 0x804020U);
     EXPECT_EQ(formas::cobertura(0), 128U);
+}
+
+TEST(Direccion, deUnArchivo) {
+    EXPECT_EQ(direccionArchivo("C:\\Año 100%\\b#1.html"), "file:///C:/A%C3%B1o%20100%25/b%231.html");
+    EXPECT_EQ(direccionArchivo("\\\\pc\\b.html"), "file://pc/b.html");
 }
 
 // On every ground on which controls stand: the bar, a tool's gradient, a group, a selected row, their own faces.

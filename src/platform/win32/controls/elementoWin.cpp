@@ -124,14 +124,15 @@ void RotuloWin::pintar(Lienzo& lienzo, const RECT& parte) const {
     RECT donde = enParte(sitio(), parte);
     if (m_fondo >= 0) {
         const RECT recorte = extensionDe(parte);
-        const Color fondo = paleta().contraste ? paleta().ventana : m_fondo;
+        const Color fondo = paleta().contraste ? paleta().foco : m_fondo;
         apariencia::pintarCaja(lienzo, donde, px(apariencia::RADIO_CAJA), 0, fondo, fondo, &recorte);
         donde.left += px(MARGEN);
         donde.right -= px(MARGEN);
     }
     const Seleccion letra(lienzo.dc(), m_hecha ? m_hecha->get() : anfitrion().letra());
-    apariencia::escribir(lienzo.dc(), ElementoWin::texto(), donde, paleta().contraste ? paleta().letra : m_colorTexto,
-                         formatoDe(m_ajuste));
+    Color tinta = m_colorTexto;
+    if (paleta().contraste) tinta = m_fondo >= 0 ? paleta().marca : paleta().letra;
+    apariencia::escribir(lienzo.dc(), ElementoWin::texto(), donde, tinta, formatoDe(m_ajuste));
 }
 
 // ---- Frame ----

@@ -12,6 +12,9 @@
 #include <thread>
 #include <utility>
 
+#include "platform/win32/base/direccionArchivo.h"
+#include "platform/win32/base/textoWin.h"
+
 namespace sorvanel {
 
 namespace {
@@ -31,14 +34,6 @@ std::wstring navegador() {
     return {};
 }
 
-// As an address, blanks and accents in the path included; empty where the path is too long for one.
-std::wstring direccion(const std::wstring& ruta, const std::wstring& apartado) {
-    std::array<wchar_t, 2048> texto{};
-    auto largo = static_cast<DWORD>(texto.size());
-    if (FAILED(UrlCreateFromPathW(ruta.c_str(), texto.data(), &largo, 0))) return {};
-    return std::wstring(texto.data()) + L"#" + apartado;
-}
-
 bool ejecutar(const std::wstring& archivo, const std::wstring& argumentos) {
     SHELLEXECUTEINFOW orden{};
     orden.cbSize = sizeof orden;
@@ -55,8 +50,8 @@ bool ejecutar(const std::wstring& archivo, const std::wstring& argumentos) {
 // the address as its argument gets all of it. Where that is not to be had, the beginning of the manual is better
 // than none.
 void abrir(const std::wstring& ruta, const std::wstring& apartado) {
-    const std::wstring programa = navegador(), lugar = direccion(ruta, apartado);
-    if (!programa.empty() && !lugar.empty() && ejecutar(programa, L"\"" + lugar + L"\"")) return;
+    const std::wstring programa = navegador(), lugar = aAncho(direccionArchivo(aUtf8(ruta))) + L"#" + apartado;
+    if (!programa.empty() && ejecutar(programa, L"\"" + lugar + L"\"")) return;
     ejecutar(ruta, {});
 }
 
