@@ -32,6 +32,8 @@ AsasParrilla::AsasParrilla(Formulario& formulario, std::function<void()> trasMov
       m_lbMedida(formulario.crearSuperficie(IdControl::lbMedida, 0)) {
     m_imDrgXY->nombre("Mover la esquina superior izquierda de la parrilla (ratón o flechas)");
     m_imDrgWH->nombre("Mover la esquina inferior derecha de la parrilla (ratón o flechas)");
+    m_imDrgXY->sugerencia("Arrastre la esquina o use las flechas. Doble clic: hasta el borde");
+    m_imDrgWH->sugerencia("Arrastre la esquina o use las flechas. Doble clic: hasta el borde");
     m_imDrgXY->oyente(&m_oyenteXY);
     m_imDrgWH->oyente(&m_oyenteWH);
 }
