@@ -54,22 +54,34 @@ void AsaWin::soltar() {
     if (m_oyente) m_oyente->alSoltarAsa();
 }
 
+void AsaWin::alPulsar(LPARAM l) {
+    SetFocus(hwnd());
+    SetCapture(hwnd());
+    m_arrastrando = true;
+    m_movida = false;
+    m_agarre = dentro(l);
+    if (m_oyente) m_oyente->alPulsarAsa(m_agarre);
+}
+
 LRESULT AsaWin::alRaton(UINT mensaje, LPARAM l) {
     switch (mensaje) {
         case WM_LBUTTONDOWN:
-            SetFocus(hwnd());
-            SetCapture(hwnd());
-            m_arrastrando = true;
-            if (m_oyente) m_oyente->alPulsarAsa(dentro(l));
+            alPulsar(l);
             break;
         case WM_LBUTTONDBLCLK:
-            if (m_oyente) m_oyente->alDobleAsa();
+            // Two short drags in quick succession are none.
+            if (m_movida) {
+                alPulsar(l);
+            } else if (m_oyente) {
+                m_oyente->alDobleAsa();
+            }
             break;
         case WM_MOUSEMOVE:
             if (!m_arrastrando) {
                 alMoverRaton();
-            } else if (m_oyente) {
-                m_oyente->alMoverAsa(dentro(l));
+            } else if (dentro(l) != m_agarre) {
+                m_movida = true;
+                if (m_oyente) m_oyente->alMoverAsa(dentro(l));
             }
             break;
         default:
