@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 #include "grid/parrilla.h"
 #include "platform/formulario.h"
@@ -19,8 +20,8 @@ public:
     AsasParrilla& operator=(const AsasParrilla&) = delete;
 
     // Shows the handles on the grid's corners. The grid must outlive the call to ocultar. Window width
-    // and the limit below which the grid may not be drawn out are twips.
-    void mostrar(Parrilla& parrilla, float anchoVentana, float limiteInferior);
+    // and the limit below which the grid may not be drawn out are twips. Numbers are shown with that separator.
+    void mostrar(Parrilla& parrilla, float anchoVentana, float limiteInferior, std::string separador = ",");
     void ocultar();
 
 private:
@@ -32,8 +33,9 @@ private:
         Oyente(AsasParrilla& asas, Arrastre cual) : m_asas(asas), m_cual(cual) {}
         void alPulsarAsa(Punto raton) override { m_asas.pulsar(m_cual, raton); }
         void alMoverAsa(Punto raton) override { m_asas.mover(m_cual, raton); }
-        void alSoltarAsa() override { m_asas.m_arrastre = Arrastre::ninguno; }
+        void alSoltarAsa() override { m_asas.soltar(); }
         void alEmpujarAsa(Punto paso) override { m_asas.llevar(m_cual, paso); }
+        void alDobleAsa() override { m_asas.llevarAlTope(m_cual); }
 
     private:
         AsasParrilla& m_asas;
@@ -44,16 +46,23 @@ private:
     void mover(Arrastre cual, Punto raton);
     // Moves that handle by so much, within its limits, and the grid with it.
     void llevar(Arrastre cual, Punto paso);
+    // That corner, as far out as it goes.
+    void llevarAlTope(Arrastre cual);
+    void soltar();
     void llevarPosicion(Punto paso);
     void llevarTamano(Punto paso);
     void aplicar();
     void ponerEnEsquinas();
+    // Beside the handle: how much of the room there is the grid leaves free, or takes.
+    void mostrarMedida(Arrastre cual);
 
     const std::function<void()> m_trasMover;
     Oyente m_oyenteXY{*this, Arrastre::posicion};
     Oyente m_oyenteWH{*this, Arrastre::tamano};
     std::unique_ptr<Asa> m_imDrgXY;
     std::unique_ptr<Asa> m_imDrgWH;
+    std::unique_ptr<Superficie> m_lbMedida;
+    std::string m_separador;
     Rectangulo m_xy;
     Rectangulo m_wh;
     Parrilla* m_parrilla = nullptr;

@@ -16,6 +16,26 @@ constexpr float ANCHO_VERSION = aTwips(64);
 constexpr Color COLOR_BARRA = rgb(0xE6, 0xEA, 0xEE);
 constexpr Color COLOR_FILO = rgb(0xB4, 0xBD, 0xC6);
 constexpr Color COLOR_VERSION = rgb(0x5A, 0x65, 0x70);
+constexpr Color COLOR_AVISO = rgb(0x1F, 0x29, 0x33);
+
+constexpr const char* LETRA = "Segoe UI";
+// Of what the bar says, from the largest that it has room for.
+constexpr std::array LETRAS_AVISO{aTwips(21), aTwips(18), aTwips(15)};
+constexpr float LETRA_DETALLE = aTwips(15);
+constexpr float ALREDEDOR_AVISO = aTwips(14);  // free on both sides, and between its two parts
+
+struct TextoAviso {
+    const char* titular;
+    const char* detalle;  // what to press
+};
+
+constexpr std::array<TextoAviso, 5> AVISOS{{
+    {"", ""},
+    {"Leyendo la configuración", ""},
+    {"Configurando", "acepte o cancele"},
+    {"Cambios cancelados: acepte para volver", "con la marca verde"},
+    {"En pausa", "el triángulo verde pone en marcha, la rueda configura"},
+}};
 
 struct Definicion {
     IdControl id;
@@ -49,7 +69,8 @@ constexpr std::size_t HERRAMIENTAS = 4;
 BarraBotones::BarraBotones(Formulario& formulario)
     : m_formulario(formulario),
       m_picBot(formulario.crearSuperficie(IdControl::picBot, 0)),
-      m_lbVer(formulario.crearSuperficie(IdControl::lbVer, 0)) {
+      m_lbVer(formulario.crearSuperficie(IdControl::lbVer, 0)),
+      m_lbEstado(formulario.crearSuperficie(IdControl::lbEstado, 0)) {
     for (std::size_t i = 0; i < BOTONES.size(); ++i) {
         m_botones[i] = formulario.crear<Boton>(BOTONES[i].id);
         m_botones[i]->estilo(EstiloBoton::barra);
@@ -84,9 +105,11 @@ void BarraBotones::disponer(float ancho, float alto) {
 
     disponerDerecha(ancho);
     const float izquierdaCfg = ancho - 3 * (ANCHO_BOTON + SEPARACION);
-    const float derechaVersion = izquierdaCfg - 2 * SEPARACION;
-    const float finHerramientas = disponerHerramientas(derechaVersion - ANCHO_VERSION);
-    pintarVersion(std::max(finHerramientas, derechaVersion - ANCHO_VERSION), derechaVersion);
+    m_finVersion = izquierdaCfg - 2 * SEPARACION;
+    m_finHerramientas = disponerHerramientas(m_finVersion - ANCHO_VERSION);
+    m_inicioVersion = std::max(m_finHerramientas, m_finVersion - ANCHO_VERSION);
+    pintarVersion();
+    situarAviso();
 }
 
 // Pause stands where run stands, and in configuration accept and cancel stand where run and close do.
@@ -122,26 +145,96 @@ float BarraBotones::disponerHerramientas(float limite) {
     return x;
 }
 
-void BarraBotones::pintarFondo() {
-    const Rectangulo barra = m_picBot->lugar();
-    m_picBot->colorFondo(COLOR_BARRA);
-    m_picBot->limpiar();
-    m_picBot->caja({0, 0, barra.ancho, aTwips(1)}, COLOR_FILO);
+BarraBotones::Colores BarraBotones::colores() const {
+    const auto suyos = m_formulario.colores();
+    if (suyos) return {suyos->fondo, suyos->texto, suyos->texto, suyos->texto};
+    return {COLOR_BARRA, COLOR_FILO, COLOR_AVISO, COLOR_VERSION};
 }
 
-void BarraBotones::pintarVersion(float izquierda, float derecha) {
-    if (derecha <= izquierda) {
+void BarraBotones::repintar() {
+    pintarFondo();
+    pintarVersion();
+    situarAviso();
+}
+
+void BarraBotones::pintarFondo() {
+    const Rectangulo barra = m_picBot->lugar();
+    m_picBot->colorFondo(colores().fondo);
+    m_picBot->limpiar();
+    m_picBot->caja({0, 0, barra.ancho, aTwips(1)}, colores().filo);
+}
+
+void BarraBotones::pintarVersion() {
+    const float ancho = m_finVersion - m_inicioVersion;
+    if (ancho <= 0) {
         m_lbVer->mostrar(false);
         return;
     }
-    m_lbVer->colocar({izquierda, m_arriba, derecha - izquierda, ALTO_BOTON});
-    m_lbVer->colorFondo(COLOR_BARRA);
+    m_lbVer->colocar({m_inicioVersion, m_arriba, ancho, ALTO_BOTON});
+    m_lbVer->colorFondo(colores().fondo);
     m_lbVer->limpiar();
-    m_lbVer->fuente({"Segoe UI", aTwips(13), false, false, false});
+    m_lbVer->fuente({LETRA, aTwips(13), false, false, false});
     const MedidaTexto medida = m_lbVer->medir(m_version);
-    m_lbVer->imprimir(derecha - izquierda - medida.ancho, (ALTO_BOTON - medida.alto) / 2, m_version, COLOR_VERSION);
+    m_lbVer->imprimir(ancho - medida.ancho, (ALTO_BOTON - medida.alto) / 2, m_version, colores().menor);
     m_lbVer->leyenda(m_version);
     m_lbVer->mostrar(true);
+}
+
+// As much of the text as that width takes, with dots behind it where it was cut; empty where that would say nothing.
+std::string BarraBotones::recortar(std::string texto, float ancho) const {
+    if (m_lbEstado->medir(texto).ancho <= ancho) return texto;
+    constexpr const char* PUNTOS = "…";
+    constexpr std::size_t LEGIBLE = 6;
+    while (texto.size() > LEGIBLE) {
+        // A letter may take several bytes: all of them go.
+        while (!texto.empty() && (texto.back() & 0xC0) == 0x80) texto.pop_back();
+        texto.pop_back();
+        if (m_lbEstado->medir(texto + PUNTOS).ancho <= ancho) return texto + PUNTOS;
+    }
+    return {};
+}
+
+// In the middle of what the buttons leave: the tools' room too, where they are not seen.
+void BarraBotones::situarAviso() {
+    const TextoAviso& dicho = AVISOS[static_cast<std::size_t>(m_aviso)];
+    const float desde = (m_botones[0]->visible() ? m_finHerramientas : SEPARACION) + ALREDEDOR_AVISO;
+    const float libre = m_inicioVersion - ALREDEDOR_AVISO - desde;
+    m_lbEstado->leyenda(dicho.titular);
+    m_lbEstado->mostrar(*dicho.titular != '\0' && libre > 0);
+    if (!m_lbEstado->visible()) return;
+    m_lbEstado->colocar({desde, m_arriba, libre, ALTO_BOTON});
+    m_lbEstado->colorFondo(colores().fondo);
+    m_lbEstado->limpiar();
+    pintarAviso(dicho.titular, dicho.detalle, libre);
+}
+
+void BarraBotones::pintarAviso(const std::string& titular, const std::string& detalle, float libre) {
+    Fuente grande{LETRA, 0, true, false, false};
+    for (const float alto : LETRAS_AVISO) {
+        grande.alto = alto;
+        m_lbEstado->fuente(grande);
+        if (m_lbEstado->medir(titular).ancho <= libre) break;
+    }
+    const std::string escrito = recortar(titular, libre);
+    const MedidaTexto medida = m_lbEstado->medir(escrito);
+    m_lbEstado->fuente({LETRA, LETRA_DETALLE, false, false, false});
+    const MedidaTexto menor = m_lbEstado->medir(detalle);
+    const float todo = medida.ancho + ALREDEDOR_AVISO + menor.ancho;
+    const bool conDetalle = !detalle.empty() && todo <= libre;
+    const float x = (libre - (conDetalle ? todo : medida.ancho)) / 2;
+    if (conDetalle)
+        m_lbEstado->imprimir(x + todo - menor.ancho, (ALTO_BOTON - menor.alto) / 2, detalle, colores().menor);
+    m_lbEstado->fuente(grande);
+    m_lbEstado->imprimir(x, (ALTO_BOTON - medida.alto) / 2, escrito, colores().texto);
+}
+
+void BarraBotones::avisar(Aviso aviso) {
+    m_aviso = aviso;
+    situarAviso();
+}
+
+void BarraBotones::hundido(IdControl id, bool si) {
+    boton(id).aspecto(si ? AspectoBoton::hundido : AspectoBoton::normal);
 }
 
 void BarraBotones::estado(Estado estado) {

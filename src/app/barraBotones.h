@@ -11,6 +11,9 @@ namespace sorvanel {
 
 enum class Estado { iniciando = 0, configurando = 1, pausa = 2, marcha = 3 };
 
+// What the bar says in words, for those who stand too far off to tell one picture from another.
+enum class Aviso { ninguno, leyendo, configurando, cancelado, enPausa };
+
 // The strip of buttons along the bottom of the window, with the version label. It knows which
 // buttons each run state shows and where they stand; what they do is told to it.
 class BarraBotones {
@@ -24,7 +27,13 @@ public:
     // What went wrong at the last start: the version label's tip says it. Empty: nothing.
     void incidencia(const std::string& texto);
     void alPulsar(IdControl id, std::function<void()> accion);
+    // In the room that the buttons leave: as large as it fits, in part where it does not, none where there is none.
+    void avisar(Aviso aviso);
+    // Whether what that button opens is open.
+    void hundido(IdControl id, bool si);
     void refrescar();
+    // In the colours of now.
+    void repintar();
 
     // The bar's place in the window.
     Rectangulo lugar() const { return m_picBot->lugar(); }
@@ -33,15 +42,27 @@ private:
     Boton& boton(IdControl id);
     void disponerDerecha(float ancho);
     float disponerHerramientas(float limite);
+    struct Colores {
+        Color fondo, filo, texto, menor;
+    };
+    Colores colores() const;
     void pintarFondo();
-    void pintarVersion(float izquierda, float derecha);
+    void pintarVersion();
+    void situarAviso();
+    void pintarAviso(const std::string& titular, const std::string& detalle, float libre);
+    std::string recortar(std::string texto, float ancho) const;
 
     Formulario& m_formulario;
     std::unique_ptr<Superficie> m_picBot;
     std::unique_ptr<Superficie> m_lbVer;
+    std::unique_ptr<Superficie> m_lbEstado;
     std::array<std::unique_ptr<Boton>, 10> m_botones;
     std::string m_version;
+    Aviso m_aviso = Aviso::ninguno;
     float m_arriba = 0;
+    float m_finHerramientas = 0;
+    float m_inicioVersion = 0;
+    float m_finVersion = 0;
 };
 
 }  // namespace sorvanel

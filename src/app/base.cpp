@@ -15,6 +15,22 @@ constexpr int ENTRE_ESPERAS = 250;
 constexpr int ENTRE_REINTENTOS = 10'000;
 constexpr int PLAZO_AVISO = 60'000;
 
+constexpr const char* PRIMER_PASO =
+    "Todavía no hay visores. Pulse «Definir visores», abajo a la izquierda, para añadir el primero.";
+
+Aviso avisoDe(Estado estado) {
+    switch (estado) {
+        case Estado::iniciando:
+            return Aviso::leyendo;
+        case Estado::configurando:
+            return Aviso::configurando;
+        case Estado::pausa:
+            return Aviso::enPausa;
+        default:
+            return Aviso::ninguno;
+    }
+}
+
 }  // namespace
 
 std::string textoVersion(const Version& version) {
@@ -34,7 +50,7 @@ base::base(const Entorno& entorno, Formulario& formulario, FabricaDialogos& dial
       m_barra(formulario),
       m_montaje(entorno, formulario, compartido, m_barra),
       m_asas(formulario, [this] { refrescos(); }) {
-    const UtilesDialogo utiles{entorno.com, entorno.cola, entorno.avisos, dialogos};
+    const UtilesDialogo utiles{entorno.com, entorno.cola, entorno.avisos, dialogos, [this] { mostrarHerramientas(); }};
     m_cfgContexto = std::make_unique<cfgContexto>(utiles, m_montaje);
     m_cfgVisor = std::make_unique<cfgVisor>(utiles, m_montaje);
     m_cfgMensaje = std::make_unique<cfgMensaje>(utiles, m_montaje);
@@ -158,11 +174,13 @@ void base::entrarEnConfiguracion() {
     m_montaje.desmontar();
     m_formulario.refrescar();
     estado(Estado::configurando);
+    decirPrimerPaso();
 }
 
 // The order is fixed; a tool that refuses keeps those after it open.
 void base::aceptar() {
     if (!cerrarHerramientas(false)) return;
+    m_montaje.letrero({});
     const std::string motivo = ilegible();
     std::string errores;
     construir(errores);
@@ -182,6 +200,8 @@ void base::cancelar() {
     m_entorno.com.refrescar();
     m_montaje.cubrir();
     m_montaje.vaciar();
+    m_barra.avisar(Aviso::cancelado);
+    decirPrimerPaso();
 }
 
 bool base::cerrarHerramientas(bool descartar, const DialogoConfiguracion* menosEsta) {
@@ -197,6 +217,7 @@ void base::alternar(DialogoConfiguracion& pedida) {
     if (pedida.cargado()) {
         pedida.Descargar(false);
     } else if (cerrarHerramientas(false, &pedida)) {
+        m_montaje.letrero({});
         pedida.Mostrar();
     }
 }
@@ -205,27 +226,30 @@ void base::alternarTamano() {
     if (m_modoTamano) {
         unloadCfgSize();
     } else if (cerrarHerramientas(false)) {
+        m_montaje.letrero({});
         cfgSizeMostrar();
     }
 }
 
 void base::cfgSizeMostrar() {
-    m_montaje.montarParrilla();
     // The strip, where there is one, takes room from the grid.
-    m_montaje.montarMensaje();
+    m_montaje.montarTamano();
     m_modoTamano = true;
     mostrarAsas();
+    mostrarHerramientas();
 }
 
 void base::unloadCfgSize() {
     m_asas.ocultar();
     m_montaje.desmontarMesa();
     m_modoTamano = false;
+    mostrarHerramientas();
     refrescos();
 }
 
 void base::mostrarAsas() {
-    m_asas.mostrar(m_montaje.parrilla(), m_montaje.pantalla().Width(), m_montaje.limiteInferior());
+    m_asas.mostrar(m_montaje.parrilla(), m_montaje.pantalla().Width(), m_montaje.limiteInferior(),
+                   m_entorno.com.separadorDecimal());
 }
 
 void base::alCambiarMonitores() {
@@ -238,12 +262,55 @@ void base::alCambiarMonitores() {
     }
 }
 
+std::string base::apartado() const {
+    if (m_cfgContexto->cargado()) return "contexto";
+    if (m_cfgVisor->cargado()) return "visores";
+    if (m_cfgMensaje->cargado()) return "mensaje";
+    if (m_modoTamano) return "tamano";
+    if (m_estado == Estado::configurando) return "configurar";
+    return m_estado == Estado::marcha ? "marcha" : "pausa";
+}
+
+// Not from within the key that asks for it, which a text box may be at work on.
+void base::alPedirAyuda() {
+    m_entorno.cola.despues([this] {
+        if (m_descargado || m_entorno.programa.abrirManual(apartado())) return;
+        m_entorno.avisos.informacion("No se encuentra el manual (manual.html) junto al programa.");
+    });
+}
+
 void base::estado(Estado nuevo) {
     m_barra.estado(nuevo);
     m_formulario.puntero(nuevo == Estado::marcha ? Puntero::marcha : Puntero::normal);
     m_entorno.reposo.impedir(nuevo == Estado::marcha);
     m_reintento->habilitado(nuevo == Estado::marcha);
     m_estado = nuevo;
+    m_barra.avisar(m_descargado ? Aviso::ninguno : avisoDe(nuevo));
+}
+
+// The button of the open one looks pressed. With none open, and none closed by a cancel, the screen is empty.
+void base::mostrarHerramientas() {
+    const std::pair<IdControl, bool> abiertas[] = {{IdControl::botDise, m_cfgContexto->cargado()},
+                                                   {IdControl::botVisores, m_cfgVisor->cargado()},
+                                                   {IdControl::botSize, m_modoTamano},
+                                                   {IdControl::botMensaje, m_cfgMensaje->cargado()}};
+    bool alguna = false;
+    for (const auto& [id, abierta] : abiertas) {
+        m_barra.hundido(id, abierta);
+        alguna = alguna || abierta;
+    }
+    if (alguna) {
+        m_barra.avisar(Aviso::configurando);
+    } else {
+        decirPrimerPaso();
+    }
+}
+
+// Whoever starts it for the first time sees an empty screen. Not asked of a form that is going away.
+void base::decirPrimerPaso() {
+    if (m_descargado || m_estado != Estado::configurando) return;
+    const bool sinVisores = m_entorno.com.consultar(seccionVisor(1)).leer("Port").empty();
+    m_montaje.letrero(sinVisores ? PRIMER_PASO : "");
 }
 
 void base::avisar(const std::string& errores) {

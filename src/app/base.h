@@ -36,6 +36,10 @@ private:
     bool alUsarRaton(GestoRaton gesto, Punto donde) override;
     void alDescargar() override;
     void alCambiarMonitores() override;
+    void alPedirAyuda() override;
+    void alCambiarColores() override { m_barra.repintar(); }
+    // Of the manual: where what is open is explained.
+    std::string apartado() const;
 
     void unirBotones();
     void prepararTemporizadores();
@@ -52,6 +56,8 @@ private:
     void aceptar();
     void cancelar();
     void estado(Estado nuevo);
+    void mostrarHerramientas();
+    void decirPrimerPaso();
     void avisar(const std::string& errores);
     void avisarSinNadie(const std::string& errores);
     void retenerCursor();

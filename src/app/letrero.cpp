@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
+
+#include "platform/contraste.h"
 
 namespace sorvanel {
 
@@ -12,6 +15,7 @@ constexpr float ALTO_LETRA = aTwips(28);
 constexpr float ALTO_MINIMO = aTwips(9);
 constexpr float REDUCCION = 0.85F;
 constexpr float PARTE_ANCHO = 0.85F;  // of the surface
+constexpr float ESTRECHAMIENTO = 0.95F;
 
 std::vector<std::string> enLineas(const Superficie& superficie, std::string_view texto, float ancho) {
     std::vector<std::string> lineas;
@@ -44,10 +48,17 @@ void pintarLetrero(Superficie& superficie, std::string_view texto) {
         lineas = enLineas(superficie, texto, ancho);
         alto *= REDUCCION;
     } while (alto >= ALTO_MINIMO && !caben());
+    // As narrow as the lines allow: no word stands alone on the last one.
+    for (float menor = ancho; menor > ancho / 2; menor *= ESTRECHAMIENTO) {
+        std::vector<std::string> otras = enLineas(superficie, texto, menor);
+        if (otras.size() > lineas.size()) break;
+        lineas = std::move(otras);
+    }
     const float altoLinea = superficie.medir({}).alto;
+    const Color tinta = tintaSobre(superficie.colorFondo());
     float y = (lugar.alto - altoLinea * static_cast<float>(lineas.size())) / 2;
     for (const std::string& linea : lineas) {
-        superficie.imprimir((lugar.ancho - superficie.medir(linea).ancho) / 2, y, linea, NEGRO);
+        superficie.imprimir((lugar.ancho - superficie.medir(linea).ancho) / 2, y, linea, tinta);
         y += altoLinea;
     }
 }

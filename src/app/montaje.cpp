@@ -71,12 +71,23 @@ void Montaje::hacerMesaVisores() {
 
 void Montaje::montarVisores() {
     hacerMesaVisores();
-    // Their surfaces a moment later: the tool that asks for them is seen before.
+    situarVisoresLuego();
+}
+
+// Their surfaces a moment later: the tool that asks for them is seen before.
+void Montaje::situarVisoresLuego() {
     m_entorno.cola.despues([this] { situarVisores(); });
 }
 
 void Montaje::montarMensaje() {
-    m_entorno.com.refrescar();
+    montarParrilla();
+    hacerVisores();
+    hacerMensaje();
+    situarVisoresLuego();
+}
+
+void Montaje::montarTamano() {
+    montarParrilla();
     hacerMensaje();
 }
 

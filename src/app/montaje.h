@@ -37,8 +37,8 @@ public:
     // or must do so anyhow: everything is then laid out anew, nothing is read but the grid's fractions, and no
     // link stops.
     bool seguirMonitores(bool igualmente);
-    // The upper edge of what lies below the grid: the bar, or the message strip above it.
-    float limiteInferior() const { return franjaInferior().y; }
+    // The grid, painted, and the message strip alone, not running.
+    void montarTamano();
 
     void montarParrilla() override;
     void montarVisores() override;
@@ -54,6 +54,7 @@ public:
     }
     const oScreen& pantalla() override { return m_pantalla; }
     void cambiarMonitor(std::int16_t indice) override;
+    float limiteInferior() const override { return franjaInferior().y; }
     void refrescarBarra() override { m_barra.refrescar(); }
 
 private:
@@ -76,6 +77,7 @@ private:
     // Those that are loaded, once, on the grid, which must be there. Errors are appended, one a line.
     void situarVisores(std::string& errores);
     void situarVisores();
+    void situarVisoresLuego();
     void anadirSuperficies(visor& nuevo);
     void soltar();
     void darForma();

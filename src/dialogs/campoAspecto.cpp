@@ -47,7 +47,7 @@ std::string textoEntero(float ratio) {
 constexpr std::array<FilaCampo, RASGOS.size()> CAMPOS{{
     {Rasgo::anchoEtiqueta, Id::ckWid, "Ancho de etiqueta", "Ancho de la etiqueta", Id::lbWidEt, Id::imWidEtP,
      Id::imWidEtM},
-    {Rasgo::ajusteEtiqueta, Id::ckAdj, "Ajuste de etiqueta", "Ajuste de la etiqueta", Id::lstAjte, Id::lstAjte,
+    {Rasgo::ajusteEtiqueta, Id::ckAdj, "Alineación de etiqueta", "Alineación de la etiqueta", Id::lstAjte, Id::lstAjte,
      Id::lstAjte, AJUSTES},
     {Rasgo::colorTextoEtiqueta, Id::ckTxEt, "Texto de etiqueta", "Texto de la etiqueta", Id::botColTxEt,
      Id::frColorTxEt},

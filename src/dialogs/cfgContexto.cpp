@@ -65,8 +65,9 @@ struct cfgContexto::Controles {
 cfgContexto::cfgContexto(const UtilesDialogo& utiles, MesaConfiguracion& mesa)
     : DialogoConfiguracion(
           IdControl::cfgContexto,
-          {"Diseño de parrilla y formatos", "Cada cambio se ve y se guarda al momento", IdControl::ttlo1}, utiles,
-          mesa) {}
+          {"Diseño de parrilla y formatos", "Cada cambio se guarda al momento y se ve en la pantalla o en la muestra",
+           IdControl::ttlo1},
+          utiles, mesa) {}
 
 cfgContexto::~cfgContexto() = default;
 
@@ -127,8 +128,8 @@ void cfgContexto::crearParrilla() {
 }
 
 void cfgContexto::crearDiseno() {
-    m_c->marcoDiseño = taller().marco("Formato común de los visores");
-    m_c->grupoDiseño = taller().rotuloGrupo("Formato común de los visores");
+    m_c->marcoDiseño = taller().marco("Diseño común de los visores");
+    m_c->grupoDiseño = taller().rotuloGrupo("Diseño común de los visores");
     for (std::size_t i = 0; i < CAMPOS.size(); ++i) {
         CampoAspecto::Datos datos{CAMPOS[i], false, {}, {}};
         datos.actual = [this, rasgo = CAMPOS[i].rasgo] { return m_diseño->valor(rasgo); };

@@ -14,6 +14,9 @@ namespace {
 constexpr int VELOCIDAD_MAXIMA = 20;
 constexpr const char* TEXTO_USAR = "Usar el mensaje auxiliar";
 constexpr const char* TEXTO_FUENTE = "Fuente";
+constexpr const char* TEXTO_AJUSTAR = "Ajustar la parrilla";
+// What the band covers by less is a rounding, not a cell.
+constexpr float TOLERANCIA = TWIPS_POR_PIXEL;
 // How much of the message is seen while it is typed.
 constexpr const char* MUESTRA_TEXTO = "0000000000000000000000000000000000000000";
 
@@ -46,6 +49,8 @@ struct cfgMensaje::Controles {
     std::unique_ptr<Rotulo> rotuloFuente;
     std::unique_ptr<FilaColor> colorTexto, colorFondo;
     std::unique_ptr<FilaValor> velocidad;
+    std::unique_ptr<Rotulo> lbTapa;
+    std::unique_ptr<Boton> botAjustar;
 };
 
 cfgMensaje::cfgMensaje(const UtilesDialogo& utiles, MesaConfiguracion& mesa)
@@ -75,6 +80,7 @@ void cfgMensaje::crearControles() {
     crearTexto();
     crearFuente();
     crearVelocidad();
+    crearTapa();
 }
 
 void cfgMensaje::crearTexto() {
@@ -100,7 +106,7 @@ void cfgMensaje::crearFuente() {
 }
 
 void cfgMensaje::crearVelocidad() {
-    FilaValor::Datos datos{IdControl::lbVel, IdControl::imVelP, IdControl::imVelM, "Velocidad (0: quieto)",
+    FilaValor::Datos datos{IdControl::lbVel, IdControl::imVelP, IdControl::imVelM, "Velocidad (0: parado)",
                            "Velocidad"};
     datos.superior = [] { return VELOCIDAD_MAXIMA; };
     datos.alCambiar = [this](int pixeles) {
@@ -108,6 +114,15 @@ void cfgMensaje::crearVelocidad() {
         return int{mesa().mensaje().velocidad()};
     };
     m_c->velocidad = std::make_unique<FilaValor>(taller(), std::move(datos));
+}
+
+void cfgMensaje::crearTapa() {
+    taller().ocultos(true);
+    m_c->lbTapa = taller().rotulo(IdControl::lbTapa, 0, {});
+    m_c->botAjustar =
+        taller().botonTexto(IdControl::botAjustar, 0, TEXTO_AJUSTAR, "Dejar la parrilla justo encima del mensaje");
+    taller().ocultos(false);
+    m_c->botAjustar->alActuar([this] { ajustarParrilla(); });
 }
 
 void cfgMensaje::rellenar() {
@@ -148,7 +163,15 @@ Pieza cfgMensaje::panelVelocidad() {
     return panel(*m_c->frVel, fila.comoPieza());
 }
 
-Pieza cfgMensaje::todo(bool conMarcos) {
+Pieza cfgMensaje::filaTapa() {
+    Rejilla fila;
+    fila.estirar(0);
+    fila.poner(0, 0, taller().piezaRotulo(*m_c->lbTapa));
+    fila.poner(0, 1, pieza(*m_c->botAjustar, taller().botonTexto(TEXTO_AJUSTAR)));
+    return fila.comoPieza();
+}
+
+Pieza cfgMensaje::todo(bool conMarcos, bool conTapa) {
     Rejilla usar(0);
     usar.poner(0, 0, pieza(*m_c->ckUsar, taller().casilla({})));
     usar.poner(0, 1, taller().piezaRotulo(*m_c->lbUsar));
@@ -159,6 +182,7 @@ Pieza cfgMensaje::todo(bool conMarcos) {
     Rejilla todo(HUECO, HUECO);
     todo.poner(0, 0, usar.comoPieza());
     if (conMarcos) todo.poner(1, 0, marcos.comoPieza());
+    if (conTapa) todo.poner(2, 0, filaTapa());
     Pieza entera = todo.comoPieza();
     entera.minimo.ancho = std::max(entera.minimo.ancho, marcos.minimo().ancho);
     return entera;
@@ -166,11 +190,12 @@ Pieza cfgMensaje::todo(bool conMarcos) {
 
 // Not in use there is nothing to set: the window is then no higher than its check box.
 Pieza cfgMensaje::disposicion() {
-    return todo(m_c->ckUsar->marcada());
+    mostrarTapa();
+    return todo(m_c->ckUsar->marcada(), m_c->lbTapa->visible());
 }
 
 Pieza cfgMensaje::disposicionMayor() {
-    return todo(true);
+    return todo(true, true);
 }
 
 void cfgMensaje::alMostrar() {
@@ -189,9 +214,9 @@ void cfgMensaje::alPulsarUsar() {
     const bool usar = m_c->ckUsar->marcada();
     // A click on the label leaves the focus in what may now be hidden.
     if (!usar) m_c->ckUsar->enfocar();
+    mesa().mensaje().enUso(usar);
     mostrarMarcos(usar);
     redisponer();
-    mesa().mensaje().enUso(usar);
     if (usar) mesa().mensaje().marcha();
 }
 
@@ -204,6 +229,41 @@ void cfgMensaje::mostrarMarcos(bool visibles) {
     m_c->colorTexto->mostrar(visibles);
     m_c->colorFondo->mostrar(visibles);
     m_c->velocidad->mostrar(visibles);
+}
+
+int cfgMensaje::filasTapadas() {
+    const Parrilla& parrilla = mesa().parrilla();
+    int tapadas = 0;
+    for (std::int16_t fila = parrilla.filas(); fila >= 1; --fila) {
+        const auto celda = parrilla.getCell(fila, 1);
+        if (!celda || celda->abajo() <= mesa().limiteInferior() + TOLERANCIA) break;
+        ++tapadas;
+    }
+    return mesa().mensaje().enUso() ? tapadas : 0;
+}
+
+std::optional<float> cfgMensaje::altoLibre() {
+    const Parrilla& parrilla = mesa().parrilla();
+    const float alto = mesa().limiteInferior() - parrilla.Top();
+    const float lineas = aTwips(parrilla.gruesoHorizontal()) * static_cast<float>(parrilla.filas() + 1);
+    return alto > lineas ? std::optional(alto) : std::nullopt;
+}
+
+void cfgMensaje::mostrarTapa() {
+    const int tapadas = filasTapadas();
+    const std::string cuantas = tapadas == 1 ? "la última fila" : "las " + std::to_string(tapadas) + " últimas filas";
+    if (tapadas == 0 && m_c->botAjustar->tieneFoco()) m_c->ckUsar->enfocar();
+    m_c->lbTapa->texto("El mensaje tapa " + (tapadas == mesa().parrilla().filas() ? "toda la parrilla" : cuantas));
+    m_c->lbTapa->mostrar(tapadas > 0);
+    m_c->botAjustar->mostrar(tapadas > 0 && altoLibre());
+}
+
+void cfgMensaje::ajustarParrilla() {
+    const auto alto = altoLibre();
+    if (!alto || !mesa().parrilla().Height(*alto)) return;
+    mesa().visores().reubicar();
+    mesa().refrescarBarra();
+    redisponer();
 }
 
 void cfgMensaje::elegirFuente() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "dialogs/dialogoConfiguracion.h"
 
@@ -28,13 +29,21 @@ private:
     void crearTexto();
     void crearFuente();
     void crearVelocidad();
-    Pieza todo(bool conMarcos);
+    void crearTapa();
+    Pieza todo(bool conMarcos, bool conTapa);
     Pieza panelTexto();
     Pieza panelFuente();
     Pieza panelVelocidad();
+    Pieza filaTapa();
 
     void alPulsarUsar();
     void mostrarMarcos(bool visibles);
+    // How many rows of the grid, from the last one up, lie under the band.
+    int filasTapadas();
+    // The lower end that the grid would have just above the band, where that leaves room for its cells.
+    std::optional<float> altoLibre();
+    void mostrarTapa();
+    void ajustarParrilla();
     void elegirFuente();
     void mostrarFuente();
 

@@ -19,6 +19,7 @@ void DialogoConfiguracion::Mostrar() {
     situar();
     m_formulario->mostrar();
     alMostrar();
+    avisarCambio();
 }
 
 // The window takes the monitor's scale before anything is measured.
@@ -125,6 +126,7 @@ void DialogoConfiguracion::descargar() {
     m_taller.reset();
     m_formulario.reset();
     m_mesa.desmontarMesa();
+    avisarCambio();
 }
 
 }  // namespace sorvanel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -20,6 +21,7 @@ struct UtilesDialogo {
     Cola& cola;
     Avisos& avisos;
     FabricaDialogos& fabrica;
+    std::function<void()> alAbrirOCerrar = {};  // told once it has
 };
 
 // A tool of the configuration; at most one is open. Its window and all that stands on it exist only while it
@@ -88,6 +90,9 @@ private:
     void cargar();
     void crearTitulos();
     void descargar();
+    void avisarCambio() const {
+        if (m_utiles.alAbrirOCerrar) m_utiles.alAbrirOCerrar();
+    }
     void situar();
     Pieza cabecera();
     Rejilla componer(Pieza contenido);

@@ -39,6 +39,9 @@ void FilaValor::valor(int valor) {
     const std::string texto = std::to_string(valor);
     m_lbValor->texto(texto);
     m_lbValor->nombre(m_datos.nombre + ": " + texto);
+    const auto pinta = [](bool queda) { return queda ? AspectoBoton::normal : AspectoBoton::agotado; };
+    m_menos->aspecto(pinta(valor > m_datos.inferior));
+    m_mas->aspecto(pinta(valor < m_datos.superior()));
 }
 
 void FilaValor::mostrar(bool visible) {

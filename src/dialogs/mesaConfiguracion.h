@@ -21,7 +21,7 @@ public:
     virtual void montarParrilla() = 0;
     // The grid, its free cells numbered, and all displays, defined and placed where they can be.
     virtual void montarVisores() = 0;
-    // The message band, not running.
+    // The same, and over it the message band, not running.
     virtual void montarMensaje() = 0;
     // Drops whatever was made, puts what was changed on the disk; the screen is empty again.
     virtual void desmontarMesa() = 0;
@@ -41,6 +41,8 @@ public:
 
     // The monitors as they were at the last layout, and the one that the window covers.
     virtual const oScreen& pantalla() = 0;
+    // The upper edge of what lies over the lower end of the grid: the bar, or the band above it. Twips.
+    virtual float limiteInferior() const = 0;
     // Selects and saves it, and moves the window there at once with its bar and grid.
     virtual void cambiarMonitor(std::int16_t indice) = 0;
 

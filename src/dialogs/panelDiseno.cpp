@@ -24,7 +24,7 @@ PanelDiseno::PanelDiseno(TallerDialogo& taller, DialogosSistema& sistema, const 
     m_imDesf->alActuar([this] { m_datos.alCerrar(); });
     for (std::size_t i = 0; i < CAMPOS.size(); ++i) {
         m_filas[i].casilla = taller.casilla(CAMPOS[i].casilla, 0, std::string(CAMPOS[i].propio),
-                                            "Marcada, este visor tiene un valor propio; si no, el común");
+                                            "Marcada, este visor tiene un valor propio; si no, el del diseño común");
         m_filas[i].casilla->alActuar([this] { mostrarPropios(); });
     }
     for (std::size_t i = 0; i < CAMPOS.size(); ++i) {

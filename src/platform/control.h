@@ -141,6 +141,9 @@ enum class Dibujo {
 // The small one, a picture without text, leaves the focus where it is when the mouse presses it; in the bar the arrow
 // keys go from one to the next.
 enum class EstiloBoton { dialogo, imagen, barra };
+// How it looks whatever the mouse does: pressed, as long as what it opens is open; or spent, where pressing it would
+// change nothing. The keyboard reaches it all the same: a key that is held down must not go on in another one.
+enum class AspectoBoton { normal, hundido, agotado };
 
 // Held down it presses again and again, faster than one can click, for plus and minus; or of a double click only the
 // first half counts, for what cannot be taken back.
@@ -155,6 +158,7 @@ public:
     virtual void texto(const std::string& texto) = 0;
     virtual void dibujo(Dibujo dibujo) = 0;  // left of the text
     virtual void repeticion(Repeticion cual) = 0;
+    virtual void aspecto(AspectoBoton aspecto) = 0;
 };
 
 // Shows a colour, and is pressed like a button.
@@ -174,8 +178,10 @@ public:
     virtual void alPulsarAsa(Punto raton) = 0;
     virtual void alMoverAsa(Punto raton) = 0;
     virtual void alSoltarAsa() = 0;
-    // An arrow key: so many twips to the right and down.
+    // An arrow key: so many twips to the right and down. Its going up is told as a release.
     virtual void alEmpujarAsa(Punto paso) = 0;
+    // The second press of a double click; the first one has been told and released.
+    virtual void alDobleAsa() = 0;
 };
 
 // A handle that is dragged, by the mouse or, when it has the focus, by the arrow keys.

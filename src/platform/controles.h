@@ -9,6 +9,7 @@ enum class IdControl : int {
     picBot = 100,
     picMsg = 101,
     lbVer = 102,
+    lbEstado = 103,
 
     botOff = 110,
     botRun = 111,
@@ -20,6 +21,7 @@ enum class IdControl : int {
     botVisores = 117,
     botSize = 118,
     botMensaje = 119,
+    lbMedida = 120,  // where the handle that is dragged has taken the grid
 
     imDrgXY = 130,
     imDrgWH = 131,
@@ -128,6 +130,8 @@ enum class IdControl : int {
     frTxt = 511,
     frFnt = 512,
     frVel = 513,
+    lbTapa = 514,  // which rows of the grid the band covers
+    botAjustar = 515,
 
     // Labels and grounds that nothing refers to: the base and a running number.
     rotulo = 3000,

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+
+#include "platform/color.h"
 #include "platform/formaVentana.h"
 #include "platform/monitor.h"
 #include "platform/ventana.h"
@@ -7,6 +10,12 @@
 namespace sorvanel {
 
 enum class Puntero { normal, marcha };
+
+// The colours that the user has chosen for all programs.
+struct ColoresSistema {
+    Color fondo = BLANCO;
+    Color texto = NEGRO;
+};
 
 // Where on the form the mouse moved.
 enum class ZonaRaton { representacion, barra };
@@ -28,6 +37,10 @@ public:
     virtual void alDescargar() = 0;
     // Monitors may have come, gone or changed; told once they have settled.
     virtual void alCambiarMonitores() = 0;
+    // F1, in whatever window of the program. Never while a box is open.
+    virtual void alPedirAyuda() = 0;
+    // What colores() says may be something else.
+    virtual void alCambiarColores() = 0;
 };
 
 // The borderless main window. From below: the representation, what displays have, the message strip,
@@ -38,6 +51,8 @@ public:
     // Covers exactly that monitor, task bar too, and takes its scale.
     virtual void cubrir(const Monitor& monitor) = 0;
     virtual void puntero(Puntero puntero) = 0;
+    // Only where the user wants high contrast: ours then stand back.
+    virtual std::optional<ColoresSistema> colores() const = 0;
     virtual void refrescar() = 0;
     // Ends the program: alDescargar follows.
     virtual void cerrar() = 0;

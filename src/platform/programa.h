@@ -24,6 +24,9 @@ public:
     virtual Version version() const = 0;
     // Whether it is drawn on or with the character before it, as an accent is. Beyond U+FFFF the system may not know.
     virtual bool esMarca(char32_t caracter) const = 0;
+    // Opens the manual that lies beside the executable, at that section where the system can; at once, whatever the
+    // system takes for it. False when there is none.
+    virtual bool abrirManual(const std::string& apartado) const = 0;
 };
 
 }  // namespace sorvanel

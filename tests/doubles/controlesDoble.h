@@ -232,11 +232,13 @@ public:
     Dibujo imagen = Dibujo::ninguno;
     std::string escrito;
     bool repite = false;
+    AspectoBoton pinta = AspectoBoton::normal;
 
     void estilo(EstiloBoton estilo) override { como = estilo; }
     void texto(const std::string& texto) override { escrito = texto; }
     void dibujo(Dibujo dibujo) override { imagen = dibujo; }
     void repeticion(Repeticion cual) override { repite = cual == Repeticion::sostenida; }
+    void aspecto(AspectoBoton aspecto) override { pinta = aspecto; }
 
 protected:
     bool tomaFoco() const override { return como != EstiloBoton::imagen; }
@@ -270,6 +272,10 @@ public:
         quienOye->alPulsarAsa({100, 100});
         quienOye->alMoverAsa({100 + dx, 100 + dy});
         quienOye->alSoltarAsa();
+    }
+    void dobleClic() {
+        arrastrar(0, 0);
+        quienOye->alDobleAsa();
     }
 };
 

@@ -26,6 +26,9 @@ public:
         ++veces;
     }
     void recortar(std::span<const RectPixel> zonas) override { forma.assign(zonas.begin(), zonas.end()); }
+    std::optional<ColoresSistema> contraste;
+
+    std::optional<ColoresSistema> colores() const override { return contraste; }
     void puntero(Puntero puntero) override { ultimoPuntero = puntero; }
     void refrescar() override {}
     void mostrar() override {

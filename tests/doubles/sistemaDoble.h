@@ -27,6 +27,12 @@ public:
     }
     std::string separadorDecimal() const override { return separador; }
     Version version() const override { return {1, 0, 1}; }
+    bool hayManual = true;
+    mutable std::vector<std::string> manuales;  // the sections that were asked for
+    bool abrirManual(const std::string& apartado) const override {
+        manuales.push_back(apartado);
+        return hayManual;
+    }
     // Latin, Thai, kana and keycap.
     bool esMarca(char32_t c) const override {
         return (c >= 0x0300 && c <= 0x036F) || (c >= 0x0E31 && c <= 0x0E4E && c != 0x0E32 && c != 0x0E33) ||

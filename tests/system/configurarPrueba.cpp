@@ -37,6 +37,21 @@ TEST_F(Configurar, DeLaNadaAUnPesoVivo) {
     EXPECT_TRUE(programa.terminar());
 }
 
+// What the system makes of the key goes from a control to its window, and from a tool to the main one.
+TEST_F(Configurar, F1SinManualLoDiceDesdeCadaVentana) {
+    configurar(dosVisores);
+    const auto pedir = [&](HWND conFoco) {
+        HELPINFO ayuda{};
+        ayuda.cbSize = sizeof ayuda;
+        SendMessageW(conFoco, WM_HELP, 0, reinterpret_cast<LPARAM>(&ayuda));
+        return programa.caja().contestar();
+    };
+    EXPECT_THAT(pedir(programa.control(IdControl::botOk)), HasSubstr("manual.html"));
+    ASSERT_TRUE(abrir(IdControl::botVisores, visores));
+    ASSERT_TRUE(visores.esperarControl(IdControl::txPort, 2));
+    EXPECT_THAT(pedir(visores.control(IdControl::txPort, 2)), HasSubstr("manual.html"));
+}
+
 TEST_F(Configurar, UnaEntradaInvalidaSeDiceYCancelarDevuelveCadaByte) {
     configurar(dosVisores);
     abrir(IdControl::botVisores, visores);

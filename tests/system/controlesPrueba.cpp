@@ -121,6 +121,7 @@ TEST_F(Controles, LasAsasSiguenAlRatonYAlTecladoYRespetanElMensaje) {
     programa.pulsar(IdControl::botSize);
     ASSERT_TRUE(programa.esperarVisible(IdControl::imDrgWH));
     const HWND xy = programa.control(IdControl::imDrgXY), wh = programa.control(IdControl::imDrgWH);
+    EXPECT_TRUE(GetClassLongPtrW(wh, GCL_STYLE) & CS_DBLCLKS) << "the system would tell of no double click";
     const RECT franja = lugar(programa.control(IdControl::picMsg));
     const RECT pantalla = lugar(programa.ventana());
     arrastrar(wh, -400, -300);

@@ -72,6 +72,15 @@ TEST(AsasParrilla, cadaAsaTieneSusTopes) {
     }
 }
 
+TEST(AsasParrilla, unDobleClicTomaTodoElSitio) {
+    Banco b;
+    b.xy.dobleClic();
+    b.comprobar({0, 0, INICIAL.derecha(), INICIAL.abajo()});
+    b.wh.dobleClic();
+    b.comprobar({0, 0, ANCHO, LIMITE});
+    EXPECT_FALSE(b.formulario.superficie(IdControl::lbMedida)->visible());
+}
+
 TEST(AsasParrilla, unMovimientoEsUnPintadoYUnGuardado) {
     Banco b;
     EXPECT_TRUE(b.xy.seVe && b.wh.seVe);
@@ -81,12 +90,19 @@ TEST(AsasParrilla, unMovimientoEsUnPintadoYUnGuardado) {
     b.e.perfil.ocio(true);
     EXPECT_EQ(b.e.archivos.reemplazos, 1);
     EXPECT_EQ(b.refrescos, 1);
+    const SuperficieDoble& medida = *b.formulario.superficie(IdControl::lbMedida);
+    EXPECT_FALSE(medida.visible()) << "released";
     const auto suelo = testing::HasSubstr("#808080");
     EXPECT_THAT(b.lienzo.lineas(), testing::Contains(suelo).Times(1)) << "the grid's ground is painted once";
     b.xy.quienOye->alMoverAsa({500, 500});
     EXPECT_EQ(b.refrescos, 1) << "not pressed: it does not move";
     b.wh.quienOye->alEmpujarAsa({15, -150});  // an arrow needs no press
+    EXPECT_TRUE(medida.visible());
+    EXPECT_EQ(medida.textoLeyenda(), "Ancho 40,3 % · Alto 35,1 %");
+    b.xy.quienOye->alPulsarAsa({10, 10});
+    EXPECT_EQ(medida.textoLeyenda(), "Izquierda 34,8 % · Arriba 39,7 %");
     b.asas.ocultar();
+    EXPECT_FALSE(medida.visible());
     EXPECT_FALSE(b.xy.seVe || b.wh.seVe);
     b.xy.arrastrar(100, 100);
     b.comprobar({5340, 4380, 6195, 3870});

@@ -1,3 +1,5 @@
+#include <tuple>
+
 #include "unit/bancoBase.h"
 
 namespace sorvanel {
@@ -131,6 +133,61 @@ TEST(base, unaSolaHerramientaAbierta) {
     EXPECT_EQ(t.e.ini(), DOS_VISORES) << "opening and closing changes nothing";
 }
 
+// What the bar says, which buttons look pressed, and what the empty screen says.
+TEST(base, seDiceEnQueEstadoEstaYQueHacer) {
+    const auto pasos = [](Banco& t, const std::vector<std::tuple<Id, const char*, Id, bool>>& lista) {
+        for (const auto& [boton, dicho, hundido, primerPaso] : lista) {
+            ASSERT_TRUE(boton == Id::picRep || t.formulario.pulsar(boton));
+            const SuperficieDoble& rotulo = *t.formulario.superficie(Id::lbEstado);
+            EXPECT_EQ(rotulo.textoLeyenda(), dicho) << numero(boton);
+            EXPECT_EQ(rotulo.visible(), *dicho != '\0');
+            for (const Id id : {Id::botDise, Id::botVisores, Id::botSize, Id::botMensaje})
+                EXPECT_EQ(t.formulario.boton(id)->pinta == AspectoBoton::hundido, id == hundido) << numero(id);
+            EXPECT_EQ(t.formulario.superficie(Id::picRep)->textoLeyenda().starts_with("Todavía no hay"), primerPaso);
+        }
+    };
+    const char *configurando = "Configurando", *cancelado = "Cambios cancelados: acepte para volver";
+    Banco t(DOS_VISORES);
+    pasos(t, {{Id::picRep, "", Id::picRep, false},
+              {Id::botPau, "En pausa", Id::picRep, false},
+              {Id::botCfg, configurando, Id::picRep, false},
+              {Id::botVisores, configurando, Id::botVisores, false},
+              {Id::botSize, configurando, Id::botSize, false},
+              {Id::botCan, cancelado, Id::picRep, false},
+              {Id::botMensaje, configurando, Id::botMensaje, false},
+              {Id::botMensaje, configurando, Id::picRep, false},
+              {Id::botOk, "En pausa", Id::picRep, false},
+              {Id::botRun, "", Id::picRep, false}});
+    Banco nuevo("");
+    pasos(nuevo, {{Id::picRep, configurando, Id::picRep, true},
+                  {Id::botSize, configurando, Id::botSize, false},
+                  {Id::botSize, configurando, Id::picRep, true},
+                  {Id::botCan, cancelado, Id::picRep, true},
+                  {Id::botVisores, configurando, Id::botVisores, false}});
+    nuevo.dialogos.dialogo(Id::cfgVisor)->boton(Id::botNvo)->pulsar();
+    pasos(nuevo, {{Id::botVisores, configurando, Id::picRep, false}, {Id::botOk, "En pausa", Id::picRep, false}});
+}
+
+TEST(base, laAyudaVaALoQueEstaAbierto) {
+    Banco t(DOS_VISORES);
+    const std::pair<Id, const char*> pasos[] = {
+        {Id::picRep, "marcha"},      {Id::botPau, "pausa"},   {Id::botCfg, "configurar"}, {Id::botDise, "contexto"},
+        {Id::botVisores, "visores"}, {Id::botSize, "tamano"}, {Id::botMensaje, "mensaje"}};
+    for (const auto& [boton, apartado] : pasos) {
+        t.formulario.pulsar(boton);
+        t.e.programa.manuales.clear();
+        t.formulario.quienOye->alPedirAyuda();
+        EXPECT_TRUE(t.e.programa.manuales.empty()) << "not from within the key";
+        t.e.cola.ejecutar();
+        EXPECT_EQ(t.e.programa.manuales, std::vector<std::string>{apartado});
+    }
+    EXPECT_TRUE(t.e.avisos.informaciones.empty());
+    t.e.programa.hayManual = false;
+    t.formulario.quienOye->alPedirAyuda();
+    t.e.cola.ejecutar();
+    EXPECT_EQ(t.e.avisos.informaciones.size(), 1U);
+}
+
 // The tool is seen before the displays behind it are made.
 TEST(base, losVisoresVienenTrasSuHerramienta) {
     Banco t(DOS_VISORES);
@@ -217,7 +274,6 @@ TEST(base, cancelarDevuelveCadaByteYCerrarDejaElCambioConCadaHerramientaAbierta)
     }
 }
 
-// There is no grid then, only what the file says of it.
 TEST(base, conElMensajeAbiertoLaVentanaDejaVerSuFranja) {
     Banco t(
         "[RETICULA]\r\nPosicion=0,25;0,25\r\nDimensiones=0,5;0,5\r\ncolorAplicacion=Transparente\r\n"

@@ -52,6 +52,8 @@ TEST_F(CfgMensaje, laVelocidadVaDeCeroAVeinte) {
         SCOPED_TRACE(c.velocidad);
         abrir(std::string("[MENSAJE]\r\nEnUso=Sí\r\nVelocidad=") + c.velocidad + "\r\n");
         EXPECT_EQ(v().rotulo(Id::lbVel)->texto(), c.velocidad);
+        const bool aTope = v().boton(Id::imVelP)->pinta == AspectoBoton::agotado;
+        EXPECT_EQ(aTope, std::stoi(c.velocidad) >= 20);
         pulsar(Id::imVelP);
         EXPECT_EQ(valor("Velocidad"), c.unoMas);
         pulsar(Id::imVelM);
@@ -88,6 +90,37 @@ TEST_F(CfgMensaje, laFuentePasaEnteraPorSuEleccion) {
     EXPECT_EQ(elegir(), "Arial,18.5,xIx");
     ASSERT_EQ(e.avisos.textos.size(), 1U) << "refused, and told";
     EXPECT_NE(e.avisos.textos[0].find("Arial"), std::string::npos);
+}
+
+// At 1024 by 768 the band takes from the lower end what its letters need; a grid at the bottom has no room left.
+TEST_F(CfgMensaje, loQueTapaLaFranjaSeDiceYSeAjusta) {
+    const struct {
+        const char *reticula, *texto;
+        bool ajustable;
+    } casos[] = {
+        {"FilasColumnas=4x1", "El mensaje tapa la última fila", true},
+        {"FilasColumnas=8x1\r\nPosicion=0;0,1\r\nDimensiones=1;0,9", "El mensaje tapa las 2 últimas filas", true},
+        {"FilasColumnas=1x1\r\nPosicion=0;0,9\r\nDimensiones=1;0,05", "El mensaje tapa toda la parrilla", false},
+        {"FilasColumnas=4x1\r\nDimensiones=1;0,5", "", false}};
+    for (const auto& c : casos) {
+        SCOPED_TRACE(c.reticula);
+        abrir(std::string("[RETICULA]\r\n") + c.reticula +
+              "\r\n[VISOR_1]\r\nPort=3001\r\nUbicacion=1,1\r\n[MENSAJE]\r\nTexto=Hola\r\nFont=Arial,72,xxx\r\n");
+        const Control& tapa = *v().rotulo(Id::lbTapa);
+        EXPECT_FALSE(tapa.visible()) << "not in use";
+        const SuperficieDoble& visor = *formulario.superficie(Id::picRep, 1);
+        EXPECT_TRUE(visor.visible()) << "seen behind the tool";
+        v().casilla(Id::ckUsar)->pulsar();
+        EXPECT_EQ(tapa.visible() ? v().rotulo(Id::lbTapa)->texto() : "", c.texto);
+        EXPECT_EQ(v().boton(Id::botAjustar)->seVe, c.ajustable);
+        if (!c.ajustable) continue;
+        const float alto = visor.lugar().alto;
+        EXPECT_TRUE(v().boton(Id::botAjustar)->pulsarConTeclado());
+        EXPECT_LT(visor.lugar().alto, alto);
+        EXPECT_FALSE(tapa.visible() || v().boton(Id::botAjustar)->seVe);
+        const Parrilla otra(e.com, e.pantalla());
+        EXPECT_NEAR(otra.Top() + otra.Height(), formulario.superficie(Id::picMsg)->lugar().y, 1) << "saved";
+    }
 }
 
 TEST_F(CfgMensaje, losColoresVanALoSuyo) {

@@ -2,6 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include "dialogs/gradiente.h"
+#include "dialogs/tallerDialogo.h"
+#include "platform/contraste.h"
+#include "platform/win32/base/direccionArchivo.h"
+#include "platform/win32/painting/paleta.h"
+
 namespace sorvanel {
 namespace {
 
@@ -72,6 +78,27 @@ TEST(Formas, mezclan) {
     EXPECT_EQ(formas::mezclar(0x123456, 0xFFEEDD, 256), 0xFFEEDDU);
     EXPECT_EQ(formas::mezclar(0x000000, 0xFF8040, 128), 0x804020U);
     EXPECT_EQ(formas::cobertura(0), 128U);
+}
+
+TEST(Direccion, deUnArchivo) {
+    EXPECT_EQ(direccionArchivo("C:\\Año 100%\\b#1.html"), "file:///C:/A%C3%B1o%20100%25/b%231.html");
+    EXPECT_EQ(direccionArchivo("\\\\pc\\b.html"), "file://pc/b.html");
+}
+
+// On every ground on which controls stand: the bar, a tool's gradient, a group, a selected row, their own faces.
+TEST(Paleta, lineasYLetrasSeDistinguenDeTodosLosFondos) {
+    EXPECT_NEAR(contraste(NEGRO, BLANCO), 21, 0.001);
+    EXPECT_NEAR(contraste(rgb(0x77, 0x77, 0x77), BLANCO), 4.48, 0.005);
+    const apariencia::Paleta p;
+    const Gradiente g;
+    const Color fondos[] = {
+        rgb(0xE6, 0xEA, 0xEE), g.color(),    g.colorAclarado(), COLOR_PANEL, rgb(0xD6, 0xE7, 0xF8), p.ventana, p.cara,
+        p.caraEncima,          p.caraInhabil};
+    for (const Color fondo : fondos) {
+        SCOPED_TRACE(fondo);
+        for (const Color linea : {p.borde, p.bordeEncima, p.foco}) EXPECT_GE(contraste(linea, fondo), 3);
+        for (const Color letra : {p.letra, p.letraInhabil}) EXPECT_GE(contraste(letra, fondo), 4.5);
+    }
 }
 
 }  // namespace

@@ -165,6 +165,8 @@ void mensaje(Escena& e) {
                               {"cfg_mensaje_foco_color", frColorBak},
                               {"cfg_mensaje_foco_velocidad", imVelP}};
     fotosConFoco(e, FOCOS);
+    e.pulsar(botAjustar, 0, botAjustar, 0, false);
+    e.foto("cfg_mensaje_ajustada");
     e.pulsar(ckUsar, 0, txTexto, 0, false);
     e.foto("cfg_mensaje_ya_sin_usar");
 }

@@ -157,6 +157,9 @@ void barra(Escena& e) {
     e.foto("barra_configurando");
     e.enfocar(botVisores);
     e.foto("barra_foco_visores");
+    e.programa().pulsar(botCan);
+    exigir(e.programa().esperarTexto(lbEstado, 0, "Cambios cancelados: acepte para volver"), "it is not told");
+    e.foto("barra_cancelado");
 }
 
 void incidencia(Escena& e) {
@@ -174,6 +177,10 @@ void asas(Escena& e) {
         e.programa().pulsar(botSize);
         exigir(e.programa().esperarVisible(imDrgWH), "no handle comes");
         e.foto(nombre);
+        e.enfocar(imDrgWH);
+        PostMessageW(e.programa().control(imDrgWH), WM_KEYDOWN, VK_LEFT, 1);
+        exigir(e.programa().esperarVisible(lbMedida), "no measure is seen");
+        e.foto(nombre + std::string("_medida"));
         e.enfocar(imDrgXY);
         e.foto(nombre + std::string("_foco"));
     }

@@ -17,6 +17,7 @@ void VentanaWin::registrar(const MoldeVentana& molde) {
     } else {
         clase.hCursor = LoadCursorW(nullptr, IDC_ARROW);
         if (molde.conDC) clase.style |= CS_OWNDC;
+        if (molde.dobleClic) clase.style |= CS_DBLCLKS;
     }
     clase.lpfnWndProc = &VentanaWin::procedimiento;
     clase.hInstance = GetModuleHandleW(nullptr);

@@ -12,7 +12,7 @@ struct MoldeVentana {
     const wchar_t* clase = nullptr;
     // A class of the system whose behaviour is the ground of ours; none when null.
     const wchar_t* sobre = nullptr;
-    bool dobleClic = false;  // the system's control knows what to do with one
+    bool dobleClic = false;  // is told of one as such
     bool conDC = false;      // a device context of its own, for as long as it lives
     DWORD estilo = 0;
     DWORD estiloExtra = 0;

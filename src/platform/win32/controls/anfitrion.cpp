@@ -224,8 +224,20 @@ LRESULT Anfitrion::alMensaje(UINT mensaje, WPARAM w, LPARAM l) {
     }
 }
 
+// Each window is told, and the first one asks for all; to paint anew it costs little.
+void Anfitrion::releerColores() {
+    m_recursos.paleta = apariencia::paletaDelSistema();
+    alCambiarColores();
+    if (hwnd()) RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_FRAME);
+}
+
 LRESULT Anfitrion::alMensajePropio(UINT mensaje, WPARAM w, LPARAM l) {
     switch (mensaje) {
+        case WM_SYSCOLORCHANGE:
+        case WM_THEMECHANGED:
+        case WM_SETTINGCHANGE:
+            releerColores();
+            return porDefecto(mensaje, w, l);
         case WM_SETFOCUS:
         case MENSAJE_FOCO:
             m_foco.recuperar();

@@ -33,6 +33,7 @@ struct RecursosVentanas {
     Lienzo borrador;  // where a control is put together before it is shown: one for all, since they paint in turn
     NombresAccesibles nombres;
     PulsacionesRaton pulsaciones;
+    apariencia::Paleta paleta = apariencia::paletaDelSistema();
     Fuente letra = fuenteInterfaz(aTwips(apariencia::ALTO_LETRA));
 };
 
@@ -44,6 +45,7 @@ public:
     const Escala& escala() const { return m_escala; }
     RecursosVentanas& recursos() const { return m_recursos; }
     HFONT letra() const { return m_letra->get(); }
+    const apariencia::Paleta& paleta() const { return m_recursos.paleta; }
     int altoLetra() const { return m_altoLetra; }  // of a line, device pixels
     SugerenciasWin& sugerencias() { return m_sugerencias; }
     FocoVentana& foco() { return m_foco; }
@@ -63,6 +65,8 @@ public:
     virtual void alPulsarSuperficie(const SuperficieWin&, POINT) {}
     // The mouse was pressed where there is nothing to press.
     virtual void alPulsarFondo() {}
+    // The colours of the controls are others than they were.
+    virtual void alCambiarColores() {}
 
     void alta(ControlWin& control);
     void alta(ElementoWin& elemento);
@@ -105,6 +109,7 @@ private:
     // To the control that it is about; the system's answer where it is about none of ours.
     LRESULT devolver(HWND control, UINT mensaje, WPARAM w, LPARAM l);
     LRESULT alMensajePropio(UINT mensaje, WPARAM w, LPARAM l);
+    void releerColores();
 
     RecursosVentanas& m_recursos;
     Escala m_escala;

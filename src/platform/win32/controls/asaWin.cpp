@@ -19,7 +19,7 @@ constexpr COLORREF CLARO = RGB(0xFF, 0xFF, 0xFF);
 }  // namespace
 
 AsaWin::AsaWin(Anfitrion& anfitrion, IdControl id, int elemento) : ControlDe(anfitrion) {
-    crearControl(CLASE, nullptr, WS_TABSTOP, id, elemento);
+    crearControl(CLASE, nullptr, WS_TABSTOP, id, elemento, true);
 }
 
 void AsaWin::ponerVisible(bool visible) {
@@ -54,19 +54,34 @@ void AsaWin::soltar() {
     if (m_oyente) m_oyente->alSoltarAsa();
 }
 
+void AsaWin::alPulsar(LPARAM l) {
+    SetFocus(hwnd());
+    SetCapture(hwnd());
+    m_arrastrando = true;
+    m_movida = false;
+    m_agarre = dentro(l);
+    if (m_oyente) m_oyente->alPulsarAsa(m_agarre);
+}
+
 LRESULT AsaWin::alRaton(UINT mensaje, LPARAM l) {
     switch (mensaje) {
         case WM_LBUTTONDOWN:
-            SetFocus(hwnd());
-            SetCapture(hwnd());
-            m_arrastrando = true;
-            if (m_oyente) m_oyente->alPulsarAsa(dentro(l));
+            alPulsar(l);
+            break;
+        case WM_LBUTTONDBLCLK:
+            // Two short drags in quick succession are none.
+            if (m_movida) {
+                alPulsar(l);
+            } else if (m_oyente) {
+                m_oyente->alDobleAsa();
+            }
             break;
         case WM_MOUSEMOVE:
             if (!m_arrastrando) {
                 alMoverRaton();
-            } else if (m_oyente) {
-                m_oyente->alMoverAsa(dentro(l));
+            } else if (dentro(l) != m_agarre) {
+                m_movida = true;
+                if (m_oyente) m_oyente->alMoverAsa(dentro(l));
             }
             break;
         default:
@@ -102,6 +117,7 @@ bool AsaWin::alTeclear(WPARAM tecla) {
 LRESULT AsaWin::atender(UINT mensaje, WPARAM w, LPARAM l) {
     switch (mensaje) {
         case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK:
         case WM_MOUSEMOVE:
         case WM_LBUTTONUP:
         case WM_CAPTURECHANGED:
@@ -113,6 +129,10 @@ LRESULT AsaWin::atender(UINT mensaje, WPARAM w, LPARAM l) {
             return DLGC_WANTARROWS;
         case WM_KEYDOWN:
             return alTeclear(w) ? 0 : porDefecto(mensaje, w, l);
+        case WM_KEYUP:
+        case WM_KILLFOCUS:
+            if (m_oyente && !m_arrastrando) m_oyente->alSoltarAsa();
+            return ControlDe::atender(mensaje, w, l);
         default:
             return ControlDe::atender(mensaje, w, l);
     }

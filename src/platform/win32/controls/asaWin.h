@@ -21,11 +21,14 @@ private:
     void pintar(Lienzo& lienzo, const RECT& zona) override;
     LRESULT alRaton(UINT mensaje, LPARAM l);
     bool alTeclear(WPARAM tecla);
+    void alPulsar(LPARAM l);
     void soltar();
     Punto dentro(LPARAM posicion) const;
 
     OyenteAsa* m_oyente = nullptr;
     bool m_arrastrando = false;
+    bool m_movida = false;  // since it was pressed last
+    Punto m_agarre;         // where within it that was
 };
 
 }  // namespace sorvanel

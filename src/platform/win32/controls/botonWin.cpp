@@ -175,6 +175,19 @@ void BotonWin::dibujo(Dibujo dibujo) {
     invalidar();
 }
 
+void BotonWin::aspecto(AspectoBoton aspecto) {
+    if (aspecto == m_aspecto) return;
+    m_aspecto = aspecto;
+    invalidar();
+}
+
+apariencia::Estado BotonWin::estado() const {
+    apariencia::Estado estado = PulsadorWin::estado();
+    estado.pulsado = estado.pulsado || m_aspecto == AspectoBoton::hundido;
+    estado.habilitado = estado.habilitado && m_aspecto != AspectoBoton::agotado;
+    return estado;
+}
+
 bool BotonWin::alTeclear(UINT mensaje, WPARAM tecla, LPARAM detalle) {
     if (m_estilo != EstiloBoton::barra || tecla < VK_LEFT || tecla > VK_DOWN)
         return PulsadorWin::alTeclear(mensaje, tecla, detalle);
@@ -195,7 +208,8 @@ int BotonWin::ladoDibujo(const RECT& zona) const {
 }
 
 void BotonWin::pintar(Lienzo& lienzo, const RECT& zona) {
-    apariencia::pintarCara(lienzo, zona, escala(), estado());
+    const apariencia::Estado como = estado();
+    apariencia::pintarCara(lienzo, zona, escala(), paleta(), como);
     const Huecos huecos = huecosDe(m_estilo);
     const int texto = m_texto.empty() ? 0 : extension(lienzo.dc(), m_texto).cx;
     const int lado = ladoDibujo(zona), hueco = lado > 0 && texto > 0 ? px(huecos.medio) : 0;
@@ -203,13 +217,13 @@ void BotonWin::pintar(Lienzo& lienzo, const RECT& zona) {
     int x = std::max<int>(margen, (zona.right - lado - hueco - texto) / 2);
     if (lado > 0) {
         const int y = (zona.bottom - lado) / 2;
-        const Color tinta = habilitado() ? apariencia::tintaDe(m_dibujo) : apariencia::LETRA_INHABIL;
+        const Color tinta = apariencia::tintaDe(paleta(), como, m_dibujo);
         dibujarPictograma(lienzo, m_dibujo, {x, y, x + lado, y + lado}, apariencia::aColor(tinta));
         x += lado + hueco;
     }
     if (texto == 0) return;
     const RECT sitio{x, zona.top, std::max<LONG>(zona.right - px(huecos.derecha), x), zona.bottom};
-    apariencia::escribir(lienzo.dc(), m_texto, sitio, apariencia::letraDe(habilitado()));
+    apariencia::escribir(lienzo.dc(), m_texto, sitio, apariencia::letraDe(paleta(), como));
 }
 
 // ---- Colour ----
@@ -225,12 +239,11 @@ void MarcoColorWin::color(Color color) {
 
 // The colour lies on a button's face: so it is seen as one also where it is white.
 void MarcoColorWin::pintar(Lienzo& lienzo, const RECT& zona) {
-    apariencia::pintarCara(lienzo, zona, escala(), estado());
+    apariencia::pintarCara(lienzo, zona, escala(), paleta(), estado());
     const int orla = px(ORLA);
     const RECT muestra{orla, orla, zona.right - orla, zona.bottom - orla};
     if (muestra.right <= muestra.left || muestra.bottom <= muestra.top) return;
-    apariencia::pintarCaja(lienzo, muestra, px(apariencia::RADIO_CAJA), px(1), apariencia::BORDE_CAMPO,
-                           colorPintable(m_color));
+    apariencia::pintarCaja(lienzo, muestra, px(apariencia::RADIO_CAJA), px(1), paleta().borde, colorPintable(m_color));
 }
 
 }  // namespace sorvanel

@@ -16,7 +16,7 @@ protected:
         m_repite = cual == Repeticion::sostenida;
         m_unaSola = cual == Repeticion::nuncaDoble;
     }
-    apariencia::Estado estado() const;
+    virtual apariencia::Estado estado() const;
 
     LRESULT atender(UINT mensaje, WPARAM w, LPARAM l) override;
     void alNotificar(UINT aviso) override;
@@ -47,8 +47,10 @@ public:
     void texto(const std::string& texto) override;
     void dibujo(Dibujo dibujo) override;
     void repeticion(Repeticion cual) override { repite(cual); }
+    void aspecto(AspectoBoton aspecto) override;
 
 private:
+    apariencia::Estado estado() const override;
     bool tomaFoco() const override { return m_estilo != EstiloBoton::imagen; }
     bool alTeclear(UINT mensaje, WPARAM tecla, LPARAM detalle) override;
     void ponerNombre(const std::wstring& texto) override;
@@ -59,6 +61,7 @@ private:
     std::wstring m_texto;
     bool m_conNombre = false;  // one that is not the text
     Dibujo m_dibujo = Dibujo::ninguno;
+    AspectoBoton m_aspecto = AspectoBoton::normal;
 };
 
 class MarcoColorWin final : public ControlDe<MarcoColor, PulsadorWin> {

@@ -270,7 +270,7 @@ void CajaTextoWin::pintarMarco() {
     if (!borrador.utilizable() || ancho <= 0 || alto <= 0) return;
     anfitrion().pintarDetras(borrador, sitio());
     const apariencia::Estado estado{false, enfocado(), false, habilitado()};
-    apariencia::pintarCampo(borrador, {0, 0, ancho, alto}, escala(), estado, colorPintable(m_fondo));
+    apariencia::pintarCampo(borrador, {0, 0, ancho, alto}, escala(), paleta(), estado, m_fondo);
     GetClientRect(hwnd(), &dentro);
     MapWindowPoints(hwnd(), nullptr, reinterpret_cast<POINT*>(&dentro), 2);
     OffsetRect(&dentro, -todo.left, -todo.top);
@@ -293,8 +293,8 @@ LRESULT CajaTextoWin::atenderMarco(UINT mensaje, WPARAM w, LPARAM l) {
         case WM_CTLCOLOREDIT:
         case WM_CTLCOLORSTATIC: {
             const HDC dc = reinterpret_cast<HDC>(w);
-            const COLORREF fondo = apariencia::aColor(habilitado() ? m_fondo : apariencia::CARA_INHABIL);
-            SetTextColor(dc, apariencia::aColor(apariencia::letraDe(habilitado())));
+            const COLORREF fondo = apariencia::aColor(apariencia::campoDe(paleta(), habilitado(), m_fondo));
+            SetTextColor(dc, apariencia::aColor(apariencia::letraCampo(paleta(), habilitado())));
             SetBkColor(dc, fondo);
             SetDCBrushColor(dc, fondo);
             return reinterpret_cast<LRESULT>(GetStockObject(DC_BRUSH));

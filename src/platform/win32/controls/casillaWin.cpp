@@ -72,28 +72,28 @@ void CasillaWin::pintar(Lienzo& lienzo, const RECT& zona) {
     const int borde = std::min<int>((zona.bottom - lado) / 2, px(2));
     const int y = (zona.bottom - lado) / 2;
     const RECT caja{borde, y, borde + lado, y + lado};
-    Color cara = si ? apariencia::FOCO : apariencia::caraDe(como);
-    if (!como.habilitado) cara = si ? apariencia::LETRA_INHABIL : apariencia::CARA_INHABIL;
-    Color linea = apariencia::BORDE_CAMPO;
+    Color cara = si ? paleta().foco : apariencia::caraDe(paleta(), como);
+    if (!como.habilitado) cara = si ? paleta().letraInhabil : paleta().caraInhabil;
+    Color linea = paleta().borde;
     if (si) linea = cara;
-    if (como.encima || como.foco) linea = apariencia::FOCO;
+    if (como.encima || como.foco) linea = paleta().foco;
     apariencia::pintarCaja(lienzo, caja, px(3), px(como.foco && !si ? apariencia::GROSOR_FOCO : 1), linea, cara);
     if (si) {
         const int dentro = px(2);
         dibujarPictograma(lienzo, Dibujo::aceptar,
                           {caja.left + dentro, caja.top + dentro, caja.right - dentro, caja.bottom - dentro},
-                          apariencia::aColor(BLANCO));
+                          apariencia::aColor(paleta().marca));
     }
     HDC dc = lienzo.dc();
     RECT sitio{caja.right + px(SEPARACION), 0, zona.right, zona.bottom};
-    apariencia::escribir(dc, m_texto, sitio, apariencia::letraDe(como.habilitado));
+    apariencia::escribir(dc, m_texto, sitio, apariencia::letraCampo(paleta(), como.habilitado));
     if (!como.foco) return;
     // Around all of it: a ticked box alone would not show where the keyboard is.
     DrawTextW(dc, m_texto.data(), static_cast<int>(m_texto.size()), &sitio, DT_SINGLELINE | DT_NOPREFIX | DT_CALCRECT);
     const LONG derecha = std::min<LONG>(sitio.right + px(4), zona.right);
     const RECT anillo{0, std::max(caja.top - px(3), 0L), m_texto.empty() ? caja.right + borde : derecha,
                       std::min<LONG>(caja.bottom + px(3), zona.bottom)};
-    apariencia::pintarCaja(lienzo, anillo, px(apariencia::RADIO_CAJA), px(1), apariencia::FOCO, -1);
+    apariencia::pintarCaja(lienzo, anillo, px(apariencia::RADIO_CAJA), px(1), paleta().foco, -1);
 }
 
 }  // namespace sorvanel

@@ -78,6 +78,7 @@ protected:
     Anfitrion& anfitrion() const { return m_anfitrion; }
     const Escala& escala() const { return m_anfitrion.escala(); }
     int px(float pixelesDeDiseno) const { return apariencia::px(escala(), pixelesDeDiseno); }
+    const apariencia::Paleta& paleta() const { return m_anfitrion.paleta(); }
     const Rectangulo& lugar() const { return m_lugar; }
     bool habilitado() const { return m_habilitado; }
     bool enfocado() const { return hwnd() && GetFocus() == hwnd(); }

@@ -124,12 +124,15 @@ void RotuloWin::pintar(Lienzo& lienzo, const RECT& parte) const {
     RECT donde = enParte(sitio(), parte);
     if (m_fondo >= 0) {
         const RECT recorte = extensionDe(parte);
-        apariencia::pintarCaja(lienzo, donde, px(apariencia::RADIO_CAJA), 0, m_fondo, m_fondo, &recorte);
+        const Color fondo = paleta().contraste ? paleta().foco : m_fondo;
+        apariencia::pintarCaja(lienzo, donde, px(apariencia::RADIO_CAJA), 0, fondo, fondo, &recorte);
         donde.left += px(MARGEN);
         donde.right -= px(MARGEN);
     }
     const Seleccion letra(lienzo.dc(), m_hecha ? m_hecha->get() : anfitrion().letra());
-    apariencia::escribir(lienzo.dc(), ElementoWin::texto(), donde, m_colorTexto, formatoDe(m_ajuste));
+    Color tinta = m_colorTexto;
+    if (paleta().contraste) tinta = m_fondo >= 0 ? paleta().marca : paleta().letra;
+    apariencia::escribir(lienzo.dc(), ElementoWin::texto(), donde, tinta, formatoDe(m_ajuste));
 }
 
 // ---- Frame ----
@@ -142,8 +145,8 @@ void MarcoWin::colorFondo(Color color) {
 
 void MarcoWin::pintar(Lienzo& lienzo, const RECT& parte) const {
     const RECT recorte = extensionDe(parte);
-    apariencia::pintarCaja(lienzo, enParte(sitio(), parte), px(apariencia::RADIO), px(1), apariencia::BORDE,
-                           m_fondo < 0 ? -1 : colorPintable(m_fondo), &recorte);
+    apariencia::pintarCaja(lienzo, enParte(sitio(), parte), px(apariencia::RADIO), px(1), paleta().bordeMarco,
+                           m_fondo < 0 || paleta().contraste ? -1 : colorPintable(m_fondo), &recorte);
 }
 
 }  // namespace sorvanel

@@ -46,6 +46,7 @@ protected:
     void ponerTexto(std::wstring texto);
     const std::wstring& texto() const { return m_texto; }
     Anfitrion& anfitrion() const { return m_anfitrion; }
+    const apariencia::Paleta& paleta() const { return m_anfitrion.paleta(); }
     int px(float pixelesDeDiseno) const { return apariencia::px(m_anfitrion.escala(), pixelesDeDiseno); }
 
 private:
@@ -107,7 +108,7 @@ private:
     Fuente m_fuente;                     // without a height: the one that the controls share
     std::shared_ptr<FuenteWin> m_hecha;  // null for that one
     Ajuste m_ajuste = Ajuste::izquierda;
-    Color m_colorTexto = apariencia::LETRA;
+    Color m_colorTexto = apariencia::Paleta().letra;
     Color m_fondo = -1;
 };
 

@@ -185,21 +185,21 @@ void ListaWin::alDibujar(const DRAWITEMSTRUCT& pedido) {
     borrador.alcanzar(r.right - r.left, r.bottom - r.top);
     if (!borrador.utilizable()) return;
     const RECT zona{0, 0, r.right - r.left, r.bottom - r.top};
-    borrador.llenar(zona, apariencia::aColor(elegido ? apariencia::CARA_PULSADA : BLANCO));
+    borrador.llenar(zona, apariencia::aColor(elegido ? paleta().caraPulsada : paleta().ventana));
     const Seleccion letra(borrador.dc(), anfitrion().letra());
     const std::wstring texto = textoDe(static_cast<int>(pedido.itemID));
     RECT sitio = zona;
     sitio.left += px(MARGEN);
-    apariencia::escribir(borrador.dc(), texto, sitio, apariencia::LETRA);
+    apariencia::escribir(borrador.dc(), texto, sitio, elegido ? paleta().letraPulsada : paleta().letra);
     BitBlt(pedido.hDC, r.left, r.top, zona.right, zona.bottom, borrador.dc(), 0, 0, SRCCOPY);
 }
 
 void ListaWin::pintar(Lienzo& lienzo, const RECT& zona) {
     const bool enUso = enfocado() || desplegada();
     const apariencia::Estado estado{desplegada(), enUso, encima(), habilitado() && (enUso || !m_atenuada)};
-    const Color cara = colorPintable(estado.encima && !estado.foco ? apariencia::CARA_ENCIMA : m_fondo);
-    apariencia::pintarCampo(lienzo, zona, escala(), estado, cara);
-    const Color tinta = apariencia::letraDe(estado.habilitado);
+    const Color cara = colorPintable(estado.encima && !estado.foco ? paleta().caraEncima : m_fondo);
+    apariencia::pintarCampo(lienzo, zona, escala(), paleta(), estado, cara);
+    const Color tinta = apariencia::letraCampo(paleta(), estado.habilitado);
     const auto lado = static_cast<float>(px(FLECHA));
     const Punto c{static_cast<float>(zona.right - px(MARGEN)) - lado / 2, static_cast<float>(zona.bottom) / 2};
     const std::array<Punto, 3> angulo{

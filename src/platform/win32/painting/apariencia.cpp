@@ -8,23 +8,49 @@ namespace {
 
 constexpr Color VERDE = rgb(0x15, 0x87, 0x3C);
 constexpr Color GRANATE = rgb(0xC4, 0x24, 0x1F);
-constexpr Color AMBAR = rgb(0xB8, 0x66, 0x00);
+constexpr Color AMBAR = rgb(0xA8, 0x5C, 0x00);
 constexpr Color PIZARRA = rgb(0x2C, 0x4A, 0x66);
 
 }  // namespace
 
-Color lineaDe(const Estado& estado) {
-    if (estado.foco) return FOCO;
-    return estado.encima || estado.pulsado ? BORDE_ENCIMA : BORDE;
+Paleta paletaDelSistema() {
+    Paleta paleta;
+    HIGHCONTRASTW contraste{};
+    contraste.cbSize = sizeof contraste;
+    const bool pedido = SystemParametersInfoW(SPI_GETHIGHCONTRAST, contraste.cbSize, &contraste, 0) &&
+                        (contraste.dwFlags & HCF_HIGHCONTRASTON) != 0;
+    if (!pedido) return paleta;
+    const auto del = [](int cual) { return static_cast<Color>(GetSysColor(cual)); };
+    paleta.contraste = true;
+    paleta.ventana = del(COLOR_WINDOW);
+    paleta.letra = paleta.bordeMarco = del(COLOR_WINDOWTEXT);
+    paleta.letraInhabil = del(COLOR_GRAYTEXT);
+    paleta.cara = paleta.caraEncima = paleta.caraInhabil = del(COLOR_BTNFACE);
+    paleta.letraCara = paleta.borde = del(COLOR_BTNTEXT);
+    paleta.foco = paleta.bordeEncima = paleta.caraPulsada = del(COLOR_HIGHLIGHT);
+    paleta.letraPulsada = paleta.marca = del(COLOR_HIGHLIGHTTEXT);
+    return paleta;
 }
 
-Color caraDe(const Estado& estado) {
-    if (!estado.habilitado) return CARA_INHABIL;
-    if (estado.pulsado) return CARA_PULSADA;
-    return estado.encima ? CARA_ENCIMA : CARA;
+Color lineaDe(const Paleta& paleta, const Estado& estado) {
+    if (estado.foco) return paleta.foco;
+    if (!estado.habilitado && paleta.contraste) return paleta.letraInhabil;
+    return estado.encima || estado.pulsado ? paleta.bordeEncima : paleta.borde;
 }
 
-Color tintaDe(Dibujo dibujo) {
+Color caraDe(const Paleta& paleta, const Estado& estado) {
+    if (!estado.habilitado) return paleta.caraInhabil;
+    if (estado.pulsado) return paleta.caraPulsada;
+    return estado.encima ? paleta.caraEncima : paleta.cara;
+}
+
+Color letraDe(const Paleta& paleta, const Estado& estado) {
+    if (!estado.habilitado) return paleta.letraInhabil;
+    return estado.pulsado ? paleta.letraPulsada : paleta.letraCara;
+}
+
+Color tintaDe(const Paleta& paleta, const Estado& estado, Dibujo dibujo) {
+    if (paleta.contraste || !estado.habilitado) return letraDe(paleta, estado);
     switch (dibujo) {
         case Dibujo::marcha:
         case Dibujo::aceptar:
@@ -66,16 +92,22 @@ void escribir(HDC dc, const std::wstring& texto, RECT sitio, Color tinta, UINT a
               ajuste | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
 
-void pintarCara(Lienzo& lienzo, const RECT& caja, const Escala& escala, const Estado& estado) {
-    pintarCaja(lienzo, caja, px(escala, RADIO), px(escala, estado.foco ? GROSOR_FOCO : 1), lineaDe(estado),
-               caraDe(estado));
+void pintarCara(Lienzo& lienzo, const RECT& caja, const Escala& escala, const Paleta& paleta, const Estado& estado) {
+    pintarCaja(lienzo, caja, px(escala, RADIO), px(escala, estado.foco ? GROSOR_FOCO : 1), lineaDe(paleta, estado),
+               caraDe(paleta, estado));
 }
 
-void pintarCampo(Lienzo& lienzo, const RECT& caja, const Escala& escala, const Estado& estado, Color cara) {
-    Color linea = estado.foco ? FOCO : BORDE_CAMPO;
-    if (!estado.habilitado) linea = BORDE;
+Color campoDe(const Paleta& paleta, bool habilitado, Color pedida) {
+    if (paleta.contraste) return paleta.ventana;
+    return habilitado ? colorPintable(pedida) : paleta.caraInhabil;
+}
+
+void pintarCampo(Lienzo& lienzo, const RECT& caja, const Escala& escala, const Paleta& paleta, const Estado& estado,
+                 Color cara) {
+    const Color linea = paleta.contraste && !estado.foco ? letraCampo(paleta, estado.habilitado)
+                                                         : (estado.foco ? paleta.foco : paleta.borde);
     pintarCaja(lienzo, caja, px(escala, RADIO_CAJA), px(escala, estado.foco ? GROSOR_FOCO : 1), linea,
-               estado.habilitado ? cara : CARA_INHABIL);
+               campoDe(paleta, estado.habilitado, cara));
 }
 
 }  // namespace sorvanel::apariencia

@@ -6,9 +6,11 @@
 #include <shlobj.h>
 
 #include <array>
+#include <utility>
 #include <vector>
 
 #include "platform/win32/base/textoWin.h"
+#include "platform/win32/system/manualWin.h"
 
 namespace sorvanel {
 
@@ -61,6 +63,15 @@ Version ProgramaWin::version() const {
         !VerQueryValueW(recurso.data(), L"\\", reinterpret_cast<void**>(&fija), &tamano) || tamano < sizeof *fija)
         return {};
     return {HIWORD(fija->dwFileVersionMS), LOWORD(fija->dwFileVersionMS), HIWORD(fija->dwFileVersionLS)};
+}
+
+bool ProgramaWin::abrirManual(const std::string& apartado) const {
+    std::wstring ruta = rutaEjecutable();
+    ruta.replace(ruta.find_last_of(L"\\/") + 1, std::wstring::npos, L"manual.html");
+    const DWORD atributos = GetFileAttributesW(ruta.c_str());
+    if (atributos == INVALID_FILE_ATTRIBUTES || (atributos & FILE_ATTRIBUTE_DIRECTORY) != 0) return false;
+    abrirManualAparte(std::move(ruta), aAncho(apartado));
+    return true;
 }
 
 // Of a pair of surrogates the system says no more than that. What is a sign of its own, as "^" is, counts as a

@@ -13,6 +13,7 @@ public:
     // FILEVERSION of the executable's version resource; zeros where there is none.
     Version version() const override;
     bool esMarca(char32_t caracter) const override;
+    bool abrirManual(const std::string& apartado) const override;
 };
 
 }  // namespace sorvanel

@@ -109,7 +109,12 @@ void DialogoWin::ordenTeclado(std::span<Control* const> orden) {
 
 void DialogoWin::pintarSuelo(Lienzo& destino, const RECT& parte) const {
     const Lienzo::Origen origen(destino, {parte.left, parte.top});
-    m_fondo.pintar(destino, parte);
+    if (paleta().contraste) {
+        destino.llenar(parte, apariencia::aColor(paleta().ventana));
+        apariencia::pintarCaja(destino, m_fondo.entero(), 0, 1, paleta().letra, -1);
+    } else {
+        m_fondo.pintar(destino, parte);
+    }
 }
 
 // The move begins with the first movement: begun with the press, the system would hold on to the mouse where the

@@ -29,11 +29,12 @@ HANDLE recurso(int id, UINT clase, int ancho, int alto) {
 // What nothing may cover, from the top: the bar must not vanish under a grid that reaches below it.
 // Below that, above the displays, what a drag would do: its words over its frame.
 constexpr std::pair<IdControl, int> ENCIMA[] = {
-    {IdControl::lbVer, 0},    {IdControl::picBot, 0},   {IdControl::picMsg, 0},   {IdControl::picMarca, 4},
-    {IdControl::picMarca, 0}, {IdControl::picMarca, 1}, {IdControl::picMarca, 2}, {IdControl::picMarca, 3}};
+    {IdControl::lbMedida, 0}, {IdControl::lbVer, 0},    {IdControl::lbEstado, 0}, {IdControl::picBot, 0},
+    {IdControl::picMsg, 0},   {IdControl::picMarca, 4}, {IdControl::picMarca, 0}, {IdControl::picMarca, 1},
+    {IdControl::picMarca, 2}, {IdControl::picMarca, 3}};
 
 bool esDeLaBarra(int id) {
-    return id == numero(IdControl::picBot) || id == numero(IdControl::lbVer) ||
+    return id == numero(IdControl::picBot) || id == numero(IdControl::lbVer) || id == numero(IdControl::lbEstado) ||
            (id >= numero(IdControl::botOff) && id < numero(IdControl::imDrgXY));
 }
 
@@ -114,6 +115,15 @@ void FormularioWin::puntero(Puntero puntero) {
 bool FormularioWin::ponerPuntero() const {
     SetCursor(m_puntero == Puntero::marcha ? m_punteroMarcha : m_punteroNormal);
     return true;
+}
+
+std::optional<ColoresSistema> FormularioWin::colores() const {
+    const apariencia::Paleta& suya = paleta();
+    return suya.contraste ? std::optional(ColoresSistema{suya.ventana, suya.letra}) : std::nullopt;
+}
+
+void FormularioWin::alCambiarColores() {
+    if (m_oyente) m_oyente->alCambiarColores();
 }
 
 void FormularioWin::refrescar() {
@@ -285,7 +295,7 @@ LRESULT FormularioWin::alCambiarSistema(UINT mensaje, WPARAM w, LPARAM l) {
             return 0;
         case WM_SETTINGCHANGE:
             if (w == SPI_SETWORKAREA) cambioDeMonitores();
-            return porDefecto(mensaje, w, l);
+            return Anfitrion::alMensaje(mensaje, w, l);
         default:
             cambioDeMonitores();
             return 0;
@@ -355,6 +365,10 @@ LRESULT FormularioWin::alMensajePropio(UINT mensaje, WPARAM w, LPARAM l) {
             if (w != RELOJ_MONITORES) return porDefecto(mensaje, w, l);
             monitoresQuietos();
             return 0;
+        case WM_HELP:
+            // From the tools too: what a window does not want of it goes on to its owner.
+            if (m_oyente && IsWindowEnabled(hwnd())) m_oyente->alPedirAyuda();
+            return TRUE;
         case WM_CLOSE:
         case WM_QUERYENDSESSION:
         case WM_ENDSESSION:

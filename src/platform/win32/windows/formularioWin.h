@@ -31,6 +31,7 @@ public:
     MedidaTexto medir(std::string_view texto) const override { return medirLetra(texto); }
     void puntero(Puntero puntero) override;
     void refrescar() override;
+    std::optional<ColoresSistema> colores() const override;
     void mostrar() override;
     void cerrar() override;
 
@@ -44,6 +45,7 @@ private:
     void pintarSuelo(Lienzo& destino, const RECT& parte) const override;
     void apilar() override;
     void alMorir() override;
+    void alCambiarColores() override;
 
     LRESULT alMensaje(UINT mensaje, WPARAM w, LPARAM l) override;
     LRESULT alMensajePropio(UINT mensaje, WPARAM w, LPARAM l);
