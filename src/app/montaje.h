@@ -51,6 +51,7 @@ public:
     bool eliminarVisor(std::int16_t posicion) override;
     const oScreen& pantalla() override { return m_pantalla; }
     void cambiarMonitor(std::int16_t indice) override;
+    float altoSobreBarra() const override { return m_barra.lugar().y; }
     void refrescarBarra() override { m_barra.refrescar(); }
 
 private:

@@ -19,6 +19,8 @@ struct UtilesDialogo {
     Cola& cola;
     Avisos& avisos;
     FabricaDialogos& fabrica;
+    Fabrica& enlaces;  // makes timers and sockets
+    const Reloj& reloj;
 };
 
 // A tool of the configuration; at most one is open. Its window and all that stands on it exist only while it
@@ -86,10 +88,14 @@ private:
     void crearTitulos();
     void descargar();
     void situar();
+    RectPixel zona() const;
+    Tamano holgura() const;
+    void ponerReduccion(float reduccion);
+    bool ajustarReduccion(Tamano minimo);
     Pieza cabecera();
     Rejilla componer(Pieza contenido);
-    void dimensionar(const Rejilla& todo);
-    void disponer(Pieza contenido);
+    Tamano tamano(const Rejilla& todo) const;
+    void disponer(const Rejilla& todo);
 
     const IdControl m_id;
     const Titulos m_titulos;
@@ -97,6 +103,7 @@ private:
     MesaConfiguracion& m_mesa;
     const Gradiente m_gradiente;
     Monitor m_monitor;
+    float m_reduccion = 1;  // of the monitor's scale, so that it fits
     std::unique_ptr<FormularioDialogo> m_formulario;
     std::unique_ptr<TallerDialogo> m_taller;
     std::unique_ptr<Rotulo> m_ttlo;
