@@ -7,6 +7,7 @@
 #include "dialogs/conexionPavona.h"
 #include "dialogs/paginaVisores.h"
 #include "dialogs/panelDiseno.h"
+#include "dialogs/recepcionVisor.h"
 
 namespace sorvanel {
 
@@ -27,6 +28,7 @@ struct cfgVisor::Controles {
     std::unique_ptr<Boton> imSubir, imBajar;
     std::unique_ptr<ConexionPavona> pavona;
     std::unique_ptr<PanelDiseno> panel;
+    std::unique_ptr<RecepcionVisor> recepcion;
 };
 
 cfgVisor::cfgVisor(const UtilesDialogo& utiles, MesaConfiguracion& mesa)
@@ -72,6 +74,7 @@ void cfgVisor::crearControles() {
         taller(), sistema(), utiles().com,
         PanelDiseno::Datos{[this] { return m_conDiseno != 0 ? uno(m_conDiseno) : nullptr; },
                            [this] { cerrarPanel(); }});
+    m_c->recepcion = std::make_unique<RecepcionVisor>(taller(), utiles(), mesa(), [this] { return m_actual; });
 }
 
 void cfgVisor::rellenar() {
@@ -114,7 +117,8 @@ Pieza cfgVisor::disposicion(const Vista& vista) {
     Rejilla izquierda(HUECO, HUECO);
     izquierda.poner(0, 0, pagina().comoPieza(vista.marca));
     izquierda.poner(1, 0, barra.comoPieza());
-    if (vista.conexion) izquierda.poner(2, 0, m_c->pavona->comoPieza());
+    izquierda.poner(2, 0, m_c->recepcion->comoPieza());
+    if (vista.conexion) izquierda.poner(3, 0, m_c->pavona->comoPieza());
     Rejilla todo(HUECO, HUECO);
     todo.poner(0, 0, izquierda.comoPieza());
     if (vista.panel) todo.poner(0, 1, m_c->panel->comoPieza());
@@ -220,6 +224,7 @@ void cfgVisor::seleccionar(std::int16_t n) {
     m_actual = n;
     m_c->botElim->habilitar(true);
     pagina().elegida(n);
+    m_c->recepcion->seguir();
     // Also within one row: what stands ticked in the panel is the display's from then on.
     if (m_conDiseno != 0) abrirPanel(n);
 }
@@ -248,6 +253,7 @@ void cfgVisor::paginar(std::int16_t paso) {
 
 void cfgVisor::actualizar() {
     pagina().recoger();
+    m_c->recepcion->seguir();
     m_c->lbPag->texto(pagina().texto());
     const Vista ahora = vista();
     std::vector<Control*> salen;

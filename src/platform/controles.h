@@ -72,7 +72,9 @@ enum class IdControl : int {
     ckFdPe = 315,
     ckRat = 316,
     ckFmt = 317,
-    lbPag = 318,  // which displays the page shows
+    lbPag = 318,        // which displays the page shows
+    lbRecepcion = 340,  // what comes to the selected display
+    lbEquipo = 341,     // this computer's addresses
     frVis = 2000,
     lbVis = 2100,
     imPtc = 2200,
