@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "dialogs/conexionPavona.h"
@@ -121,7 +122,12 @@ Pieza cfgVisor::disposicion(const Vista& vista) {
     if (vista.conexion) izquierda.poner(3, 0, m_c->pavona->comoPieza());
     Rejilla todo(HUECO, HUECO);
     todo.poner(0, 0, izquierda.comoPieza());
-    if (vista.panel) todo.poner(0, 1, m_c->panel->comoPieza());
+    if (vista.panel) {
+        Pieza panel = m_c->panel->comoPieza();
+        m_debajo = esEstrecho(izquierda.minimo().ancho + HUECO + panel.minimo.ancho);
+        if (m_debajo) pagina().ensanchada(0);
+        todo.poner(m_debajo ? 1 : 0, m_debajo ? 0 : 1, std::move(panel));
+    }
     return todo.comoPieza();
 }
 
@@ -326,7 +332,7 @@ void cfgVisor::abrirPanel(std::int16_t n) {
     if (m_conDiseno != 0) m_c->panel->guardar(*uno(m_conDiseno));
     const bool estaba = m_conDiseno != 0;
     m_conDiseno = n;
-    pagina().ensanchada(n);
+    if (!m_debajo) pagina().ensanchada(n);
     m_c->panel->cargar(n, *uno(n));
     if (estaba) return;
     redisponer();

@@ -12,7 +12,9 @@ namespace {
 constexpr float TWIPS_POR_PIXEL_MAXIMOS = TWIPS_POR_PIXEL / 0.6F;
 // Letters do not grow as evenly as the scale does: what is so near is left as it is.
 constexpr float TOLERANCIA = 0.97F;
-constexpr int INTENTOS = 6;
+// A little more than it must: the letters of the smaller scale may be wider than those measured.
+constexpr float DE_MAS = 0.98F;
+constexpr int INTENTOS = 12;
 
 }  // namespace
 
@@ -90,6 +92,12 @@ Tamano DialogoConfiguracion::holgura() const {
             static_cast<float>(z.bottom - z.top) * m_monitor.twipsPorPixelY / m_reduccion};
 }
 
+bool DialogoConfiguracion::esEstrecho(float ancho) const {
+    const RectPixel z = zona();
+    const float hay = static_cast<float>(z.right - z.left) * m_monitor.twipsPorPixelX;
+    return z.bottom - z.top > z.right - z.left && ancho + 2 * MARGEN > hay;
+}
+
 void DialogoConfiguracion::ponerReduccion(float reduccion) {
     m_reduccion = reduccion;
     m_formulario->escala(m_monitor.twipsPorPixelX / reduccion, m_monitor.twipsPorPixelY / reduccion);
@@ -104,7 +112,7 @@ bool DialogoConfiguracion::ajustarReduccion(Tamano minimo) {
     const float menor = std::min(m_monitor.twipsPorPixelY / TWIPS_POR_PIXEL_MAXIMOS, 1.0F);
     const float nueva = std::clamp(cabe, menor, 1.0F);
     if (nueva >= m_reduccion && nueva * TOLERANCIA <= m_reduccion && (nueva < 1 || m_reduccion == 1)) return false;
-    ponerReduccion(nueva);
+    ponerReduccion(nueva < m_reduccion ? std::max(nueva * DE_MAS, menor) : nueva);
     return true;
 }
 
@@ -130,7 +138,15 @@ Pieza DialogoConfiguracion::cabecera() {
 void DialogoConfiguracion::redisponer() {
     const float antes = m_reduccion;
     Rejilla todo = componer(disposicion());
-    for (int i = 0; i < INTENTOS && ajustarReduccion(todo.minimo()); ++i) todo = componer(disposicion());
+    for (int i = 0; i < INTENTOS; ++i) {
+        const float previa = m_reduccion;
+        if (!ajustarReduccion(todo.minimo())) break;
+        // Letters grow by whole pixels: what has been made small enough may seem to have room for more, and has not.
+        const bool bastaba = i > 0 && m_reduccion > previa;
+        if (bastaba) ponerReduccion(previa);
+        todo = componer(disposicion());
+        if (bastaba) break;
+    }
     disponer(todo);
     if (m_reduccion != antes) m_formulario->centrarEn(zona());
 }

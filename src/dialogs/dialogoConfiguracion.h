@@ -74,6 +74,9 @@ protected:
     // Lays it out again where it stands, as after a text or what is visible changed.
     void redisponer();
 
+    // Whether the monitor is upright, and content of that width has no room on it at its own scale.
+    bool esEstrecho(float ancho) const;
+
     // Only while it is open.
     FormularioDialogo& formulario() { return *m_formulario; }
     TallerDialogo& taller() { return *m_taller; }
