@@ -50,7 +50,13 @@ base::base(const Entorno& entorno, Formulario& formulario, FabricaDialogos& dial
       m_barra(formulario),
       m_montaje(entorno, formulario, compartido, m_barra),
       m_asas(formulario, [this] { refrescos(); }) {
-    const UtilesDialogo utiles{entorno.com, entorno.cola, entorno.avisos, dialogos, [this] { mostrarHerramientas(); }};
+    const UtilesDialogo utiles{entorno.com,
+                               entorno.cola,
+                               entorno.avisos,
+                               dialogos,
+                               entorno.fabrica,
+                               entorno.reloj,
+                               [this] { mostrarHerramientas(); }};
     m_cfgContexto = std::make_unique<cfgContexto>(utiles, m_montaje);
     m_cfgVisor = std::make_unique<cfgVisor>(utiles, m_montaje);
     m_cfgMensaje = std::make_unique<cfgMensaje>(utiles, m_montaje);

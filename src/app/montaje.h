@@ -55,6 +55,7 @@ public:
     const oScreen& pantalla() override { return m_pantalla; }
     void cambiarMonitor(std::int16_t indice) override;
     float limiteInferior() const override { return franjaInferior().y; }
+    float altoSobreBarra() const override { return m_barra.lugar().y; }
     void refrescarBarra() override { m_barra.refrescar(); }
 
 private:

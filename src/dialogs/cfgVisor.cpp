@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "dialogs/conexionPavona.h"
 #include "dialogs/paginaVisores.h"
 #include "dialogs/panelDiseno.h"
+#include "dialogs/recepcionVisor.h"
 #include "dialogs/ubicador.h"
 
 namespace sorvanel {
@@ -29,6 +31,7 @@ struct cfgVisor::Controles {
     std::unique_ptr<Boton> imSubir, imBajar;
     std::unique_ptr<ConexionPavona> pavona;
     std::unique_ptr<PanelDiseno> panel;
+    std::unique_ptr<RecepcionVisor> recepcion;
     std::unique_ptr<Ubicador> ubicador;
 };
 
@@ -78,6 +81,7 @@ void cfgVisor::crearControles() {
         taller(), sistema(), utiles().com,
         PanelDiseno::Datos{[this] { return m_conDiseno != 0 ? uno(m_conDiseno) : nullptr; },
                            [this] { cerrarPanel(); }});
+    m_c->recepcion = std::make_unique<RecepcionVisor>(taller(), utiles(), mesa(), [this] { return m_actual; });
     m_c->ubicador = std::make_unique<Ubicador>(
         mesa(), Ubicador::Datos{[this] { return validar(); }, [this] { return m_actual; },
                                 [this](std::int16_t n) { irA(n); }, [this](std::int16_t n) { pagina().reubicada(n); }});
@@ -123,10 +127,16 @@ Pieza cfgVisor::disposicion(const Vista& vista) {
     Rejilla izquierda(HUECO, HUECO);
     izquierda.poner(0, 0, pagina().comoPieza(vista.marca));
     izquierda.poner(1, 0, barra.comoPieza());
-    if (vista.conexion) izquierda.poner(2, 0, m_c->pavona->comoPieza());
+    izquierda.poner(2, 0, m_c->recepcion->comoPieza());
+    if (vista.conexion) izquierda.poner(3, 0, m_c->pavona->comoPieza());
     Rejilla todo(HUECO, HUECO);
     todo.poner(0, 0, izquierda.comoPieza());
-    if (vista.panel) todo.poner(0, 1, m_c->panel->comoPieza());
+    if (vista.panel) {
+        Pieza panel = m_c->panel->comoPieza();
+        m_debajo = esEstrecho(izquierda.minimo().ancho + HUECO + panel.minimo.ancho);
+        if (m_debajo) pagina().ensanchada(0);
+        todo.poner(m_debajo ? 1 : 0, m_debajo ? 0 : 1, std::move(panel));
+    }
     return todo.comoPieza();
 }
 
@@ -251,6 +261,7 @@ void cfgVisor::elegido(std::int16_t n) {
     m_c->botElim->nombre(texto);
     m_c->botElim->habilitar(n != 0);
     pagina().elegida(n);
+    m_c->recepcion->seguir();
 }
 
 void cfgVisor::seleccionar(std::int16_t n) {
@@ -283,6 +294,7 @@ void cfgVisor::paginar(std::int16_t paso) {
 
 void cfgVisor::actualizar() {
     pagina().recoger();
+    m_c->recepcion->seguir();
     m_c->lbPag->texto(pagina().texto());
     const Vista ahora = vista();
     std::vector<Control*> salen;
@@ -354,7 +366,7 @@ void cfgVisor::abrirPanel(std::int16_t n) {
     if (m_conDiseno != 0) m_c->panel->guardar(*uno(m_conDiseno));
     const bool estaba = m_conDiseno != 0;
     m_conDiseno = n;
-    pagina().ensanchada(n);
+    if (!m_debajo) pagina().ensanchada(n);
     m_c->panel->cargar(n, *uno(n));
     if (estaba) return;
     redisponer();

@@ -88,6 +88,7 @@ private:
 
     std::int16_t m_actual = 0;              // the selected display; 0: none
     std::int16_t m_conDiseno = 0;           // the one whose panel is open; 0: closed
+    bool m_debajo = false;                  // the panel stands below the rows, not beside them
     std::optional<Foco> m_foco;             // the row's field that had the focus last
     std::shared_ptr<const char> m_abierta;  // gone when the window is
     std::optional<Vista> m_vista;           // how it is laid out; nothing before the first time

@@ -1,8 +1,22 @@
 #include "dialogs/dialogoConfiguracion.h"
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace sorvanel {
+
+namespace {
+
+// The smallest letters that can still be read, whatever the monitor's own scale: 60 %.
+constexpr float TWIPS_POR_PIXEL_MAXIMOS = TWIPS_POR_PIXEL / 0.6F;
+// Letters do not grow as evenly as the scale does: what is so near is left as it is.
+constexpr float TOLERANCIA = 0.97F;
+// A little more than it must: the letters of the smaller scale may be wider than those measured.
+constexpr float DE_MAS = 0.98F;
+constexpr int INTENTOS = 12;
+
+}  // namespace
 
 DialogoConfiguracion::DialogoConfiguracion(IdControl id, Titulos titulos, const UtilesDialogo& utiles,
                                            MesaConfiguracion& mesa)
@@ -47,12 +61,60 @@ void DialogoConfiguracion::crearTitulos() {
     m_ttlo2->colorTexto(COLOR_SUBTITULO);
 }
 
-// Once for the scale that the content is measured with, once for the size that it came to.
+// For the size that it has when it shows all: it need not move for that then. Where that is too large, for what it
+// shows.
 void DialogoConfiguracion::situar() {
-    m_formulario->centrarEn(m_monitor);
-    dimensionar(componer(disposicionMayor()));
-    m_formulario->centrarEn(m_monitor);
+    ponerReduccion(1);
+    const Rejilla mayor = componer(disposicionMayor());
+    const Tamano todo = tamano(mayor);
+    m_formulario->tamano(todo.ancho, todo.alto);
+    m_formulario->centrarEn(zona());
+    const bool cabe = !ajustarReduccion(mayor.minimo());
     redisponer();
+    if (!cabe) m_formulario->centrarEn(zona());
+}
+
+// ---- scale ----
+
+// Where it may stand: not on the task bar, nor on the buttons with which the configuration is left.
+RectPixel DialogoConfiguracion::zona() const {
+    RectPixel zona = m_monitor.trabajo;
+    const float alto = std::floor(m_mesa.altoSobreBarra() / m_monitor.twipsPorPixelY);
+    zona.bottom = std::min(zona.bottom, m_monitor.area.top + static_cast<std::int32_t>(alto));
+    return zona;
+}
+
+// The room there, twips of the scale that the tool has now.
+Tamano DialogoConfiguracion::holgura() const {
+    constexpr float SIN_LIMITE = 1e9F;  // without a monitor
+    const RectPixel z = zona();
+    if (z.right <= z.left || z.bottom <= z.top) return {SIN_LIMITE, SIN_LIMITE};
+    return {static_cast<float>(z.right - z.left) * m_monitor.twipsPorPixelX / m_reduccion,
+            static_cast<float>(z.bottom - z.top) * m_monitor.twipsPorPixelY / m_reduccion};
+}
+
+bool DialogoConfiguracion::esEstrecho(float ancho) const {
+    const RectPixel z = zona();
+    const float hay = static_cast<float>(z.right - z.left) * m_monitor.twipsPorPixelX;
+    return z.bottom - z.top > z.right - z.left && ancho + 2 * MARGEN > hay;
+}
+
+void DialogoConfiguracion::ponerReduccion(float reduccion) {
+    m_reduccion = reduccion;
+    m_formulario->escala(m_monitor.twipsPorPixelX / reduccion, m_monitor.twipsPorPixelY / reduccion);
+}
+
+// The largest scale at which that fits, the monitor's at most. True when it is another one: what was measured does not
+// hold any more.
+bool DialogoConfiguracion::ajustarReduccion(Tamano minimo) {
+    const Tamano hay = holgura();
+    const float cabe =
+        m_reduccion * std::min(hay.ancho / (minimo.ancho + 2 * MARGEN), hay.alto / (minimo.alto + 2 * MARGEN));
+    const float menor = std::min(m_monitor.twipsPorPixelY / TWIPS_POR_PIXEL_MAXIMOS, 1.0F);
+    const float nueva = std::clamp(cabe, menor, 1.0F);
+    if (nueva >= m_reduccion && nueva * TOLERANCIA <= m_reduccion && (nueva < 1 || m_reduccion == 1)) return false;
+    ponerReduccion(nueva < m_reduccion ? std::max(nueva * DE_MAS, menor) : nueva);
+    return true;
 }
 
 void DialogoConfiguracion::seguirMonitor(const Monitor& monitor) {
@@ -75,7 +137,19 @@ Pieza DialogoConfiguracion::cabecera() {
 }
 
 void DialogoConfiguracion::redisponer() {
-    disponer(disposicion());
+    const float antes = m_reduccion;
+    Rejilla todo = componer(disposicion());
+    for (int i = 0; i < INTENTOS; ++i) {
+        const float previa = m_reduccion;
+        if (!ajustarReduccion(todo.minimo())) break;
+        // Letters grow by whole pixels: what has been made small enough may seem to have room for more, and has not.
+        const bool bastaba = i > 0 && m_reduccion > previa;
+        if (bastaba) ponerReduccion(previa);
+        todo = componer(disposicion());
+        if (bastaba) break;
+    }
+    disponer(todo);
+    if (m_reduccion != antes) m_formulario->centrarEn(zona());
 }
 
 Rejilla DialogoConfiguracion::componer(Pieza contenido) {
@@ -85,18 +159,22 @@ Rejilla DialogoConfiguracion::componer(Pieza contenido) {
     return todo;
 }
 
-void DialogoConfiguracion::dimensionar(const Rejilla& todo) {
-    const Tamano minimo = todo.minimo();
-    m_formulario->tamano(minimo.ancho + 2 * MARGEN, minimo.alto + 2 * MARGEN);
+// Of the window: never larger than the room there is.
+Tamano DialogoConfiguracion::tamano(const Rejilla& todo) const {
+    const Tamano minimo = todo.minimo(), hay = holgura();
+    return {std::min(minimo.ancho + 2 * MARGEN, hay.ancho), std::min(minimo.alto + 2 * MARGEN, hay.alto)};
 }
 
-void DialogoConfiguracion::disponer(Pieza contenido) {
-    const Rejilla todo = componer(std::move(contenido));
-    dimensionar(todo);
+void DialogoConfiguracion::disponer(const Rejilla& todo) {
+    const Tamano minimo = todo.minimo(), ventana = tamano(todo);
+    m_formulario->tamano(ventana.ancho, ventana.alto);
     m_gradiente.PintarGradiente(m_formulario->fondo());
     m_gradiente.PintarContorno(m_formulario->fondo());
-    const Tamano minimo = todo.minimo();
     todo.colocar({MARGEN, MARGEN, minimo.ancho, minimo.alto});
+    // What closes it is seen also where the rest is cut.
+    const Pieza titulos = cabecera();
+    const float ancho = ventana.ancho - 2 * MARGEN;
+    if (ancho < minimo.ancho) titulos.colocar({MARGEN, MARGEN, ancho, titulos.minimo.alto});
 }
 
 void DialogoConfiguracion::alPedirCierre() {

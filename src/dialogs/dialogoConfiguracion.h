@@ -21,6 +21,8 @@ struct UtilesDialogo {
     Cola& cola;
     Avisos& avisos;
     FabricaDialogos& fabrica;
+    Fabrica& enlaces;  // makes timers and sockets
+    const Reloj& reloj;
     std::function<void()> alAbrirOCerrar = {};  // told once it has
 };
 
@@ -77,6 +79,9 @@ protected:
     // Lays it out again where it stands, as after a text or what is visible changed.
     void redisponer();
 
+    // Whether the monitor is upright, and content of that width has no room on it at its own scale.
+    bool esEstrecho(float ancho) const;
+
     // Only while it is open.
     FormularioDialogo& formulario() { return *m_formulario; }
     TallerDialogo& taller() { return *m_taller; }
@@ -94,10 +99,14 @@ private:
         if (m_utiles.alAbrirOCerrar) m_utiles.alAbrirOCerrar();
     }
     void situar();
+    RectPixel zona() const;
+    Tamano holgura() const;
+    void ponerReduccion(float reduccion);
+    bool ajustarReduccion(Tamano minimo);
     Pieza cabecera();
     Rejilla componer(Pieza contenido);
-    void dimensionar(const Rejilla& todo);
-    void disponer(Pieza contenido);
+    Tamano tamano(const Rejilla& todo) const;
+    void disponer(const Rejilla& todo);
 
     const IdControl m_id;
     const Titulos m_titulos;
@@ -105,6 +114,7 @@ private:
     MesaConfiguracion& m_mesa;
     const Gradiente m_gradiente;
     Monitor m_monitor;
+    float m_reduccion = 1;  // of the monitor's scale, so that it fits
     std::unique_ptr<FormularioDialogo> m_formulario;
     std::unique_ptr<TallerDialogo> m_taller;
     std::unique_ptr<Rotulo> m_ttlo;

@@ -46,6 +46,8 @@ public:
     // Selects and saves it, and moves the window there at once with its bar and grid.
     virtual void cambiarMonitor(std::int16_t indice) = 0;
 
+    // How much of the window lies above the bar, twips of that monitor.
+    virtual float altoSobreBarra() const = 0;
     // Shows the bar anew over what was painted.
     virtual void refrescarBarra() = 0;
 };

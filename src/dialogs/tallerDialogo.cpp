@@ -11,7 +11,7 @@ namespace {
 constexpr float ALTO_ALREDEDOR = aTwips(9);
 constexpr float ANCHO_ALREDEDOR_CAJA = aTwips(14);
 constexpr float ANCHO_ALREDEDOR_BOTON = aTwips(24);
-constexpr float ANCHO_MARCA = aTwips(24);
+constexpr float ANCHO_MARCA = aTwips(26);
 constexpr float ANCHO_FLECHA = aTwips(34);
 constexpr float ANCHO_DIBUJO = aTwips(22);
 constexpr float ANCHO_MARCO_COLOR = aTwips(48);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <string_view>
 
 namespace sorvanel {
@@ -11,6 +12,7 @@ public:
     virtual ~SuscriptorPeso() = default;
 
     // The local UDP port, or for the shared link the address AABB.
+    static constexpr std::int32_t TODAS = std::numeric_limits<std::int32_t>::min();  // every address: who only looks on
     virtual std::int32_t port() const = 0;
     virtual std::int16_t modoBulk() const = 0;
 

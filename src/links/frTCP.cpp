@@ -32,7 +32,12 @@ std::size_t largoLecturas(std::string_view texto) {
 }  // namespace
 
 DestinoPavona leerDestinoPavona(const comun& com) {
-    const AccesorINI ini = com.abrir(SECCION);
+    com.refrescar();
+    return consultarDestinoPavona(com);
+}
+
+DestinoPavona consultarDestinoPavona(const comun& com) {
+    const AccesorINI ini = com.consultar(SECCION);
     return {com.valDflt(ini, "Host", "localhost"), com.valDflt(ini, "Port", PORT_OMISION)};
 }
 
@@ -268,7 +273,11 @@ bool frTCP::avisar(std::size_t i, std::span<const LecturaPavona> lecturas) {
     bool aceptada = false;
     try {
         if (lecturas.empty()) visor->mmTCP_refrescoPeso(0, 0, {});
-        const auto suya = std::find_if(lecturas.rbegin(), lecturas.rend(), [port = visor->port()](const auto& una) {
+        const std::int32_t port = visor->port();
+        if (port == SuscriptorPeso::TODAS) {
+            for (const auto& una : lecturas) visor->mmTCP_refrescoPeso(una.primero, una.segundo, una.texto());
+        }
+        const auto suya = std::find_if(lecturas.rbegin(), lecturas.rend(), [port](const auto& una) {
             return una.primero * BASE_DIRECCION + una.segundo == port;
         });
         if (suya != lecturas.rend()) aceptada = visor->mmTCP_refrescoPeso(suya->primero, suya->segundo, suya->texto());

@@ -21,6 +21,8 @@ struct DestinoPavona {
 };
 
 DestinoPavona leerDestinoPavona(const comun& com);
+// The same without asking the file anew.
+DestinoPavona consultarDestinoPavona(const comun& com);
 void guardarHostPavona(const comun& com, std::string_view host);
 void guardarPortPavona(const comun& com, std::int32_t port);
 

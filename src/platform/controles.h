@@ -80,6 +80,8 @@ enum class IdControl : int {
     lbElegida = 319,  // at the edge of the selected row
     botCopiar = 330,
     botPegar = 331,
+    lbRecepcion = 340,  // what comes to the selected display
+    lbEquipo = 341,     // this computer's addresses
     frVis = 2000,
     lbVis = 2100,
     imPtc = 2200,

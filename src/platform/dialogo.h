@@ -29,8 +29,10 @@ public:
     virtual void titulo(const std::string& texto) = 0;  // for the system and screen readers
     // Size of the window, twips of the monitor that it stands on.
     virtual void tamano(float ancho, float alto) = 0;
-    // The middle of that monitor's work area, and its scale from now on.
-    virtual void centrarEn(const Monitor& monitor) = 0;
+    // Twips to one device pixel, from now on, for all that stands on it. It keeps its place.
+    virtual void escala(float twipsPorPixelX, float twipsPorPixelY) = 0;
+    // In the middle of that part of the virtual screen, device pixels.
+    virtual void centrarEn(const RectPixel& zona) = 0;
     virtual void ocultar() = 0;
     // The picture that everything stands on, as large as the window. It is no window of its own.
     virtual Superficie& fondo() = 0;

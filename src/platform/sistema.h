@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/temporizador.h"
 #include "platform/zocalo.h"
@@ -59,6 +60,8 @@ public:
     virtual std::unique_ptr<Temporizador> crearTemporizador() = 0;
     // The listener must outlive the socket.
     virtual std::unique_ptr<Zocalo> crearZocalo(OyenteZocalo& oyente) = 0;
+    // This computer's own IPv4 addresses as text, but for those that no other reaches it by. Never blocks.
+    virtual std::vector<std::string> direcciones() = 0;
 };
 
 // Keeps the computer awake and the screen saver away while on.

@@ -9,6 +9,9 @@ namespace sorvanel {
 
 enum class ProtocoloZocalo { TCP = 0, UDP = 1 };
 
+// Why a connection did not come about: nothing there has answered, the name has no address, or it was refused.
+enum class MotivoFallo { sinRespuesta, noEncontrado, rechazado };
+
 // Told on the one thread; never from within a call to the socket itself. Nothing is told of a
 // connection or a binding that has been closed since.
 class OyenteZocalo {
@@ -40,6 +43,10 @@ public:
     virtual bool enviar(std::string_view datos) = 0;
     // Appends what one read gives (for UDP, one datagram) and says how many bytes that was.
     virtual std::size_t leer(std::string& destino) = 0;
+    // The same, and from whom a datagram came, as "192.168.1.40"; empty for a connection. It costs more than leer().
+    virtual std::size_t leerDe(std::string& destino, std::string& remitente) = 0;
+    // Of the attempt that alFallar told last.
+    virtual MotivoFallo motivo() const = 0;
 };
 
 }  // namespace sorvanel

@@ -16,7 +16,8 @@ class FormularioDialogoDoble : public VentanaDe<FormularioDialogo> {
 public:
     // ---- what a test may look at ----
     Rectangulo medidas;
-    Monitor centrado;
+    RectPixel centrado;
+    float twipsPorPixel = 0;
     int vecesCentrado = 0;
     bool visible = false;
     OyenteDialogo* quienOye = nullptr;
@@ -57,8 +58,9 @@ public:
     void soltarRaton() override { arrastre += "soltar "; }
     void agarrarTitulo() override { arrastre += "agarrar "; }
     void tamano(float ancho, float alto) override { medidas = {0, 0, ancho, alto}; }
-    void centrarEn(const Monitor& monitor) override {
-        centrado = monitor;
+    void escala(float x, float) override { twipsPorPixel = x; }
+    void centrarEn(const RectPixel& zona) override {
+        centrado = zona;
         ++vecesCentrado;
     }
     void mostrar() override { visible = true; }

@@ -19,6 +19,8 @@ public:
         return std::make_unique<ZocaloDoble>(oyente, m_red);
     }
 
+    std::vector<std::string> direcciones() override { return {"192.168.1.20", "10.0.0.7"}; }
+
     // Ports that cannot be bound are set here.
     RedDoble& red() { return *m_red; }
 

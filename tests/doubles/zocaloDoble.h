@@ -66,6 +66,14 @@ public:
         m_entrada.pop_front();
         return n;
     }
+    std::size_t leerDe(std::string& destino, std::string& remitente) override {
+        remitente = m_puerto != 0 ? quien : std::string();
+        return leer(destino);
+    }
+    MotivoFallo motivo() const override { return porque; }
+
+    std::string quien = "192.168.1.40";              // sends the datagrams
+    MotivoFallo porque = MotivoFallo::sinRespuesta;  // it fails
 
     // ---- what the test says; each answers whether the listener was told ----
     // The attempt to connect succeeded.

@@ -3,6 +3,8 @@
 
 #include <gmock/gmock.h>
 
+#include <optional>
+
 #include "configurar.h"
 #include "harness/pantalla.h"
 
@@ -129,6 +131,38 @@ TEST_F(Configurar, SituarMoverEIntercambiarConElRaton) {
         esperar([&] { return lugar(programa.control(IdControl::picRep, 3)).left < en(1, 2).x / 2 + en(1, 1).x / 2; }));
     EXPECT_TRUE(esperarINI("Ubicacion=1,2")) << programa.leerINI();
     EXPECT_NE(visores.ventana(), nullptr);
+}
+
+// What another program sends to the selected display is told before anything runs; its port is held no longer than
+// that.
+TEST_F(Configurar, SeVeLoQueLlegaAlPortYQuedaLibreEnseguida) {
+    configurar(dosVisores);
+    ASSERT_TRUE(abrir(IdControl::botVisores, visores));
+    EmisorUDP indicador;
+    std::optional<EmisorUDP> otro(std::in_place);
+    EXPECT_TRUE(otro->ocupar(puerto + 1)) << "nobody has asked for it";
+    visores.tecla(IdControl::txEtq, 1, VK_RETURN);
+    const std::string port = std::to_string(puerto);
+    EXPECT_TRUE(visores.esperarTexto(IdControl::lbRecepcion, 0, "Nada recibido en el port " + port));
+    const auto dice = [&](std::string_view datos, const std::string& dicho) {
+        return insistir([&] { indicador.enviar(puerto, datos); },
+                        [&] { return visores.texto(IdControl::lbRecepcion).starts_with(dicho); });
+    };
+    EXPECT_TRUE(dice(trama(12000), "Recibiendo de 127.0.0.1, "));
+    EXPECT_TRUE(dice("\x02+ 12 kg\r\n", "Llega algo que no es un peso: «<STX>+ 12 kg<CR><LF>»"));
+    EXPECT_THAT(visores.texto(IdControl::lbEquipo), testing::Not(HasSubstr("127.0.0.1")));
+    visores.tecla(IdControl::txEtq, 2, VK_RETURN);
+    EXPECT_TRUE(visores.esperarTexto(IdControl::lbRecepcion, 0,
+                                     "El port " + std::to_string(puerto + 1) + " lo tiene otro programa"));
+    EXPECT_TRUE(EmisorUDP().ocupar(puerto)) << "let go with the selection";
+    visores.tecla(IdControl::txEtq, 1, VK_RETURN);
+    EXPECT_TRUE(dice(trama(12000), "Recibiendo de 127.0.0.1, "));
+    otro.reset();
+    programa.pulsar(IdControl::botOk);
+    ASSERT_TRUE(programa.esperarVisible(IdControl::botRun));
+    programa.pulsar(IdControl::botRun);
+    EXPECT_TRUE(insistir([&] { indicador.enviar(puerto, trama(12000)); }, [&] { return programa.peso(1) == "12"; }));
+    EXPECT_EQ(programa.caja().ventana(), nullptr);
 }
 
 TEST_F(Configurar, ElDisenoDeLaParrillaSeVeYSeGuardaEnseguida) {

@@ -90,6 +90,32 @@ TYPED_TEST(Dialogos, nadaSeCortaNiSeSolapaNiSeSale) {
     EXPECT_GT(vistos.size(), 8U);
 }
 
+// On whatever monitor: nothing lies outside the window, nor the window on the bar or the task bar, and its letters are
+// as large as that allows.
+TYPED_TEST(Dialogos, cabenEnCualquierMonitor) {
+    constexpr std::pair<int, int> TAMANOS[] = {{800, 600},  {600, 800},   {1024, 768},  {768, 1024},  {1280, 800},
+                                               {1366, 768}, {1080, 1920}, {1920, 1080}, {3840, 2160}, {2160, 3840}};
+    for (const auto& [ancho, alto] : TAMANOS) {
+        for (const int tanto : {100, 150, 200, 300}) {
+            SCOPED_TRACE(std::to_string(ancho) + " x " + std::to_string(alto) + ", " + std::to_string(tanto) + " %");
+            const float pixel = 1500.0F / static_cast<float>(tanto);
+            const int tareas = 40 * tanto / 100;
+            this->e.monitores.lista = {{{0, 0, ancho, alto}, {0, 0, ancho, alto - tareas}, true, "", pixel, pixel}};
+            this->abrirDelTodo();
+            const FormularioDialogoDoble& v = this->v();
+            EXPECT_EQ(v.centrado, (RectPixel{0, 0, ancho, alto - tareas}));
+            EXPECT_GE(v.twipsPorPixel, pixel);
+            EXPECT_LE(v.twipsPorPixel, 25.01F) << "60 %";
+            const float lleno = std::max(v.medidas.ancho / v.twipsPorPixel / static_cast<float>(ancho),
+                                         v.medidas.alto / v.twipsPorPixel / static_cast<float>(alto - tareas));
+            EXPECT_LE(lleno, 1.0001F);
+            EXPECT_TRUE(v.twipsPorPixel == pixel || lleno > 0.96F) << lleno;
+            for (const ControlComun* c : this->v().estado().creados)
+                EXPECT_TRUE(!c->seVe || dentro(c->lugar, v.medidas)) << c->clave();
+        }
+    }
+}
+
 TEST(Rejilla, loQueOcupaVariasColumnasLasEnsancha) {
     std::vector<Rectangulo> lugares(3);
     const auto anotar = [&](std::size_t i, float ancho) {
@@ -143,7 +169,8 @@ TYPED_TEST(Dialogos, cierraDeTodosLosModosYLoSueltaTodo) {
         EXPECT_EQ(this->desmontada(), 1) << "closed already";
     }
     {
-        TypeParam otro({this->e.com, this->e.cola, this->e.avisos, this->fabrica}, this->mesa);
+        TypeParam otro({this->e.com, this->e.cola, this->e.avisos, this->fabrica, this->e.fabrica, this->e.reloj},
+                       this->mesa);
         otro.Mostrar();
         EXPECT_TRUE(this->abierto());
     }
@@ -154,14 +181,15 @@ TYPED_TEST(Dialogos, sigueAlMonitorYSeDisponeDeNuevo) {
     this->abrirLleno();
     FormularioDialogoDoble& v = this->v();
     Monitor monitor = this->e.monitores.lista[0];
-    EXPECT_EQ(v.centrado, monitor);
+    const RectPixel sobreLaBarra{0, 0, 1024, 728};
+    EXPECT_EQ(v.centrado, sobreLaBarra);
     const int veces = v.vecesCentrado;
     this->dialogo.seguirMonitor(monitor);
     EXPECT_EQ(v.vecesCentrado, veces) << "not away from where it was dragged to";
     v.medidas = {};
     monitor.twipsPorPixelX = monitor.twipsPorPixelY = 7.5F;
     this->dialogo.seguirMonitor(monitor);
-    EXPECT_EQ(v.centrado, monitor);
+    EXPECT_EQ(v.centrado, sobreLaBarra);
     EXPECT_GT(v.medidas.ancho, 0);
     v.arrastrar();
     EXPECT_EQ(v.arrastre, "soltar agarrar ");

@@ -138,6 +138,12 @@ Fotografia Escena::mirar() {
     return Fotografia(m_zona);
 }
 
+// The displays' tool has not heard long enough yet to say what comes.
+bool Escena::escucha() const {
+    const std::string dicho = m_herramienta ? m_herramienta->texto(IdControl::lbRecepcion) : std::string();
+    return dicho.ends_with("…") || (!dicho.empty() && m_herramienta->texto(IdControl::lbEquipo).empty());
+}
+
 void Escena::foto(const std::string& nombre) {
     // A box that nobody awaits would be in each picture.
     exigir(m_programa->caja().ventana() == nullptr, nombre + ": " + m_programa->caja().texto());
@@ -151,6 +157,7 @@ void Escena::foto(const std::string& nombre) {
             enfocar(static_cast<IdControl>(GetDlgCtrlID(m_enfocado)));
             iguales = 0;
         }
+        if (escucha()) iguales = 0;
         ultima = std::move(nueva);
         return iguales >= IGUALES;
     };

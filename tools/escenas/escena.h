@@ -54,6 +54,7 @@ public:
 
 private:
     pruebas::Fotografia mirar();
+    bool escucha() const;
 
     std::wstring m_carpeta;
     RECT m_zona;

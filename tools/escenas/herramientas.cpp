@@ -76,6 +76,19 @@ void visores(Escena& e) {
     e.foto("visores_lista_abierta");
 }
 
+void recepcion(Escena& e) {
+    EmisorUDP indicador;
+    e.configurar(parrillaLlena(2, 1));
+    e.abrir(botVisores, cfgVisor, imFoco, 2);
+    e.enfocar(txPort, 2);
+    const auto enviar = [&] { indicador.enviar(PUERTO + 1, "\x02+  12,5 kg\r\n"); };
+    const auto dicho = [&] { return e.herramienta().texto(lbRecepcion).starts_with("Llega algo"); };
+    exigir(insistir(enviar, dicho), "it does not say what comes");
+    e.mientras(enviar);
+    e.foto("visores_recepcion");
+    e.mientras({});
+}
+
 void particular(Escena& e) {
     constexpr std::pair<IdControl, IdControl> CASILLAS[] = {
         {ckWid, imWidEtP},     {ckAdj, lstAjte},      {ckTxEt, frColorTxEt}, {ckFdEt, frColorFdEt},
@@ -177,6 +190,7 @@ const std::vector<Acto> HERRAMIENTAS{{L"contexto", contexto},
                                      {L"contexto_limites", contextoLimites},
                                      {L"de_la_nada", visoresDeLaNada},
                                      {L"visores", visores},
+                                     {L"recepcion", recepcion},
                                      {L"particular", particular},
                                      {L"paginas", paginas},
                                      {L"situar", situar},

@@ -1,9 +1,13 @@
 #include "platform/win32/network/direccionesWin.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <memory>
+#include <span>
+#include <utility>
 
+#include "platform/win32/base/manejadoresNucleo.h"
 #include "platform/win32/base/textoWin.h"
 
 namespace sorvanel {
@@ -44,6 +48,35 @@ Direcciones buscarDirecciones(const std::string& host, bool soloNumero) {
     }
     std::stable_partition(direcciones.begin(), direcciones.end(),
                           [](const Direccion& una) { return una.familia() == AF_INET; });
+    return direcciones;
+}
+
+std::string textoDireccion(const sockaddr_in& direccion) {
+    const std::uint32_t ip = ntohl(direccion.sin_addr.s_addr);
+    std::string texto;
+    for (int bit = 24; bit >= 0; bit -= 8) {
+        if (!texto.empty()) texto += '.';
+        texto += std::to_string(ip >> static_cast<unsigned>(bit) & 0xFFU);
+    }
+    return texto;
+}
+
+std::vector<std::string> direccionesPropias() {
+    const SocketWin socket(::socket(AF_INET, SOCK_DGRAM, IPPROTO_UDP));
+    std::array<INTERFACE_INFO, 64> tarjetas{};
+    DWORD bytes = 0;
+    if (!socket || WSAIoctl(socket.get(), SIO_GET_INTERFACE_LIST, nullptr, 0, tarjetas.data(), sizeof tarjetas, &bytes,
+                            nullptr, nullptr) != 0) {
+        return {};
+    }
+    std::vector<std::string> direcciones;
+    for (const INTERFACE_INFO& una : std::span(tarjetas).first(bytes / sizeof(INTERFACE_INFO))) {
+        const bool sirve = (una.iiFlags & IFF_UP) != 0 && (una.iiFlags & IFF_LOOPBACK) == 0;
+        if (!sirve || una.iiAddress.AddressIn.sin_addr.s_addr == 0) continue;
+        std::string texto = textoDireccion(una.iiAddress.AddressIn);
+        if (std::find(direcciones.begin(), direcciones.end(), texto) == direcciones.end())
+            direcciones.push_back(std::move(texto));
+    }
     return direcciones;
 }
 

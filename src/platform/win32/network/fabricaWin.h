@@ -23,6 +23,7 @@ public:
     std::unique_ptr<Zocalo> crearZocalo(OyenteZocalo& oyente) override {
         return std::make_unique<ZocaloWin>(m_ventana, m_nombres, *m_buffer, oyente);
     }
+    std::vector<std::string> direcciones() override { return direccionesPropias(); }
 
 private:
     VentanaMensajes& m_ventana;

@@ -118,6 +118,7 @@ bool ZocaloWin::conectar(const std::string& host, std::int32_t puerto) {
     if (m_protocolo != ProtocoloZocalo::TCP || !esHost(host) || !esPuerto(puerto, 1)) return false;
     m_numero = m_ventana.reservar(*this);
     if (m_numero == 0) return false;
+    m_motivo = MotivoFallo::sinRespuesta;
     const auto enRed = static_cast<std::uint16_t>(puerto);
     Direcciones direcciones = buscarDirecciones(host, true);
     if (!direcciones.empty()) {
@@ -125,7 +126,10 @@ bool ZocaloWin::conectar(const std::string& host, std::int32_t puerto) {
         return true;
     }
     m_estado = Estado::buscando;
-    m_nombres.pedir(host, m_numero, [this, enRed](const Direcciones& halladas) { probar(halladas, enRed); });
+    m_nombres.pedir(host, m_numero, [this, enRed](const Direcciones& halladas) {
+        if (halladas.empty()) m_motivo = MotivoFallo::noEncontrado;
+        probar(halladas, enRed);
+    });
     return true;
 }
 
@@ -179,6 +183,7 @@ void ZocaloWin::alTic() {
     if (m_estado == Estado::fallado) {
         fallar();
     } else if (m_estado == Estado::conectando) {
+        if (m_plazo == PLAZO_INTERNO) m_motivo = MotivoFallo::rechazado;
         seguirOFallar();
     }
 }
@@ -212,6 +217,7 @@ void ZocaloWin::alTerminarConexion(int codigo) {
     if (codigo == 0) {
         asegurarConectado();
     } else {
+        if (codigo == WSAECONNREFUSED || codigo == WSAECONNRESET) m_motivo = MotivoFallo::rechazado;
         seguirOFallar();
     }
 }
@@ -270,10 +276,21 @@ void ZocaloWin::alCierreRemoto() {
     m_oyente.alCerrarse();
 }
 
-std::size_t ZocaloWin::leer(std::string& destino) {
+std::size_t ZocaloWin::leerDe(std::string& destino, std::string& remitente) {
+    sockaddr_in quien{};
+    const std::size_t cuantos = recibir(destino, &quien);
+    remitente = quien.sin_family == AF_INET ? textoDireccion(quien) : std::string();
+    return cuantos;
+}
+
+std::size_t ZocaloWin::recibir(std::string& destino, sockaddr_in* remitente) {
     if (!m_socket || (m_avisando && m_leido)) return 0;
     m_leido = true;
-    const int leidos = recv(m_socket.get(), m_buffer.data(), static_cast<int>(m_buffer.size()), 0);
+    const auto cabe = static_cast<int>(m_buffer.size());
+    int tamano = sizeof *remitente;
+    const int leidos =
+        remitente ? recvfrom(m_socket.get(), m_buffer.data(), cabe, 0, reinterpret_cast<sockaddr*>(remitente), &tamano)
+                  : recv(m_socket.get(), m_buffer.data(), cabe, 0);
     // A datagram larger than the buffer counts with what fitted; other errors of a datagram socket
     // concern one datagram, and those of a connection are told as its end.
     const bool cortado = leidos == SOCKET_ERROR && m_datagramas && WSAGetLastError() == WSAEMSGSIZE;

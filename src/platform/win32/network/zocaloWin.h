@@ -41,7 +41,9 @@ public:
     bool conectar(const std::string& host, std::int32_t puerto) override;
     // False also when more than COLA_ENVIO would wait: none of it is sent then.
     bool enviar(std::string_view datos) override;
-    std::size_t leer(std::string& destino) override;
+    std::size_t leer(std::string& destino) override { return recibir(destino, nullptr); }
+    std::size_t leerDe(std::string& destino, std::string& remitente) override;
+    MotivoFallo motivo() const override { return m_motivo; }
 
 private:
     static constexpr std::size_t COLA_ENVIO = 65536;
@@ -50,6 +52,7 @@ private:
     void alMensaje(WPARAM w, LPARAM l) override;
     void alTic() override;
 
+    std::size_t recibir(std::string& destino, sockaddr_in* remitente);
     void alPoderLeer();
     void alTerminarConexion(int codigo);
     void alCierreRemoto();
@@ -75,6 +78,7 @@ private:
     Estado m_estado = Estado::cerrado;
     SocketWin m_socket;
     UINT m_numero = 0;
+    MotivoFallo m_motivo = MotivoFallo::sinRespuesta;
 
     Direcciones m_direcciones;     // not tried yet, the next one last
     UINT m_plazo = 0;              // of this attempt, milliseconds; 0: none

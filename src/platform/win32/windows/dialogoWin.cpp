@@ -41,34 +41,40 @@ void DialogoWin::titulo(const std::string& texto) {
 
 void DialogoWin::tamano(float ancho, float alto) {
     m_fondo.dimensionar(ancho, alto);
-    situarVentana(false);
+    situarVentana(nullptr);
 }
 
-void DialogoWin::centrarEn(const Monitor& monitor) {
-    m_monitor = monitor;
-    const Escala nueva(monitor.twipsPorPixelX, monitor.twipsPorPixelY);
-    if (!(nueva == escala())) {
-        cambiarEscala(nueva);
-        m_fondo.alCambiarEscala();
-    }
-    situarVentana(true);
+void DialogoWin::escala(float twipsPorPixelX, float twipsPorPixelY) {
+    const Escala nueva(twipsPorPixelX, twipsPorPixelY);
+    if (nueva == Anfitrion::escala()) return;
+    cambiarEscala(nueva);
+    m_fondo.alCambiarEscala();
 }
 
-// In the middle of its monitor; or where it is, as far as that keeps it on the one it was dragged to.
-void DialogoWin::situarVentana(bool centrar) {
+void DialogoWin::centrarEn(const RectPixel& zona) {
+    situarVentana(&zona);
+}
+
+// In the middle of that; or where it is, as far as that keeps it on the monitor that it was dragged to.
+void DialogoWin::situarVentana(const RectPixel* centro) {
     if (!hwnd()) return;
     const Rectangulo lugar = m_fondo.lugar();
-    const int ancho = escala().x.aPixel(lugar.ancho), alto = escala().y.aPixel(lugar.alto);
-    RectPixel area = m_monitor.trabajo;
-    int x = (area.left + area.right - ancho) / 2, y = (area.top + area.bottom - alto) / 2;
+    const Escala& suya = Anfitrion::escala();
+    const int ancho = suya.x.aPixel(lugar.ancho), alto = suya.y.aPixel(lugar.alto);
+    RECT actual{};
+    GetWindowRect(hwnd(), &actual);
+    RectPixel area;
+    int x = actual.left, y = actual.top;
     MONITORINFO suyo{};
     suyo.cbSize = sizeof suyo;
-    if (!centrar && GetMonitorInfoW(MonitorFromWindow(hwnd(), MONITOR_DEFAULTTONEAREST), &suyo)) {
+    if (centro) {
+        area = *centro;
+        x = (area.left + area.right - ancho) / 2;
+        y = (area.top + area.bottom - alto) / 2;
+    } else if (GetMonitorInfoW(MonitorFromWindow(hwnd(), MONITOR_DEFAULTTONEAREST), &suyo)) {
         area = {suyo.rcWork.left, suyo.rcWork.top, suyo.rcWork.right, suyo.rcWork.bottom};
-        RECT actual{};
-        GetWindowRect(hwnd(), &actual);
-        x = std::min(static_cast<int>(actual.left), area.right - ancho);
-        y = std::min(static_cast<int>(actual.top), area.bottom - alto);
+        x = std::min(x, area.right - ancho);
+        y = std::min(y, area.bottom - alto);
     }
     // Too large a window shows its upper left part, with the title and what closes it.
     x = std::max(x, area.left);

@@ -44,7 +44,8 @@ public:
     void oyente(OyenteDialogo* oyente) override { m_oyente = oyente; }
     void titulo(const std::string& texto) override;
     void tamano(float ancho, float alto) override;
-    void centrarEn(const Monitor& monitor) override;
+    void escala(float twipsPorPixelX, float twipsPorPixelY) override;
+    void centrarEn(const RectPixel& zona) override;
     void mostrar() override;
     void ocultar() override;
     Superficie& fondo() override { return m_fondo; }
@@ -62,13 +63,12 @@ private:
     void alPulsarFondo() override;
     void alMorir() override;
     LRESULT alMensaje(UINT mensaje, WPARAM w, LPARAM l) override;
-    void situarVentana(bool centrar);
+    void situarVentana(const RectPixel* centro);
     void seguirRaton();
     void pedirCierre();
 
     Bucle& m_bucle;
     OyenteDialogo* m_oyente = nullptr;
-    Monitor m_monitor;
     bool m_agarrado = false;  // the button is down on the ground
     POINT m_agarre{};         // where, on the screen
     FondoDialogo m_fondo;
