@@ -8,6 +8,7 @@
 #include "display/disenoVisor.h"
 #include "display/pinturaVisor.h"
 #include "display/registroVisor.h"
+#include "display/silencio.h"
 #include "display/trama.h"
 #include "grid/parrilla.h"
 #include "links/enlacePeso.h"
@@ -118,6 +119,8 @@ private:
     bool colocar(Ubicacion lugar);
     void quitarDeLaPantalla();
     void mostrar(Muestra que);
+    void mostrarSinPeso();
+    void explicar();
     void pintarPeso(Muestra que);
     void trasCambioDeAspecto(bool encaja);
     void guardar() const;
@@ -126,6 +129,7 @@ private:
     bool sinError();
 
     const comun& m_com;
+    const Reloj& m_reloj;
     EnlacePeso& m_compartido;
     frWsk m_propio;
     diseñoVisor m_diseno;
@@ -141,6 +145,7 @@ private:
     Muestra m_muestra = Muestra::nada;
     std::string m_ultimaTrama;  // of the weight
     Trama m_trama;
+    std::optional<Silencio> m_silencio;  // while it shows that there is no data
     std::string m_ultimoerror;
 };
 

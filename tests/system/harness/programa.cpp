@@ -193,8 +193,21 @@ bool Programa::esperarTexto(IdControl id, int elemento, std::string_view esperad
     return esperar([=, this] { return texto(id, elemento) == esperado; });
 }
 
+std::string pesoDicho(std::string texto) {
+    const std::size_t titulo = texto.find(": ");
+    if (titulo != std::string::npos) texto.erase(0, titulo + 2);
+    if (texto.starts_with("sin datos")) return "-----";
+    constexpr std::pair<std::string_view, const char*> MARCAS[] = {
+        {", equilibrio", " E"}, {", en carga", " C"}, {", en descarga", " D"}};
+    for (const auto& [palabra, marca] : MARCAS) {
+        const std::size_t donde = texto.find(palabra);
+        if (donde != std::string::npos) texto.replace(donde, palabra.size(), marca);
+    }
+    return texto;
+}
+
 bool Programa::lee(int visor, std::string_view esperado) const {
-    return esperarTexto(IdControl::picRep, visor, esperado);
+    return esperar([=, this] { return peso(visor) == esperado; });
 }
 
 void Programa::pulsar(IdControl id) {
