@@ -209,7 +209,7 @@ TEST_F(PinturaVisorTest, SinDatosSeVeEnTodoFondo) {
         const Lineas rayas = sinDatos();
         EXPECT_EQ(rayas.size(), conBorde ? 12U : 7U) << fondo;
         EXPECT_EQ(rayas[1], std::string("caja 6052.5 750 615 1500 ") + (conBorde ? "#010203" : "#FF0000"));
-        if (conBorde) EXPECT_EQ(rayas[2], "caja 6142.5 840 435 1320 #FF0000");
+        EXPECT_EQ(rayas[2] == "caja 6142.5 840 435 1320 #FF0000", conBorde);
     }
     const std::vector<std::string> motivos{"Sin datos desde 10:42", "10:42", "0"};
     const std::pair<Rectangulo, const char*> celdas[] = {
@@ -242,7 +242,7 @@ TEST_F(PinturaVisorTest, LaEtiquetaEncimaDejaAlPesoTodoElAncho) {
         EXPECT_EQ(peso, (Rectangulo{celda.x, etiqueta.abajo(), celda.ancho, celda.alto - etiqueta.alto}));
         EXPECT_LE(m_etiqueta.fuente().alto, m_peso.fuente().alto * aspecto.ratioAlturas + 0.01F);
         EXPECT_GE(m_etiqueta.fuente().alto * 0.7F, 0.2F * celda.alto * aspecto.ratioAlturas) << "never a thin strip";
-        if (celda.alto * 2 > celda.ancho) EXPECT_GE(m_peso.fuente().alto, alLado * 1.35F);
+        EXPECT_EQ(m_peso.fuente().alto >= alLado * 1.35F, celda.alto * 2 > celda.ancho);
         aspecto.anchoEtiqueta = 0;
         ASSERT_TRUE(m_pintura.encajar(celda, aspecto));
         EXPECT_EQ(m_peso.lugar(), celda);
