@@ -15,12 +15,18 @@ constexpr float ALTO_MOTIVO = 0.55F;       // of the room below them, at most
 constexpr float ALTO_LEGIBLE = aTwips(9);  // a longer text is given up for a shorter one below that
 constexpr float ALTO_MINIMO = aTwips(7);   // below that there is none
 
+// Kept free before the line.
+float margen(const EncajeVisor& encaje) {
+    return encaje.anchoCero / 6;
+}
+
 // The largest letters in which the text fits below the dashes; it is measured in them, and the surface has them.
 float ajustar(Superficie& peso, const EncajeVisor& encaje, const std::string& texto) {
+    const float hueco = encaje.derecha - margen(encaje);
     float alto = std::max(aPixelEntero(encaje.alto * (1 - BASE_RAYAS) * ALTO_MOTIVO), ALTO_MINIMO);
     peso.fuente(letraVisor(alto));
-    for (float ancho = peso.medir(texto).ancho; ancho > encaje.derecha && alto >= ALTO_MINIMO;) {
-        alto = std::min(alto - TWIPS_POR_PIXEL, aPixelEntero(alto * encaje.derecha / ancho));
+    for (float ancho = peso.medir(texto).ancho; ancho > hueco && alto >= ALTO_MINIMO;) {
+        alto = std::min(alto - TWIPS_POR_PIXEL, aPixelEntero(alto * hueco / ancho));
         peso.fuente(letraVisor(alto));
         ancho = peso.medir(texto).ancho;
     }
@@ -51,7 +57,7 @@ void pintarMotivo(Superficie& peso, const EncajeVisor& encaje, Color tinta, std:
         if (alto < (ultimo ? ALTO_MINIMO : ALTO_LEGIBLE)) continue;
         const MedidaTexto medida = peso.medir(texto);
         const float centro = encaje.derecha - 2.5F * encaje.anchoCero;  // of the dashes
-        const float x = std::clamp(centro - medida.ancho / 2, 0.0F, encaje.derecha - medida.ancho);
+        const float x = std::max(margen(encaje), std::min(centro - medida.ancho / 2, encaje.derecha - medida.ancho));
         const float medio = encaje.alto * (1 + BASE_RAYAS) / 2;
         const float y = alPixelCercano(medio - (medida.tintaSuperior + medida.tintaInferior) / 2);
         return peso.imprimir(alPixelCercano(x), y, texto, tinta);
