@@ -27,7 +27,7 @@ Pesos::Pesos(const pruebas::Programa& programa, int visores) {
 }
 
 std::string Pesos::texto(int visor) const {
-    return pruebas::texto(m_superficies[static_cast<std::size_t>(visor - 1)]);
+    return pruebas::pesoDicho(pruebas::texto(m_superficies[static_cast<std::size_t>(visor - 1)]));
 }
 
 std::vector<int> Pesos::sinDecir(const std::string& esperado) const {

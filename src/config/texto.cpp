@@ -1,5 +1,8 @@
 #include "config/texto.h"
 
+#include <algorithm>
+#include <array>
+
 namespace sorvanel {
 
 std::string_view recortar(std::string_view texto, std::string_view sobran) {
@@ -19,6 +22,11 @@ std::string minusculas(std::string texto) {
         if (ascii || latina) c = static_cast<char>(o + 0x20);
     }
     return texto;
+}
+
+bool leerSiNo(const std::string& texto) {
+    constexpr std::array<std::string_view, 7> AFIRMATIVOS{"sí", "si", "yes", "true", "verdadero", "1", "-1"};
+    return std::find(AFIRMATIVOS.begin(), AFIRMATIVOS.end(), minusculas(texto)) != AFIRMATIVOS.end();
 }
 
 std::optional<std::pair<std::int16_t, std::int16_t>> leerDosCifras(std::string_view texto, char separador) {

@@ -25,6 +25,12 @@ constexpr char32_t filtroNumerico(char32_t caracter) {
     return esCifra(caracter) ? caracter : U'\0';
 }
 
+// Yes and no as the settings file has them: yes in several languages, in any case.
+bool leerSiNo(const std::string& texto);
+constexpr const char* textoSiNo(bool si) {
+    return si ? "Sí" : "No";
+}
+
 // "4x1": two digits and what stands between them, nothing else.
 std::optional<std::pair<std::int16_t, std::int16_t>> leerDosCifras(std::string_view texto, char separador);
 

@@ -47,6 +47,7 @@ constexpr std::array<ColorParrilla, 3> COLORES{{
 constexpr std::size_t COLOR_APLICACION = 2;
 
 constexpr const char* TEXTO_TRANSPARENTE = "Aplicación transparente";
+constexpr const char* TEXTO_ENCIMA = "Etiqueta encima del peso";
 
 }  // namespace
 
@@ -56,7 +57,7 @@ struct cfgContexto::Controles {
     std::unique_ptr<FilaValor> monitor;
     std::array<std::unique_ptr<FilaValor>, NUMEROS.size()> numeros;
     std::array<std::unique_ptr<FilaColor>, COLORES.size()> colores;
-    std::unique_ptr<CasillaMarca> ckTrpa;
+    std::unique_ptr<CasillaMarca> ckTrpa, ckEncima;
     std::array<std::unique_ptr<CampoAspecto>, CAMPOS.size()> campos;
     std::unique_ptr<Rotulo> rotuloMuestra;
     std::unique_ptr<VistaPrevia> previa;
@@ -135,10 +136,16 @@ void cfgContexto::crearDiseno() {
         datos.actual = [this, rasgo = CAMPOS[i].rasgo] { return m_diseño->valor(rasgo); };
         datos.alCambiar = [this, rasgo = CAMPOS[i].rasgo](const ValorRasgo& valor) {
             m_diseño->valor(rasgo, valor);
-            m_c->previa->aspecto(aspectoDe(m_diseño->valores()));
+            m_c->previa->aspecto(m_diseño->aspecto());
         };
         m_c->campos[i] = std::make_unique<CampoAspecto>(taller(), sistema(), utiles().com, std::move(datos));
     }
+    m_c->ckEncima = taller().casilla(IdControl::ckEncima, 0, TEXTO_ENCIMA,
+                                     "La etiqueta ocupa todo el ancho de la celda, y los pesos se ven mayores");
+    m_c->ckEncima->alActuar([this] {
+        m_diseño->etiquetaEncima(m_c->ckEncima->marcada());
+        m_c->previa->aspecto(m_diseño->aspecto());
+    });
     m_c->rotuloMuestra = taller().rotulo("Muestra");
     m_c->previa = std::make_unique<VistaPrevia>(taller());
 }
@@ -156,7 +163,8 @@ void cfgContexto::rellenar() {
     m_c->ckTrpa->marcada(transparente);
     mostrarTransparencia(transparente);
     for (std::size_t i = 0; i < CAMPOS.size(); ++i) m_c->campos[i]->mostrarValor(m_diseño->valor(CAMPOS[i].rasgo));
-    m_c->previa->aspecto(aspectoDe(m_diseño->valores()));
+    m_c->ckEncima->marcada(m_diseño->etiquetaEncima());
+    m_c->previa->aspecto(m_diseño->aspecto());
 }
 
 Pieza cfgContexto::panelPantalla() {
@@ -199,6 +207,7 @@ Pieza cfgContexto::panelDiseno() {
             filas.poner(fila++, 0, campo->comoPieza(), 2);
         }
     }
+    filas.poner(fila++, 0, aLoAncho(pieza(*m_c->ckEncima, taller().casilla(TEXTO_ENCIMA))), 2);
     filas.poner(fila++, 0, taller().piezaRotulo(*m_c->rotuloMuestra), 2);
     filas.poner(fila, 0, m_c->previa->comoPieza(), 2);
     return panel(*m_c->marcoDiseño, filas.comoPieza());

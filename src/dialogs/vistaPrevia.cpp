@@ -11,6 +11,9 @@ namespace {
 
 constexpr const char* MUESTRA_ETIQUETA = "A";
 constexpr float ALTO_LETRA = aTwips(28);
+// Where the caption stands above: its share of the height, and how large the letters are then.
+constexpr float PARTE_ENCIMA = 0.45F;
+constexpr float LETRA_ENCIMA = 0.7F;
 constexpr float ALTO_MINIMO_LETRA = aTwips(6);
 // Room for the weight, beside the widest caption, in widths of "0".
 constexpr float UNIDADES_PESO = 8;
@@ -55,25 +58,37 @@ void VistaPrevia::colocar(const Rectangulo& zona) {
 // Without a caption the weight has all the room, as it has in the display.
 void VistaPrevia::disponer() {
     if (m_zona.vacio()) return;
-    m_picEjVis->fuente(fuenteMuestra(ALTO_LETRA));
+    m_picEjVis->fuente(fuenteMuestra(altoLetra()));
     const float unidad = m_picEjVis->medir("0").ancho;
-    const float ancho = static_cast<float>(m_aspecto.anchoEtiqueta + 1) * unidad;
     const bool conEtiqueta = m_aspecto.anchoEtiqueta >= 1;
-    const float corrido = conEtiqueta ? ancho : 0.0F;
-    m_picEjEtq->colocar({m_zona.x, m_zona.y, ancho, m_zona.alto});
-    m_picEjVis->colocar({m_zona.x + corrido, m_zona.y, m_zona.ancho - corrido, m_zona.alto});
+    Rectangulo etiqueta = m_zona, peso = m_zona;
+    if (conEtiqueta && m_aspecto.etiquetaEncima) {
+        etiqueta.alto *= PARTE_ENCIMA;
+        peso.y = etiqueta.abajo();
+        peso.alto -= etiqueta.alto;
+    } else {
+        etiqueta.ancho = static_cast<float>(m_aspecto.anchoEtiqueta + 1) * unidad;
+        if (conEtiqueta) peso = {etiqueta.derecha(), m_zona.y, m_zona.ancho - etiqueta.ancho, m_zona.alto};
+    }
+    m_picEjEtq->colocar(etiqueta);
+    m_picEjVis->colocar(peso);
     if (conEtiqueta) pintarEtiqueta(unidad);
     pintarPeso();
     m_picEjEtq->mostrar(m_visible && conEtiqueta);
     m_picEjVis->mostrar(m_visible);
 }
 
+float VistaPrevia::altoLetra() const {
+    const bool encima = m_aspecto.anchoEtiqueta >= 1 && m_aspecto.etiquetaEncima;
+    return encima ? ALTO_LETRA * LETRA_ENCIMA : ALTO_LETRA;
+}
+
 void VistaPrevia::pintarEtiqueta(float unidad) {
     m_picEjEtq->colorFondo(m_aspecto.fondoEtiqueta);
     m_picEjEtq->limpiar();
-    m_picEjEtq->fuente(fuenteMuestra(ALTO_LETRA * m_aspecto.ratioAcotado()));
+    m_picEjEtq->fuente(fuenteMuestra(altoLetra() * m_aspecto.ratioAcotado()));
     const MedidaTexto medida = m_picEjEtq->medir(MUESTRA_ETIQUETA);
-    const float x = m_aspecto.inicioEtiqueta(m_picEjEtq->lugar().ancho - medida.ancho, unidad / 2);
+    const float x = m_aspecto.inicioEtiqueta(m_picEjEtq->lugar().ancho - medida.ancho, unidad / 6);
     m_picEjEtq->imprimir(x, arribaCentrado(*m_picEjEtq, medida), MUESTRA_ETIQUETA, m_aspecto.textoEtiqueta);
     m_picEjEtq->leyenda(MUESTRA_ETIQUETA);
 }
@@ -85,7 +100,8 @@ void VistaPrevia::pintarPeso() {
     const std::string texto = FormatoPeso(m_aspecto.formato).muestra();
     const float hueco = m_picEjVis->lugar().ancho - SEPARACION;
     MedidaTexto medida = m_picEjVis->medir(texto);
-    for (float alto = ALTO_LETRA; medida.ancho > hueco && alto > ALTO_MINIMO_LETRA; medida = m_picEjVis->medir(texto)) {
+    for (float alto = altoLetra(); medida.ancho > hueco && alto > ALTO_MINIMO_LETRA;
+         medida = m_picEjVis->medir(texto)) {
         alto = std::max(std::min(alto * hueco / medida.ancho, alto - aTwips(1)), ALTO_MINIMO_LETRA);
         m_picEjVis->fuente(fuenteMuestra(alto));
     }

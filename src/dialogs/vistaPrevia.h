@@ -7,7 +7,7 @@
 
 namespace sorvanel {
 
-// A sample of a display: the caption's picture and, right of it, the weight's.
+// A sample of a display: the caption's picture and, right of it or below, the weight's.
 class VistaPrevia {
 public:
     explicit VistaPrevia(TallerDialogo& taller);
@@ -24,6 +24,8 @@ private:
     void colocar(const Rectangulo& zona);
     void disponer();
     void pintarEtiqueta(float unidad);
+    // Of the weight's letters.
+    float altoLetra() const;
     void pintarPeso();
 
     TallerDialogo& m_taller;

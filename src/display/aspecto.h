@@ -103,8 +103,9 @@ struct AspectoVisor {
     Color textoEtiqueta = BLANCO;
     Color fondoPeso = BLANCO;
     Color textoPeso = NEGRO;
-    std::string formato;         // empty: the usual one
-    float ratioAlturas = 0.95F;  // caption's font height to the weight's; anything
+    std::string formato;          // empty: the usual one
+    float ratioAlturas = 0.95F;   // caption's font height to the weight's; anything
+    bool etiquetaEncima = false;  // of the weight, instead of beside it
 
     // 0.1..1, also of what is not a number.
     float ratioAcotado() const;

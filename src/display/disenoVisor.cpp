@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "config/texto.h"
 #include "display/registroVisor.h"
 
 namespace sorvanel {
@@ -9,6 +10,7 @@ namespace sorvanel {
 namespace {
 
 constexpr const char* SECCION = "VISORES";
+constexpr const char* ENCIMA = "etiquetaEncima";
 
 // A colour is read as far as it is one; whatever else says nothing is as it is by default.
 ValorRasgo leerComun(const FilaRasgo& fila, const std::string& texto) {
@@ -24,18 +26,35 @@ diseñoVisor::diseñoVisor(const comun& com) : m_com(com) {
     for (const FilaRasgo& fila : RASGOS) {
         m_valores[fila.rasgo] = leerComun(fila, com.valDflt(ini, fila.clave, fila.omision));
     }
+    m_etiquetaEncima = leerSiNo(com.valDflt(ini, ENCIMA, "No"));
 }
 
 bool diseñoVisor::valor(Rasgo rasgo, const ValorRasgo& nuevo) {
     const auto ratio = tomar<float>(nuevo);
     if (ratio && !(*ratio > 0.1F && *ratio < 1.0F)) return false;
     m_valores[rasgo] = acotar(filaDe(rasgo), nuevo);
+    guardar();
+    return m_valores[rasgo] == nuevo;
+}
+
+void diseñoVisor::etiquetaEncima(bool si) {
+    m_etiquetaEncima = si;
+    guardar();
+}
+
+AspectoVisor diseñoVisor::aspecto() const {
+    AspectoVisor aspecto = aspectoDe(m_valores);
+    aspecto.etiquetaEncima = m_etiquetaEncima;
+    return aspecto;
+}
+
+void diseñoVisor::guardar() const {
     AccesorINI ini = m_com.abrir(SECCION);
     const std::string separador = m_com.separadorDecimal();
     for (const FilaRasgo& fila : RASGOS) {
         ini.escribir(fila.clave, escribirRasgo(fila, m_valores[fila.rasgo], separador));
     }
-    return m_valores[rasgo] == nuevo;
+    ini.escribir(ENCIMA, textoSiNo(m_etiquetaEncima));
 }
 
 std::vector<Color> coloresEnUso(const comun& com, std::size_t cuantos) {

@@ -20,6 +20,12 @@ public:
     // Clamped to its range; a ratio is ignored unless between 0.1 and 1, both excluded. No when it was either.
     bool valor(Rasgo rasgo, const ValorRasgo& nuevo);
 
+    // Captions stand above weights, not beside them: of all displays.
+    bool etiquetaEncima() const { return m_etiquetaEncima; }
+    void etiquetaEncima(bool si);
+    // Of a display that has nothing of its own, no caption either.
+    AspectoVisor aspecto() const;
+
     std::int16_t anchoEtiqueta() const { return como<std::int16_t>(valor(Rasgo::anchoEtiqueta)); }
     bool anchoEtiqueta(std::int16_t ancho) { return valor(Rasgo::anchoEtiqueta, ancho); }
     std::int16_t ajusteEtiqueta() const { return como<std::int16_t>(valor(Rasgo::ajusteEtiqueta)); }
@@ -39,8 +45,11 @@ public:
     bool ratioAlturas(float ratio) { return valor(Rasgo::ratioAlturas, ratio); }
 
 private:
+    void guardar() const;
+
     const comun& m_com;
     ValoresRasgos m_valores;
+    bool m_etiquetaEncima = false;
 };
 
 // The distinct colours of the shared design, then of the displays that the settings have, in their order: no more than

@@ -1,27 +1,40 @@
 #include "display/encajeEtiqueta.h"
 
 #include <algorithm>
+#include <array>
+
+#include "display/silabas.h"
 
 namespace sorvanel {
 
 namespace {
 
-constexpr std::size_t LINEAS_MAXIMAS = 3;
 // A longer text is no caption; to try its breaks would take long.
 constexpr std::size_t PALABRAS_MAXIMAS = 12;
 constexpr std::string_view BLANCO_FIJO = "\u00a0";
-// Letters must become so much larger for another line to be worth it.
-constexpr float VENTAJA = 1.3F;
+
+// With syllables of words for pieces.
+constexpr std::size_t TROZOS_MAXIMOS = 20;
+// Words are cut only where letters would else be lower than that, and are then so much larger.
+constexpr float ALTO_LEGIBLE = aTwips(13);
+constexpr float VENTAJA = 1.15F;
 
 using Lineas = std::vector<std::string>;
 
-std::vector<std::string_view> palabras(std::string_view texto) {
-    std::vector<std::string_view> lista;
+// What stays on one line.
+struct Trozo {
+    std::string_view texto;
+    bool sigue = false;  // its word goes on behind it
+};
+using Trozos = std::vector<Trozo>;
+
+Trozos palabras(std::string_view texto) {
+    Trozos lista;
     std::size_t inicio = 0;
     for (std::size_t i = 0; i <= texto.size();) {
         const bool fijo = texto.substr(i).starts_with(BLANCO_FIJO);
         if (i == texto.size() || texto[i] == ' ' || fijo) {
-            if (i > inicio) lista.push_back(texto.substr(inicio, i - inicio));
+            if (i > inicio) lista.push_back({texto.substr(inicio, i - inicio)});
             i += fijo ? BLANCO_FIJO.size() : 1;
             inicio = i;
         } else {
@@ -31,53 +44,77 @@ std::vector<std::string_view> palabras(std::string_view texto) {
     return lista;
 }
 
-// Everything from the first character of the one to the last of the other, with what lies between.
-std::string_view desdeHasta(std::string_view primera, std::string_view ultima) {
-    return {primera.data(), static_cast<std::size_t>(ultima.data() + ultima.size() - primera.data())};
+Trozos silabas(const Trozos& palabras) {
+    Trozos lista;
+    for (const Trozo& palabra : palabras) {
+        std::size_t inicio = 0;
+        for (const std::size_t corte : cortesSilaba(palabra.texto)) {
+            lista.push_back({palabra.texto.substr(inicio, corte - inicio), true});
+            inicio = corte;
+        }
+        lista.push_back({palabra.texto.substr(inicio)});
+    }
+    return lista;
 }
 
+// Everything from the first character of the one to the last of the other, with what lies between.
+std::string desdeHasta(const Trozo& primero, const Trozo& ultimo) {
+    const char* const fin = ultimo.texto.data() + ultimo.texto.size();
+    std::string linea(primero.texto.data(), fin);
+    if (ultimo.sigue) linea += '-';
+    return linea;
+}
+
+// How pieces are shared out among lines so that the widest one is as narrow as can be.
 class Repartidor {
 public:
-    Repartidor(const Superficie& medidor, const std::vector<std::string_view>& palabras)
-        : m_medidor(medidor), m_palabras(palabras) {}
+    Repartidor(const Superficie& medidor, const Trozos& trozos) : m_trozos(trozos) {
+        for (std::size_t desde = 0; desde < trozos.size(); ++desde) {
+            for (std::size_t hasta = desde; hasta < trozos.size(); ++hasta)
+                m_anchos[desde].at(hasta) = medidor.medir(desdeHasta(trozos[desde], trozos[hasta])).ancho;
+        }
+    }
 
-    // The breaks that leave the widest line as narrow as can be.
     Lineas en(std::size_t cuantas) {
-        m_mejorAncho = -1;
-        m_cortes.clear();
-        probar(0, cuantas, 0);
+        prever(cuantas);
         Lineas lineas;
         std::size_t desde = 0;
-        for (const std::size_t hasta : m_mejores) {
-            lineas.emplace_back(desdeHasta(m_palabras[desde], m_palabras[hasta - 1]));
+        for (; cuantas > 0; --cuantas) {
+            const std::size_t hasta = m_cortes[cuantas].at(desde);
+            lineas.push_back(desdeHasta(m_trozos[desde], m_trozos[hasta - 1]));
             desde = hasta;
         }
         return lineas;
     }
-    float ancho() const { return m_mejorAncho; }
 
 private:
-    void probar(std::size_t desde, std::size_t quedan, float masAncha) {
-        if (m_mejorAncho >= 0 && masAncha >= m_mejorAncho) return;
-        if (quedan == 0) {
-            if (desde < m_palabras.size()) return;
-            m_mejorAncho = masAncha;
-            m_mejores = m_cortes;
-            return;
-        }
-        const std::size_t ultimo = m_palabras.size() - (quedan - 1);
-        for (std::size_t hasta = quedan == 1 ? ultimo : desde + 1; hasta <= ultimo; ++hasta) {
-            const float ancho = m_medidor.medir(desdeHasta(m_palabras[desde], m_palabras[hasta - 1])).ancho;
-            m_cortes.push_back(hasta);
-            probar(hasta, quedan - 1, std::max(masAncha, ancho));
-            m_cortes.pop_back();
+    // For each number of lines, and from each piece on, the widest line and before which piece the first one ends.
+    void prever(std::size_t cuantas) {
+        const std::size_t n = m_trozos.size();
+        for (; m_previstas < cuantas; ++m_previstas) {
+            const std::size_t lineas = m_previstas + 1;
+            for (std::size_t desde = 0; desde + lineas <= n; ++desde) {
+                float& mejor = m_anchas[lineas].at(desde);
+                mejor = -1;
+                for (std::size_t hasta = lineas == 1 ? n : desde + 1; hasta + lineas <= n + 1; ++hasta) {
+                    const float resto = lineas == 1 ? 0 : m_anchas[lineas - 1].at(hasta);
+                    const float ancha = std::max(m_anchos[desde].at(hasta - 1), resto);
+                    if (mejor >= 0 && ancha >= mejor) continue;
+                    mejor = ancha;
+                    m_cortes[lineas].at(desde) = hasta;
+                }
+            }
         }
     }
 
-    const Superficie& m_medidor;
-    const std::vector<std::string_view>& m_palabras;
-    std::vector<std::size_t> m_cortes, m_mejores;
-    float m_mejorAncho = -1;
+    template <typename T>
+    using Tabla = std::array<std::array<T, TROZOS_MAXIMOS>, TROZOS_MAXIMOS + 1>;
+
+    const Trozos& m_trozos;
+    Tabla<float> m_anchos{};  // from a piece to another
+    Tabla<float> m_anchas{};
+    Tabla<std::size_t> m_cortes{};
+    std::size_t m_previstas = 0;
 };
 
 // The lines one below the other: their widths, and the ink of the whole.
@@ -112,19 +149,29 @@ float escalaPara(const Bloque& bloque, const ZonaEtiqueta& zona) {
     return std::min(ancho / std::max(bloque.masAncho, ancho), alto / std::max(tinta, alto));
 }
 
-Lineas elegirLineas(Superficie& medidor, const ZonaEtiqueta& zona, std::string_view texto) {
-    Lineas elegidas{std::string(texto)};
-    float mejor = escalaPara(medirBloque(medidor, elegidas), zona);
-    const std::vector<std::string_view> trozos = palabras(texto);
-    if (trozos.size() > PALABRAS_MAXIMAS) return elegidas;
+// The least number of lines with which the letters are largest: `mejor` is what they must shrink to.
+void probar(Superficie& medidor, const ZonaEtiqueta& zona, const Trozos& trozos, float ventaja, float& mejor,
+            Lineas& elegidas) {
     Repartidor repartidor(medidor, trozos);
-    for (std::size_t n = 2; n <= std::min(LINEAS_MAXIMAS, trozos.size()) && mejor < 1; ++n) {
+    for (std::size_t n = 2; n <= trozos.size() && mejor < 1; ++n) {
         Lineas otras = repartidor.en(n);
         const float escala = escalaPara(medirBloque(medidor, otras), zona);
-        if (escala < mejor * VENTAJA) continue;
+        if (escala <= mejor * ventaja) continue;
+        ventaja = 1;
         mejor = escala;
         elegidas = std::move(otras);
     }
+}
+
+Lineas elegirLineas(Superficie& medidor, const ZonaEtiqueta& zona, std::string_view texto) {
+    Lineas elegidas{std::string(texto)};
+    float mejor = escalaPara(medirBloque(medidor, elegidas), zona);
+    const Trozos enteras = palabras(texto);
+    if (enteras.size() > PALABRAS_MAXIMAS) return elegidas;
+    probar(medidor, zona, enteras, 1, mejor, elegidas);
+    if (mejor * zona.altoLetra >= ALTO_LEGIBLE) return elegidas;
+    const Trozos partidas = silabas(enteras);
+    if (partidas.size() <= TROZOS_MAXIMOS) probar(medidor, zona, partidas, VENTAJA, mejor, elegidas);
     return elegidas;
 }
 

@@ -43,9 +43,9 @@ struct ZonaEtiqueta {
     float altoLetra = 0;       // the font's height where the caption need not be smaller
 };
 
-// The caption in that height on one line where it fits, else in up to three lines, or smaller, which
-// ever can be read from farther away. It breaks at blanks, no-break ones too: captions hold no others.
-// Measures with `medidor` and leaves its font changed.
+// The caption in that height on one line where it fits, else on as many as make its letters largest. It breaks at
+// blanks, no-break ones too: captions hold no others; where nobody could read it then, between syllables too. Measures
+// with `medidor` and leaves its font changed.
 EncajeEtiqueta encajarEtiqueta(Superficie& medidor, const ZonaEtiqueta& zona, std::string_view texto);
 
 }  // namespace sorvanel

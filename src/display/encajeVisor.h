@@ -12,11 +12,14 @@ namespace sorvanel {
 // Where everything of a display lies, twips. Caption and weight each have coordinates of their own,
 // from the top-left corner of their surface.
 struct EncajeVisor {
-    float anchoEtiqueta = 0;  // of the caption's surface; 0 when there is none
+    float anchoEtiqueta = 0;  // of the caption's surface, which begins where the cell does; 0 when there is none
+    float altoEtiqueta = 0;
     EncajeEtiqueta etiqueta;
 
+    float izquierda = 0;  // of the weight's surface, from the cell's corner
+    float arriba = 0;
     float anchoPeso = 0;  // of the weight's surface
-    float alto = 0;       // of both
+    float alto = 0;
     Fuente fuentePeso;
     float derecha = 0;        // right edge of the weight's text
     float yPeso = 0;          // top of its line

@@ -4,16 +4,13 @@
 #include <array>
 #include <cmath>
 
-#include "config/codificacion.h"
-
 namespace sorvanel {
 
 namespace {
 
-constexpr int RAYAS = 5;
-constexpr std::string_view LEYENDA_SIN_DATOS = "-----";
-constexpr float VUELO = 0.25F;       // of the width of "0": no letter reaches farther out of its place
-constexpr float ANCHO_CORTE = 0.9F;  // of the width of "0": kept for the arrow of a cut weight
+constexpr std::string_view SIN_DATOS = "sin datos";
+constexpr float VUELO = 0.25F;        // of the width of "0": no letter reaches farther out of its place
+constexpr float ANCHO_FLECHA = 0.9F;  // of the width of "0": the overflow sign
 constexpr int DECIMOS = 10;
 constexpr float ANCHO_EN_CEROS = 0.75F;  // a mark's width, to that of "0"
 constexpr float ALTO_TRIANGULO = 0.44F;  // to the digits' ink: two of them and a gap
@@ -67,19 +64,18 @@ bool PinturaVisor::encajar(const Rectangulo& celda, const AspectoVisor& aspecto)
     const FormatoPeso formato(aspecto.formato);
     const std::optional<EncajeVisor> encaje = encajarVisor(m_peso, celda, aspecto, formato.muestra());
     if (!encaje) {
-        m_peso.fuente(m_encaje.fuentePeso);
+        m_letras.reponer();
         return false;
     }
     m_encaje = *encaje;
-    m_anchos = {};
     m_aspecto = aspecto;
     m_formato = formato;
     m_encajado = true;
     colores();
     m_etiqueta.fuente(m_encaje.etiqueta.fuente);
-    m_peso.fuente(m_encaje.fuentePeso);
-    m_etiqueta.colocar({celda.x, celda.y, m_encaje.anchoEtiqueta, celda.alto});
-    m_peso.colocar({celda.x + m_encaje.anchoEtiqueta, celda.y, m_encaje.anchoPeso, celda.alto});
+    m_letras.encajar(m_encaje);
+    m_etiqueta.colocar({celda.x, celda.y, m_encaje.anchoEtiqueta, m_encaje.altoEtiqueta});
+    m_peso.colocar({celda.x + m_encaje.izquierda, celda.y + m_encaje.arriba, m_encaje.anchoPeso, m_encaje.alto});
     m_etiqueta.limpiar();
     limpiarPeso();
     return true;
@@ -95,6 +91,10 @@ void PinturaVisor::colores() {
     m_peso.colorFondo(m_aspecto.fondoPeso);
     m_marcasSeguras = false;
     m_escrito.clear();
+    m_tintas = tintasAviso(m_aspecto);
+    m_leyenda = m_aspecto.etiqueta;
+    if (!m_leyenda.empty()) m_leyenda += ": ";
+    m_largoTitulo = m_leyenda.size();
 }
 
 void PinturaVisor::pintarEtiqueta() {
@@ -116,21 +116,30 @@ void PinturaVisor::pintarPeso(const Trama& trama, const MarcasVisor& suyas) {
     const MarcasVisor marcas{suyas.E && trama.E, suyas.C && trama.C, suyas.D && trama.D};
     ponerMarcas(marcas);
 
-    m_leyenda = m_texto;
-    if (marcas.E) m_leyenda += " E";
-    if (marcas.C) m_leyenda += " C";
-    if (marcas.D) m_leyenda += " D";
-    m_peso.leyenda(m_leyenda);
+    std::string& leyenda = leyendaCon(m_texto);
+    if (marcas.E) leyenda += ", equilibrio";
+    if (marcas.C) leyenda += ", en carga";
+    if (marcas.D) leyenda += ", en descarga";
+    m_peso.leyenda(leyenda);
 }
 
-void PinturaVisor::pintarSinDatos(const MarcasVisor& suyas) {
+std::string& PinturaVisor::leyendaCon(std::string_view texto) {
+    m_leyenda.resize(m_largoTitulo);
+    return m_leyenda += texto;
+}
+
+void PinturaVisor::pintarSinDatos(const MarcasVisor& suyas, std::span<const std::string> porque) {
     if (!m_encajado) return;
     borrarTexto();
-    const float paso = m_encaje.anchoCero;
-    float x = m_encaje.derecha - 3 * paso / 4;
-    for (int i = 0; i < RAYAS; ++i, x -= paso) m_peso.caja({x, m_encaje.alto / 4, paso / 2, m_encaje.alto / 2}, ROJO);
+    pintarRayas(m_peso, m_encaje, m_tintas);
+    if (!porque.empty()) {
+        pintarMotivo(m_peso, m_encaje, m_tintas.texto, porque);
+        m_letras.reponer();
+    }
     ponerMarcas({m_marcas.E && !suyas.E, m_marcas.C && !suyas.C, m_marcas.D && !suyas.D});
-    m_peso.leyenda(LEYENDA_SIN_DATOS);
+    std::string& leyenda = leyendaCon(SIN_DATOS);
+    if (!porque.empty()) leyenda += ". " + porque.front();
+    m_peso.leyenda(leyenda);
 }
 
 void PinturaVisor::limpiarPeso() {
@@ -151,44 +160,33 @@ void PinturaVisor::borrarTexto() {
 // Most weights differ from the one before in a digit or two: only these are painted, with the whole text cut to their
 // place, so that the picture is the same to the pixel.
 void PinturaVisor::imprimirPeso() {
-    const float x = m_encaje.derecha - ancho(m_texto);
-    const Rectangulo zona = cambiado(x);
+    const auto [letra, ancho] = m_letras.para(m_texto);
+    if (letra == nullptr) return imprimirDesbordado();
+    const float x = m_encaje.derecha - ancho;
+    const Rectangulo zona = cambiado(letra->fuente.alto, x);
     if (zona.vacio()) return;
     const bool entero = zona.ancho >= m_encaje.derecha;
     m_escrito.clear();
     if (entero) {
         m_peso.caja(zona, m_aspecto.fondoPeso);
         if (m_texto.empty()) return;
-        if (x < 0) return imprimirCortado();
-        m_peso.imprimir(x, m_encaje.yPeso, m_texto, m_aspecto.textoPeso);
+        m_peso.imprimir(x, letra->y, m_texto, m_aspecto.textoPeso);
     } else {
-        m_peso.cambiarTexto(zona, m_aspecto.fondoPeso, x, m_encaje.yPeso, m_texto, m_aspecto.textoPeso);
+        m_peso.cambiarTexto(zona, m_aspecto.fondoPeso, x, letra->y, m_texto, m_aspecto.textoPeso);
     }
     m_escrito = m_texto;
+    m_altoEscrito = letra->fuente.alto;
     m_pixel = m_peso.pixel();
 }
 
-// Its letters stand side by side, without kerning, each as wide as alone.
-float PinturaVisor::ancho(std::string_view texto) {
-    float total = 0;
-    for (const char letra : texto) {
-        const auto codigo = static_cast<unsigned char>(letra);
-        if (codigo >= m_anchos.size()) return m_peso.medir(texto).ancho;
-        float& suyo = m_anchos[codigo];
-        if (suyo == 0) suyo = m_peso.medir({&letra, 1}).ancho;
-        total += suyo;
-    }
-    return total;
-}
-
-Rectangulo PinturaVisor::cambiado(float x) {
+Rectangulo PinturaVisor::cambiado(float alto, float x) {
     const Rectangulo todo{0, 0, m_encaje.derecha, m_encaje.alto};
     const std::string_view antes = m_escrito, ahora = m_texto;
-    const auto suelta = [](char letra) { return static_cast<unsigned char>(letra) < 0x80; };
+    const auto suelta = [](char una) { return static_cast<unsigned char>(una) < 0x80; };
     if (!std::all_of(ahora.begin(), ahora.end(), suelta)) return todo;
     // At another scale the surface has dropped its picture.
-    if (antes.empty() || m_pixel != m_peso.pixel() || x < 0 || antes.size() != ahora.size() ||
-        ancho(antes) != ancho(ahora))
+    if (antes.empty() || m_pixel != m_peso.pixel() || m_altoEscrito != alto || antes.size() != ahora.size() ||
+        m_letras.ancho(antes) != m_letras.ancho(ahora))
         return todo;
     const auto distintas = std::mismatch(antes.begin(), antes.end(), ahora.begin());
     const auto desde = static_cast<std::size_t>(distintas.first - antes.begin());
@@ -197,28 +195,20 @@ Rectangulo PinturaVisor::cambiado(float x) {
     const std::size_t hasta = antes.size() - static_cast<std::size_t>(finales.first - antes.rbegin());
     // A letter that has not the width of the one it replaces moves those up to where both texts agree again.
     const float vuelo = m_encaje.anchoCero * VUELO;
-    const float izquierda = std::max(x + ancho(ahora.substr(0, desde)) - vuelo, 0.0F);
-    const float derecha = std::min(x + ancho(ahora.substr(0, hasta)) + vuelo, m_encaje.derecha);
+    const float izquierda = std::max(x + m_letras.ancho(ahora.substr(0, desde)) - vuelo, 0.0F);
+    const float derecha = std::min(x + m_letras.ancho(ahora.substr(0, hasta)) + vuelo, m_encaje.derecha);
     return {izquierda, 0, derecha - izquierda, m_encaje.alto};
 }
 
-// A weight that does not fit must not pass for a smaller one: its last digits stand in their places, and
-// an arrow says that there are more to the left.
-void PinturaVisor::imprimirCortado() {
-    const float corte = m_encaje.anchoCero * ANCHO_CORTE;
-    std::string_view resto = m_texto;
-    float ancho = 0;
-    do {
-        resto.remove_prefix(leerCaracter(resto).octetos);
-        ancho = resto.empty() ? 0 : m_peso.medir(resto).ancho;
-    } while (ancho > m_encaje.derecha - corte);
-    m_peso.imprimir(m_encaje.derecha - ancho, m_encaje.yPeso, resto, m_aspecto.textoPeso);
-
+// What nobody could read must not pass for a smaller weight: an arrow says that it goes on to the left.
+void PinturaVisor::imprimirDesbordado() {
+    borrarTexto();
+    const float lado = m_encaje.anchoCero * ANCHO_FLECHA;
     const float medio = (m_encaje.tintaSuperior + m_encaje.tintaInferior) / 2;
     const float mitad = (m_encaje.tintaInferior - m_encaje.tintaSuperior) / 3;
-    const std::array<Punto, 3> flecha{Punto{corte / 8, medio}, Punto{corte * 7 / 8, medio - mitad},
-                                      Punto{corte * 7 / 8, medio + mitad}};
-    m_peso.poligono(flecha, ROJO);
+    const std::array<Punto, 3> flecha{Punto{lado / 8, medio}, Punto{lado * 7 / 8, medio - mitad},
+                                      Punto{lado * 7 / 8, medio + mitad}};
+    m_peso.poligono(flecha, m_tintas.conContorno ? m_tintas.texto : m_tintas.aviso);
 }
 
 void PinturaVisor::ponerMarcas(const MarcasVisor& marcas) {

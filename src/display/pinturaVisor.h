@@ -1,24 +1,26 @@
 #pragma once
 
-#include <array>
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "display/encajeVisor.h"
 #include "display/formatoPeso.h"
+#include "display/letrasPeso.h"
+#include "display/rayasSinDatos.h"
 #include "display/trama.h"
 #include "platform/superficie.h"
 
 namespace sorvanel {
 
-// Paints one weight display on two surfaces that it does not own: the caption and, to its right, the
-// weight. Sizes and positions are fixed by encajar(), so digits neither jump nor change size while
+// Paints one weight display on two surfaces that it does not own: the caption and, to its right or
+// below, the weight. Sizes and positions are fixed by encajar(), so digits neither jump nor change size while
 // readings run. Before a successful encajar() the painting operations do nothing.
 class PinturaVisor {
 public:
     PinturaVisor(Superficie& etiqueta, Superficie& peso) : m_etiqueta(etiqueta), m_peso(peso) {}
 
-    // Fits the fonts and places both surfaces side by side in the cell (twips of the form). Both are
+    // Fits the fonts and places both surfaces in the cell (twips of the form). Both are
     // left blank in their colours; shown or hidden they stay as they were. False, and nothing
     // changed, when the cell cannot hold the display: no positive size, or digits below 8 pixels.
     bool encajar(const Rectangulo& celda, const AspectoVisor& aspecto);
@@ -32,21 +34,22 @@ public:
     void pintarEtiqueta();
     // The weight, and the frame's marks, of those that the family has.
     void pintarPeso(const Trama& trama, const MarcasVisor& suyas);
-    // Five red dashes, and the family's marks erased.
-    void pintarSinDatos(const MarcasVisor& suyas);
+    // Five red dashes, below them why, if there is such a text (the whole first, then shorter ones for where that has
+    // no room), and the family's marks erased.
+    void pintarSinDatos(const MarcasVisor& suyas, std::span<const std::string> porque = {});
     // Neither weight nor marks.
     void limpiarPeso();
 
 private:
     void colores();
     void borrarTexto();
+    // The caption, then that.
+    std::string& leyendaCon(std::string_view texto);
     void imprimirPeso();
-    void imprimirCortado();
-    // Twips that the text takes in the weight's font.
-    float ancho(std::string_view texto);
-    // Of a text that begins at x, what is not as it stands on the surface; all of the text's area where that is not
-    // known.
-    Rectangulo cambiado(float x);
+    void imprimirDesbordado();
+    // Of the text that begins at x, in letters so high, what is not as it stands on the surface; all of the text's area
+    // where that is not known.
+    Rectangulo cambiado(float alto, float x);
     void ponerMarcas(const MarcasVisor& marcas);
 
     Superficie& m_etiqueta;
@@ -54,13 +57,17 @@ private:
     AspectoVisor m_aspecto;
     FormatoPeso m_formato{""};
     EncajeVisor m_encaje;
+    LetrasPeso m_letras{m_peso};
     bool m_encajado = false;
-    MarcasVisor m_marcas;               // as they stand on the surface
-    bool m_marcasSeguras = false;       // false: the surface may show something else
-    float m_pixel = 0;                  // of the surface's picture when that was written
-    std::string m_escrito;              // the weight that stands on the surface; empty when none surely does
-    std::array<float, 128> m_anchos{};  // of single characters in the weight's font; 0: not measured yet
-    std::string m_texto, m_leyenda;     // kept for their memory
+    MarcasVisor m_marcas;          // as they stand on the surface
+    bool m_marcasSeguras = false;  // false: the surface may show something else
+    float m_pixel = 0;             // of the surface's picture when that was written
+    std::string m_escrito;         // the weight that stands on the surface; empty when none surely does
+    float m_altoEscrito = 0;       // of its letters
+    TintasAviso m_tintas;
+    std::string m_texto;            // kept for its memory
+    std::string m_leyenda;          // the same; it begins with the caption
+    std::size_t m_largoTitulo = 0;  // of that beginning
 };
 
 }  // namespace sorvanel

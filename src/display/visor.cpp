@@ -1,6 +1,7 @@
 #include "display/visor.h"
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 #include "links/lineaPavona.h"
@@ -11,7 +12,7 @@ visor::visor(const comun& com, Fabrica& fabrica, const Reloj& reloj, EnlacePeso&
     : visor(com, fabrica, reloj, compartido, diseñoVisor(com)) {}
 
 visor::visor(const comun& com, Fabrica& fabrica, const Reloj& reloj, EnlacePeso& compartido, diseñoVisor diseno)
-    : m_com(com), m_compartido(compartido), m_propio(fabrica, reloj), m_diseno(std::move(diseno)) {}
+    : m_com(com), m_reloj(reloj), m_compartido(compartido), m_propio(fabrica, reloj), m_diseno(std::move(diseno)) {}
 
 visor::~visor() {
     m_propio.Cerrar();
@@ -128,6 +129,7 @@ void visor::desubicar() {
     m_registro.columna = 0;
     m_ubicado = false;
     m_muestra = Muestra::nada;
+    m_silencio.reset();
 }
 
 // Nothing counts as shown until all of it is painted. After a painting that threw, what comes next paints everything.
@@ -137,6 +139,35 @@ void visor::mostrar(Muestra que) {
     m_muestra = Muestra::incierta;
     pintarPeso(que);
     m_muestra = que;
+}
+
+// What it shows when its link begins or ends. What was said of a silence before is over.
+void visor::mostrarSinPeso() {
+    if (!m_sinEnlace) m_silencio.reset();
+    mostrar(sinPeso());
+    if (m_sinEnlace) explicar();
+}
+
+// Told again and again while there is no data: why that is, once it has lasted; at once where it is known.
+void visor::explicar() {
+    const std::int64_t ahora = m_reloj.ahora();
+    if (!m_silencio) {
+        const std::int64_t inicio = m_sinEnlace ? ahora : enlace().ultimaAceptada(*this);
+        m_silencio.emplace(Silencio{.inicio = inicio, .desde = m_reloj.horaLocal()});
+    }
+    const std::int64_t dura = ahora - m_silencio->inicio;
+    if (m_muestra != Muestra::sinDatos || (dura < Silencio::PLAZO && !m_sinEnlace)) return;
+    if (m_silencio->dicho() && ahora - m_silencio->mirado < Silencio::ENTRE_MIRADAS) return;
+    m_silencio->mirado = ahora;
+    const MotivoSilencio motivo = m_sinEnlace ? MotivoSilencio::sinArrancar : enlace().motivo(*this);
+    const bool conDia = dura >= Silencio::UN_DIA;
+    if (m_silencio->dicho() && motivo == m_silencio->motivo && conDia == m_silencio->conDia) return;
+    m_silencio->motivo = motivo;
+    m_silencio->conDia = conDia;
+    m_silencio->textos = textosSilencio(familia(), port(), *m_silencio);
+    m_muestra = Muestra::incierta;
+    pintarPeso(Muestra::sinDatos);
+    m_muestra = Muestra::sinDatos;
 }
 
 void visor::pintarPeso(Muestra que) {
@@ -149,7 +180,8 @@ void visor::pintarPeso(Muestra que) {
             m_pintura->pintarPeso(m_trama, familia().marcas);
             break;
         case Muestra::sinDatos:
-            m_pintura->pintarSinDatos(familia().marcas);
+            m_pintura->pintarSinDatos(familia().marcas, m_silencio ? std::span<const std::string>(m_silencio->textos)
+                                                                   : std::span<const std::string>());
             break;
     }
 }
@@ -165,15 +197,22 @@ void visor::Run(bool marcha) {
         parar();
     }
     if (ubicado()) {
-        mostrar(sinPeso());
+        mostrarSinPeso();
     } else {
         m_muestra = Muestra::nada;
+        m_silencio.reset();
     }
 }
 
 bool visor::arrancar() {
     if (!ubicado()) return error("El visor #@ está desubicado", m_numero);
-    return enlace().enMarcha(*this) ? sinError() : error(familia().sinEnlace, m_registro.port);
+    bool arranca = false;
+    try {
+        arranca = enlace().enMarcha(*this);
+    } catch (const std::exception&) {
+        // It counts as one that cannot be had, and is tried again as such.
+    }
+    return arranca ? sinError() : error(familia().sinEnlace, m_registro.port);
 }
 
 void visor::parar() {
@@ -198,6 +237,7 @@ bool visor::recibir(std::string_view trama) {
     if (!m_run || !ubicado()) return false;
     if (trama.empty()) {
         mostrar(Muestra::sinDatos);
+        explicar();
         return false;
     }
     const auto leida = familia().leer(trama);
@@ -205,6 +245,7 @@ bool visor::recibir(std::string_view trama) {
     if (m_muestra == Muestra::peso && trama == m_ultimaTrama) return true;
     m_ultimaTrama = trama;
     m_trama = *leida;
+    m_silencio.reset();
     mostrar(Muestra::peso);
     return m_muestra == Muestra::peso;
 }

@@ -8,6 +8,7 @@
 #include "display/disenoVisor.h"
 #include "display/pinturaVisor.h"
 #include "display/registroVisor.h"
+#include "display/silencio.h"
 #include "display/trama.h"
 #include "grid/parrilla.h"
 #include "links/enlacePeso.h"
@@ -120,6 +121,8 @@ private:
     bool colocar(Ubicacion lugar);
     void quitarDeLaPantalla();
     void mostrar(Muestra que);
+    void mostrarSinPeso();
+    void explicar();
     void pintarPeso(Muestra que);
     void trasCambioDeAspecto(bool encaja);
     void guardar() const;
@@ -128,6 +131,7 @@ private:
     bool sinError();
 
     const comun& m_com;
+    const Reloj& m_reloj;
     EnlacePeso& m_compartido;
     frWsk m_propio;
     diseñoVisor m_diseno;
@@ -143,6 +147,7 @@ private:
     Muestra m_muestra = Muestra::nada;
     std::string m_ultimaTrama;  // of the weight
     Trama m_trama;
+    std::optional<Silencio> m_silencio;  // while it shows that there is no data
     std::string m_ultimoerror;
 };
 

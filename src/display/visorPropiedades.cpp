@@ -44,6 +44,7 @@ AspectoVisor visor::aspecto() const {
     for (const FilaRasgo& fila : RASGOS) efectivos[fila.rasgo] = efectivo(fila.rasgo);
     AspectoVisor aspecto = aspectoDe(efectivos);
     aspecto.etiqueta = m_registro.caption;
+    aspecto.etiquetaEncima = m_diseno.etiquetaEncima();
     return aspecto;
 }
 
@@ -130,7 +131,8 @@ bool visor::port(std::int32_t port) {
         sinError();
     }
     // What the old port showed is not the new one's.
-    if (ubicado()) mostrar(sinPeso());
+    m_silencio.reset();
+    if (ubicado()) mostrarSinPeso();
     return true;
 }
 

@@ -6,6 +6,18 @@
 
 namespace sorvanel {
 
+namespace {
+
+// So that it can be found on the screen: by its number and by its caption.
+std::string deQuien(int posicion, const visor& v, const std::string& texto) {
+    std::string quien = "Visor #" + std::to_string(posicion);
+    if (!v.caption().empty()) quien += " (" + v.caption() + ")";
+    quien += ": ";
+    return texto.starts_with(quien) ? texto + "\n" : quien + texto + "\n";
+}
+
+}  // namespace
+
 Visores::Visores(const comun& com, Fabrica& fabrica, const Reloj& reloj, EnlacePeso& compartido)
     : m_com(com), m_fabrica(fabrica), m_reloj(reloj), m_compartido(compartido) {
     cargarSiguientes();
@@ -72,9 +84,9 @@ void Visores::ubicar(std::string& errores) {
     int posicion = 1;
     for (const auto& v : m_visores) {
         try {
-            if (!v->ubicar(0, 0)) errores += v->ultimoerror() + "\n";
+            if (!v->ubicar(0, 0)) errores += deQuien(posicion, *v, v->ultimoerror());
         } catch (const std::exception&) {
-            errores += "El visor #" + std::to_string(posicion) + " no se ha podido mostrar\n";
+            errores += deQuien(posicion, *v, "El visor #" + std::to_string(posicion) + " no se ha podido mostrar");
         }
         ++posicion;
     }
@@ -111,8 +123,10 @@ bool Visores::letsRun(std::string& errores) {
     // that one starts the second time.
     paraCada(arrancar);
     paraCada(arrancar);
+    int posicion = 1;
     for (const auto& v : m_visores) {
-        if (v->ubicado() && !v->Run()) errores += v->ultimoerror() + "\n";
+        if (v->ubicado() && !v->Run()) errores += deQuien(posicion, *v, v->ultimoerror());
+        ++posicion;
     }
     return errores.empty();
 }

@@ -23,6 +23,14 @@ public:
     virtual bool mmTCP_refrescoPeso(std::int16_t primero, std::int16_t segundo, std::string_view carga) = 0;
 };
 
+// Why a display has no weight.
+enum class MotivoSilencio : std::uint8_t {
+    callado,       // its indicator says none, or nothing
+    sinArrancar,   // its link could not be started
+    sinRespuesta,  // the other end of the shared link does not answer, or tells nothing
+    noOido         // it does, but nothing of that address
+};
+
 // A link as a display sees it. All displays of the concentrator's family share one, which the program owns.
 class EnlacePeso {
 public:
@@ -35,6 +43,10 @@ public:
     // goes.
     virtual bool enMarcha(SuscriptorPeso& visor) = 0;
     virtual void Cerrar(SuscriptorPeso& visor) = 0;
+    // Why that display, which it feeds, is told that there is no weight; and when it took the last one, or began to
+    // wait for it, by the program's clock.
+    virtual MotivoSilencio motivo(const SuscriptorPeso& /*visor*/) const { return MotivoSilencio::callado; }
+    virtual std::int64_t ultimaAceptada(const SuscriptorPeso& visor) const = 0;
 };
 
 }  // namespace sorvanel

@@ -82,7 +82,7 @@ bool frTCP::enMarcha(SuscriptorPeso& visor) {
         // Already while connecting, so that the displays show that there is no data.
         m_tim->habilitado(true);
     }
-    m_suscriptores.push_back({&visor, m_reloj.ahora()});
+    m_suscriptores.push_back({&visor, m_reloj.ahora(), NUNCA});
     return true;
 }
 
@@ -92,6 +92,25 @@ void frTCP::Cerrar(SuscriptorPeso& visor) {
     if (suya == m_suscriptores.end()) return;
     m_suscriptores.erase(suya);
     if (m_suscriptores.empty()) soltar();
+}
+
+MotivoSilencio frTCP::motivo(const SuscriptorPeso& visor) const {
+    const std::int64_t desde = m_reloj.ahora() - PACIENCIA;
+    if (!enSesion() || m_ultimaLectura <= desde) return MotivoSilencio::sinRespuesta;
+    const Suscripcion* const s = suya(visor);
+    const bool oido = s != nullptr && std::max(s->ultimaAceptada, s->ultimaNegada) > desde;
+    return oido ? MotivoSilencio::callado : MotivoSilencio::noOido;
+}
+
+std::int64_t frTCP::ultimaAceptada(const SuscriptorPeso& visor) const {
+    const Suscripcion* const s = suya(visor);
+    return s != nullptr ? s->ultimaAceptada : m_reloj.ahora();
+}
+
+const frTCP::Suscripcion* frTCP::suya(const SuscriptorPeso& visor) const {
+    const auto esta = std::find_if(m_suscriptores.begin(), m_suscriptores.end(),
+                                   [&](const Suscripcion& s) { return s.visor == &visor; });
+    return esta == m_suscriptores.end() ? nullptr : &*esta;
 }
 
 bool frTCP::conectar() {
@@ -226,6 +245,7 @@ void frTCP::atenderSegundo() {
     const std::string lecturas = m_bufer.substr(avisos);
     m_bufer.resize(avisos);
     atender(AVISO_SEGUNDO, Estado::abierta, {});
+    m_ultimaLectura = m_reloj.ahora();
     if (lecturas.empty() || !enSesion()) return;
     m_bufer = lecturas;
     entregarLineas();
@@ -241,6 +261,7 @@ bool frTCP::repartirLineas() {
     m_bufer.erase(0, leerLineas());
     if (m_lecturas.empty()) return true;
     m_estado = Estado::leyendo;
+    m_ultimaLectura = m_reloj.ahora();
     // Whatever they do meanwhile, these are theirs.
     std::vector<LecturaPavona> lecturas = std::exchange(m_lecturas, {});
     const bool sigue = repartir(lecturas);
@@ -270,22 +291,23 @@ std::size_t frTCP::leerLineas() {
 bool frTCP::avisar(std::size_t i, std::span<const LecturaPavona> lecturas) {
     SuscriptorPeso* const visor = m_suscriptores[i].visor;
     const auto sigue = [&] { return i < m_suscriptores.size() && m_suscriptores[i].visor == visor; };
-    bool aceptada = false;
+    bool leida = false, aceptada = false;
     try {
         if (lecturas.empty()) visor->mmTCP_refrescoPeso(0, 0, {});
         const std::int32_t port = visor->port();
         if (port == SuscriptorPeso::TODAS) {
-            for (const auto& una : lecturas) visor->mmTCP_refrescoPeso(una.primero, una.segundo, una.texto());
+            for (const auto& l : lecturas) visor->mmTCP_refrescoPeso(l.primero, l.segundo, l.texto());
         }
-        const auto suya = std::find_if(lecturas.rbegin(), lecturas.rend(), [port](const auto& una) {
-            return una.primero * BASE_DIRECCION + una.segundo == port;
-        });
-        if (suya != lecturas.rend()) aceptada = visor->mmTCP_refrescoPeso(suya->primero, suya->segundo, suya->texto());
+        const auto una = std::find_if(lecturas.rbegin(), lecturas.rend(),
+                                      [port](const auto& l) { return l.primero * BASE_DIRECCION + l.segundo == port; });
+        leida = una != lecturas.rend();
+        aceptada = leida && visor->mmTCP_refrescoPeso(una->primero, una->segundo, una->texto());
     } catch (const std::exception&) {
         // It has not shown it. The others must get theirs.
     }
     if (!sigue()) return false;
-    if (aceptada) m_suscriptores[i].ultimaAceptada = m_reloj.ahora();
+    Suscripcion& esta = m_suscriptores[i];
+    if (leida) (aceptada ? esta.ultimaAceptada : esta.ultimaNegada) = m_reloj.ahora();
     return true;
 }
 

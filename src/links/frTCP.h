@@ -51,6 +51,8 @@ public:
     bool enMarcha(SuscriptorPeso& visor) override;
     // The last one closes.
     void Cerrar(SuscriptorPeso& visor) override;
+    MotivoSilencio motivo(const SuscriptorPeso& visor) const override;
+    std::int64_t ultimaAceptada(const SuscriptorPeso& visor) const override;
 
     Estado estado() const { return m_estado; }
 
@@ -58,6 +60,7 @@ private:
     struct Suscripcion {
         SuscriptorPeso* visor;
         std::int64_t ultimaAceptada;
+        std::int64_t ultimaNegada;  // a reading of its address that it did not take
     };
 
     void alConectar() override;
@@ -65,6 +68,7 @@ private:
     void alFallar() override;
     void alCerrarse() override;
 
+    const Suscripcion* suya(const SuscriptorPeso& visor) const;
     void soltar();
     bool conectar();
     bool demasiadosIntentos() const;
@@ -96,6 +100,7 @@ private:
     std::array<std::int64_t, INTENTOS_POR_SEGUNDO> m_intentos{};  // when, a ring
     std::size_t m_siguienteIntento = 0;
     std::int64_t m_inicioConexion = 0;
+    std::int64_t m_ultimaLectura = 0;  // of whatever address; or when the session was opened
 };
 
 }  // namespace sorvanel

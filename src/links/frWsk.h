@@ -29,6 +29,7 @@ public:
     // the port cannot be had. The display must outlive this or call Cerrar.
     bool enMarcha(SuscriptorPeso& visor) override;
     void Cerrar(SuscriptorPeso&) override { Cerrar(); }
+    std::int64_t ultimaAceptada(const SuscriptorPeso&) const override { return m_ultimaAceptada; }
     void Cerrar();
 
 private:

@@ -29,11 +29,6 @@ std::vector<std::string> partes(const std::string& texto) {
     return lista;
 }
 
-bool leerSiNo(const std::string& texto) {
-    constexpr std::array<std::string_view, 7> AFIRMATIVOS{"sí", "si", "yes", "true", "verdadero", "1", "-1"};
-    return std::find(AFIRMATIVOS.begin(), AFIRMATIVOS.end(), minusculas(texto)) != AFIRMATIVOS.end();
-}
-
 FuenteMensaje leerFuente(const std::string& texto) {
     const std::vector<std::string> trozos = partes(texto);
     FuenteMensaje fuente;
@@ -85,7 +80,7 @@ void guardarMensaje(const comun& com, const AjustesMensaje& ajustes) {
     fuente += f.negrita ? 'B' : 'x';
     fuente += f.cursiva ? 'I' : 'x';
     fuente += f.subrayado ? 'U' : 'x';
-    ini.escribir("EnUso", ajustes.enUso ? "Sí" : "No");
+    ini.escribir("EnUso", textoSiNo(ajustes.enUso));
     ini.escribir("Texto", ajustes.texto);
     ini.escribir("Font", fuente);
     ini.escribir("Color", comun::Long2RGB(ajustes.colorFondo) + "," + comun::Long2RGB(ajustes.colorTexto));

@@ -116,6 +116,7 @@ enum class IdControl : int {
     frColorApp = 425,
     ckTrpa = 426,
     ttlo1 = 427,  // its main title
+    ckEncima = 430,
 
     // cfgMensaje
     ckUsar = 500,

@@ -11,11 +11,20 @@
 
 namespace sorvanel {
 
-// Time that only goes forward, milliseconds since some moment.
+// A moment as the clock on the wall says it.
+struct HoraLocal {
+    int dia = 1;
+    int mes = 1;
+    int hora = 0;
+    int minuto = 0;
+};
+
 class Reloj {
 public:
     virtual ~Reloj() = default;
+    // Time that only goes forward, milliseconds since some moment.
     virtual std::int64_t ahora() const = 0;
+    virtual HoraLocal horaLocal() const = 0;
 };
 
 struct PuntoPixel {

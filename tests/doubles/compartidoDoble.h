@@ -11,6 +11,7 @@ class CompartidoDoble : public EnlacePeso {
 public:
     int usuarios = 0;
     bool arranca = true;
+    MotivoSilencio porque = MotivoSilencio::callado;
     std::vector<const SuscriptorPeso*> enMarchas;
     void hola() override { ++usuarios; }
     void adios() override { --usuarios; }
@@ -18,6 +19,9 @@ public:
         if (arranca) enMarchas.push_back(&v);
         return arranca;
     }
+    std::int64_t ultima = 0;
+    std::int64_t ultimaAceptada(const SuscriptorPeso&) const override { return ultima; }
+    MotivoSilencio motivo(const SuscriptorPeso&) const override { return porque; }
     void Cerrar(SuscriptorPeso& v) override { std::erase(enMarchas, &v); }
 };
 

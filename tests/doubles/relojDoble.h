@@ -19,6 +19,8 @@ public:
     std::vector<TemporizadorDoble*> temporizadores;  // alive, in the order they were made
 
     std::int64_t ahora() const override { return m_ahora; }
+    HoraLocal local{22, 11, 10, 42};  // stands still
+    HoraLocal horaLocal() const override { return local; }
     // Moves the clock and runs each tick that falls due, in the order of their times (of two at the same
     // moment, the older timer first); during a tick the clock stands at its time.
     void avanzar(std::int64_t milisegundos);

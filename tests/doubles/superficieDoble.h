@@ -24,6 +24,12 @@ public:
     void olvidar() { m_diario->clear(); }
     void escribirEn(std::vector<std::string>& diario) { m_diario = &diario; }
     const std::string& textoLeyenda() const { return m_leyenda; }
+    // The same without the caption that it begins with and the reason that it may end with.
+    std::string dicho() const {
+        const std::size_t desde = m_leyenda.find(": ");
+        const std::string resto = desde == std::string::npos ? m_leyenda : m_leyenda.substr(desde + 2);
+        return resto.substr(0, resto.find(". "));
+    }
     const std::string& textoSugerencia() const { return m_sugerencia; }
     const Fuente& fuente() const { return m_fuente; }
     int fuentesPuestas() const { return m_fuentesPuestas; }

@@ -59,7 +59,7 @@ struct Banco {
         const SuperficieDoble* const suya = formulario.superficie(IdControl::picRep, n);
         return suya != nullptr && suya->visible();
     }
-    std::string leyenda(int n) { return formulario.superficie(IdControl::picRep, n)->textoLeyenda(); }
+    std::string leyenda(int n) { return formulario.superficie(IdControl::picRep, n)->dicho(); }
     void enviar(int puerto, const char* trama) { e.fabrica.enPuerto(puerto)->llegar(std::string(trama) + "\r"); }
 };
 

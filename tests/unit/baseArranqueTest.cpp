@@ -31,8 +31,8 @@ TEST(base, losErroresVanJuntosYLosDemasYaCorren) {
     t.e.cola.ejecutar();
     ASSERT_EQ(t.e.avisos.textos.size(), 1U);
     EXPECT_EQ(t.e.avisos.textos[0],
-              "Visor #3: Ubicación no compatible con la retícula\nError en reconexión TCP/IP\n"
-              "Port 1203 inadecuado. Posiblemente en uso");
+              "Visor #3: Ubicación no compatible con la retícula\n"
+              "Visor #1 (Tolva): Error en reconexión TCP/IP\nVisor #4: Port 1203 inadecuado. Posiblemente en uso");
     EXPECT_TRUE(corriaYa) << "a box that nobody answers must not hold up the others";
     EXPECT_EQ(t.b->estado(), Estado::marcha);
     EXPECT_NE(t.e.ini().find("Protocolo=Pavona"), std::string::npos);
@@ -144,7 +144,7 @@ TEST(base, unPortOcupadoSeReintentaCadaDiezSegundos) {
     Banco t(DOS_VISORES, false);
     t.e.fabrica.red().ocupados = {3001};
     t.e.avisos.alMostrar = [&](const std::string&) {
-        EXPECT_EQ(t.leyenda(1), "-----") << "no data meanwhile";
+        EXPECT_EQ(t.leyenda(1), "sin datos") << "no data meanwhile";
         t.e.reloj.avanzar(59'999);
         EXPECT_EQ(t.e.avisos.cerrados, 0);
         t.e.reloj.avanzar(1);
@@ -152,10 +152,12 @@ TEST(base, unPortOcupadoSeReintentaCadaDiezSegundos) {
     };
     t.cargar();
     ASSERT_EQ(t.e.avisos.textos.size(), 1U);
+    EXPECT_EQ(t.formulario.superficie(Id::picRep, 1)->textoLeyenda(),
+              "Tolva: sin datos. Port 3001 en uso por otro programa");
     t.e.reloj.avanzar(60'000);
     EXPECT_EQ(t.e.avisos.cerrados, 1) << "it is no box of ours that is open now";
     const SuperficieDoble& version = *t.formulario.superficie(Id::lbVer);
-    EXPECT_EQ(version.textoSugerencia(), "Error en reconexión TCP/IP");
+    EXPECT_EQ(version.textoSugerencia(), "Visor #1 (Tolva): Error en reconexión TCP/IP");
     t.e.fabrica.red().ocupados.clear();
     t.e.reloj.avanzar(10'000);
     ASSERT_NE(t.e.fabrica.enPuerto(3001), nullptr);

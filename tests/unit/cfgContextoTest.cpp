@@ -151,6 +151,13 @@ TEST_F(CfgContexto, elDiseñoSeAplicaAlMomento) {
     EXPECT_TRUE(v().lista(Id::lstAjte)->elegir(2) && v().caja(Id::txFmt)->reescribir("0,0 kg"));
     EXPECT_EQ(visores("ajusteEtiqueta") + visores("formatoPeso"), "20,0 kg");
     EXPECT_EQ(v().superficie(Id::picEjVis)->textoLeyenda(), "9999.0 kg");
+    for (const char* dicho : {"Sí", "No"}) {
+        EXPECT_TRUE(v().casilla(Id::ckEncima)->pulsar());
+        EXPECT_EQ(visores("etiquetaEncima"), dicho);
+        const Rectangulo etiqueta = v().superficie(Id::picEjEtq)->lugar(), peso = v().superficie(Id::picEjVis)->lugar();
+        EXPECT_EQ(etiqueta.x == peso.x && etiqueta.ancho == peso.ancho && etiqueta.abajo() == peso.y, *dicho == 'S');
+        EXPECT_EQ(etiqueta.derecha() == peso.x && etiqueta.alto == peso.alto, *dicho == 'N');
+    }
 }
 
 }  // namespace

@@ -43,6 +43,29 @@ struct Banco {
     }
 };
 
+TEST(frTCP, dicePorQueCalla) {
+    Banco b;
+    const auto motivo = [&] { return b.enlace.motivo(b.visor); };
+    const auto leer = [&](const std::string& linea, int segundos) {
+        for (int s = 0; s < segundos; ++s) {
+            b.zocalo().llegar(linea + "\r");
+            b.e.reloj.saltar(1000);
+        }
+    };
+    b.llevar(Estado::esperaSegundo);
+    EXPECT_EQ(motivo(), MotivoSilencio::sinRespuesta);
+    b.zocalo().llegar("XXX>");
+    leer(OTRA, 12);
+    EXPECT_EQ(motivo(), MotivoSilencio::noOido);
+    b.visor.toma = [](std::string_view) { return false; };
+    leer(LECTURA, 12);
+    EXPECT_EQ(motivo(), MotivoSilencio::callado) << "heard, and said nothing";
+    leer(OTRA, 12);
+    EXPECT_EQ(motivo(), MotivoSilencio::noOido);
+    b.e.reloj.saltar(frTCP::PACIENCIA);
+    EXPECT_EQ(motivo(), MotivoSilencio::sinRespuesta) << "connected and mute";
+}
+
 // Each cell: the state that follows, then "*" for a new attempt to connect, "R" for the answer sent, "L" for
 // a reading handed over, "s" for silence told.
 TEST(frTCP, cadaSucesoEnCadaEstado) {

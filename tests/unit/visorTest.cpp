@@ -36,7 +36,7 @@ struct Banco {
         v->Run(true);
     }
     std::string clave(const std::string& nombre) { return e.valor("VISOR_1", nombre); }
-    const std::string& leyenda() { return picRep.textoLeyenda(); }
+    std::string leyenda() { return picRep.dicho(); }
     ZocaloDoble* puerto(std::int32_t n) { return e.fabrica.enPuerto(n); }
 };
 
@@ -175,7 +175,7 @@ TEST(visor, unaTramaRepetidaPintaUnaVezYUnaMalaNinguna) {
         EXPECT_EQ(pintado(), antes) << inutil;
     }
     b.e.reloj.avanzar(1000);
-    EXPECT_EQ(b.leyenda(), "-----");
+    EXPECT_EQ(b.leyenda(), "sin datos");
     antes = pintado();
     b.e.reloj.avanzar(3000);
     EXPECT_EQ(pintado(), antes) << "silence that goes on paints nothing";
@@ -195,12 +195,17 @@ TEST(visor, traeDelEnlaceCompartidoElGrupoDeSuModo) {
         std::string carga;
         bool tomada;
         const char* leyenda;
-    } casos[] = {{"0", 12, 3, carga, true, "1 C D"},  {"4", 12, 3, carga, true, "5 C D"},
-                 {"5", 12, 3, carga, false, "-----"}, {"99", 12, 3, carga, false, "-----"},  // bounded where it is used
-                 {"2", 12, 3, carga, false, ""},  // a negative group is no frame
-                 {"0", 3, 12, carga, false, ""},      {"0", 0, 0, carga, false, ""},
-                 {"0", 0, 0, "", false, "-----"},     {"0", 12, 3, "", false, "-----"},
-                 {"0", 12, 3, "XCD", false, ""},      {"0", 3, 12, "", false, ""}};
+    } casos[] = {{"0", 12, 3, carga, true, "1, en carga, en descarga"},
+                 {"4", 12, 3, carga, true, "5, en carga, en descarga"},
+                 {"5", 12, 3, carga, false, "sin datos"},
+                 {"99", 12, 3, carga, false, "sin datos"},  // bounded where it is used
+                 {"2", 12, 3, carga, false, ""},            // a negative group is no frame
+                 {"0", 3, 12, carga, false, ""},
+                 {"0", 0, 0, carga, false, ""},
+                 {"0", 0, 0, "", false, "sin datos"},
+                 {"0", 12, 3, "", false, "sin datos"},
+                 {"0", 12, 3, "XCD", false, ""},
+                 {"0", 3, 12, "", false, ""}};
     for (const auto& c : casos) {
         Banco b(PAVONA + "ModoBulk=" + c.modo + "\r\n");
         b.arrancar();
@@ -246,7 +251,7 @@ TEST(visor, elPuertoSeCambiaTambienEnMarcha) {
     b.v->port(3003);
     EXPECT_EQ(b.v->ultimoerror(), "Port 3003 inadecuado. Posiblemente en uso");
     EXPECT_TRUE(b.v->Run());
-    EXPECT_EQ(b.leyenda(), "-----");
+    EXPECT_EQ(b.leyenda(), "sin datos");
 }
 
 TEST(visor, siNoPuedeArrancarDiceQueNoHayDatosHastaQuePuedaOSePare) {
@@ -259,22 +264,79 @@ TEST(visor, siNoPuedeArrancarDiceQueNoHayDatosHastaQuePuedaOSePare) {
         dejar(false);
         b.arrancar();
         EXPECT_FALSE(b.v->Run());
-        EXPECT_EQ(b.leyenda(), "-----");
+        EXPECT_EQ(b.leyenda(), "sin datos");
         const std::size_t pintado = b.picRep.lineas().size();
         b.v->Run(true);
         EXPECT_EQ(b.picRep.lineas().size(), pintado) << "the same is not painted again";
         b.picRep.fallarEn(3);
         EXPECT_ANY_THROW(b.v->reubicar());
         b.v->reubicar();
-        EXPECT_EQ(b.leyenda(), "-----");
+        EXPECT_EQ(b.leyenda(), "sin datos");
         b.v->Run(false);
         EXPECT_EQ(b.leyenda(), "") << "nobody asks any more";
         b.v->Run(true);
-        EXPECT_EQ(b.leyenda(), "-----");
+        EXPECT_EQ(b.leyenda(), "sin datos");
         dejar(true);
         b.v->Run(true);
         EXPECT_TRUE(b.v->Run());
         EXPECT_EQ(b.leyenda(), "");
+    }
+}
+
+TEST(visor, trasDiezSegundosDicePorQueNoHayDatos) {
+    Banco b(TESSEL);
+    b.arrancar();
+    const auto& palabras = b.picRep.textoLeyenda();
+    const auto esperar = [&](int segundos, const std::string& dicho) {
+        b.e.reloj.avanzar(segundos * 1000);
+        EXPECT_EQ(palabras, dicho);
+    };
+    const std::string linea = "Sin datos desde 10:42 · UDP 3001";
+    esperar(1, "Tolva: sin datos");
+    b.e.reloj.local = {23, 11, 9, 0};  // since when, not what time it is
+    esperar(8, "Tolva: sin datos");
+    b.picRep.olvidar();
+    esperar(1, "Tolva: sin datos. " + linea);
+    const auto pintada = [&](const std::string& texto) {
+        return std::count_if(b.picRep.lineas().begin(), b.picRep.lineas().end(), [&](const std::string& l) {
+            return l.starts_with("imprimir ") && l.find('"' + texto + '"') != std::string::npos;
+        });
+    };
+    EXPECT_EQ(pintada(linea), 1);
+    b.v->reubicar();
+    EXPECT_EQ(pintada(linea), 2) << "it goes with the dashes";
+    esperar(23 * 3600, "Tolva: sin datos. " + linea);
+    EXPECT_EQ(pintada(linea), 2) << "painted once";
+    esperar(3600, "Tolva: sin datos. Sin datos desde 22/11 10:42 · UDP 3001");
+    b.puerto(3001)->llegar("XNZ+00012345\r");
+    EXPECT_EQ(palabras, "Tolva: 12");
+    esperar(1, "Tolva: sin datos");
+    b.v->Run(false);
+    b.v->Run(true);
+    esperar(9, "Tolva: sin datos");
+}
+
+TEST(visor, elMotivoDelSilencioSigueAlEnlace) {
+    using enum MotivoSilencio;
+    const std::tuple<std::string, MotivoSilencio, const char*> casos[] = {
+        {PAVONA, callado, "Sin datos desde 10:42 · 12/3"},
+        {PAVONA, sinRespuesta, "El concentrador no responde · desde 10:42"},
+        {PAVONA, noOido, "Dirección 12/3 no oída · desde 10:42"},
+        {PAVONA, sinArrancar, "Host o port del concentrador no válidos"},
+        {TESSEL, sinArrancar, "Port 3001 en uso por otro programa"},
+        {"[VISOR_1]\r\nPort=70000\r\nUbicacion=1,1\r\n", sinArrancar, "Port 70000 no válido"}};
+    for (const auto& [ini, motivo, texto] : casos) {
+        Banco b(ini);
+        b.compartido.arranca = motivo != sinArrancar;
+        b.compartido.porque = motivo;
+        b.e.fabrica.red().ocupados = {3001};
+        b.arrancar();
+        for (int s = 0; s <= 10 && b.v->Run(); ++s) {
+            b.v->mmTCP_refrescoPeso(0, 0, "");
+            b.e.reloj.avanzar(1000);
+        }
+        EXPECT_NE(b.picRep.textoLeyenda().find(std::string("sin datos. ") + texto), std::string::npos)
+            << b.picRep.textoLeyenda();
     }
 }
 

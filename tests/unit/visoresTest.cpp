@@ -122,7 +122,7 @@ TEST(diseñoVisor, cadaEscrituraGuardaTodaLaSeccion) {
     d.colorFondoEtiqueta(1), d.colorTextoEtiqueta(2), d.colorFondoPeso(3), d.colorTextoPeso(0x7F000004);
     EXPECT_EQ(e.ini(),
               "[VISORES]\r\nanchoEtiqueta=6\r\najusteEtiqueta=1\r\nfondoEtiqueta=000001\r\ntextoEtiqueta=000002\r\n"
-              "fondoPeso=000003\r\ntextoPeso=000004\r\nformatoPeso=\r\nratioAlturas=0,45\r\n");
+              "fondoPeso=000003\r\ntextoPeso=000004\r\nformatoPeso=\r\nratioAlturas=0,45\r\netiquetaEncima=No\r\n");
     EXPECT_EQ(std::tuple(d.colorTextoEtiqueta(), d.colorFondoPeso(), d.colorTextoPeso(), d.formatoPeso()),
               std::tuple(2, 3, 4, ""));
 }

@@ -33,8 +33,8 @@ TEST(VistaPrevia, laEtiquetaSeAjustaYElPesoNoSeCorta) {
         float anchoEtiqueta, x;
         const char* texto;
         bool menor = false;
-    } casos[] = {{1, 0, "0", 420, 105, "9999"},
-                 {1, 1, "", 420, 21, "9999"},
+    } casos[] = {{1, 0, "0", 420, 35, "9999"},
+                 {1, 1, "", 420, 91, "9999"},
                  {6, 2, "0 \"kilogramos netos en la tolva\"", 1470, 588, "9999 kilogramos netos en la tolva", true},
                  {1, 2, "###0,00", 420, 63, "9999.00"},
                  {0, 0, "0", 0, -1, "9999"}};

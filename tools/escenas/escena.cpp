@@ -73,9 +73,7 @@ void Escena::pesar(std::vector<std::string> tramas) {
     const auto pesan = [&] {
         m_latido();
         for (std::size_t n = 1; n <= cuantas; ++n)
-            if (m_programa->texto(IdControl::picRep, static_cast<int>(n)).find_first_of("0123456789") ==
-                std::string::npos)
-                return false;
+            if (m_programa->peso(static_cast<int>(n)).find_first_of("0123456789") == std::string::npos) return false;
         return true;
     };
     exigir(esperar(pesan), "not every display shows a weight");
@@ -84,7 +82,7 @@ void Escena::pesar(std::vector<std::string> tramas) {
 void Escena::esperarPeso(int visor, std::string_view trozo) {
     const auto dice = [&] {
         if (m_latido) m_latido();
-        return m_programa->texto(IdControl::picRep, visor).find(trozo) != std::string::npos;
+        return m_programa->peso(visor).find(trozo) != std::string::npos;
     };
     exigir(esperar(dice), "display " + std::to_string(visor) + " does not show what it should");
 }

@@ -54,6 +54,19 @@ void propios(Escena& e) {
     e.foto("colores_y_formatos");
 }
 
+// With the captions above; weights that are wider than their area.
+void encima(Escena& e) {
+    for (const auto& [filas, columnas] : {std::pair{3, 2}, {8, 8}}) {
+        Configuracion ini = parrillaLlena(filas, columnas);
+        ini.seccion("VISORES").clave("etiquetaEncima", "Sí").clave("formatoPeso", "0000.0");
+        e.arrancar(ini);
+        std::vector<std::string> tramas = pesos(filas * columnas);
+        tramas[1] = trama(99'999'900, "EXX");
+        e.pesar(tramas);
+        e.foto("encima_" + std::to_string(filas) + "x" + std::to_string(columnas));
+    }
+}
+
 void etiquetas(Escena& e) {
     constexpr const char* TEXTOS[] = {"Báscula puente de la entrada principal", "Ñandú",
                                       "Cañón número 3 de la línea dos",         "Ensacado y paletizado de harina",
@@ -188,16 +201,9 @@ void asas(Escena& e) {
 
 }  // namespace
 
-const std::vector<Acto> PARRILLAS{{L"rejillas", rejillas},
-                                  {L"propios", propios},
-                                  {L"etiquetas", etiquetas},
-                                  {L"marcas", marcas},
-                                  {L"sin_datos", sinDatos},
-                                  {L"pavona", pavona},
-                                  {L"transparente", transparente},
-                                  {L"mensaje", mensaje},
-                                  {L"barra", barra},
-                                  {L"incidencia", incidencia},
-                                  {L"asas", asas}};
+const std::vector<Acto> PARRILLAS{
+    {L"rejillas", rejillas}, {L"propios", propios},    {L"encima", encima},         {L"etiquetas", etiquetas},
+    {L"marcas", marcas},     {L"sin_datos", sinDatos}, {L"pavona", pavona},         {L"transparente", transparente},
+    {L"mensaje", mensaje},   {L"barra", barra},        {L"incidencia", incidencia}, {L"asas", asas}};
 
 }  // namespace sorvanel::escenas

@@ -153,6 +153,19 @@ HWND Programa::buscarVentana() const {
     return nullptr;
 }
 
+std::string pesoDicho(std::string texto) {
+    const std::size_t titulo = texto.find(": ");
+    if (titulo != std::string::npos) texto.erase(0, titulo + 2);
+    if (texto.starts_with("sin datos")) return "-----";
+    constexpr std::pair<std::string_view, const char*> MARCAS[] = {
+        {", equilibrio", " E"}, {", en carga", " C"}, {", en descarga", " D"}};
+    for (const auto& [palabra, marca] : MARCAS) {
+        const std::size_t donde = texto.find(palabra);
+        if (donde != std::string::npos) texto.replace(donde, palabra.size(), marca);
+    }
+    return texto;
+}
+
 void Programa::pulsar(IdControl id) {
     if (!esperarVisible(id)) throw std::runtime_error("button not visible: " + std::to_string(numero(id)));
     const HWND boton = control(id);

@@ -17,6 +17,9 @@
 
 namespace sorvanel::pruebas {
 
+// What a display says, without its caption: the weight and its marks ("1234.5 E"), or "-----" for no data.
+std::string pesoDicho(std::string texto);
+
 // One started program. When it is dropped, the program is ended, whatever it is doing.
 class Proceso : private SinCopia {
 public:
@@ -97,8 +100,10 @@ public:
         return esperar([=, this] { return texto(id, elemento) == esperado; });
     }
     // Waits until that display says so.
-    bool lee(int visor, std::string_view esperado) const { return esperarTexto(IdControl::picRep, visor, esperado); }
-    std::string peso(int visor) const { return texto(IdControl::picRep, visor); }
+    bool lee(int visor, std::string_view esperado) const {
+        return esperar([=, this] { return peso(visor) == esperado; });
+    }
+    std::string peso(int visor) const { return pesoDicho(texto(IdControl::picRep, visor)); }
     // Presses a button that must be visible; not so soon after another one at the same place that it would be
     // the second half of a double click.
     void pulsar(IdControl id);

@@ -10,6 +10,12 @@ RelojWin::RelojWin() {
     m_inicio = valor.QuadPart;
 }
 
+HoraLocal RelojWin::horaLocal() const {
+    SYSTEMTIME ahora;
+    GetLocalTime(&ahora);
+    return {ahora.wDay, ahora.wMonth, ahora.wHour, ahora.wMinute};
+}
+
 std::int64_t RelojWin::microsegundos() const {
     constexpr std::int64_t MILLON = 1'000'000;
     LARGE_INTEGER valor;

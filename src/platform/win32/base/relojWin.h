@@ -18,6 +18,7 @@ public:
     RelojWin();
 
     std::int64_t ahora() const override { return microsegundos() / 1000; }
+    HoraLocal horaLocal() const override;
     std::int64_t microsegundos() const;
 
 private:

@@ -1,0 +1,48 @@
+#include "display/silencio.h"
+
+#include <array>
+#include <cstdio>
+
+namespace sorvanel {
+
+namespace {
+
+constexpr std::int32_t PORT_MAXIMO = 65535;
+constexpr const char* PUNTO = " · ";
+
+std::string hora(const Silencio& silencio) {
+    std::array<char, 64> texto{};
+    const HoraLocal& d = silencio.desde;
+    if (silencio.conDia) {
+        std::snprintf(texto.data(), texto.size(), "%02d/%02d %02d:%02d", d.dia, d.mes, d.hora, d.minuto);
+    } else {
+        std::snprintf(texto.data(), texto.size(), "%02d:%02d", d.hora, d.minuto);
+    }
+    return texto.data();
+}
+
+}  // namespace
+
+std::vector<std::string> textosSilencio(const Familia& familia, std::int32_t port, const Silencio& silencio) {
+    const std::string suyo = port == 0 ? "0" : familia.textoPort(port), cuando = hora(silencio);
+    const auto desde = [&](const std::string& motivo, const std::string& breve) {
+        return std::vector{motivo + PUNTO + "desde " + cuando, motivo, breve};
+    };
+    switch (silencio.motivo) {
+        // It has never worked: since when says nothing.
+        case MotivoSilencio::sinArrancar:
+            if (familia.compartida) return {"Host o port del concentrador no válidos", "Sin concentrador"};
+            if (port > PORT_MAXIMO) return {"Port " + suyo + " no válido", "Port no válido"};
+            return {"Port " + suyo + " en uso por otro programa", "Port " + suyo + " en uso"};
+        case MotivoSilencio::sinRespuesta:
+            return desde("El concentrador no responde", "Sin concentrador");
+        case MotivoSilencio::noOido:
+            return desde("Dirección " + suyo + " no oída", suyo + " no oída");
+        case MotivoSilencio::callado:
+            break;
+    }
+    const std::string origen = (familia.compartida ? "" : "UDP ") + suyo;
+    return {"Sin datos desde " + cuando + PUNTO + origen, cuando + PUNTO + origen, "Desde " + cuando};
+}
+
+}  // namespace sorvanel

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "display/familia.h"
+#include "links/enlacePeso.h"
+#include "platform/sistema.h"
+
+namespace sorvanel {
+
+// Since when a display has no data, and why.
+struct Silencio {
+    // So long it takes until that is said.
+    static constexpr std::int64_t PLAZO = 10'000;           // milliseconds
+    static constexpr std::int64_t UN_DIA = 24 * 3'600'000;  // then the hour alone does not say which
+
+    static constexpr std::int64_t ENTRE_MIRADAS = 500;  // told more often, it asks no more often than that
+
+    std::int64_t inicio = 0;  // milliseconds of the program's clock
+    std::int64_t mirado = 0;  // when the reason was asked for last
+    HoraLocal desde{};
+    // What was said last; nothing yet.
+    std::vector<std::string> textos{};
+    MotivoSilencio motivo = MotivoSilencio::callado;
+    bool conDia = false;
+
+    bool dicho() const { return !textos.empty(); }
+};
+
+// In the operator's words, on one line: the whole first, then shorter ones for where that has no room.
+std::vector<std::string> textosSilencio(const Familia& familia, std::int32_t port, const Silencio& silencio);
+
+}  // namespace sorvanel
