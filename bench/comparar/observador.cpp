@@ -1,0 +1,400 @@
+// Sends what indicators send, and looks at the screen as a person would: the same for whatever program stands there.
+// It reads orders from its input and answers each with one line; between orders it goes on sending, since a silent
+// indicator is one whose weight must go.
+//   observador WIDTH HEIGHT ROWS COLUMNS PORT udp|tcp
+//   arranca COMMAND   milliseconds until the first and until all weights are seen, and the process's number
+//   envia RATE SECS   readings sent
+//   aprende           "bien", or what is wrong: how each reading of the cycle looks
+//   mide RATE SECS    milliseconds from sending to the screen, one a reading; the poll's median gap and how many never
+//   came first inunda RATE SECS  datagrams thrown away, and displays that do not show the last reading without a resend
+
+#include <X11/Xlib.h>
+#include <X11/extensions/XShm.h>
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <netinet/tcp.h>
+#include <poll.h>
+#include <sys/ipc.h>
+#include <sys/shm.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <csignal>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <iostream>
+#include <map>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace {
+
+constexpr int CICLO = 16;   // readings until a display repeats itself
+constexpr int BARRA = 32;   // pixels that the button bar of the measured program takes, below the grid
+constexpr int FRANJA = 16;  // rows of pixels looked at, in the middle of a cell
+constexpr std::uint32_t VERDE = 0x00FF00;
+constexpr double OJEADA = 0.0005;  // seconds between two looks
+
+double ahora() {
+    timespec t{};
+    clock_gettime(CLOCK_MONOTONIC, &t);
+    return static_cast<double>(t.tv_sec) + static_cast<double>(t.tv_nsec) * 1e-9;
+}
+
+void dormirHasta(double instante) {
+    timespec t{static_cast<time_t>(instante), 0};
+    t.tv_nsec = static_cast<long>((instante - static_cast<double>(t.tv_sec)) * 1e9);
+    clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &t, nullptr);
+}
+
+struct Reticula {
+    int ancho, alto, filas, columnas;
+    int visores() const { return filas * columnas; }
+    int x(int columna) const { return ancho * columna / columnas; }
+    int yFranja(int fila) const { return (alto - BARRA) * (2 * fila + 1) / (2 * filas) - FRANJA / 2; }
+};
+
+// Strips of the X screen, as wide as asked.
+class Pantalla {
+public:
+    explicit Pantalla(int ancho) : m_visual(XOpenDisplay(nullptr)), m_ancho(ancho) {
+        if (m_visual == nullptr) throw std::runtime_error("no screen");
+        const int pantalla = DefaultScreen(m_visual);
+        m_imagen = XShmCreateImage(m_visual, DefaultVisual(m_visual, pantalla), 24, ZPixmap, nullptr, &m_memoria,
+                                   static_cast<unsigned>(ancho), FRANJA);
+        if (m_imagen == nullptr || m_imagen->bytes_per_line != ancho * 4) throw std::runtime_error("no 32-bit picture");
+        m_memoria.shmid = shmget(IPC_PRIVATE, static_cast<std::size_t>(ancho) * 4 * FRANJA, IPC_CREAT | 0600);
+        m_memoria.shmaddr = m_imagen->data = static_cast<char*>(shmat(m_memoria.shmid, nullptr, 0));
+        XShmAttach(m_visual, &m_memoria);
+        XSync(m_visual, False);
+        shmctl(m_memoria.shmid, IPC_RMID, nullptr);
+    }
+    ~Pantalla() { XCloseDisplay(m_visual); }
+    Pantalla(const Pantalla&) = delete;
+    Pantalla& operator=(const Pantalla&) = delete;
+
+    std::vector<std::uint32_t> tomar(int x, int y) {
+        XShmGetImage(m_visual, DefaultRootWindow(m_visual), m_imagen, x, y, AllPlanes);
+        const auto* const puntos = reinterpret_cast<const std::uint32_t*>(m_imagen->data);
+        return {puntos, puntos + static_cast<std::ptrdiff_t>(m_ancho) * FRANJA};
+    }
+
+private:
+    Display* m_visual;
+    int m_ancho;
+    XImage* m_imagen = nullptr;
+    XShmSegmentInfo m_memoria{};
+};
+
+// All displays' indicators, or the concentrator that speaks for them.
+class Emisor {
+public:
+    Emisor(const Reticula& reticula, int puerto, bool tcp)
+        : m_visores(reticula.visores()), m_puerto(puerto), m_tcp(tcp) {
+        m_zocalo = socket(AF_INET, tcp ? SOCK_STREAM : SOCK_DGRAM, 0);
+        if (!tcp) return;
+        const int si = 1;
+        setsockopt(m_zocalo, SOL_SOCKET, SO_REUSEADDR, &si, sizeof si);
+        const sockaddr_in propia = direccion(puerto);
+        if (bind(m_zocalo, reinterpret_cast<const sockaddr*>(&propia), sizeof propia) != 0 || listen(m_zocalo, 8) != 0)
+            throw std::runtime_error("the concentrator's port is taken");
+        fcntl(m_zocalo, F_SETFL, O_NONBLOCK);
+    }
+
+    static int valor(int n, int visor) { return 10000 + n % CICLO * 137 + visor * 1009; }
+    int lectura() const { return m_lectura; }
+    bool tcp() const { return m_tcp; }
+
+    void enviar(int n, int visor) {
+        std::array<char, 32> trama{};
+        const int largo = std::snprintf(trama.data(), trama.size(), "XXX+%08d\r", valor(n, visor) * 1000);
+        const sockaddr_in destino = direccion(m_puerto + visor);
+        // The first after a closed port was found may tell of that instead.
+        for (int i = 0; i < 2; ++i)
+            if (sendto(m_zocalo, trama.data(), static_cast<std::size_t>(largo), 0,
+                       reinterpret_cast<const sockaddr*>(&destino), sizeof destino) == largo)
+                return;
+    }
+
+    void ronda(bool nueva = true) {
+        if (nueva) ++m_lectura;
+        if (m_tcp) return lineas();
+        for (int i = 0; i < m_visores; ++i) enviar(m_lectura, i);
+    }
+
+    // Each display at the rate, their beats spread over the period in no order; one write a beat over the shared
+    // link. `enviada` is told the reading and the display before it goes.
+    template <class Enviada>
+    long aRitmo(double porSegundo, double segundos, Enviada enviada) {
+        const int rondas = static_cast<int>(porSegundo * segundos), partes = m_tcp ? 1 : m_visores;
+        const double inicio = ahora() + 0.001;
+        for (int i = 0; i < rondas; ++i) {
+            ++m_lectura;
+            for (int j = 0; j < partes; ++j) {
+                dormirHasta(inicio + (i + static_cast<double>(j) / partes) / porSegundo);
+                const int visor = partes > 1 ? j * 29 % partes : 0;  // 29 shares no factor with 8 or 64
+                enviada(m_lectura, visor);
+                if (m_tcp) {
+                    lineas();
+                } else {
+                    enviar(m_lectura, visor);
+                }
+            }
+        }
+        return static_cast<long>(rondas) * m_visores;
+    }
+
+private:
+    static sockaddr_in direccion(int puerto) {
+        sockaddr_in lugar{};
+        lugar.sin_family = AF_INET;
+        lugar.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        lugar.sin_port = htons(static_cast<std::uint16_t>(puerto));
+        return lugar;
+    }
+
+    void decir(const std::string& texto) {
+        if (send(m_cliente, texto.data(), texto.size(), MSG_NOSIGNAL) < 0) m_cliente = -1;
+    }
+
+    bool haySesion() {
+        if (m_cliente >= 0) return true;
+        m_cliente = accept(m_zocalo, nullptr, nullptr);
+        if (m_cliente < 0) return false;
+        const int si = 1;
+        setsockopt(m_cliente, IPPROTO_TCP, TCP_NODELAY, &si, sizeof si);
+        decir("LIN>");
+        std::array<char, 4> respuesta{};
+        pollfd espera{m_cliente, POLLIN, 0};
+        if (poll(&espera, 1, 2000) != 1 || recv(m_cliente, respuesta.data(), 4, MSG_WAITALL) != 4) {
+            close(m_cliente);
+            m_cliente = -1;
+            return false;
+        }
+        decir("XXX>");
+        dormirHasta(ahora() + 0.1);  // what shares an arrival with the prompt would spoil it
+        return true;
+    }
+
+    void lineas() {
+        if (!haySesion()) return;
+        std::string todas;
+        std::array<char, 40> linea{};
+        for (int i = 0; i < m_visores; ++i) {
+            std::snprintf(linea.data(), linea.size(), "01/%02d -- %08d 00000000\r\n", i + 1, valor(m_lectura, i));
+            todas += linea.data();
+        }
+        decir(todas);
+    }
+
+    int m_visores, m_puerto;
+    bool m_tcp;
+    int m_zocalo, m_cliente = -1;
+    int m_lectura = 0;
+};
+
+class Observador {
+public:
+    Observador(const Reticula& reticula, int puerto, bool tcp)
+        : m_reticula(reticula),
+          m_puerto(puerto),
+          m_emisor(reticula, puerto, tcp),
+          m_todo(reticula.ancho),
+          m_celda(reticula.ancho / reticula.columnas),
+          m_visor(reticula.filas / 2 * reticula.columnas + reticula.columnas / 2) {}
+
+    void obedecer() {
+        for (std::string orden; leer(orden);) {
+            std::istringstream palabras(orden);
+            std::string que;
+            double ritmo = 0, segundos = 0;
+            palabras >> que;
+            if (que == "arranca") {
+                std::getline(palabras >> std::ws, orden);
+                arrancar(orden);
+            } else if (que == "aprende") {
+                std::cout << (aprender() ? "bien" : "two readings look alike") << std::endl;
+            } else if (palabras >> ritmo >> segundos; que == "envia") {
+                const long enviadas = m_emisor.aRitmo(ritmo, segundos, [](int, int) {});
+                dormirHasta(ahora() + 0.05);
+                std::cout << enviadas << std::endl;
+            } else if (que == "mide") {
+                medir(ritmo, segundos);
+            } else if (que == "inunda") {
+                inundar(ritmo, segundos);
+            }
+        }
+    }
+
+private:
+    using Franja = std::vector<std::uint32_t>;
+
+    bool leer(std::string& orden) {
+        pollfd entrada{0, POLLIN, 0};
+        while (poll(&entrada, 1, 200) == 0)
+            if (m_arrancado) m_emisor.ronda();
+        return static_cast<bool>(std::getline(std::cin, orden));
+    }
+
+    std::vector<Franja> celdas() {
+        std::vector<Franja> todas(static_cast<std::size_t>(m_reticula.visores()));
+        for (int fila = 0; fila < m_reticula.filas; ++fila) {
+            const Franja franja = m_todo.tomar(0, m_reticula.yFranja(fila));
+            for (int columna = 0; columna < m_reticula.columnas; ++columna)
+                for (int y = 0; y < FRANJA; ++y) {
+                    const auto linea = franja.begin() + static_cast<std::ptrdiff_t>(y) * m_reticula.ancho;
+                    Franja& celda = todas[static_cast<std::size_t>(fila * m_reticula.columnas + columna)];
+                    celda.insert(celda.end(), linea + m_reticula.x(columna), linea + m_reticula.x(columna + 1));
+                }
+        }
+        return todas;
+    }
+
+    static bool seVe(const Franja& celda) {
+        return std::any_of(celda.begin(), celda.end(), [](std::uint32_t punto) { return (punto & 0xFFFFFF) == VERDE; });
+    }
+
+    long cuantasSeVen() {
+        const std::vector<Franja> todas = celdas();
+        return std::count_if(todas.begin(), todas.end(), seVe);
+    }
+
+    void arrancar(const std::string& orden) {
+        for (const double fin = ahora() + 10; cuantasSeVen() > 0; dormirHasta(ahora() + 0.01))
+            if (ahora() > fin) throw std::runtime_error("the screen still shows the last program");
+        const double inicio = ahora();
+        const pid_t hijo = fork();
+        if (hijo == 0) {
+            setsid();
+            const int nada = open("/dev/null", O_RDWR);
+            for (int i = 0; i < 3; ++i) dup2(nada, i);
+            for (int i = 3; i < 256; ++i) close(i);
+            execl("/bin/bash", "bash", "-c", ("exec " + orden).c_str(), nullptr);
+            _exit(127);
+        }
+        m_arrancado = true;
+        double primera = 0, ronda = inicio;
+        for (long vistas = 0; vistas < m_reticula.visores(); dormirHasta(ahora() + OJEADA)) {
+            if (ahora() > inicio + 30) {
+                kill(-hijo, SIGTERM);
+                throw std::runtime_error("weights seen after 30 seconds: " + std::to_string(vistas));
+            }
+            if (ahora() >= ronda) m_emisor.ronda(), ronda = std::max(ronda + 0.02, ahora());
+            vistas = cuantasSeVen();
+            if (vistas > 0 && primera == 0) primera = ahora();
+        }
+        std::cout << (primera - inicio) * 1000 << ' ' << (ahora() - inicio) * 1000 << ' ' << hijo << std::endl;
+    }
+
+    Franja mirar() {
+        return m_celda.tomar(m_reticula.x(m_visor % m_reticula.columnas),
+                             m_reticula.yFranja(m_visor / m_reticula.columnas));
+    }
+
+    bool aprender() {
+        for (int intento = 1; intento <= 3; ++intento) {
+            m_aspectos.clear();
+            for (int i = 0; i < CICLO; ++i) {
+                m_emisor.ronda();
+                dormirHasta(ahora() + 0.1 * intento);
+                m_aspectos[mirar()] = m_emisor.lectura() % CICLO;
+            }
+            if (m_aspectos.size() == CICLO) return true;
+        }
+        return false;
+    }
+
+    // A reading is on the screen when it, or one sent after it, is; the time is that of the look that found it.
+    void medir(double ritmo, double segundos) {
+        const int primera = m_emisor.lectura() + 1;
+        const auto cuantas = static_cast<int>(ritmo * segundos);
+        std::vector<std::atomic<double>> enviadas(static_cast<std::size_t>(cuantas));
+        std::atomic<int> ultima = primera - 1;
+        std::thread envio([&] {
+            m_emisor.aRitmo(ritmo, segundos, [&](int n, int visor) {
+                if (visor != m_visor && !m_emisor.tcp()) return;
+                enviadas[static_cast<std::size_t>(n - primera)] = ahora();
+                ultima = n;
+            });
+        });
+        std::vector<double> tardanzas, huecos;
+        Franja anterior;
+        int vista = primera - 1;
+        for (double fin = ahora() + segundos + 0.5, mirada = ahora(); ahora() < fin && vista < primera + cuantas - 1;) {
+            dormirHasta(mirada + OJEADA);
+            Franja franja = mirar();
+            const double instante = ahora();
+            huecos.push_back((instante - mirada) * 1000);
+            mirada = instante;
+            if (franja == anterior) continue;
+            if (const auto hallada = m_aspectos.find(franja); hallada != m_aspectos.end()) {
+                int n = ultima;
+                while (n > vista && n % CICLO != hallada->second) --n;
+                for (; vista < n; ++vista)
+                    tardanzas.push_back((instante - enviadas[static_cast<std::size_t>(vista + 1 - primera)]) * 1000);
+            }
+            anterior = std::move(franja);
+        }
+        envio.join();
+        std::sort(huecos.begin(), huecos.end());
+        std::cout << huecos[huecos.size() / 2] << ' ' << primera + cuantas - 1 - vista;
+        for (const double una : tardanzas) std::cout << ' ' << una;
+        std::cout << std::endl;
+    }
+
+    long descartados() const {
+        std::ifstream tabla("/proc/net/udp");
+        long todos = 0;
+        std::string linea;
+        for (std::getline(tabla, linea); std::getline(tabla, linea);) {
+            const long puerto = std::strtol(linea.c_str() + linea.find(':', linea.find(':') + 1) + 1, nullptr, 16);
+            if (puerto < m_puerto || puerto >= m_puerto + m_reticula.visores()) continue;
+            linea.erase(linea.find_last_not_of(' ') + 1);
+            todos += std::atol(linea.c_str() + linea.rfind(' '));
+        }
+        return todos;
+    }
+
+    void inundar(double ritmo, double segundos) {
+        const long antes = descartados();
+        m_emisor.aRitmo(ritmo, segundos, [](int, int) {});
+        dormirHasta(ahora() + 0.4);
+        const std::vector<Franja> sinRepetir = celdas();
+        m_emisor.ronda(false);
+        dormirHasta(ahora() + 0.3);
+        const std::vector<Franja> repetida = celdas();
+        long callados = 0;
+        for (std::size_t i = 0; i < repetida.size(); ++i)
+            if (!seVe(sinRepetir[i]) || sinRepetir[i] != repetida[i]) ++callados;
+        std::cout << descartados() - antes << ' ' << callados << std::endl;
+    }
+
+    Reticula m_reticula;
+    int m_puerto;
+    Emisor m_emisor;
+    Pantalla m_todo, m_celda;
+    int m_visor;
+    bool m_arrancado = false;
+    std::map<Franja, int> m_aspectos;
+};
+
+}  // namespace
+
+int main(int cuantos, char** textos) {
+    if (cuantos != 7) return 2;
+    std::signal(SIGCHLD, SIG_IGN);
+    const auto numero = [&](int i) { return std::atoi(textos[i]); };
+    try {
+        Observador({numero(1), numero(2), numero(3), numero(4)}, numero(5), std::string(textos[6]) == "tcp").obedecer();
+    } catch (const std::exception& fallo) {
+        std::cout << "error: " << fallo.what() << std::endl;
+        return 1;
+    }
+}
