@@ -44,8 +44,12 @@ en_pantalla() { # WIDTHxHEIGHT
         return 1
     }
     wine_iniciar "$TRABAJO/prefijo-$1" || return 1
+    al_terminar medidor_parar # before Wine and the screen
     # Its own streams: a pipe would be kept open by what Wine leaves running.
-    /usr/bin/python3 bench/comparar/medir.py "$1" "$TRABAJO/$1.json" "$VECES" "$SEGUNDOS" "$TRABAJO" "${PANTALLA_PIDS[0]}" || return 1
+    /usr/bin/python3 bench/comparar/medir.py "$1" "$TRABAJO/$1.json" "$VECES" "$SEGUNDOS" "$TRABAJO" "${PANTALLA_PIDS[0]}" &
+    MEDIDOR=$! # in the background: so a signal is not left waiting for it
+    wait "$MEDIDOR" || return 1
+    MEDIDOR=
     wine_parar
     pantalla_parar
 }
@@ -62,6 +66,8 @@ construir </dev/null >"$TRABAJO/construccion.txt" 2>&1 9>&- || {
 }
 cp "$OBRA/windows/bench/exe/desnudo.exe" "$TRABAJO/" && cp "${SORVANEL_EXE:-$OBRA/windows/src/Sorvanel.exe}" "$TRABAJO/Comparado.exe" || exit 1
 exec 9>&-
+MEDIDOR=
+medidor_parar() { [[ -z $MEDIDOR ]] || { kill "$MEDIDOR" && wait "$MEDIDOR"; } 2>/dev/null; }
 al_terminar pantalla_parar
 nota "load of the machine before it begins: $(cut -d' ' -f1-3 /proc/loadavg), on $(nproc) processors"
 en_pantalla 1280x800 && en_pantalla 3840x2160 || exit 1

@@ -31,7 +31,7 @@ def atender(zocalo, rotulo):
 
 
 for i in range(FILAS * COLUMNAS):
-    rotulo = tkinter.Label(ventana, bg="black", fg="#00ff00", font=("Liberation Sans", -LETRA), bd=0, padx=0, pady=0)
+    rotulo = tkinter.Label(ventana, bg="black", fg="#00ff00", font=("Liberation Sans", -LETRA, "bold"), bd=0, padx=0, pady=0)
     ancho, alto = ANCHO // COLUMNAS, (ALTO - BARRA) // FILAS
     rotulo.place(x=i % COLUMNAS * ancho, y=i // COLUMNAS * alto, width=ancho, height=alto)
     zocalo = socket.socket(socket.AF_INET, socket.SOCK_DGRAM)

@@ -65,13 +65,16 @@ pagina_abierta, siguiente = None, 0.0
 while True:
     espera = max(0.0, siguiente - time.monotonic()) if pendientes and pagina_abierta else None
     for clave, _ in selector.select(espera):
-        if clave.fileobj is not escucha:
+        if clave.data is not None:
             tomar(clave.fileobj, clave.data)
-            continue
-        cliente = escucha.accept()[0]
-        if atender(cliente):
-            cliente.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
-            pagina_abierta = cliente
+        elif clave.fileobj is escucha:
+            # The browser opens connections in advance, and says nothing on them.
+            selector.register(escucha.accept()[0], selectors.EVENT_READ)
+        else:
+            selector.unregister(clave.fileobj)
+            if atender(clave.fileobj):
+                clave.fileobj.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
+                pagina_abierta = clave.fileobj
     if pagina_abierta and pendientes and time.monotonic() >= siguiente:
         enviar(pagina_abierta)
         siguiente = time.monotonic() + CADENCIA

@@ -37,7 +37,7 @@ ESCENAS = ([Escena("grande", 1, 1, "udp", TODOS)] if ALTO > 1000 else
 
 def ajustes(escena):
     lineas = ["[RETICULA]", f"FilasColumnas={escena.filas}x{escena.columnas}",
-              "[VISORES]", "textoPeso=00FF00", "fondoPeso=000000"]
+              "[VISORES]", "textoPeso=00FF00", "fondoPeso=000000", "anchoEtiqueta=0"]
     for i in range(escena.filas * escena.columnas):
         lineas += [f"[VISOR_{i + 1}]", f"Ubicacion={i // escena.columnas + 1},{i % escena.columnas + 1}"]
         lineas += ([f"Port={PUERTO + i}"] if escena.enlace == "udp" else
@@ -188,5 +188,6 @@ def main():
 
 
 if __name__ == "__main__":
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))  # so that what was started is ended
     shutil.rmtree(CARPETA / "perfil", ignore_errors=True)
     main()

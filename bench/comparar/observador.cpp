@@ -298,13 +298,29 @@ private:
                              m_reticula.yFranja(m_visor / m_reticula.columnas));
     }
 
+    // The reading sent last, once its picture is a new one and stays: a busy machine may take its time.
+    bool asentada(Franja& franja) {
+        const Franja anterior = franja;
+        for (const double fin = ahora() + 3; ahora() < fin;) {
+            franja = mirar();
+            const bool nueva = franja != anterior && !m_aspectos.contains(franja);
+            dormirHasta(ahora() + 0.05);
+            if (nueva && mirar() == franja) return true;
+            m_emisor.ronda(false);
+        }
+        return false;
+    }
+
     bool aprender() {
         for (int intento = 1; intento <= 3; ++intento) {
             m_aspectos.clear();
+            dormirHasta(ahora() + 0.3 * intento);  // what was sent before comes to be shown
+            m_emisor.ronda(false);
+            Franja franja = mirar();
             for (int i = 0; i < CICLO; ++i) {
                 m_emisor.ronda();
-                dormirHasta(ahora() + 0.1 * intento);
-                m_aspectos[mirar()] = m_emisor.lectura() % CICLO;
+                if (!asentada(franja)) break;
+                m_aspectos[franja] = m_emisor.lectura() % CICLO;
             }
             if (m_aspectos.size() == CICLO) return true;
         }

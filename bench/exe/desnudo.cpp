@@ -29,7 +29,7 @@ struct Estado {
 };
 
 void elegirLetra(HDC dc, int alto) {
-    SelectObject(dc, CreateFontW(-alto, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
+    SelectObject(dc, CreateFontW(-alto, 0, 0, 0, FW_BOLD, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
                                  CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH, L"Arial"));
     SetTextColor(dc, COLOR_TEXTO);
     SetBkColor(dc, RGB(0, 0, 0));
