@@ -44,6 +44,8 @@ en_pantalla() { # WIDTHxHEIGHT
         return 1
     }
     wine_iniciar "$TRABAJO/prefijo-$1" || return 1
+    # Whoever has the first window starts the desktop, which takes seconds, and goes with the last one.
+    SORVANEL_DESNUDO='oculta 0' setsid wine "$TRABAJO/desnudo.exe" </dev/null >/dev/null 2>&1 &
     al_terminar medidor_parar # before Wine and the screen
     # Its own streams: a pipe would be kept open by what Wine leaves running.
     /usr/bin/python3 bench/comparar/medir.py "$1" "$TRABAJO/$1.json" "$VECES" "$SEGUNDOS" "$TRABAJO" "${PANTALLA_PIDS[0]}" &

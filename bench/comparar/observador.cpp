@@ -365,23 +365,33 @@ private:
         std::cout << std::endl;
     }
 
-    long descartados() const {
+    struct Colas {
+        long esperan = 0, descartados = 0;
+    };
+
+    // Of the displays' ports: bytes that nobody has taken yet, and datagrams thrown away.
+    Colas colas() const {
         std::ifstream tabla("/proc/net/udp");
-        long todos = 0;
+        Colas todas;
         std::string linea;
         for (std::getline(tabla, linea); std::getline(tabla, linea);) {
-            const long puerto = std::strtol(linea.c_str() + linea.find(':', linea.find(':') + 1) + 1, nullptr, 16);
-            if (puerto < m_puerto || puerto >= m_puerto + m_reticula.visores()) continue;
+            unsigned puerto = 0;
+            unsigned long espera = 0;
+            std::sscanf(linea.c_str(), " %*d: %*x:%x %*s %*x %*x:%lx", &puerto, &espera);
+            const int visor = static_cast<int>(puerto) - m_puerto;
+            if (visor < 0 || visor >= m_reticula.visores()) continue;
             linea.erase(linea.find_last_not_of(' ') + 1);
-            todos += std::atol(linea.c_str() + linea.rfind(' '));
+            todas.esperan += static_cast<long>(espera);
+            todas.descartados += std::atol(linea.c_str() + linea.rfind(' '));
         }
-        return todos;
+        return todas;
     }
 
     void inundar(double ritmo, double segundos) {
-        const long antes = descartados();
+        const long antes = colas().descartados;
         m_emisor.aRitmo(ritmo, segundos, [](int, int) {});
-        dormirHasta(ahora() + 0.4);
+        for (const double fin = ahora() + 10; colas().esperan > 0 && ahora() < fin;) dormirHasta(ahora() + 0.01);
+        dormirHasta(ahora() + 0.3);  // less than the second after which a weight is forgotten
         const std::vector<Franja> sinRepetir = celdas();
         m_emisor.ronda(false);
         dormirHasta(ahora() + 0.3);
@@ -389,7 +399,7 @@ private:
         long callados = 0;
         for (std::size_t i = 0; i < repetida.size(); ++i)
             if (!seVe(sinRepetir[i]) || sinRepetir[i] != repetida[i]) ++callados;
-        std::cout << descartados() - antes << ' ' << callados << std::endl;
+        std::cout << colas().descartados - antes << ' ' << callados << std::endl;
     }
 
     Reticula m_reticula;

@@ -155,8 +155,9 @@ int ejecutar(HINSTANCE programa) {
         return 2;
     const std::wstring nombre = modo.data();
     estado.muestra = nombre == L"ventana";
+    const bool oculta = nombre == L"oculta";
     const HWND ventana = crearVentana(programa, estado);
-    if (!estado.muestra) {
+    if (!estado.muestra && !oculta) {
         WSADATA datos{};
         WSAStartup(MAKEWORD(2, 2), &datos);
         estado.dc = GetDC(ventana);
@@ -169,7 +170,7 @@ int ejecutar(HINSTANCE programa) {
             conectar(ventana, puerto);
         }
     }
-    ShowWindow(ventana, SW_SHOW);
+    if (!oculta) ShowWindow(ventana, SW_SHOW);
     UpdateWindow(ventana);
     MSG mensaje{};
     while (GetMessageW(&mensaje, nullptr, 0, 0) > 0) DispatchMessageW(&mensaje);
