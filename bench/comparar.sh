@@ -23,7 +23,7 @@ TRABAJO="$OBRA/comparar"
 
 construir() {
     cmake --preset windows -DSORVANEL_BENCH=ON && cmake --build --preset windows --target Sorvanel desnudo &&
-        g++ -std=c++20 -O2 -Wall -Wextra -Wpedantic bench/comparar/observador.cpp -o "$TRABAJO/observador" -lX11 -lXext -pthread
+        g++ -std=c++20 -O2 -Wall -Wextra -Wpedantic -Wconversion bench/comparar/observador.cpp -o "$TRABAJO/observador" -lX11 -lXext -pthread
 }
 
 abrir_pantalla() { # WIDTHxHEIGHT
