@@ -14,12 +14,13 @@
 namespace sorvanel::medidas::desnudo {
 namespace {
 
-constexpr int LADO = 8;
-constexpr int VISORES = LADO * LADO;
+constexpr int VISORES = 64;
 
 struct Estado {
     bool muestra = false;  // a sample weight in the middle
     bool datagramas = false;
+    int filas = 8, columnas = 8;
+    int alto = 0, letra = 0;  // of all cells together, and of the font, pixels
     std::array<SOCKET, VISORES> zocalos{};
     std::string bufer;
     long cuantas = 0;
@@ -28,14 +29,15 @@ struct Estado {
 };
 
 void elegirLetra(HDC dc, int alto) {
-    SelectObject(dc, CreateFontW(-alto, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
+    SelectObject(dc, CreateFontW(-alto, 0, 0, 0, FW_BOLD, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
                                  CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH, L"Arial"));
     SetTextColor(dc, COLOR_TEXTO);
     SetBkColor(dc, RGB(0, 0, 0));
 }
 
 void imprimir(Estado& estado, int visor, const char* cifras, int cuantas) {
-    const int x = estado.monitor.cx * (visor % LADO) / LADO, y = estado.monitor.cy * (visor / LADO) / LADO;
+    const int x = estado.monitor.cx * (visor % estado.columnas) / estado.columnas;
+    const int y = estado.alto * (2 * (visor / estado.columnas) + 1) / (2 * estado.filas) - estado.letra / 2;
     TextOutA(estado.dc, x, y, cifras, cuantas);
     ++estado.cuantas;
 }
@@ -74,7 +76,7 @@ sockaddr_in direccion(unsigned long equipo, int puerto) {
 
 void enlazar(Estado& estado, HWND ventana, int puerto) {
     estado.datagramas = true;
-    for (int i = 0; i < VISORES; ++i) {
+    for (int i = 0; i < estado.filas * estado.columnas; ++i) {
         const SOCKET zocalo = socket(AF_INET, SOCK_DGRAM, IPPROTO_UDP);
         const int reserva = 256 * 1024;
         setsockopt(zocalo, SOL_SOCKET, SO_RCVBUF, reinterpret_cast<const char*>(&reserva), sizeof reserva);
@@ -146,24 +148,29 @@ int ejecutar(HINSTANCE programa) {
     GetEnvironmentVariableW(ORDEN, orden.data(), static_cast<DWORD>(orden.size()));
     std::array<wchar_t, 16> modo{};
     int puerto = 0;
-    if (std::swscanf(orden.data(), L"%15ls %d", modo.data(), &puerto) != 2) return 2;
-
     Estado estado;
+    if (std::swscanf(orden.data(), L"%15ls %d %d %d %d %d", modo.data(), &puerto, &estado.filas, &estado.columnas,
+                     &estado.alto, &estado.letra) < 2 ||
+        estado.filas * estado.columnas > VISORES)
+        return 2;
     const std::wstring nombre = modo.data();
     estado.muestra = nombre == L"ventana";
+    const bool oculta = nombre == L"oculta";
     const HWND ventana = crearVentana(programa, estado);
-    if (!estado.muestra) {
+    if (!estado.muestra && !oculta) {
         WSADATA datos{};
         WSAStartup(MAKEWORD(2, 2), &datos);
         estado.dc = GetDC(ventana);
-        elegirLetra(estado.dc, estado.monitor.cy / LADO / 2);
+        if (estado.alto == 0) estado.alto = estado.monitor.cy;
+        if (estado.letra == 0) estado.letra = estado.alto / estado.filas / 2;
+        elegirLetra(estado.dc, estado.letra);
         if (nombre == L"udp") {
             enlazar(estado, ventana, puerto);
         } else {
             conectar(ventana, puerto);
         }
     }
-    ShowWindow(ventana, SW_SHOW);
+    if (!oculta) ShowWindow(ventana, SW_SHOW);
     UpdateWindow(ventana);
     MSG mensaje{};
     while (GetMessageW(&mensaje, nullptr, 0, 0) > 0) DispatchMessageW(&mensaje);
