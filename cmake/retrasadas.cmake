@@ -20,7 +20,7 @@ endfunction()
 
 if(MINGW)
   biblioteca_retrasada(comdlg32 ChooseColorW ChooseFontW)
-  biblioteca_retrasada(shlwapi AssocQueryStringW)
+  biblioteca_retrasada(shlwapi AssocQueryStringW PathFileExistsW)
   biblioteca_retrasada(winmm timeBeginPeriod timeEndPeriod)
 else()
   set(RETRASADAS comdlg32 shlwapi winmm)

@@ -10,6 +10,7 @@
 namespace sorvanel {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using Lineas = std::vector<std::string>;

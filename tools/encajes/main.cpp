@@ -27,7 +27,7 @@ constexpr std::array<const char*, 5> ETIQUETAS{"Tolva 3", "Báscula de camiones"
 // Measures and keeps no picture.
 class Medidor final : public PinturaWin {
 public:
-    Medidor(const Escala& escala, FuentesWin& fuentes) : PinturaWin(escala, fuentes) {}
+    Medidor(const Escala& escala, FuentesWin& fuentes, Lienzo& borrador) : PinturaWin(escala, fuentes, borrador) {}
     void colocar(const Rectangulo&) override {}
     void mostrar(bool) override {}
     bool visible() const override { return false; }
@@ -74,7 +74,8 @@ Medidas medir(Medidor& medidor, std::pair<int, int> parrilla, bool encima) {
 int tabla() {
     const Escala escala;
     FuentesWin fuentes;
-    Medidor medidor(escala, fuentes);
+    Lienzo borrador;
+    Medidor medidor(escala, fuentes, borrador);
     bool bien = true;
     std::puts("Pixels; captions: the lowest and the highest capitals of those tried\n");
     std::puts("| Grid | digits beside | digits above | ratio | captions beside | captions above |");

@@ -139,7 +139,7 @@ void situar(Escena& e) {
                 exigir(e.programa().esperarVisible(picMarca, 4), "nothing says what the drag would do");
                 e.foto(std::string(nombre) + que);
                 teclear(e.programa().ventana(), VK_ESCAPE);
-                exigir(e.programa().esperarOculto(picMarca, 4), "Escape does not end it");
+                exigir(esperar([&] { return !e.programa().seVe(picMarca, 4); }), "Escape does not end it");
             });
             Sleep(GetDoubleClickTime());  // the next press is none of a double click's
         }
