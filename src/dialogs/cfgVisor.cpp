@@ -69,7 +69,6 @@ void cfgVisor::crearControles() {
     m_c->botElim->dibujo(Dibujo::eliminar);
     m_c->botElim->repeticion(Repeticion::nuncaDoble);
     m_c->botElim->alActuar([this] { eliminar(); });
-    elegido(0);
     m_c->lbPag = taller().rotulo(IdControl::lbPag, 0, {});
     m_c->lbPag->ajuste(Ajuste::derecha);
     m_c->imSubir = taller().botonImagen(IdControl::imSubir, 0, Dibujo::subir, "Visores anteriores");
@@ -88,6 +87,7 @@ void cfgVisor::crearControles() {
 }
 
 void cfgVisor::rellenar() {
+    elegido(0);
     m_c->pavona->rellenar();
     pagina().cuantos(mesa().visores().cuantos());
     pagina().soloPrimera();

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "config/contraste.h"
+#include "platform/contraste.h"
 
 namespace sorvanel {
 

@@ -16,8 +16,10 @@ inline double luminancia(Color color) {
     return 0.2126 * canal(0) + 0.7152 * canal(8) + 0.0722 * canal(16);
 }
 
-// How well one is told from the other, 1 for not at all to 21 for black on white. Lines need 3 to be seen by
-// everybody, small letters 4.5.
+// What lines and signs must have to be seen by everybody; small letters need half as much again.
+constexpr double CONTRASTE_MINIMO = 3;
+
+// How well one is told from the other, 1 for not at all to 21 for black on white.
 inline double contraste(Color uno, Color otro) {
     const double a = luminancia(uno), b = luminancia(otro);
     return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);

@@ -208,7 +208,7 @@ private:
                 p.fallo = ahora();
             } else if (linea.starts_with("P")) {
                 if (que.starts_with("limpiar") || que.starts_with("caja 0 0 ")) p.texto.clear(), p.rayas = 0;
-                if (que.starts_with("imprimir"))
+                if (que.starts_with("imprimir") && p.rayas == 0)
                     p.texto = que.substr(que.find('"') + 1, que.rfind('"') - que.find('"') - 1);
                 if (que.starts_with("caja") && que.ends_with("#FF0000")) ++p.rayas;
                 if (que.starts_with("leyenda")) p.incierto = false;
@@ -228,7 +228,8 @@ private:
             exigir(p.peso.visible() == v.ubicado(), aqui + ": visible, or not");
             exigir(p.rayas == 0 || (p.rayas == 5 && p.texto.empty()), aqui + " and dashes");
             const std::string dicho = p.peso.textoLeyenda();
-            exigir(dicho.substr(0, dicho.find(' ')) == (p.rayas == 0 ? p.texto : "-----"), aqui + " and says " + dicho);
+            exigir(dicho.substr(0, dicho.find(p.rayas == 0 ? "," : ".")) == (p.rayas == 0 ? p.texto : "sin datos"),
+                   aqui + " and says " + dicho);
             exigir(!v.ubicado() || v.Run() || dicho.empty(), aqui + " and does not run");
         }
         if (p.texto.empty() || !v.ubicado() || !v.Run()) return;

@@ -49,7 +49,7 @@ TEST_F(Configurar, F1SinManualLoDiceDesdeCadaVentana) {
         return programa.caja().contestar();
     };
     EXPECT_THAT(pedir(programa.control(IdControl::botOk)), HasSubstr("manual.html"));
-    ASSERT_TRUE(abrir(IdControl::botVisores, visores));
+    abrir(IdControl::botVisores, visores);
     ASSERT_TRUE(visores.esperarControl(IdControl::txPort, 2));
     EXPECT_THAT(pedir(visores.control(IdControl::txPort, 2)), HasSubstr("manual.html"));
 }
@@ -137,7 +137,7 @@ TEST_F(Configurar, SituarMoverEIntercambiarConElRaton) {
 // that.
 TEST_F(Configurar, SeVeLoQueLlegaAlPortYQuedaLibreEnseguida) {
     configurar(dosVisores);
-    ASSERT_TRUE(abrir(IdControl::botVisores, visores));
+    abrir(IdControl::botVisores, visores);
     EmisorUDP indicador;
     std::optional<EmisorUDP> otro(std::in_place);
     EXPECT_TRUE(otro->ocupar(puerto + 1)) << "nobody has asked for it";
