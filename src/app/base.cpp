@@ -224,7 +224,12 @@ void base::alternar(DialogoConfiguracion& pedida) {
         pedida.Descargar(false);
     } else if (cerrarHerramientas(false, &pedida)) {
         m_montaje.letrero({});
-        pedida.Mostrar();
+        try {
+            pedida.Mostrar();
+        } catch (...) {
+            mostrarHerramientas();
+            throw;
+        }
     }
 }
 

@@ -84,10 +84,10 @@ void cfgVisor::crearControles() {
     m_c->ubicador = std::make_unique<Ubicador>(
         mesa(), Ubicador::Datos{[this] { return validar(); }, [this] { return m_actual; },
                                 [this](std::int16_t n) { irA(n); }, [this](std::int16_t n) { pagina().reubicada(n); }});
+    elegido(0);
 }
 
 void cfgVisor::rellenar() {
-    elegido(0);
     m_c->pavona->rellenar();
     pagina().cuantos(mesa().visores().cuantos());
     pagina().soloPrimera();

@@ -36,8 +36,18 @@ void DialogoConfiguracion::Mostrar() {
     avisarCambio();
 }
 
-// The window takes the monitor's scale before anything is measured.
+// All of it, or nothing: half a tool could be neither used nor closed.
 void DialogoConfiguracion::cargar() {
+    try {
+        construir();
+    } catch (...) {
+        desmontar();
+        throw;
+    }
+}
+
+// The window takes the monitor's scale before anything is measured.
+void DialogoConfiguracion::construir() {
     montar();
     m_monitor = m_mesa.pantalla().monitor();
     m_formulario = m_utiles.fabrica.crearDialogo(m_id);
@@ -197,6 +207,11 @@ void DialogoConfiguracion::descargar() {
     alCerrar();
     m_formulario->oyente(nullptr);
     m_formulario->ocultar();
+    desmontar();
+    avisarCambio();
+}
+
+void DialogoConfiguracion::desmontar() {
     soltar();
     m_imUnload.reset();
     m_ttlo2.reset();
@@ -204,7 +219,6 @@ void DialogoConfiguracion::descargar() {
     m_taller.reset();
     m_formulario.reset();
     m_mesa.desmontarMesa();
-    avisarCambio();
 }
 
 }  // namespace sorvanel

@@ -93,6 +93,8 @@ private:
     void alPedirCierre() override;
     void alArrastrar() override;
     void cargar();
+    void construir();
+    void desmontar();
     void crearTitulos();
     void descargar();
     void avisarCambio() const {

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <string>
 #include <utility>
 
+#include "platform/contraste.h"
 #include "screen/transpa.h"
 
 namespace sorvanel {
@@ -14,14 +14,6 @@ namespace {
 
 bool esColor(Color color) {
     return color >= 0;
-}
-
-// Black stands out better from it than white.
-bool esClaro(Color color) {
-    // Of the light that a screen gives off; of each channel, to the power of 2.2 or nearly so.
-    constexpr float ROJO_EN_LUZ = 0.2126F, VERDE_EN_LUZ = 0.7152F, AZUL_EN_LUZ = 0.0722F, MITAD = 0.179F;
-    const auto luz = [&](int bits) { return std::pow(static_cast<float>(color >> bits & 0xFF) / 255.0F, 2.2F); };
-    return ROJO_EN_LUZ * luz(0) + VERDE_EN_LUZ * luz(8) + AZUL_EN_LUZ * luz(16) > MITAD;
 }
 
 // What lies in both of them; without size where nothing does.
@@ -240,8 +232,7 @@ void Parrilla::pintarNumero(std::int16_t fila, std::int16_t columna) {
     m_lienzo->fuente({"Segoe UI", alto, false, false, false});
     const MedidaTexto medida = m_lienzo->medir(texto);
     const float y = celda->y + (celda->alto - medida.tintaSuperior - medida.tintaInferior) / 2;
-    m_lienzo->imprimirEn(*celda, celda->x + (celda->ancho - medida.ancho) / 2, y, texto,
-                         esClaro(m_a.colorFondo) ? NEGRO : BLANCO);
+    m_lienzo->imprimirEn(*celda, celda->x + (celda->ancho - medida.ancho) / 2, y, texto, tintaSobre(m_a.colorFondo));
 }
 
 }  // namespace sorvanel

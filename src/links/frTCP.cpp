@@ -245,8 +245,9 @@ void frTCP::atenderSegundo() {
     const std::string lecturas = m_bufer.substr(avisos);
     m_bufer.resize(avisos);
     atender(AVISO_SEGUNDO, Estado::abierta, {});
+    if (!enSesion()) return;
     m_ultimaLectura = m_reloj.ahora();
-    if (lecturas.empty() || !enSesion()) return;
+    if (lecturas.empty()) return;
     m_bufer = lecturas;
     entregarLineas();
 }

@@ -98,7 +98,7 @@ TEST_F(Concentradores, LoQueNoPuedeSerSeAvisaYLosDemasMarchan) {
         SCOPED_TRACE(host);
         programa.escribirINI(ajustes(host, "9084"));
         programa.arrancar();
-        EXPECT_EQ(programa.caja().esperarTexto(), "Port 305 inadecuado. Posiblemente en uso");
+        EXPECT_EQ(programa.caja().esperarTexto(), "Visor #2: Port 305 inadecuado. Posiblemente en uso");
         // The other runs already while the box is open.
         EXPECT_TRUE(leen(7, "", SIN_DATOS));
         EXPECT_FALSE(IsWindowEnabled(programa.ventana()));

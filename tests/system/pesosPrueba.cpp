@@ -48,6 +48,13 @@ TEST_F(Pesos, LasCifrasYLaMarcaSeVenEnSusColores) {
     indicador.enviar(puerto, trama(1'234'500, "EXX"));
     ASSERT_TRUE(programa.lee(1, "1234.5 E"));
     EXPECT_TRUE(esperar([&] { return retrato().cuantos(TINTA) > antes.cuantos(TINTA) * 11 / 10; }));
+    const Fotografia cinco = retrato();
+    indicador.enviar(puerto, trama(1'284'700, "EXX"));
+    ASSERT_TRUE(programa.lee(1, "1284.7 E"));
+    EXPECT_TRUE(esperar([&] { return !(retrato() == cinco); }));
+    const Fotografia cambiado = retrato();
+    RedrawWindow(programa.control(IdControl::picRep, 1), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    EXPECT_TRUE(retrato() == cambiado) << "painted whole it is the same";
 }
 
 TEST_F(Pesos, ElSilencioSonCincoRayasRojas) {

@@ -1,5 +1,6 @@
 #include "platform/win32/painting/listaPintura.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace sorvanel {
@@ -21,7 +22,7 @@ void ListaPintura::vaciar(COLORREF suelo) {
 void ListaPintura::olvidarBajo(const RECT& zona) {
     std::size_t quedan = 0;
     for (std::size_t i = 0; i < m_cuantos; ++i) {
-        if (cubre(zona, m_pasos[i].zona)) {
+        if (cubre(zona, m_pasos[i].cuerpo)) {
             m_pasos[i].fuente.reset();
         } else if (quedan++ != i) {
             std::swap(m_pasos[quedan - 1], m_pasos[i]);
@@ -34,7 +35,7 @@ ListaPintura::Paso& ListaPintura::anadir(Clase clase, const RECT& zona, COLORREF
     if (m_cuantos == m_pasos.size()) m_pasos.emplace_back();
     Paso& nuevo = m_pasos[m_cuantos++];
     nuevo.clase = clase;
-    nuevo.zona = zona;
+    nuevo.zona = nuevo.cuerpo = zona;
     nuevo.color = color;
     return nuevo;
 }
@@ -42,6 +43,13 @@ ListaPintura::Paso& ListaPintura::anadir(Clase clase, const RECT& zona, COLORREF
 void ListaPintura::caja(const RECT& zona, COLORREF color) {
     if (IsRectEmpty(&zona)) return;
     olvidarBajo(zona);
+    const auto asoma = [&](const Paso& paso) {
+        RECT comun{};
+        return IntersectRect(&comun, &paso.zona, &zona) != 0;
+    };
+    const auto fin = m_pasos.begin() + static_cast<std::ptrdiff_t>(m_cuantos);
+    // The ground alone is seen there now, and need not be painted twice.
+    if (color == m_suelo && std::none_of(m_pasos.begin(), fin, asoma)) return;
     anadir(Clase::caja, zona, color);
 }
 
@@ -53,17 +61,19 @@ void ListaPintura::escribir(Paso& paso, const Texto& texto) {
 }
 
 void ListaPintura::texto(const RECT& zona, const Texto& texto) {
-    escribir(anadir(Clase::texto, zona, texto.color), texto);
+    Paso& nuevo = anadir(Clase::texto, zona, texto.color);
+    escribir(nuevo, texto);
+    if (texto.ancho > 0) nuevo.cuerpo = {texto.inicio.x, zona.top, texto.inicio.x + texto.ancho, zona.bottom};
 }
 
-void ListaPintura::cambiarTexto(const RECT& zona, COLORREF fondo, const Texto& texto) {
+bool ListaPintura::cambiarTexto(const RECT& zona, const Texto& texto) {
     for (std::size_t i = m_cuantos; i-- > 0;) {
         RECT comun{};
         if (m_pasos[i].clase != Clase::texto || !IntersectRect(&comun, &m_pasos[i].zona, &zona)) continue;
-        return escribir(m_pasos[i], texto);
+        escribir(m_pasos[i], texto);
+        return true;
     }
-    caja(zona, fondo);
-    this->texto(zona, texto);
+    return false;
 }
 
 void ListaPintura::poligono(const RECT& zona, std::span<const Punto> vertices, COLORREF color) {
@@ -92,7 +102,7 @@ void ListaPintura::pintarPaso(const Paso& paso, Lienzo& destino, const RECT& par
             destino.llenar(parte, paso.color);
             break;
         case Clase::texto:
-            escribir(destino, parte, {paso.inicio, paso.letras, paso.fuente, paso.color});
+            escribir(destino, parte, {paso.inicio, 0, paso.letras, paso.fuente, paso.color});
             break;
         case Clase::poligono:
             destino.pintarForma(parte, paso.color, [&](Punto p) { return formas::aPoligono(p, paso.vertices); });

@@ -19,9 +19,10 @@ namespace sorvanel {
 // simple. All in device pixels of the surface; the memory of what is forgotten serves again.
 class ListaPintura {
 public:
-    // A line of text and its top-left corner.
+    // A line of text, its top-left corner, and how wide it is without what leans out of it; 0: it is not known.
     struct Texto {
         POINT inicio{};
+        LONG ancho = 0;
         const std::wstring& letras;
         const std::shared_ptr<FuenteWin>& fuente;
         COLORREF color = 0;
@@ -32,12 +33,14 @@ public:
     void caja(const RECT& zona, COLORREF color);
     // Nothing of it is painted outside the zone.
     void texto(const RECT& zona, const Texto& texto);
-    // The text that stands in the zone becomes this one, which differs from it there alone.
-    void cambiarTexto(const RECT& zona, COLORREF fondo, const Texto& texto);
+    // The text that stands in the zone becomes this one, which differs from it there alone. False when there is none.
+    bool cambiarTexto(const RECT& zona, const Texto& texto);
     void poligono(const RECT& zona, std::span<const Punto> vertices, COLORREF color);
 
     static void escribir(Lienzo& destino, const RECT& zona, const Texto& texto);
 
+    std::size_t cuantos() const { return m_cuantos; }
+    COLORREF suelo() const { return m_suelo; }
     // What there is of it within the zone.
     void pintar(Lienzo& destino, const RECT& zona) const;
 
@@ -45,7 +48,8 @@ private:
     enum class Clase { caja, texto, poligono };
     struct Paso {
         Clase clase = Clase::caja;
-        RECT zona{};  // it paints nothing outside
+        RECT zona{};    // it paints nothing outside
+        RECT cuerpo{};  // once that is covered nothing of it is to be seen
         COLORREF color = 0;
         POINT inicio{};
         std::wstring letras;

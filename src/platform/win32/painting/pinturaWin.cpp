@@ -15,6 +15,7 @@ namespace {
 // are, and each strip paints anew all that it cuts.
 constexpr LONG PUNTOS_A_LA_VEZ = 1 << 16;
 constexpr LONG PARTES = 16;
+constexpr std::size_t PASOS_MAXIMOS = 2048;
 
 COLORREF aColor(Color color) {
     return static_cast<COLORREF>(colorPintable(color));
@@ -84,10 +85,11 @@ MedidaTexto PinturaWin::medir(std::string_view texto) const {
 }
 
 ListaPintura::Texto PinturaWin::linea(float x, float y, std::string_view texto, Color color) const {
-    return {{m_escala.x.aPixel(x), m_escala.y.aPixel(y)}, ancho(texto), m_hecha, aColor(color)};
+    return {{m_escala.x.aPixel(x), m_escala.y.aPixel(y)}, 0, ancho(texto), m_hecha, aColor(color)};
 }
 
 void PinturaWin::imprimirEn(const RECT& zona, const ListaPintura::Texto& texto) {
+    acotarLista();
     if (m_mapa) {
         ListaPintura::escribir(*m_mapa, zona, texto);
     } else {
@@ -97,12 +99,13 @@ void PinturaWin::imprimirEn(const RECT& zona, const ListaPintura::Texto& texto) 
 }
 
 void PinturaWin::imprimir(float x, float y, std::string_view texto, Color color) {
-    const ListaPintura::Texto entera = linea(x, y, texto, color);
+    ListaPintura::Texto entera = linea(x, y, texto, color);
     SIZE medida{};
     {
         const Seleccion letra(m_borrador.dc(), m_hecha->get());
         medida = extension(m_borrador.dc(), entera.letras);
     }
+    entera.ancho = medida.cx;
     // Slanted letters lean out of their box, a little to each side.
     const LONG vuelo = medida.cy / 3 + 1;
     const POINT inicio = entera.inicio;
@@ -120,14 +123,15 @@ void PinturaWin::cambiarTexto(const Rectangulo& zona, Color fondo, float x, floa
     if (m_mapa) {
         m_mapa->llenar(r, aColor(fondo));
         ListaPintura::escribir(*m_mapa, r, nueva);
-    } else {
-        m_lista.cambiarTexto(r, aColor(fondo), nueva);
+    } else if (!m_lista.cambiarTexto(r, nueva)) {
+        return imprimir(x, y, texto, color);
     }
     tocar(&r);
 }
 
 void PinturaWin::caja(const Rectangulo& zona, Color color) {
     const RECT r = aZona(zona);
+    acotarLista();
     if (m_mapa) {
         m_mapa->llenar(r, aColor(color));
     } else {
@@ -146,12 +150,18 @@ void PinturaWin::poligono(std::span<const Punto> vertices, Color color) {
                                               [](const Punto& a, const Punto& b) { return a.y < b.y; });
     const RECT tocado{static_cast<LONG>(x0->x) - 1, static_cast<LONG>(y0->y) - 1, static_cast<LONG>(x1->x) + 2,
                       static_cast<LONG>(y1->y) + 2};
+    acotarLista();
     if (m_mapa) {
         m_mapa->pintarForma(tocado, aColor(color), [this](Punto p) { return formas::aPoligono(p, m_vertices); });
     } else {
         m_lista.poligono(tocado, m_vertices, aColor(color));
     }
     tocar(&tocado);
+}
+
+// Nothing that is painted here takes so many steps; if it did all the same, a picture takes no more each time.
+void PinturaWin::acotarLista() {
+    if (!m_mapa && m_lista.cuantos() >= PASOS_MAXIMOS) guardarMapa();
 }
 
 // To paint anew what scrolls, at each step, would take longer than to copy it.
@@ -204,7 +214,12 @@ void PinturaWin::volcar(HDC destino, const RECT& zona) const {
 void PinturaWin::volcarFranja(HDC destino, const RECT& franja) const {
     const LONG ancho = franja.right - franja.left, alto = franja.bottom - franja.top;
     m_borrador.alcanzar(ancho, alto);
-    if (!m_borrador.utilizable()) return;
+    if (!m_borrador.utilizable()) {
+        // No memory: better nothing than what stood there, which would pass for what is meant now.
+        SetBkColor(destino, m_lista.suelo());
+        ExtTextOutW(destino, 0, 0, ETO_OPAQUE, &franja, L"", 0, nullptr);
+        return;
+    }
     {
         const Lienzo::Origen origen(m_borrador, {franja.left, franja.top});
         m_lista.pintar(m_borrador, franja);

@@ -60,6 +60,7 @@ private:
     ListaPintura::Texto linea(float x, float y, std::string_view texto, Color color) const;
     void imprimirEn(const RECT& zona, const ListaPintura::Texto& texto);
     void guardarMapa();
+    void acotarLista();
     void volcarFranja(HDC destino, const RECT& franja) const;
 
     const Escala& m_escala;
