@@ -11,10 +11,10 @@ namespace sorvanel {
 
 namespace {
 
-// What is put together at once; a larger part is painted in strips. On a large surface they may be larger: its letters
-// are, and each strip paints anew all that it cuts.
-constexpr LONG PUNTOS_A_LA_VEZ = 1 << 16;
-constexpr LONG PARTES = 16;
+// Side of what is put together at once, pixels: tiles, so that the scratch picture is as small as can be. On a large
+// surface they may be larger: its letters are, and each tile paints anew all that it cuts.
+constexpr LONG LADO = 256;
+constexpr LONG PARTES = 5;  // of a side
 constexpr std::size_t PASOS_MAXIMOS = 2048;
 
 COLORREF aColor(Color color) {
@@ -203,28 +203,28 @@ void PinturaWin::volcar(HDC destino, const RECT& zona) const {
     }
     RECT todo = entero(), parte{};
     if (!IntersectRect(&parte, &todo, &zona)) return;
-    const LONG puntos = std::max(PUNTOS_A_LA_VEZ, todo.right * todo.bottom / PARTES);
-    const LONG ancho = parte.right - parte.left, alto = std::max<LONG>(1, puntos / ancho);
-    for (LONG arriba = parte.top; arriba < parte.bottom; arriba += alto) {
-        const RECT franja{parte.left, arriba, parte.right, std::min(arriba + alto, parte.bottom)};
-        volcarFranja(destino, franja);
+    const LONG ancho = std::max(LADO, todo.right / PARTES), alto = std::max(LADO, todo.bottom / PARTES);
+    for (LONG y = parte.top; y < parte.bottom; y += alto) {
+        for (LONG x = parte.left; x < parte.right; x += ancho) {
+            volcarTrozo(destino, {x, y, std::min(x + ancho, parte.right), std::min(y + alto, parte.bottom)});
+        }
     }
 }
 
-void PinturaWin::volcarFranja(HDC destino, const RECT& franja) const {
-    const LONG ancho = franja.right - franja.left, alto = franja.bottom - franja.top;
+void PinturaWin::volcarTrozo(HDC destino, const RECT& trozo) const {
+    const LONG ancho = trozo.right - trozo.left, alto = trozo.bottom - trozo.top;
     m_borrador.alcanzar(ancho, alto);
     if (!m_borrador.utilizable()) {
         // No memory: better nothing than what stood there, which would pass for what is meant now.
         SetBkColor(destino, m_lista.suelo());
-        ExtTextOutW(destino, 0, 0, ETO_OPAQUE, &franja, L"", 0, nullptr);
+        ExtTextOutW(destino, 0, 0, ETO_OPAQUE, &trozo, L"", 0, nullptr);
         return;
     }
     {
-        const Lienzo::Origen origen(m_borrador, {franja.left, franja.top});
-        m_lista.pintar(m_borrador, franja);
+        const Lienzo::Origen origen(m_borrador, {trozo.left, trozo.top});
+        m_lista.pintar(m_borrador, trozo);
     }
-    BitBlt(destino, franja.left, franja.top, ancho, alto, m_borrador.dc(), 0, 0, SRCCOPY);
+    BitBlt(destino, trozo.left, trozo.top, ancho, alto, m_borrador.dc(), 0, 0, SRCCOPY);
 }
 
 }  // namespace sorvanel

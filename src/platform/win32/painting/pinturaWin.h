@@ -61,7 +61,7 @@ private:
     void imprimirEn(const RECT& zona, const ListaPintura::Texto& texto);
     void guardarMapa();
     void acotarLista();
-    void volcarFranja(HDC destino, const RECT& franja) const;
+    void volcarTrozo(HDC destino, const RECT& trozo) const;
 
     const Escala& m_escala;
     FuentesWin& m_fuentes;
