@@ -74,7 +74,6 @@ TEST_F(MedicoPort, diceLoQueLlegaAlPort) {
     oido(3002)->quien = "192.168.1.41";
     llegar(3002, {TRAMA}, 10);
     EXPECT_THAT(linea(), StartsWith("Recibiendo de 192.168.1.40 y 192.168.1.41"));
-    // One after the other, a fourth as well.
     for (const char* quien : {"192.168.1.42", "192.168.1.43", "192.168.1.44"}) {
         oido(3002)->quien = quien;
         for (int i = 0; i < 3; ++i, e.reloj.avanzar(2000)) oido(3002)->llegar(TRAMA);

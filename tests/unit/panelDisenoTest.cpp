@@ -236,8 +236,7 @@ TEST_F(PanelDiseno, elDisenoSeCopiaDeUnVisorAOtro) {
     EXPECT_EQ(clave(3, "anchoEtiqueta") + clave(3, "ratioAlturas"), "10,45");
 }
 
-// At hand in the choice of a colour: those of the shared design, of all else on the screen and of the displays, each
-// once.
+// At hand in the choice of a colour: those of the shared design, of all else and of the displays, each once.
 TEST_F(PanelDiseno, aManoEstanLosColoresEnUso) {
     abrirCon(2, todosPropios());
     e.com.abrir("RETICULA").escribir("colorReticula", "010203");
