@@ -26,14 +26,15 @@ constexpr float ALREDEDOR_AVISO = aTwips(14);  // free on both sides, and betwee
 
 struct TextoAviso {
     const char* titular;
-    const char* detalle;  // what to press
+    const char* detalle;     // what to press
+    const char* breve = "";  // instead of the first where that has no room
 };
 
 constexpr std::array<TextoAviso, 5> AVISOS{{
     {"", ""},
     {"Leyendo la configuración", ""},
     {"Configurando", "acepte o cancele"},
-    {"Cambios cancelados: acepte para volver", "con la marca verde"},
+    {"Cambios cancelados: acepte para volver", "con la marca verde", "Cancelado: acepte"},
     {"En pausa", "el triángulo verde pone en marcha, la rueda configura"},
 }};
 
@@ -205,16 +206,18 @@ void BarraBotones::situarAviso() {
     m_lbEstado->colocar({desde, m_arriba, libre, ALTO_BOTON});
     m_lbEstado->colorFondo(colores().fondo);
     m_lbEstado->limpiar();
-    pintarAviso(dicho.titular, dicho.detalle, libre);
+    pintarAviso(dicho.titular, dicho.breve, dicho.detalle, libre);
 }
 
-void BarraBotones::pintarAviso(const std::string& titular, const std::string& detalle, float libre) {
+void BarraBotones::pintarAviso(const std::string& titular, const std::string& breve, const std::string& detalle,
+                               float libre) {
     Fuente grande{LETRA, 0, true, false, false};
     for (const float alto : LETRAS_AVISO) {
         grande.alto = alto;
         m_lbEstado->fuente(grande);
         if (m_lbEstado->medir(titular).ancho <= libre) break;
     }
+    if (!breve.empty() && m_lbEstado->medir(titular).ancho > libre) return pintarAviso(breve, {}, detalle, libre);
     const std::string escrito = recortar(titular, libre);
     const MedidaTexto medida = m_lbEstado->medir(escrito);
     m_lbEstado->fuente({LETRA, LETRA_DETALLE, false, false, false});

@@ -49,7 +49,7 @@ private:
     void pintarFondo();
     void pintarVersion();
     void situarAviso();
-    void pintarAviso(const std::string& titular, const std::string& detalle, float libre);
+    void pintarAviso(const std::string& titular, const std::string& breve, const std::string& detalle, float libre);
     std::string recortar(std::string texto, float ancho) const;
 
     Formulario& m_formulario;

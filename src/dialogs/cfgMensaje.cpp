@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "config/numeros.h"
 #include "dialogs/filaColor.h"
@@ -261,9 +262,24 @@ void cfgMensaje::mostrarTapa() {
 void cfgMensaje::ajustarParrilla() {
     const auto alto = altoLibre();
     if (!alto || !mesa().parrilla().Height(*alto)) return;
-    mesa().visores().reubicar();
+    reubicar();
     mesa().refrescarBarra();
     redisponer();
+}
+
+// Those that their cells cannot hold any more are gone from the screen: the operator must know.
+void cfgMensaje::reubicar() {
+    Visores& visores = mesa().visores();
+    std::vector<visor*> puestos;
+    for (std::int16_t n = 1; n <= visores.cuantos(); ++n) {
+        if (visores.uno(n)->ubicado()) puestos.push_back(visores.uno(n));
+    }
+    visores.reubicar();
+    std::string errores;
+    for (const visor* const v : puestos) {
+        if (!v->ubicado()) errores += (errores.empty() ? "" : "\n") + v->ultimoerror();
+    }
+    if (!errores.empty()) utiles().cola.despues([&avisos = utiles().avisos, errores] { avisos.critico(errores); });
 }
 
 void cfgMensaje::elegirFuente() {

@@ -44,6 +44,7 @@ private:
     std::optional<float> altoLibre();
     void mostrarTapa();
     void ajustarParrilla();
+    void reubicar();
     void elegirFuente();
     void mostrarFuente();
 

@@ -82,8 +82,9 @@ void cfgVisor::crearControles() {
                            [this] { cerrarPanel(); }});
     m_c->recepcion = std::make_unique<RecepcionVisor>(taller(), utiles(), mesa(), [this] { return m_actual; });
     m_c->ubicador = std::make_unique<Ubicador>(
-        mesa(), Ubicador::Datos{[this] { return validar(); }, [this] { return m_actual; },
-                                [this](std::int16_t n) { irA(n); }, [this](std::int16_t n) { pagina().reubicada(n); }});
+        mesa(),
+        Ubicador::Datos{[this] { return validar(); }, [this] { return m_actual; }, [this](std::int16_t n) { irA(n); },
+                        [this](const std::vector<std::int16_t>& cuales) { reubicados(cuales); }});
     elegido(0);
 }
 
@@ -112,8 +113,9 @@ cfgVisor::Vista cfgVisor::vista() {
             pagina().cuantos() > PaginaVisores::FILAS || pagina().primera() > 1};
 }
 
-// What is seen only at times has room only then.
+// What is seen only at times has room only then. The cells may lie elsewhere by now: what was begun there is over.
 Pieza cfgVisor::disposicion(const Vista& vista) {
+    m_c->ubicador->cancelar();
     m_vista = vista;
     Rejilla barra;
     barra.estirar(2);
@@ -152,6 +154,16 @@ bool cfgVisor::alUsarRaton(GestoRaton gesto, Punto donde) {
         }
     }
     return sigue;
+}
+
+// A cell may be too small for a display: it is gone from the screen then, and the operator must know.
+void cfgVisor::reubicados(const std::vector<std::int16_t>& cuales) {
+    std::string errores;
+    for (const std::int16_t n : cuales) {
+        pagina().reubicada(n);
+        if (!uno(n)->ubicado()) errores += (errores.empty() ? "" : "\n") + uno(n)->ultimoerror();
+    }
+    if (!errores.empty()) rechazar(errores);
 }
 
 bool cfgVisor::alEscapar() {

@@ -82,6 +82,7 @@ private:
     void nuevo();
     void eliminar();
     void avisar(std::string_view texto);
+    void reubicados(const std::vector<std::int16_t>& cuales);
 
     void abrirPanel(std::int16_t n);
     void cerrarPanel();

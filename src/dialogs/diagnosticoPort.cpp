@@ -118,7 +118,9 @@ DiagnosticoPort deLaConexion(const Sintomas& s) {
                     "Quizá no es el concentrador lo que hay ahí." + revise};
         case AvanceEnlace::saludado:
         case AvanceEnlace::lecturas:
-            if (!s.asentado) break;
+            if (!s.asentado)
+                return {"Conectado con " + donde + "…",
+                        "Se espera a que hable de " + s.consulta.familia->textoPort(s.consulta.port) + "."};
             return {"El concentrador contesta, pero no envía pesos",
                     "La conexión está abierta. Mire si el concentrador tiene indicadores y los oye."};
         default:
@@ -134,6 +136,9 @@ DiagnosticoPort delPort(const Sintomas& s, const std::string& equipo) {
             "El port " + port + " lo tiene otro programa",
             "Mientras lo tenga, a este visor no le llega nada. Cierre el otro programa, o ponga otro port aquí y en "
             "el indicador."};
+    if (s.enlace == AvanceEnlace::portNegado)
+        return {"El port " + port + " no está disponible",
+                "Windows no lo da: puede tenerlo reservado. Ponga otro port aquí y en el indicador."};
     if (!s.asentado) return {"Escuchando en el port " + port + "…", {}};
     return {"Nada recibido en el port " + port,
             "Compruebe que el indicador está encendido y en la misma red, que envía por UDP a este equipo (" + equipo +
@@ -173,7 +178,7 @@ std::string hacerVisible(std::string_view bytes, std::size_t caracteres) {
 DiagnosticoPort diagnosticar(const Sintomas& s, const std::string& equipo) {
     if (const auto sinMirar = deLaConsulta(s.consulta)) return *sinMirar;
     if (s.recibiendo) return deLoRecibido(s);
-    if (s.sinPeso || !s.otras.empty()) return deOtras(s);
+    if (s.sinPeso || (s.asentado && !s.otras.empty())) return deOtras(s);
     if (!s.muestra.empty()) return deLoExtrano(s);
     return s.consulta.familia->compartida ? deLaConexion(s) : delPort(s, equipo);
 }

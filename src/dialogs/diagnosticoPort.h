@@ -25,9 +25,10 @@ struct ConsultaPort {
 // How far its link has come; of a connection, at its best try of the last two.
 enum class AvanceEnlace {
     espera,
-    sinPort,  // somebody else has it
-    oyendo,   // the port is ours
-    inutil,   // a host or port that no attempt can be made with
+    sinPort,     // somebody else has it
+    portNegado,  // nobody may have it
+    oyendo,      // the port is ours
+    inutil,      // a host or port that no attempt can be made with
     conectando,
     sinRespuesta,
     noEncontrado,

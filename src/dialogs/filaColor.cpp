@@ -1,10 +1,29 @@
 #include "dialogs/filaColor.h"
 
 #include <utility>
+#include <vector>
 
+#include "config/texto.h"
 #include "display/disenoVisor.h"
+#include "message/ajustesMensaje.h"
 
 namespace sorvanel {
+
+namespace {
+
+// All that are in use, of the grid, the window and the message too.
+std::vector<Color> aMano(const comun& com) {
+    const AccesorINI ini = com.consultar("RETICULA");
+    const AjustesMensaje mensaje = leerMensaje(com);
+    std::vector<Color> otros{com.valColor(ini, "colorFondo", "808080"), com.valColor(ini, "colorReticula", "000000"),
+                             mensaje.colorFondo, mensaje.colorTexto};
+    const std::string ventana = com.valDflt(ini, "colorAplicacion", "FFFFFF");
+    const bool transparente = minusculas(ventana).starts_with("tran");
+    if (!transparente) otros.push_back(colorPintable(comun::rgb2Long(ventana)));
+    return coloresEnUso(com, DialogosSistema::COLORES_A_MANO, otros);
+}
+
+}  // namespace
 
 FilaColor::FilaColor(TallerDialogo& taller, DialogosSistema& sistema, const comun& com, Datos datos)
     : m_taller(taller), m_sistema(sistema), m_com(com), m_datos(std::move(datos)) {
@@ -27,8 +46,7 @@ void FilaColor::mostrar(bool visible) {
 }
 
 void FilaColor::elegir() {
-    const auto elegido =
-        m_sistema.elegirColor(colorPintable(m_datos.actual()), coloresEnUso(m_com, DialogosSistema::COLORES_A_MANO));
+    const auto elegido = m_sistema.elegirColor(colorPintable(m_datos.actual()), aMano(m_com));
     if (!elegido) return;
     color(*elegido);
     m_datos.alElegir(*elegido);

@@ -180,6 +180,9 @@ void FilaVisor::vigilarPort() {
     const bool imposible = !familia().compartida && port && *port > PORT_UDP_MAXIMO;
     if (std::exchange(m_portImposible, imposible) == imposible) return;
     m_txPort->sugerencia(imposible ? PORT_IMPOSIBLE : m_ayudaPort);
+    // Not by a colour alone: some eyes, and some schemes of the system, do not tell them apart.
+    m_lbVis->texto((imposible ? "! " : "#") + std::to_string(m_numero));
+    m_lbVis->sugerencia(imposible ? PORT_IMPOSIBLE : "");
     elegida(m_elegida);
 }
 

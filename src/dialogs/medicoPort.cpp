@@ -108,6 +108,7 @@ bool MedicoPort::tomar(std::string_view trama) {
     ++m_tomadas;
     m_ultimaTomada = m_reloj.ahora();
     m_muestra.clear();
+    std::erase_if(m_remitentes, [&](const auto& r) { return !fresco(r.second); });
     if (m_remitentes.size() < REMITENTES_MAXIMOS || m_remitentes.contains(m_remitente))
         m_remitentes[m_remitente] = m_ultimaTomada;
     return true;
@@ -156,7 +157,7 @@ void MedicoPort::alSuceder(SucesoZocalo suceso, MotivoFallo motivo) {
             m_avance = AvanceEnlace::oyendo;
             break;
         case SucesoZocalo::sinPort:
-            m_avance = AvanceEnlace::sinPort;
+            m_avance = motivo == MotivoFallo::ocupado ? AvanceEnlace::sinPort : AvanceEnlace::portNegado;
             break;
         case SucesoZocalo::inutil:
             m_avance = AvanceEnlace::inutil;
@@ -170,6 +171,8 @@ void MedicoPort::alSuceder(SucesoZocalo suceso, MotivoFallo motivo) {
             break;
         case SucesoZocalo::enviado:
             m_avance = AvanceEnlace::saludado;
+            // A session without a reading is opened anew again and again: that is one silence.
+            if (m_antes < AvanceEnlace::saludado) m_inicio = m_reloj.ahora();
             m_muestra.clear();
             break;
         case SucesoZocalo::fallado:

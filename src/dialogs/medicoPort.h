@@ -63,7 +63,7 @@ private:
     FabricaObservada m_fabrica;
     ConsultaPort m_consulta;
     std::int64_t m_turno = 0;   // when the link may be opened, or tried again
-    std::int64_t m_inicio = 0;  // it was opened, or is about another display since then
+    std::int64_t m_inicio = 0;  // it was opened or first greeted, or is about another display since then
     AvanceEnlace m_avance = AvanceEnlace::espera;
     AvanceEnlace m_antes = AvanceEnlace::espera;  // how far the last attempt came
     bool m_abierto = false;

@@ -86,16 +86,17 @@ void Ubicador::soltar(const Presa& presa, Ubicacion celda) {
     const std::int16_t otro = ocupante(celda);
     if (otro == 0) return situar(presa.visor, celda);
     if (!m_mesa.visores().intercambiar(presa.visor, otro)) return;
-    m_datos.alUbicar(otro);
-    m_datos.alUbicar(presa.visor);
+    m_datos.alUbicar({otro, presa.visor});
 }
 
 void Ubicador::situar(std::int16_t n, Ubicacion celda) {
     visor* const v = m_mesa.visores().uno(n);
-    if (v != nullptr && v->ubicacion(celda)) m_datos.alUbicar(n);
+    if (v != nullptr && v->ubicacion(celda)) m_datos.alUbicar({n});
 }
 
+// Nothing where the bar covers it.
 std::optional<Ubicacion> Ubicador::celdaEn(Punto donde) const {
+    if (donde.y >= m_mesa.altoSobreBarra()) return std::nullopt;
     const Parrilla& parrilla = m_mesa.parrilla();
     for (std::int16_t f = 1; f <= parrilla.filas(); ++f) {
         for (std::int16_t c = 1; c <= parrilla.columnas(); ++c) {

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "dialogs/marcaUbicacion.h"
 #include "dialogs/mesaConfiguracion.h"
@@ -23,8 +24,8 @@ public:
         std::function<std::int16_t()> elegido;
         // Selects it, and gives the keyboard to its row.
         std::function<void(std::int16_t)> elegir;
-        // It has another place now.
-        std::function<void(std::int16_t)> alUbicar;
+        // They have another place now.
+        std::function<void(const std::vector<std::int16_t>&)> alUbicar;
     };
 
     Ubicador(MesaConfiguracion& mesa, Datos datos) : m_mesa(mesa), m_datos(std::move(datos)) {}

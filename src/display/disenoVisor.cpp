@@ -57,16 +57,18 @@ void diseñoVisor::guardar() const {
     ini.escribir(ENCIMA, textoSiNo(m_etiquetaEncima));
 }
 
-std::vector<Color> coloresEnUso(const comun& com, std::size_t cuantos) {
+std::vector<Color> coloresEnUso(const comun& com, std::size_t cuantos, std::span<const Color> otros) {
     std::vector<Color> colores;
+    const auto uno = [&](Color color) {
+        if (std::find(colores.begin(), colores.end(), color) == colores.end()) colores.push_back(color);
+    };
     const auto anadir = [&](const ValoresRasgos& valores) {
         for (const FilaRasgo& fila : RASGOS) {
-            if (fila.clase != ClaseRasgo::color || vacio(valores[fila.rasgo])) continue;
-            const Color color = como<Color>(valores[fila.rasgo]);
-            if (std::find(colores.begin(), colores.end(), color) == colores.end()) colores.push_back(color);
+            if (fila.clase == ClaseRasgo::color && !vacio(valores[fila.rasgo])) uno(como<Color>(valores[fila.rasgo]));
         }
     };
     anadir(diseñoVisor(com).valores());
+    std::for_each(otros.begin(), otros.end(), uno);
     AccesorINI ini = com.consultar();
     for (int n = 1; n <= MAXIMO_VISORES && colores.size() < cuantos; ++n) {
         ini.seccion(seccionVisor(n));

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -52,8 +53,8 @@ private:
     bool m_etiquetaEncima = false;
 };
 
-// The distinct colours of the shared design, then of the displays that the settings have, in their order: no more than
-// so many.
-std::vector<Color> coloresEnUso(const comun& com, std::size_t cuantos);
+// The distinct colours of the shared design, then those others, then of the displays that the settings have, in their
+// order: no more than so many.
+std::vector<Color> coloresEnUso(const comun& com, std::size_t cuantos, std::span<const Color> otros = {});
 
 }  // namespace sorvanel

@@ -24,15 +24,23 @@ std::string hora(const Silencio& silencio) {
 }  // namespace
 
 std::vector<std::string> textosSilencio(const Familia& familia, std::int32_t port, const Silencio& silencio) {
-    const std::string suyo = port == 0 ? "0" : familia.textoPort(port), cuando = hora(silencio);
+    // Nothing can reach it, whatever the link says.
+    if (port == 0) return {familia.compartida ? "Sin dirección" : "Sin port"};
+    const std::string suyo = familia.textoPort(port), cuando = hora(silencio);
     const auto desde = [&](const std::string& motivo, const std::string& breve) {
         return std::vector{motivo + PUNTO + "desde " + cuando, motivo, breve};
     };
     switch (silencio.motivo) {
         // It has never worked: since when says nothing.
         case MotivoSilencio::sinArrancar:
+        case MotivoSilencio::portEnUso:
             if (familia.compartida) return {"Host o port del concentrador no válidos", "Sin concentrador"};
             if (port > PORT_MAXIMO) return {"Port " + suyo + " no válido", "Port no válido"};
+            if (silencio.motivo == MotivoSilencio::sinArrancar)
+                return {"Port " + suyo + " no disponible", suyo + " no disponible"};
+            if (silencio.gemelo != 0)
+                return {"El visor #" + std::to_string(silencio.gemelo) + " tiene el mismo port " + suyo,
+                        "Port " + suyo + " repetido"};
             return {"Port " + suyo + " en uso por otro programa", "Port " + suyo + " en uso"};
         case MotivoSilencio::sinRespuesta:
             return desde("El concentrador no responde", "Sin concentrador");

@@ -24,6 +24,7 @@ struct Silencio {
     // What was said last; nothing yet.
     std::vector<std::string> textos{};
     MotivoSilencio motivo = MotivoSilencio::callado;
+    std::int16_t gemelo = 0;  // of a port in use: another display that is to be seen, and has the same; 0: none
     bool conDia = false;
 
     bool dicho() const { return !textos.empty(); }

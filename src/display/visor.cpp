@@ -153,21 +153,40 @@ void visor::explicar() {
     const std::int64_t ahora = m_reloj.ahora();
     if (!m_silencio) {
         const std::int64_t inicio = m_sinEnlace ? ahora : enlace().ultimaAceptada(*this);
-        m_silencio.emplace(Silencio{.inicio = inicio, .desde = m_reloj.horaLocal()});
+        m_silencio.emplace(Silencio{.inicio = inicio, .desde = m_reloj.horaLocal(ahora - inicio)});
     }
     const std::int64_t dura = ahora - m_silencio->inicio;
     if (m_muestra != Muestra::sinDatos || (dura < Silencio::PLAZO && !m_sinEnlace)) return;
     if (m_silencio->dicho() && ahora - m_silencio->mirado < Silencio::ENTRE_MIRADAS) return;
     m_silencio->mirado = ahora;
-    const MotivoSilencio motivo = m_sinEnlace ? MotivoSilencio::sinArrancar : enlace().motivo(*this);
+    const MotivoSilencio motivo = motivoSilencio();
     const bool conDia = dura >= Silencio::UN_DIA;
     if (m_silencio->dicho() && motivo == m_silencio->motivo && conDia == m_silencio->conDia) return;
     m_silencio->motivo = motivo;
+    m_silencio->gemelo = motivo == MotivoSilencio::portEnUso ? gemelo() : std::int16_t{0};
     m_silencio->conDia = conDia;
     m_silencio->textos = textosSilencio(familia(), port(), *m_silencio);
     m_muestra = Muestra::incierta;
     pintarPeso(Muestra::sinDatos);
     m_muestra = Muestra::sinDatos;
+}
+
+MotivoSilencio visor::motivoSilencio() {
+    if (!m_sinEnlace) return enlace().motivo(*this);
+    return m_propio.portEnUso() ? MotivoSilencio::portEnUso : MotivoSilencio::sinArrancar;
+}
+
+std::int16_t visor::gemelo() const {
+    AccesorINI ini = m_com.consultar();
+    for (std::int16_t n = 1; n <= MAXIMO_VISORES; ++n) {
+        ini.seccion(seccionVisor(n));
+        if (ini.leer("Port").empty()) break;
+        if (n == m_numero) continue;
+        const RegistroVisor otro = leerRegistroVisor(m_com, ini);
+        const bool seVe = otro.fila != 0 && otro.columna != 0;
+        if (seVe && !otro.familia->compartida && otro.port == port()) return n;
+    }
+    return 0;
 }
 
 void visor::pintarPeso(Muestra que) {

@@ -123,6 +123,9 @@ private:
     void mostrar(Muestra que);
     void mostrarSinPeso();
     void explicar();
+    MotivoSilencio motivoSilencio();
+    // Another display that is to be seen, and has the same port of its own; 0: none.
+    std::int16_t gemelo() const;
     void pintarPeso(Muestra que);
     void trasCambioDeAspecto(bool encaja);
     void guardar() const;

@@ -1,5 +1,6 @@
 // The writes of a display's properties: each is checked, stored, saved and shown at once.
 
+#include <exception>
 #include <utility>
 
 #include "display/ctrlVis.h"
@@ -112,8 +113,13 @@ bool visor::intercambiarUbicacion(visor& otro) {
     } catch (...) {
         // The file follows the store only when all this is over: it has never seen both on one cell.
         intercambiar();
-        guardar();
-        otro.guardar();
+        for (const visor* const uno : {this, &otro}) {
+            try {
+                uno->guardar();
+            } catch (const std::exception&) {
+                // The other one is written back all the same; what failed first is told.
+            }
+        }
         throw;
     }
     return true;

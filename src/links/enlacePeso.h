@@ -27,6 +27,7 @@ public:
 enum class MotivoSilencio : std::uint8_t {
     callado,       // its indicator says none, or nothing
     sinArrancar,   // its link could not be started
+    portEnUso,     // the same, for somebody has its port
     sinRespuesta,  // the other end of the shared link does not answer, or tells nothing
     noOido         // it does, but nothing of that address
 };

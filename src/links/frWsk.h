@@ -31,6 +31,8 @@ public:
     void Cerrar(SuscriptorPeso&) override { Cerrar(); }
     std::int64_t ultimaAceptada(const SuscriptorPeso&) const override { return m_ultimaAceptada; }
     void Cerrar();
+    // The last enMarcha was refused because somebody has the port.
+    bool portEnUso() const { return m_wsk->motivo() == MotivoFallo::ocupado; }
 
 private:
     void alLlegarDatos() override;

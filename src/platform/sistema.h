@@ -24,7 +24,8 @@ public:
     virtual ~Reloj() = default;
     // Time that only goes forward, milliseconds since some moment.
     virtual std::int64_t ahora() const = 0;
-    virtual HoraLocal horaLocal() const = 0;
+    // As it was so many milliseconds ago.
+    virtual HoraLocal horaLocal(std::int64_t hace) const = 0;
 };
 
 struct PuntoPixel {

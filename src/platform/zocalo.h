@@ -9,8 +9,9 @@ namespace sorvanel {
 
 enum class ProtocoloZocalo { TCP = 0, UDP = 1 };
 
-// Why a connection did not come about: nothing there has answered, the name has no address, or it was refused.
-enum class MotivoFallo { sinRespuesta, noEncontrado, rechazado };
+// Why a connection did not come about: nothing there has answered, the name has no address, or it was refused. Of a
+// binding: somebody has the port; whatever else is sinRespuesta.
+enum class MotivoFallo { sinRespuesta, noEncontrado, rechazado, ocupado };
 
 // Told on the one thread; never from within a call to the socket itself. Nothing is told of a
 // connection or a binding that has been closed since.
@@ -45,7 +46,7 @@ public:
     virtual std::size_t leer(std::string& destino) = 0;
     // The same, and from whom a datagram came, as "192.168.1.40"; empty for a connection. It costs more than leer().
     virtual std::size_t leerDe(std::string& destino, std::string& remitente) = 0;
-    // Of the attempt that alFallar told last.
+    // Of the attempt that alFallar told last, or of the last enlazar, if that came later.
     virtual MotivoFallo motivo() const = 0;
 };
 

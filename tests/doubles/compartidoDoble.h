@@ -19,7 +19,7 @@ public:
         if (arranca) enMarchas.push_back(&v);
         return arranca;
     }
-    std::int64_t ultima = 0;
+    std::int64_t ultima = 1'000'000;  // when the clock begins
     std::int64_t ultimaAceptada(const SuscriptorPeso&) const override { return ultima; }
     MotivoSilencio motivo(const SuscriptorPeso&) const override { return porque; }
     void Cerrar(SuscriptorPeso& v) override { std::erase(enMarchas, &v); }

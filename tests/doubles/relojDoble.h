@@ -20,7 +20,9 @@ public:
 
     std::int64_t ahora() const override { return m_ahora; }
     HoraLocal local{22, 11, 10, 42};  // stands still
-    HoraLocal horaLocal() const override { return local; }
+    HoraLocal horaLocal(std::int64_t hace) const override {
+        return {local.dia, local.mes, local.hora, local.minuto - static_cast<int>(hace / 60'000)};
+    }
     // Moves the clock and runs each tick that falls due, in the order of their times (of two at the same
     // moment, the older timer first); during a tick the clock stands at its time.
     void avanzar(std::int64_t milisegundos);

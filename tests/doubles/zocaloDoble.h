@@ -21,6 +21,7 @@ class ZocaloDoble;
 struct RedDoble {
     std::vector<ZocaloDoble*> zocalos;  // alive, in the order they were made
     std::set<std::int32_t> ocupados;    // ports that another program holds
+    std::set<std::int32_t> vedados;     // and those that the system gives to nobody
 };
 
 // A socket played by the test: it records what is asked of it and tells what the test says.
@@ -43,7 +44,8 @@ public:
     void protocolo(ProtocoloZocalo protocolo) override { m_protocolo = protocolo; }
     bool enlazar(std::int32_t puerto) override {
         cerrar();
-        if (puerto < 0 || puerto > 65535 || tomado(puerto)) return false;
+        porque = tomado(puerto) ? MotivoFallo::ocupado : MotivoFallo::sinRespuesta;
+        if (puerto < 0 || puerto > 65535 || tomado(puerto) || m_red->vedados.contains(puerto)) return false;
         m_puerto = puerto == 0 ? 49152 : puerto;
         return true;
     }

@@ -168,6 +168,14 @@ TEST(base, seDiceEnQueEstadoEstaYQueHacer) {
     pasos(nuevo, {{Id::botVisores, configurando, Id::picRep, false}, {Id::botOk, "En pausa", Id::picRep, false}});
 }
 
+TEST(base, enUnaBarraEstrechaLoDiceMasBreve) {
+    FormularioDoble estrecho;
+    BarraBotones barra(estrecho);
+    barra.disponer(aTwips(560), aTwips(480));
+    barra.avisar(Aviso::cancelado);
+    EXPECT_NE(estrecho.superficie(Id::lbEstado)->lineas().back().find("\"Cancelado: acepte\""), std::string::npos);
+}
+
 TEST(base, laAyudaVaALoQueEstaAbierto) {
     Banco t(DOS_VISORES);
     const std::pair<Id, const char*> pasos[] = {

@@ -96,11 +96,13 @@ TEST_F(CfgMensaje, laFuentePasaEnteraPorSuEleccion) {
 TEST_F(CfgMensaje, loQueTapaLaFranjaSeDiceYSeAjusta) {
     const struct {
         const char *reticula, *texto;
-        bool ajustable;
+        bool ajustable, cabe = true;
     } casos[] = {
         {"FilasColumnas=4x1", "El mensaje tapa la última fila", true},
         {"FilasColumnas=8x1\r\nPosicion=0;0,1\r\nDimensiones=1;0,9", "El mensaje tapa las 2 últimas filas", true},
         {"FilasColumnas=1x1\r\nPosicion=0;0,9\r\nDimensiones=1;0,05", "El mensaje tapa toda la parrilla", false},
+        {"FilasColumnas=8x1\r\nPosicion=0;0,7\r\nDimensiones=1;0,3", "El mensaje tapa las 5 últimas filas", true,
+         false},
         {"FilasColumnas=4x1\r\nDimensiones=1;0,5", "", false}};
     for (const auto& c : casos) {
         SCOPED_TRACE(c.reticula);
@@ -116,7 +118,10 @@ TEST_F(CfgMensaje, loQueTapaLaFranjaSeDiceYSeAjusta) {
         if (!c.ajustable) continue;
         const float alto = visor.lugar().alto;
         EXPECT_TRUE(v().boton(Id::botAjustar)->pulsarConTeclado());
-        EXPECT_LT(visor.lugar().alto, alto);
+        EXPECT_EQ(visor.visible(), c.cabe);
+        EXPECT_EQ(visor.lugar().alto < alto, c.cabe);
+        e.cola.ejecutar();
+        EXPECT_EQ(std::exchange(e.avisos.textos, {}).size(), c.cabe ? 0U : 1U);
         EXPECT_FALSE(tapa.visible() || v().boton(Id::botAjustar)->seVe);
         const Parrilla otra(e.com, e.pantalla());
         EXPECT_NEAR(otra.Top() + otra.Height(), formulario.superficie(Id::picMsg)->lugar().y, 1) << "saved";

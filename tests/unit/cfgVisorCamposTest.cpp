@@ -134,6 +134,7 @@ TEST_F(CamposVisor, loQueNoSirveSeVeYLaSugerenciaLoDice) {
     const auto esperar = [&](bool marcado) {
         EXPECT_EQ(port.textoSugerencia.find("65535") != std::string::npos, marcado);
         EXPECT_EQ(port.textoSugerencia == ayuda, !marcado);
+        EXPECT_EQ(v().rotulo(Id::lbVis, 1)->texto(), marcado ? "! 1" : "#1") << "not by a colour alone";
         EXPECT_EQ(port.fondo == otro || port.fondo == caja(Id::txEtq, 1).fondo, !marcado);
     };
     for (const auto& [texto, marcado] : {std::pair("65535", false), {"65536", true}, {"", false}, {"99999", true}}) {

@@ -74,8 +74,11 @@ TEST_F(MedicoPort, diceLoQueLlegaAlPort) {
     oido(3002)->quien = "192.168.1.41";
     llegar(3002, {TRAMA}, 10);
     EXPECT_THAT(linea(), StartsWith("Recibiendo de 192.168.1.40 y 192.168.1.41"));
-    for (int i = 0; i < 5; ++i, e.reloj.avanzar(2000)) oido(3002)->llegar(TRAMA);
-    EXPECT_EQ(linea(), "Recibiendo de 192.168.1.41, menos de una por segundo");
+    for (const char* quien : {"192.168.1.42", "192.168.1.43", "192.168.1.44"}) {
+        oido(3002)->quien = quien;
+        for (int i = 0; i < 3; ++i, e.reloj.avanzar(2000)) oido(3002)->llegar(TRAMA);
+        EXPECT_EQ(linea(), std::string("Recibiendo de ") + quien + ", menos de una por segundo");
+    }
     e.reloj.avanzar(3000);
     EXPECT_EQ(linea(), "Nada recibido en el port 3002");
 }
@@ -96,6 +99,10 @@ TEST_F(MedicoPort, sueltaEnseguidaYDiceLoQueNoPuedeSer) {
     elegir(2);
     EXPECT_EQ(linea(), "El port 3009 lo tiene otro programa");
     e.fabrica.red().ocupados.clear();
+    e.fabrica.red().vedados = {3009};
+    e.reloj.avanzar(1500);
+    EXPECT_EQ(linea(), "El port 3009 no está disponible");
+    e.fabrica.red().vedados.clear();
     e.reloj.avanzar(1500);
     EXPECT_NE(oido(3009), nullptr) << "as soon as it can be had";
     v().boton(Id::imPtc, 2)->pulsar();
@@ -152,17 +159,23 @@ TEST_F(MedicoPort, diceLoQueHablaElConcentradorYNoLeContestaMasQueElEnlace) {
     conexion()->llegar("LIN>");
     conexion()->llegar("XXX>");
     e.reloj.avanzar(500);
+    EXPECT_EQ(linea(), "Conectado con equipo:9084…") << "heard for too short a time";
+    e.reloj.avanzar(1600);
     EXPECT_EQ(linea(), "El concentrador contesta, pero no envía pesos");
     ZocaloDoble* const z = conexion();
+    z->conectado();
+    for (const char* aviso : {"LIN>", "XXX>"}) z->llegar(aviso);
     for (const char* otra : {"12/01", "12/02", "12/05", "12/06"}) z->llegar(otra + LECTURA.substr(5));
     e.reloj.avanzar(300);
     EXPECT_EQ(linea(), "El concentrador contesta, pero no habla de 12/3 (sí de 12/1, 12/2, 12/5 y 1 más)");
     for (int i = 0; i < 40; ++i, e.reloj.avanzar(100)) z->llegar(LECTURA);
     EXPECT_EQ(linea(), "Recibiendo de equipo, 10 por segundo");
     elegir(2);
+    EXPECT_EQ(linea(), "Conectado con equipo:9084…");
+    for (int i = 0; i < 15; ++i, e.reloj.avanzar(100)) z->llegar(LECTURA);
     EXPECT_THAT(linea(), StartsWith("El concentrador contesta, pero no habla de 12/4 (sí de 12/1")) << "no new session";
     EXPECT_EQ(conexion(), z);
-    EXPECT_EQ(z->enviado, "REP\r");
+    EXPECT_EQ(z->enviado, "REP\rREP\r");
     // A host is typed letter by letter: nobody is called meanwhile.
     const std::size_t llamadas = z->conexiones.size();
     caja(Id::txPavHost).reescribir("e");

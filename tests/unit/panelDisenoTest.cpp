@@ -236,14 +236,16 @@ TEST_F(PanelDiseno, elDisenoSeCopiaDeUnVisorAOtro) {
     EXPECT_EQ(clave(3, "anchoEtiqueta") + clave(3, "ratioAlturas"), "10,45");
 }
 
-// At hand in the choice of a colour: those of the shared design and of the displays, each once.
+// At hand in the choice of a colour: those of the shared design, of all else and of the displays, each once.
 TEST_F(PanelDiseno, aManoEstanLosColoresEnUso) {
     abrirCon(2, todosPropios());
+    e.com.abrir("RETICULA").escribir("colorReticula", "010203");
+    e.com.abrir("MENSAJE").escribir("Color", "040506,FFFFFF");
     abrirPanel(1);
     v().boton(Id::botColTxPe)->pulsar();
     std::string colores;
     for (const Color color : fabrica.eleccion.aMano) colores += comun::Long2RGB(color) + ' ';
-    EXPECT_EQ(colores, "FF0000 FFFFFF 000000 00FF00 0000FF ABCDEF 123456 ");
+    EXPECT_EQ(colores, "FF0000 FFFFFF 000000 808080 010203 040506 00FF00 0000FF ABCDEF 123456 ");
     EXPECT_EQ(coloresEnUso(e.com, 3).size(), 3U);
 }
 

@@ -92,7 +92,12 @@ TEST_F(Ubicador, unCampoInvalidoElEscapeOUnDesliceNoMuevenNada) {
     // Escape ends the drag, and no more than that; so does what would close the tool or take the display away.
     const std::function<void()> ENTRETANTO[] = {[&] { caja(Id::txPort, 1).pulsar(Tecla::escape); },
                                                 [&] { v().pedirCierre(); },
-                                                [&] { v().boton(Id::botElim)->pulsarDesdeFuera(); }};
+                                                [&] { v().boton(Id::botElim)->pulsarDesdeFuera(); },
+                                                [&] {
+                                                    Monitor otro = mesa.pantalla().monitor();
+                                                    otro.twipsPorPixelX = otro.twipsPorPixelY = 12;
+                                                    dialogo.seguirMonitor(otro);
+                                                }};
     for (const auto& entretanto : ENTRETANTO) {
         pulsar(1);
         dialogo.alUsarRaton(llevar, en(3));
@@ -115,6 +120,19 @@ TEST_F(Ubicador, unCampoInvalidoElEscapeOUnDesliceNoMuevenNada) {
     ASSERT_EQ(pagina(), "3 a 10");
     clic(1);
     EXPECT_EQ(pagina(), "1 a 8");
+}
+
+// Under the bar there is nothing to point at; and a cell too small for its display takes it away, which is said.
+TEST_F(Ubicador, loQueNoSeVeNoSePulsaYLoQueNoCabeSeDice) {
+    abrirCon(4, "anchoEtiqueta=100\r\n");
+    caja(Id::txPort, 4).irA();
+    Parrilla& parrilla = mesa.parrilla();
+    parrilla.Height(mesa.pantalla().Height() - parrilla.Top());
+    EXPECT_FALSE(dialogo.alUsarRaton(GestoRaton::pulsar, {en(4).x, mesa.altoSobreBarra() + 15}));
+    parrilla.Height(aTwips(40));
+    arrastrar(2, 4);
+    EXPECT_EQ(plazas(4), "1 4 3 -");
+    EXPECT_EQ(avisos(), "Visor #2: La celda no permite la ubicación");
 }
 
 // The cells say which they are as long as the tool is open, in a colour that is seen.

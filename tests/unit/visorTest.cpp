@@ -314,22 +314,33 @@ TEST(visor, trasDiezSegundosDicePorQueNoHayDatos) {
     b.v->Run(false);
     b.v->Run(true);
     esperar(9, "Tolva: sin datos");
+    b.v->Run(false);
+    b.v->Run(true);
+    b.e.reloj.local = {22, 11, 10, 42};
+    b.e.reloj.saltar(180'000);
+    esperar(1, "Tolva: sin datos. Sin datos desde 10:39 · UDP 3001");
 }
 
 TEST(visor, elMotivoDelSilencioSigueAlEnlace) {
     using enum MotivoSilencio;
+    const std::string placas = "Protocolo=Pavona\r\n[VISOR_3]\r\nPort=3001\r\nUbicacion=1,1\r\n";
     const std::tuple<std::string, MotivoSilencio, const char*> casos[] = {
         {PAVONA, callado, "Sin datos desde 10:42 · 12/3"},
         {PAVONA, sinRespuesta, "El concentrador no responde · desde 10:42"},
         {PAVONA, noOido, "Dirección 12/3 no oída · desde 10:42"},
         {PAVONA, sinArrancar, "Host o port del concentrador no válidos"},
         {TESSEL, sinArrancar, "Port 3001 en uso por otro programa"},
+        {TESSEL + "[VISOR_2]\r\nPort=3001\r\n" + placas, sinArrancar, "El visor #3 tiene el mismo port 3001"},
+        {"[VISOR_1]\r\nPort=3002\r\nUbicacion=1,1\r\n", sinArrancar, "Port 3002 no disponible"},
+        {"[VISOR_1]\r\nPort=0\r\nUbicacion=1,1\r\n", callado, "Sin port"},
+        {"[VISOR_1]\r\nPort=0\r\nProtocolo=Pavona\r\nUbicacion=1,1\r\n", noOido, "Sin dirección"},
         {"[VISOR_1]\r\nPort=70000\r\nUbicacion=1,1\r\n", sinArrancar, "Port 70000 no válido"}};
     for (const auto& [ini, motivo, texto] : casos) {
         Banco b(ini);
         b.compartido.arranca = motivo != sinArrancar;
         b.compartido.porque = motivo;
         b.e.fabrica.red().ocupados = {3001};
+        b.e.fabrica.red().vedados = {3002};
         b.arrancar();
         for (int s = 0; s <= 10 && b.v->Run(); ++s) {
             b.v->mmTCP_refrescoPeso(0, 0, "");

@@ -10,10 +10,20 @@ RelojWin::RelojWin() {
     m_inicio = valor.QuadPart;
 }
 
-HoraLocal RelojWin::horaLocal() const {
-    SYSTEMTIME ahora;
-    GetLocalTime(&ahora);
-    return {ahora.wDay, ahora.wMonth, ahora.wHour, ahora.wMinute};
+HoraLocal RelojWin::horaLocal(std::int64_t hace) const {
+    constexpr std::int64_t POR_MILISEGUNDO = 10'000;
+    FILETIME momento;
+    GetSystemTimeAsFileTime(&momento);
+    ULARGE_INTEGER partes;
+    partes.LowPart = momento.dwLowDateTime;
+    partes.HighPart = momento.dwHighDateTime;
+    partes.QuadPart -= static_cast<ULONGLONG>(hace * POR_MILISEGUNDO);
+    momento = {partes.LowPart, partes.HighPart};
+    SYSTEMTIME universal{}, local{};
+    if (!FileTimeToSystemTime(&momento, &universal) || !SystemTimeToTzSpecificLocalTime(nullptr, &universal, &local)) {
+        GetLocalTime(&local);
+    }
+    return {local.wDay, local.wMonth, local.wHour, local.wMinute};
 }
 
 std::int64_t RelojWin::microsegundos() const {

@@ -18,7 +18,7 @@ public:
     RelojWin();
 
     std::int64_t ahora() const override { return microsegundos() / 1000; }
-    HoraLocal horaLocal() const override;
+    HoraLocal horaLocal(std::int64_t hace) const override;
     std::int64_t microsegundos() const;
 
 private:

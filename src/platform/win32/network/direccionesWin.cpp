@@ -5,6 +5,7 @@
 #include <cstring>
 #include <memory>
 #include <span>
+#include <string_view>
 #include <utility>
 
 #include "platform/win32/base/manejadoresNucleo.h"
@@ -62,6 +63,8 @@ std::string textoDireccion(const sockaddr_in& direccion) {
 }
 
 std::vector<std::string> direccionesPropias() {
+    // A card that nobody gave an address to takes one of these: no indicator sends there while there is a real one.
+    constexpr std::string_view SIN_ASIGNAR = "169.254.";
     const SocketWin socket(::socket(AF_INET, SOCK_DGRAM, IPPROTO_UDP));
     std::array<INTERFACE_INFO, 64> tarjetas{};
     DWORD bytes = 0;
@@ -69,15 +72,15 @@ std::vector<std::string> direccionesPropias() {
                             nullptr, nullptr) != 0) {
         return {};
     }
-    std::vector<std::string> direcciones;
+    std::vector<std::string> direcciones, provisionales;
     for (const INTERFACE_INFO& una : std::span(tarjetas).first(bytes / sizeof(INTERFACE_INFO))) {
         const bool sirve = (una.iiFlags & IFF_UP) != 0 && (una.iiFlags & IFF_LOOPBACK) == 0;
         if (!sirve || una.iiAddress.AddressIn.sin_addr.s_addr == 0) continue;
         std::string texto = textoDireccion(una.iiAddress.AddressIn);
-        if (std::find(direcciones.begin(), direcciones.end(), texto) == direcciones.end())
-            direcciones.push_back(std::move(texto));
+        auto& suyas = texto.starts_with(SIN_ASIGNAR) ? provisionales : direcciones;
+        if (std::find(suyas.begin(), suyas.end(), texto) == suyas.end()) suyas.push_back(std::move(texto));
     }
-    return direcciones;
+    return direcciones.empty() ? provisionales : direcciones;
 }
 
 }  // namespace sorvanel

@@ -77,6 +77,7 @@ bool ZocaloWin::abrir(int familia, long sucesos) {
 
 bool ZocaloWin::enlazar(std::int32_t puerto) {
     cerrar();
+    m_motivo = MotivoFallo::sinRespuesta;
     if (!esPuerto(puerto, 0)) return false;
     m_numero = m_ventana.reservar(*this);
     if (m_numero == 0 || !abrir(AF_INET, FD_READ)) {
@@ -90,6 +91,7 @@ bool ZocaloWin::enlazar(std::int32_t puerto) {
     local.sin_addr.s_addr = htonl(INADDR_ANY);
     local.sin_port = htons(static_cast<std::uint16_t>(puerto));
     if (bind(m_socket.get(), reinterpret_cast<const sockaddr*>(&local), sizeof local) != 0) {
+        if (WSAGetLastError() == WSAEADDRINUSE) m_motivo = MotivoFallo::ocupado;
         cerrar();
         return false;
     }

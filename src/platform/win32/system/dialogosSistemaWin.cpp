@@ -15,6 +15,8 @@ namespace sorvanel {
 namespace {
 
 constexpr float PUNTOS_POR_PULGADA = 72;
+// Places that the colours mixed by the operator keep, however many others lie at hand.
+constexpr std::size_t PROPIOS_SEGUROS = 4;
 
 // The em of so many points, as the system's dialog counts it: by the screen's own resolution.
 LONG altoDe(float puntos) {
@@ -62,7 +64,9 @@ std::optional<Color> DialogosSistemaWin::elegirColor(Color inicial, std::span<co
     std::array<COLORREF, COLORES_A_MANO> ofrecidos{};
     ofrecidos.fill(static_cast<COLORREF>(BLANCO));
     std::vector<COLORREF> todos;
-    for (const Color color : aMano) todos.push_back(static_cast<COLORREF>(colorPintable(color)));
+    const std::size_t sitio = ofrecidos.size() - std::min(m_propios.size(), PROPIOS_SEGUROS);
+    for (const Color color : aMano.first(std::min(aMano.size(), sitio)))
+        todos.push_back(static_cast<COLORREF>(colorPintable(color)));
     for (const COLORREF color : m_propios) {
         if (std::find(todos.begin(), todos.end(), color) == todos.end()) todos.push_back(color);
     }
