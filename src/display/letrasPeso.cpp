@@ -20,6 +20,7 @@ void LetrasPeso::encajar(const EncajeVisor& encaje) {
     m_entera.y = encaje.yPeso;
     m_reducidoPara = 0;
     reponer();
+    m_entera.alto = m_peso.medir("0").alto;
 }
 
 void LetrasPeso::reponer() {
@@ -55,6 +56,7 @@ void LetrasPeso::reducir(std::string_view texto, float entero) {
     } while (m_legible && ancho(m_menor, texto) > m_derecha);
     if (m_legible) {
         const MedidaTexto cero = m_peso.medir("0");
+        m_menor.alto = cero.alto;
         m_menor.y = alPixelCercano(m_medio - (cero.tintaSuperior + cero.tintaInferior) / 2);
     }
     m_reducidoPara = entero;

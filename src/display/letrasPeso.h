@@ -14,7 +14,8 @@ class LetrasPeso {
 public:
     struct Letra {
         Fuente fuente;
-        float y = 0;  // top of the line, twips
+        float y = 0;     // top of the line, twips
+        float alto = 0;  // of the line
 
     private:
         friend class LetrasPeso;

@@ -163,7 +163,7 @@ void PinturaVisor::imprimirPeso() {
     const auto [letra, ancho] = m_letras.para(m_texto);
     if (letra == nullptr) return imprimirDesbordado();
     const float x = m_encaje.derecha - ancho;
-    const Rectangulo zona = cambiado(letra->fuente.alto, x);
+    const Rectangulo zona = cambiado(*letra, x);
     if (zona.vacio()) return;
     const bool entero = zona.ancho >= m_encaje.derecha;
     m_escrito.clear();
@@ -179,15 +179,18 @@ void PinturaVisor::imprimirPeso() {
     m_pixel = m_peso.pixel();
 }
 
-Rectangulo PinturaVisor::cambiado(float alto, float x) {
+Rectangulo PinturaVisor::cambiado(const LetrasPeso::Letra& letra, float x) {
     const Rectangulo todo{0, 0, m_encaje.derecha, m_encaje.alto};
     const std::string_view antes = m_escrito, ahora = m_texto;
     const auto suelta = [](char una) { return static_cast<unsigned char>(una) < 0x80; };
     if (!std::all_of(ahora.begin(), ahora.end(), suelta)) return todo;
     // At another scale the surface has dropped its picture.
-    if (antes.empty() || m_pixel != m_peso.pixel() || m_altoEscrito != alto || antes.size() != ahora.size() ||
-        m_letras.ancho(antes) != m_letras.ancho(ahora))
-        return todo;
+    if (antes.empty() || m_pixel != m_peso.pixel() || m_altoEscrito != letra.fuente.alto) return todo;
+    // In the same letters nothing reaches beyond their line, which on a large screen is half of the cell.
+    const float arriba = std::max(letra.y - m_pixel, 0.0F);
+    const float alto = std::min(letra.y + letra.alto + m_pixel, m_encaje.alto) - arriba;
+    if (antes.size() != ahora.size() || m_letras.ancho(antes) != m_letras.ancho(ahora))
+        return {0, arriba, m_encaje.derecha, alto};
     const auto distintas = std::mismatch(antes.begin(), antes.end(), ahora.begin());
     const auto desde = static_cast<std::size_t>(distintas.first - antes.begin());
     if (desde == antes.size()) return {};
@@ -197,7 +200,7 @@ Rectangulo PinturaVisor::cambiado(float alto, float x) {
     const float vuelo = m_encaje.anchoCero * VUELO;
     const float izquierda = std::max(x + m_letras.ancho(ahora.substr(0, desde)) - vuelo, 0.0F);
     const float derecha = std::min(x + m_letras.ancho(ahora.substr(0, hasta)) + vuelo, m_encaje.derecha);
-    return {izquierda, 0, derecha - izquierda, m_encaje.alto};
+    return {izquierda, arriba, derecha - izquierda, alto};
 }
 
 // What nobody could read must not pass for a smaller weight: an arrow says that it goes on to the left.

@@ -49,7 +49,7 @@ private:
     void imprimirDesbordado();
     // Of the text that begins at x, in letters so high, what is not as it stands on the surface; all of the text's area
     // where that is not known.
-    Rectangulo cambiado(float alto, float x);
+    Rectangulo cambiado(const LetrasPeso::Letra& letra, float x);
     void ponerMarcas(const MarcasVisor& marcas);
 
     Superficie& m_etiqueta;

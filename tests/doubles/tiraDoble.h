@@ -20,7 +20,7 @@ public:
     }
     void caja(const Rectangulo& zona, Color color) override {
         SuperficieDoble::caja(zona, color);
-        const bool fondo = zona.y <= 0 && zona.alto >= lugar().alto;
+        const bool fondo = color == colorFondo();
         anotar(zona.x, zona.derecha(), (fondo ? "" : lineas().back()) + "#" + std::to_string(color), fondo);
     }
     void poligono(std::span<const Punto> vertices, Color color) override {

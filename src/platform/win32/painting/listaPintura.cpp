@@ -63,7 +63,8 @@ void ListaPintura::escribir(Paso& paso, const Texto& texto) {
 void ListaPintura::texto(const RECT& zona, const Texto& texto) {
     Paso& nuevo = anadir(Clase::texto, zona, texto.color);
     escribir(nuevo, texto);
-    if (texto.ancho > 0) nuevo.cuerpo = {texto.inicio.x, zona.top, texto.inicio.x + texto.ancho, zona.bottom};
+    const RECT letras{texto.inicio.x, zona.top, texto.inicio.x + texto.ancho, zona.bottom};
+    if (texto.ancho > 0) IntersectRect(&nuevo.cuerpo, &letras, &zona);
 }
 
 bool ListaPintura::cambiarTexto(const RECT& zona, const Texto& texto) {

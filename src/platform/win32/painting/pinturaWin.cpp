@@ -88,7 +88,11 @@ ListaPintura::Texto PinturaWin::linea(float x, float y, std::string_view texto, 
     return {{m_escala.x.aPixel(x), m_escala.y.aPixel(y)}, 0, ancho(texto), m_hecha, aColor(color)};
 }
 
-void PinturaWin::imprimirEn(const RECT& zona, const ListaPintura::Texto& texto) {
+void PinturaWin::imprimirEn(const RECT& donde, const ListaPintura::Texto& texto) {
+    const RECT todo = entero();
+    RECT zona{};
+    // A line may be higher than its surface; what is not seen of it need not be covered later.
+    if (!IntersectRect(&zona, &todo, &donde)) return;
     acotarLista();
     if (m_mapa) {
         ListaPintura::escribir(*m_mapa, zona, texto);

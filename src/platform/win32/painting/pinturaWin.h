@@ -58,7 +58,7 @@ private:
     const std::wstring& ancho(std::string_view texto) const;
     RECT aZona(const Rectangulo& zona) const;
     ListaPintura::Texto linea(float x, float y, std::string_view texto, Color color) const;
-    void imprimirEn(const RECT& zona, const ListaPintura::Texto& texto);
+    void imprimirEn(const RECT& donde, const ListaPintura::Texto& texto);
     void guardarMapa();
     void acotarLista();
     void volcarTrozo(HDC destino, const RECT& trozo) const;
