@@ -64,7 +64,8 @@ void ListaPintura::texto(const RECT& zona, const Texto& texto) {
     Paso& nuevo = anadir(Clase::texto, zona, texto.color);
     escribir(nuevo, texto);
     const RECT letras{texto.inicio.x, zona.top, texto.inicio.x + texto.ancho, zona.bottom};
-    if (texto.ancho > 0) IntersectRect(&nuevo.cuerpo, &letras, &zona);
+    nuevo.sinCortar = texto.ancho > 0;
+    if (nuevo.sinCortar) IntersectRect(&nuevo.cuerpo, &letras, &zona);
 }
 
 bool ListaPintura::cambiarTexto(const RECT& zona, const Texto& texto) {
@@ -95,6 +96,24 @@ void ListaPintura::escribir(Lienzo& destino, const RECT& zona, const Texto& text
     SetTextColor(destino.dc(), texto.color);
     ExtTextOutW(destino.dc(), texto.inicio.x, texto.inicio.y, ETO_CLIPPED, &zona, texto.letras.data(),
                 static_cast<UINT>(texto.letras.size()), nullptr);
+}
+
+bool ListaPintura::pintarDeUnaVez(HDC destino, const RECT& zona) const {
+    const Paso* solo = nullptr;
+    for (std::size_t i = 0; i < m_cuantos; ++i) {
+        RECT parte{};
+        if (!IntersectRect(&parte, &m_pasos[i].zona, &zona)) continue;
+        const bool cabe = m_pasos[i].sinCortar || cubre(m_pasos[i].zona, zona);
+        if (solo || m_pasos[i].clase != Clase::texto || !cabe) return false;
+        solo = &m_pasos[i];
+    }
+    SetBkColor(destino, m_suelo);
+    SetBkMode(destino, TRANSPARENT);
+    if (!solo) return ExtTextOutW(destino, 0, 0, ETO_OPAQUE, &zona, L"", 0, nullptr) != 0;
+    const Seleccion letra(destino, solo->fuente->get());
+    SetTextColor(destino, solo->color);
+    return ExtTextOutW(destino, solo->inicio.x, solo->inicio.y, ETO_OPAQUE | ETO_CLIPPED, &zona, solo->letras.data(),
+                       static_cast<UINT>(solo->letras.size()), nullptr) != 0;
 }
 
 void ListaPintura::pintarPaso(const Paso& paso, Lienzo& destino, const RECT& parte) {

@@ -43,6 +43,9 @@ public:
     COLORREF suelo() const { return m_suelo; }
     // What there is of it within the zone.
     void pintar(Lienzo& destino, const RECT& zona) const;
+    // The same straight to a window, where that is one call of the system, so that nothing flickers: a line of text on
+    // bare ground, or the ground. False, and nothing painted, where it is more.
+    bool pintarDeUnaVez(HDC destino, const RECT& zona) const;
 
 private:
     enum class Clase { caja, texto, poligono };
@@ -52,6 +55,7 @@ private:
         RECT cuerpo{};  // once that is covered nothing of it is to be seen
         COLORREF color = 0;
         POINT inicio{};
+        bool sinCortar = false;  // of a text: its zone has room for all of it
         std::wstring letras;
         std::shared_ptr<FuenteWin> fuente;
         std::vector<Punto> vertices;

@@ -206,7 +206,7 @@ void PinturaWin::volcar(HDC destino, const RECT& zona) const {
         return;
     }
     RECT todo = entero(), parte{};
-    if (!IntersectRect(&parte, &todo, &zona)) return;
+    if (!IntersectRect(&parte, &todo, &zona) || m_lista.pintarDeUnaVez(destino, parte)) return;
     const LONG ancho = std::max(LADO, todo.right / PARTES), alto = std::max(LADO, todo.bottom / PARTES);
     for (LONG y = parte.top; y < parte.bottom; y += alto) {
         for (LONG x = parte.left; x < parte.right; x += ancho) {
