@@ -31,7 +31,7 @@ DEFINICIONES_WINDOWS = [
 
 def de_windows(ruta):
     nombre = ruta.relative_to(RAIZ).as_posix()
-    return (nombre.startswith(("src/platform/win32/", "tools/escenas/")) or nombre == "src/app/main.cpp"
+    return (nombre.startswith(("src/platform/win32/", "tools/escenas/", "tools/encajes/")) or nombre == "src/app/main.cpp"
             or nombre.endswith("Win32.cpp"))
 
 

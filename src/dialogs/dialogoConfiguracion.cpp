@@ -18,9 +18,8 @@ constexpr int INTENTOS = 12;
 
 }  // namespace
 
-DialogoConfiguracion::DialogoConfiguracion(IdControl id, Titulos titulos, const UtilesDialogo& utiles,
-                                           MesaConfiguracion& mesa)
-    : m_id(id), m_titulos(std::move(titulos)), m_utiles(utiles), m_mesa(mesa) {}
+DialogoConfiguracion::DialogoConfiguracion(IdControl id, Titulos titulos, UtilesDialogo utiles, MesaConfiguracion& mesa)
+    : m_id(id), m_titulos(std::move(titulos)), m_utiles(std::move(utiles)), m_mesa(mesa) {}
 
 DialogoConfiguracion::~DialogoConfiguracion() = default;
 

@@ -53,7 +53,7 @@ protected:
     };
 
     // The desk must outlive it.
-    DialogoConfiguracion(IdControl id, Titulos titulos, const UtilesDialogo& utiles, MesaConfiguracion& mesa);
+    DialogoConfiguracion(IdControl id, Titulos titulos, UtilesDialogo utiles, MesaConfiguracion& mesa);
 
     // In this order when it opens. First what it works on: one of the desk's montar...
     virtual void montar() = 0;

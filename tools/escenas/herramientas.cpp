@@ -125,7 +125,8 @@ void paginas(Escena& e) {
 
 // Dragged by the mouse from one corner of the screen to two others: to a free cell, and onto another display.
 void situar(Escena& e) {
-    for (const auto& [lado, nombre] : {std::pair(2, "situar_2x2"), {8, "situar_8x8"}}) {
+    for (const int lado : {2, 8}) {
+        const std::string nombre = "situar_" + std::to_string(lado) + "x" + std::to_string(lado);
         e.configurar(parrillaLlena(lado, lado, lado * lado - 1));
         e.abrir(botVisores, cfgVisor, imFoco, 3);
         e.foto(nombre);
@@ -134,10 +135,10 @@ void situar(Escena& e) {
         const POINT desde{todo.left + dentro, todo.top + dentro};
         const std::pair<POINT, const char*> destinos[] = {{{todo.right - dentro, todo.bottom - 32 - dentro}, "_mover"},
                                                           {{todo.right - dentro, todo.top + dentro}, "_intercambiar"}};
-        for (const auto& [hasta, que] : destinos) {
-            arrastrarEnPantalla(desde, hasta, [&] {
+        for (const auto& destino : destinos) {
+            arrastrarEnPantalla(desde, destino.first, [&] {
                 exigir(e.programa().esperarVisible(picMarca, 4), "nothing says what the drag would do");
-                e.foto(std::string(nombre) + que);
+                e.foto(nombre + destino.second);
                 teclear(e.programa().ventana(), VK_ESCAPE);
                 exigir(esperar([&] { return !e.programa().seVe(picMarca, 4); }), "Escape does not end it");
             });
