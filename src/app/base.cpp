@@ -273,6 +273,22 @@ void base::alCambiarMonitores() {
     }
 }
 
+// Before it sleeps nothing is left that could be taken for live afterwards. Whatever the sockets still hold when it
+// wakes, and connections of which nobody knows that they are dead, go with them.
+void base::alDormir(bool duerme) {
+    if (m_estado != Estado::marcha) return;
+    if (!duerme) return m_entorno.cola.despues([this] { despertar(); });
+    m_montaje.visores().Run(false);
+    m_formulario.refrescar();
+}
+
+void base::despertar() {
+    if (m_estado != Estado::marcha) return;
+    m_montaje.visores().Run(false);
+    arrancarLosQueFaltan();
+    m_montaje.visores().enmudecer();
+}
+
 std::string base::apartado() const {
     if (m_cfgContexto->cargado()) return "contexto";
     if (m_cfgVisor->cargado()) return "visores";

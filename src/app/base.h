@@ -36,6 +36,7 @@ private:
     bool alUsarRaton(GestoRaton gesto, Punto donde) override;
     void alDescargar() override;
     void alCambiarMonitores() override;
+    void alDormir(bool duerme) override;
     void alPedirAyuda() override;
     void alCambiarColores() override { m_barra.repintar(); }
     // Of the manual: where what is open is explained.
@@ -50,6 +51,7 @@ private:
     void mostrarAsas();
     void ponerEnMarcha(std::string& errores);
     void arrancarLosQueFaltan();
+    void despertar();
     void pausar();
     void configurar();
     void entrarEnConfiguracion();

@@ -1,11 +1,13 @@
 #include "platform/win32/system/arranque.h"
 
 #include "app/base.h"
+#include "app/reinicios.h"
 #include "config/almacenPerfil.h"
 #include "links/frTCP.h"
 #include "platform/win32/base/bucle.h"
 #include "platform/win32/base/colaWin.h"
 #include "platform/win32/base/relojWin.h"
+#include "platform/win32/base/textoWin.h"
 #include "platform/win32/base/ventanaMensajes.h"
 #include "platform/win32/network/fabricaWin.h"
 #include "platform/win32/system/archivosWin.h"
@@ -13,6 +15,7 @@
 #include "platform/win32/system/dialogosSistemaWin.h"
 #include "platform/win32/system/monitoresWin.h"
 #include "platform/win32/system/programaWin.h"
+#include "platform/win32/system/reinicioWin.h"
 #include "platform/win32/system/sesionWin.h"
 #include "platform/win32/windows/formularioWin.h"
 
@@ -34,6 +37,7 @@ struct Composicion {
     Bucle bucle{reloj, ventana};
     ColaWin cola{ventana};
     FabricaWin fabrica{ventana, reloj};
+    ReinicioWin reinicio{fabrica};
     AlmacenPerfil perfil{archivos, reloj, fabrica};
     comun com{programa, archivos, perfil};
     Entorno entorno{programa, com, monitores, fabrica, reloj, cursor, avisos, cola, reposo};
@@ -43,7 +47,8 @@ struct Composicion {
     FabricaDialogosWin dialogos{recursos, bucle, avisos, formulario.hwnd()};
     base principal{entorno, formulario, dialogos, compartido};
 
-    Composicion() {
+    explicit Composicion(const Reinicios& reinicios) {
+        reinicio.pedir(reinicios.argumentos(), static_cast<int>(reinicios.espera()));
         avisos.propietaria(formulario.hwnd());
         reposo.alCambiar([this](bool impedido) { formulario.reposoImpedido(impedido); });
         perfil.alFallar([this](const std::string& ruta) {
@@ -68,19 +73,19 @@ struct Composicion {
     }
 };
 
-int ejecutarPrograma() {
+int ejecutarPrograma(const std::string& argumentos) {
     endurecerProceso();
     const Instancia instancia(ProgramaWin().nombreEjecutable());
     if (!instancia.primera()) return 0;
-    return Composicion().ejecutar();
+    return Composicion(Reinicios(argumentos, segundosUTC())).ejecutar();
 }
 
 }  // namespace
 }  // namespace sorvanel
 
-int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR argumentos, int) {
     try {
-        return sorvanel::ejecutarPrograma();
+        return sorvanel::ejecutarPrograma(sorvanel::aUtf8(argumentos));
     } catch (const std::exception& fallo) {
         // No window, no sockets or no memory at the start: there is nothing to show it with.
         OutputDebugStringA(fallo.what());

@@ -3,8 +3,8 @@
 #include <utility>
 #include <vector>
 
-#include "config/texto.h"
 #include "display/disenoVisor.h"
+#include "grid/parrilla.h"
 #include "message/ajustesMensaje.h"
 
 namespace sorvanel {
@@ -13,13 +13,11 @@ namespace {
 
 // All that are in use, of the grid, the window and the message too.
 std::vector<Color> aMano(const comun& com) {
-    const AccesorINI ini = com.consultar("RETICULA");
     const AjustesMensaje mensaje = leerMensaje(com);
-    std::vector<Color> otros{com.valColor(ini, "colorFondo", "808080"), com.valColor(ini, "colorReticula", "000000"),
-                             mensaje.colorFondo, mensaje.colorTexto};
-    const std::string ventana = com.valDflt(ini, "colorAplicacion", "FFFFFF");
-    const bool transparente = minusculas(ventana).starts_with("tran");
-    if (!transparente) otros.push_back(colorPintable(comun::rgb2Long(ventana)));
+    AjustesParrilla parrilla{};
+    leerColoresParrilla(com, parrilla);
+    std::vector<Color> otros{parrilla.colorFondo, parrilla.colorReticula, mensaje.colorFondo, mensaje.colorTexto};
+    if (parrilla.colorAplicacion != Parrilla::TRANSPARENTE) otros.push_back(parrilla.colorAplicacion);
     return coloresEnUso(com, DialogosSistema::COLORES_A_MANO, otros);
 }
 

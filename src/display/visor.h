@@ -54,6 +54,8 @@ public:
     bool Run() const { return m_run; }
     // A placed display that cannot be started shows that there is no data until it can, or is stopped.
     void Run(bool marcha);
+    // While it runs: whatever it shows is not to be trusted any more. No data, until a weight comes.
+    void enmudecer() { recibir({}); }
 
     const std::string& caption() const { return m_registro.caption; }
     bool caption(const std::string& texto);  // refused when another saved display has it

@@ -104,6 +104,10 @@ void Visores::Run(bool marcha) {
     paraCada([marcha](visor& v) { v.Run(marcha); });
 }
 
+void Visores::enmudecer() {
+    paraCada([](visor& v) { v.enmudecer(); });
+}
+
 // One that cannot be painted, which the next thing shown makes good, does not hold up the others.
 template <typename Accion>
 void Visores::paraCada(Accion accion) {

@@ -37,6 +37,8 @@ public:
     // Starts all that are placed; the errors likewise. True when all started. May be asked again and again: those
     // that run are left alone, and one that fails again changes nothing on the screen.
     bool letsRun(std::string& errores);
+    // Those that run show no data until a weight comes.
+    void enmudecer();
 
 private:
     // From the file, those behind the last one here.

@@ -41,6 +41,9 @@ constexpr float RESERVA_INFERIOR = aTwips(32);
 // comes as its default.
 AjustesParrilla leerParrilla(const comun& com, const oScreen& pantalla);
 
+// Its colours alone, which need no screen.
+void leerColoresParrilla(const comun& com, AjustesParrilla& ajustes);
+
 // Without a screen to measure by, the stored fractions stay as they are.
 void guardarParrilla(const comun& com, const oScreen& pantalla, const AjustesParrilla& ajustes);
 

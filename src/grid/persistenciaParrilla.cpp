@@ -49,6 +49,13 @@ std::string pareja(double uno, double dos, const std::string& separador) {
 
 }  // namespace
 
+void leerColoresParrilla(const comun& com, AjustesParrilla& ajustes) {
+    const AccesorINI ini = com.consultar(SECCION);
+    ajustes.colorReticula = com.valColor(ini, "colorReticula", "000000");
+    ajustes.colorFondo = com.valColor(ini, "colorFondo", "808080");
+    ajustes.colorAplicacion = leerColorAplicacion(com.valDflt(ini, "colorAplicacion", "FFFFFF"));
+}
+
 AjustesParrilla leerParrilla(const comun& com, const oScreen& pantalla) {
     const float ancho = pantalla.Width(), alto = pantalla.Height();
     const AccesorINI ini = com.consultar(SECCION);
@@ -67,9 +74,7 @@ AjustesParrilla leerParrilla(const comun& com, const oScreen& pantalla) {
     ajustes.gruesoVertical = com.valDflt(ini, "gruesoVertical", std::int16_t{4});
     comun::limitar(ajustes.gruesoHorizontal, comun::MAXWIDHORZ, 0);
     comun::limitar(ajustes.gruesoVertical, comun::MAXWIDVERT, 0);
-    ajustes.colorReticula = com.valColor(ini, "colorReticula", "000000");
-    ajustes.colorFondo = com.valColor(ini, "colorFondo", "808080");
-    ajustes.colorAplicacion = leerColorAplicacion(com.valDflt(ini, "colorAplicacion", "FFFFFF"));
+    leerColoresParrilla(com, ajustes);
     return ajustes;
 }
 

@@ -37,6 +37,8 @@ public:
     virtual void alDescargar() = 0;
     // Monitors may have come, gone or changed; told once they have settled.
     virtual void alCambiarMonitores() = 0;
+    // The computer is about to sleep, or has slept: what was received before must not stand there afterwards.
+    virtual void alDormir(bool duerme) = 0;
     // F1, in whatever window of the program. Never while a box is open.
     virtual void alPedirAyuda() = 0;
     // What colores() says may be something else.

@@ -1,3 +1,4 @@
+#include "app/reinicios.h"
 #include "unit/bancoBase.h"
 
 namespace sorvanel {
@@ -169,6 +170,52 @@ TEST(base, unPortOcupadoSeReintentaCadaDiezSegundos) {
     EXPECT_EQ(t.e.fabrica.enPuerto(3001), nullptr) << "only while running";
     t.formulario.pulsar(Id::botRun);
     EXPECT_EQ(version.textoSugerencia(), "");
+}
+
+// What sockets kept while it slept is old, and so is what stood on the screen.
+TEST(base, trasDormirNoHayPesoHastaQueLlegaUnoNuevo) {
+    Banco t(DOS_VISORES);
+    t.enviar(3001, "XNZ+00012000");
+    ASSERT_EQ(t.leyenda(1), "12");
+    t.formulario.quienOye->alDormir(true);
+    EXPECT_EQ(t.leyenda(1), "");
+    EXPECT_EQ(t.e.fabrica.enPuerto(3001), nullptr) << "nothing is received any more";
+    for (int vez = 0; vez < 2; ++vez) {
+        t.formulario.quienOye->alDormir(false);
+        t.e.cola.ejecutar();
+        EXPECT_EQ(t.leyenda(1), "sin datos") << "the system may say it twice";
+    }
+    t.enviar(3001, "XNZ+00012000");
+    EXPECT_EQ(t.leyenda(1), "12");
+    t.formulario.pulsar(Id::botPau);
+    t.formulario.quienOye->alDormir(false);
+    t.e.cola.ejecutar();
+    EXPECT_EQ(t.e.fabrica.enPuerto(3001), nullptr) << "a pause stays one";
+}
+
+TEST(base, elSistemaLaReiniciaTresVecesEnDiezMinutosComoMucho) {
+    const struct {
+        const char* argumentos;
+        bool reiniciado;
+        std::int64_t espera;
+        const char* siguientes;
+    } casos[] = {
+        {"", false, 0, "/reinicios:"},
+        {"/reinicios:", true, 0, "/reinicios:1000"},
+        {"/reinicios:900", true, 0, "/reinicios:900,1000"},
+        {"/reinicios:500,900", true, 100, "/reinicios:500,900,1000"},
+        {"/reinicios:300,500,900", true, 100, "/reinicios:500,900,1000"},
+        {"/reinicios:401,500,900", true, 100, "/reinicios:401,500,900,1000"},
+        {"/reinicios:400,500", true, 0, "/reinicios:500,1000"},
+        {"/reinicios:5000,900", true, 0, "/reinicios:900,1000"},
+        {"/reinicios:x,1", true, 0, "/reinicios:1000"},
+    };
+    for (const auto& c : casos) {
+        const Reinicios r(c.argumentos, 1000);
+        EXPECT_EQ(r.reiniciado(), c.reiniciado) << c.argumentos;
+        EXPECT_EQ(r.espera(), c.espera) << c.argumentos;
+        EXPECT_EQ(r.argumentos(), c.siguientes) << c.argumentos;
+    }
 }
 
 TEST(base, trasLaPausaNingunVisorQuedaSinSuPort) {

@@ -18,9 +18,6 @@ inline void endurecerProceso() {
     // A missing disk is an error that we handle, not a box of the system. Crashes stay its affair:
     // without its own handler it would not start us again.
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
-    // After a crash or a hang, if the program ran for a minute before; a restart of the machine and
-    // an update are up to whoever does them.
-    RegisterApplicationRestart(nullptr, RESTART_NO_PATCH | RESTART_NO_REBOOT);
 }
 
 // Sockets work while it lives. Throws std::runtime_error when there is no Winsock 2.2.

@@ -1,7 +1,6 @@
 #include "platform/win32/windows/formularioWin.h"
 
 #include <windowsx.h>
-#include <wtsapi32.h>
 
 #include <algorithm>
 #include <utility>
@@ -58,8 +57,7 @@ FormularioWin::FormularioWin(RecursosVentanas& recursos, const std::string& titu
     molde.iconoPequeno = static_cast<HICON>(
         recurso(IDI_SORVANEL, IMAGE_ICON, GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON)));
     crearVentana(molde);
-    // After a locked session other windows may lie above.
-    WTSRegisterSessionNotification(hwnd(), NOTIFY_FOR_THIS_SESSION);
+    m_sucesos.escuchar(hwnd());
 }
 
 FormularioWin::~FormularioWin() {
@@ -68,7 +66,7 @@ FormularioWin::~FormularioWin() {
 }
 
 void FormularioWin::alMorir() {
-    WTSUnRegisterSessionNotification(hwnd());
+    m_sucesos.callar();
     Anfitrion::alMorir();
     PostQuitMessage(0);
 }
@@ -284,22 +282,11 @@ LRESULT FormularioWin::alOrdenSistema(WPARAM w, LPARAM l) {
     }
 }
 
-// What may have changed the monitors, or put other windows above this one.
-LRESULT FormularioWin::alCambiarSistema(UINT mensaje, WPARAM w, LPARAM l) {
-    switch (mensaje) {
-        case WM_SIZE:
-            if (w == SIZE_RESTORED) cambioDeMonitores();
-            return porDefecto(mensaje, w, l);
-        case WM_WTSSESSION_CHANGE:
-            if (w == WTS_SESSION_UNLOCK || w == WTS_CONSOLE_CONNECT) cambioDeMonitores();
-            return 0;
-        case WM_SETTINGCHANGE:
-            if (w == SPI_SETWORKAREA) cambioDeMonitores();
-            return Anfitrion::alMensaje(mensaje, w, l);
-        default:
-            cambioDeMonitores();
-            return 0;
-    }
+void FormularioWin::alSuceder(Suceso suceso) {
+    if (suceso == Suceso::ninguno) return;
+    if (suceso != Suceso::pantalla && m_oyente) m_oyente->alDormir(suceso == Suceso::duerme);
+    // Monitors sleep too.
+    if (suceso != Suceso::duerme) cambioDeMonitores();
 }
 
 LRESULT FormularioWin::alTerminar(UINT mensaje, WPARAM w, LPARAM l) {
@@ -351,13 +338,14 @@ LRESULT FormularioWin::alMensaje(UINT mensaje, WPARAM w, LPARAM l) {
 }
 
 LRESULT FormularioWin::alMensajePropio(UINT mensaje, WPARAM w, LPARAM l) {
+    alSuceder(m_sucesos.leer(mensaje, w));
     switch (mensaje) {
-        case WM_SIZE:
         case WM_WTSSESSION_CHANGE:
-        case WM_SETTINGCHANGE:
         case WM_DISPLAYCHANGE:
-        case WM_DPICHANGED:  // the size that it suggests is none of a whole monitor
-            return alCambiarSistema(mensaje, w, l);
+        case WM_DPICHANGED:
+            return 0;
+        case WM_POWERBROADCAST:
+            return TRUE;
         case WM_ENABLE:
             if (w) m_habilitada = GetTickCount();
             return Anfitrion::alMensaje(mensaje, w, l);
@@ -374,7 +362,6 @@ LRESULT FormularioWin::alMensajePropio(UINT mensaje, WPARAM w, LPARAM l) {
         case WM_ENDSESSION:
             return alTerminar(mensaje, w, l);
         default:
-            if (mensaje == m_barraDeTareasNueva) m_forma.reafirmar(hwnd());
             return Anfitrion::alMensaje(mensaje, w, l);
     }
 }

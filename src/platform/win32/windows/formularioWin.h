@@ -8,6 +8,7 @@
 #include "platform/formulario.h"
 #include "platform/win32/controls/anfitrion.h"
 #include "platform/win32/windows/formaWin.h"
+#include "platform/win32/windows/sucesosSistema.h"
 
 namespace sorvanel {
 
@@ -49,7 +50,7 @@ private:
 
     LRESULT alMensaje(UINT mensaje, WPARAM w, LPARAM l) override;
     LRESULT alMensajePropio(UINT mensaje, WPARAM w, LPARAM l);
-    LRESULT alCambiarSistema(UINT mensaje, WPARAM w, LPARAM l);
+    void alSuceder(Suceso suceso);
     LRESULT alOrdenSistema(WPARAM w, LPARAM l);
     LRESULT alTerminar(UINT mensaje, WPARAM w, LPARAM l);
     // Between a press on a surface that was taken up and its end. True: the message is dealt with.
@@ -65,8 +66,7 @@ private:
     bool ponerPuntero() const;
 
     FormaWin m_forma;
-    // Told to all windows when Explorer has made the task bar anew.
-    const UINT m_barraDeTareasNueva = RegisterWindowMessageW(L"TaskbarCreated");
+    SucesosSistema m_sucesos;
     HCURSOR m_punteroNormal = nullptr;  // both shared, the system's to release
     HCURSOR m_punteroMarcha = nullptr;
 

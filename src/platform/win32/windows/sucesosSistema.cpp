@@ -1,0 +1,55 @@
+#include "platform/win32/windows/sucesosSistema.h"
+
+#include <wtsapi32.h>
+
+namespace sorvanel {
+
+namespace {
+
+// Windows 8 and later. Computers that are never quite off tell their sleep to those alone who ask for it.
+template <typename Funcion>
+Funcion deUser32(const char* nombre) {
+    return reinterpret_cast<Funcion>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32"), nombre)));
+}
+
+}  // namespace
+
+void SucesosSistema::escuchar(HWND ventana) {
+    m_ventana = ventana;
+    // After a locked session other windows may lie above.
+    WTSRegisterSessionNotification(ventana, NOTIFY_FOR_THIS_SESSION);
+    if (const auto apuntarse = deUser32<HPOWERNOTIFY(WINAPI*)(HANDLE, DWORD)>("RegisterSuspendResumeNotification"))
+        m_energia = apuntarse(ventana, DEVICE_NOTIFY_WINDOW_HANDLE);
+}
+
+void SucesosSistema::callar() {
+    if (!m_ventana) return;
+    WTSUnRegisterSessionNotification(m_ventana);
+    m_ventana = nullptr;
+    if (!m_energia) return;
+    if (const auto borrarse = deUser32<BOOL(WINAPI*)(HPOWERNOTIFY)>("UnregisterSuspendResumeNotification"))
+        borrarse(m_energia);
+    m_energia = nullptr;
+}
+
+Suceso SucesosSistema::leer(UINT mensaje, WPARAM w) const {
+    const auto si = [](bool es) { return es ? Suceso::pantalla : Suceso::ninguno; };
+    switch (mensaje) {
+        case WM_SIZE:
+            return si(w == SIZE_RESTORED);
+        case WM_WTSSESSION_CHANGE:
+            return si(w == WTS_SESSION_UNLOCK || w == WTS_CONSOLE_CONNECT || w == WTS_REMOTE_CONNECT);
+        case WM_SETTINGCHANGE:
+            return si(w == SPI_SETWORKAREA);
+        case WM_DISPLAYCHANGE:
+        case WM_DPICHANGED:  // the size that it suggests is none of a whole monitor
+            return Suceso::pantalla;
+        case WM_POWERBROADCAST:
+            if (w == PBT_APMSUSPEND) return Suceso::duerme;
+            return w == PBT_APMRESUMEAUTOMATIC ? Suceso::despierta : Suceso::ninguno;
+        default:
+            return si(mensaje == m_barraDeTareasNueva);
+    }
+}
+
+}  // namespace sorvanel

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <windows.h>
+
+namespace sorvanel {
+
+enum class Suceso {
+    ninguno,
+    pantalla,  // monitors may have changed, or other windows come above this one
+    duerme,
+    despierta
+};
+
+// What happens to the computer while the program runs for months, as its main window is told.
+class SucesosSistema {
+public:
+    SucesosSistema() = default;
+    ~SucesosSistema() { callar(); }
+    SucesosSistema(const SucesosSistema&) = delete;
+    SucesosSistema& operator=(const SucesosSistema&) = delete;
+
+    // From now on, to that window, until it goes: call callar() before.
+    void escuchar(HWND ventana);
+    void callar();
+    Suceso leer(UINT mensaje, WPARAM w) const;
+
+private:
+    // Told to all windows when Explorer has made the task bar anew.
+    const UINT m_barraDeTareasNueva = RegisterWindowMessageW(L"TaskbarCreated");
+    HWND m_ventana = nullptr;
+    HPOWERNOTIFY m_energia = nullptr;  // let go by callar()
+};
+
+}  // namespace sorvanel
