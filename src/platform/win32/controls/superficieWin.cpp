@@ -23,6 +23,7 @@ SuperficieWin::SuperficieWin(Anfitrion& anfitrion, IdControl id, int elemento)
 
 SuperficieWin::~SuperficieWin() {
     m_anfitrion.recursos().tandas.quitar(*this);
+    m_letra.quitar();
     m_dc.soltar();
     if (!m_sugerencia.empty()) m_anfitrion.sugerencias().poner(hwnd(), {});
     destruir();
@@ -111,7 +112,7 @@ void SuperficieWin::volcarPendiente() {
     if (IsRectEmpty(&zona) || !hwnd() || !IsWindowVisible(hwnd())) return;
     if (!m_dc) m_dc.tomar(hwnd());
     if (m_dc) {
-        volcar(m_dc.get(), zona);
+        volcar(m_dc.get(), zona, m_letra);
     } else {
         invalidar(&zona);
     }
@@ -121,7 +122,8 @@ void SuperficieWin::volcarPendiente() {
 void SuperficieWin::alPintar() {
     {
         const DCPintado pintado(hwnd());
-        if (pintado) volcar(pintado.get(), pintado.zona());
+        LetraPuesta letra;
+        if (pintado) volcar(pintado.get(), pintado.zona(), letra);
     }
     avisarLeyenda();
 }
@@ -150,9 +152,11 @@ LRESULT SuperficieWin::alMensaje(UINT mensaje, WPARAM w, LPARAM l) {
         case WM_PAINT:
             alPintar();
             return 0;
-        case WM_PRINTCLIENT:
-            volcar(reinterpret_cast<HDC>(w), entero());
+        case WM_PRINTCLIENT: {
+            LetraPuesta letra;
+            volcar(reinterpret_cast<HDC>(w), entero(), letra);
             return 0;
+        }
         case WM_ERASEBKGND:
             return 1;
         case WM_MOUSEMOVE:

@@ -45,6 +45,34 @@ private:
     std::array<Caracter, 128> m_comunes{};
 };
 
+// The font that a device context keeps from one paint to the next: to select one takes the system longer than to print
+// a weight. It lives as long as it is selected.
+class LetraPuesta {
+public:
+    LetraPuesta() = default;
+    LetraPuesta(const LetraPuesta&) = delete;
+    LetraPuesta& operator=(const LetraPuesta&) = delete;
+    ~LetraPuesta() { quitar(); }
+
+    // Always in the same device context, until it is taken back.
+    void poner(HDC dc, const std::shared_ptr<FuenteWin>& letra) {
+        if (letra == m_letra) return;
+        const HGDIOBJ antes = SelectObject(dc, letra->get());
+        if (!m_letra) m_antes = antes;
+        m_dc = dc;
+        m_letra = letra;
+    }
+    void quitar() {
+        if (m_letra) SelectObject(m_dc, m_antes);
+        m_letra.reset();
+    }
+
+private:
+    HDC m_dc = nullptr;
+    HGDIOBJ m_antes = nullptr;
+    std::shared_ptr<FuenteWin> m_letra;
+};
+
 // The fonts in use: equal ones are one, whoever asks. A font that nobody holds is kept for a while,
 // since the next layout often asks for it again.
 class FuentesWin {

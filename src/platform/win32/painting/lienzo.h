@@ -6,6 +6,7 @@
 
 #include "platform/win32/base/manejadores.h"
 #include "platform/win32/painting/formas.h"
+#include "platform/win32/painting/fuentesWin.h"
 
 namespace sorvanel {
 
@@ -27,6 +28,8 @@ public:
     // At least that size; the picture is undefined when it had to grow. For passing use.
     void alcanzar(int ancho, int alto);
     void llenar(const RECT& zona, COLORREF color);
+    // In which is printed and measured from now on, unless another is selected meanwhile.
+    void letra(const std::shared_ptr<FuenteWin>& fuente) { m_letra.poner(m_dc.get(), fuente); }
     // While it lives, what is painted at that point comes to the picture's top-left corner.
     class Origen {
     public:
@@ -56,6 +59,7 @@ private:
     DCMemoria m_dc;
     MapaBits m_mapa;
     Seleccion m_seleccion;
+    LetraPuesta m_letra;
 };
 
 template <typename Distancia>

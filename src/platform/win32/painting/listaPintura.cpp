@@ -92,13 +92,13 @@ void ListaPintura::pintar(Lienzo& destino, const RECT& zona) const {
 
 // Printed at a point, never formatted: no character is a prefix or a line break.
 void ListaPintura::escribir(Lienzo& destino, const RECT& zona, const Texto& texto) {
-    const Seleccion letra(destino.dc(), texto.fuente->get());
+    destino.letra(texto.fuente);
     SetTextColor(destino.dc(), texto.color);
     ExtTextOutW(destino.dc(), texto.inicio.x, texto.inicio.y, ETO_CLIPPED, &zona, texto.letras.data(),
                 static_cast<UINT>(texto.letras.size()), nullptr);
 }
 
-bool ListaPintura::pintarDeUnaVez(HDC destino, const RECT& zona) const {
+bool ListaPintura::pintarDeUnaVez(HDC destino, const RECT& zona, LetraPuesta& letra) const {
     const Paso* solo = nullptr;
     for (std::size_t i = 0; i < m_cuantos; ++i) {
         RECT parte{};
@@ -110,7 +110,7 @@ bool ListaPintura::pintarDeUnaVez(HDC destino, const RECT& zona) const {
     SetBkColor(destino, m_suelo);
     SetBkMode(destino, TRANSPARENT);
     if (!solo) return ExtTextOutW(destino, 0, 0, ETO_OPAQUE, &zona, L"", 0, nullptr) != 0;
-    const Seleccion letra(destino, solo->fuente->get());
+    letra.poner(destino, solo->fuente);
     SetTextColor(destino, solo->color);
     return ExtTextOutW(destino, solo->inicio.x, solo->inicio.y, ETO_OPAQUE | ETO_CLIPPED, &zona, solo->letras.data(),
                        static_cast<UINT>(solo->letras.size()), nullptr) != 0;

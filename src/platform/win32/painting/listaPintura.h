@@ -45,7 +45,7 @@ public:
     void pintar(Lienzo& destino, const RECT& zona) const;
     // The same straight to a window, where that is one call of the system, so that nothing flickers: a line of text on
     // bare ground, or the ground. False, and nothing painted, where it is more.
-    bool pintarDeUnaVez(HDC destino, const RECT& zona) const;
+    bool pintarDeUnaVez(HDC destino, const RECT& zona, LetraPuesta& letra) const;
 
 private:
     enum class Clase { caja, texto, poligono };

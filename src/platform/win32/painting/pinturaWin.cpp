@@ -80,7 +80,7 @@ const std::wstring& PinturaWin::ancho(std::string_view texto) const {
 }
 
 MedidaTexto PinturaWin::medir(std::string_view texto) const {
-    const Seleccion letra(m_borrador.dc(), m_hecha->get());
+    m_borrador.letra(m_hecha);
     return medirTexto(m_borrador.dc(), *m_hecha, m_escala, ancho(texto));
 }
 
@@ -104,11 +104,8 @@ void PinturaWin::imprimirEn(const RECT& donde, const ListaPintura::Texto& texto)
 
 void PinturaWin::imprimir(float x, float y, std::string_view texto, Color color) {
     ListaPintura::Texto entera = linea(x, y, texto, color);
-    SIZE medida{};
-    {
-        const Seleccion letra(m_borrador.dc(), m_hecha->get());
-        medida = extension(m_borrador.dc(), entera.letras);
-    }
+    m_borrador.letra(m_hecha);
+    const SIZE medida = extension(m_borrador.dc(), entera.letras);
     entera.ancho = medida.cx;
     // Slanted letters lean out of their box, a little to each side.
     const LONG vuelo = medida.cy / 3 + 1;
@@ -199,14 +196,14 @@ void PinturaWin::pintar(Lienzo& destino, const RECT& zona) const {
     }
 }
 
-void PinturaWin::volcar(HDC destino, const RECT& zona) const {
+void PinturaWin::volcar(HDC destino, const RECT& zona, LetraPuesta& letra) const {
     if (m_mapa) {
         BitBlt(destino, zona.left, zona.top, zona.right - zona.left, zona.bottom - zona.top, m_mapa->dc(), zona.left,
                zona.top, SRCCOPY);
         return;
     }
     RECT todo = entero(), parte{};
-    if (!IntersectRect(&parte, &todo, &zona) || m_lista.pintarDeUnaVez(destino, parte)) return;
+    if (!IntersectRect(&parte, &todo, &zona) || m_lista.pintarDeUnaVez(destino, parte, letra)) return;
     const LONG ancho = std::max(LADO, todo.right / PARTES), alto = std::max(LADO, todo.bottom / PARTES);
     for (LONG y = parte.top; y < parte.bottom; y += alto) {
         for (LONG x = parte.left; x < parte.right; x += ancho) {
