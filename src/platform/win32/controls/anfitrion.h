@@ -8,6 +8,7 @@
 #include "platform/control.h"
 #include "platform/controles.h"
 #include "platform/win32/base/escala.h"
+#include "platform/win32/base/estiloWin.h"
 #include "platform/win32/base/pulsacionesRaton.h"
 #include "platform/win32/base/tandas.h"
 #include "platform/win32/base/ventanaWin.h"
@@ -31,6 +32,7 @@ struct RecursosVentanas {
     Tandas& tandas;
     FuentesWin fuentes;
     Lienzo borrador;  // where a control is put together before it is shown: one for all, since they paint in turn
+    EstiloWin estilo;
     NombresAccesibles nombres;
     PulsacionesRaton pulsaciones;
     apariencia::Paleta paleta = apariencia::paletaDelSistema();
@@ -115,7 +117,7 @@ private:
     Escala m_escala;
     std::shared_ptr<FuenteWin> m_letra;
     int m_altoLetra = 0;
-    SugerenciasWin m_sugerencias;
+    SugerenciasWin m_sugerencias{m_recursos.estilo};
     OrdenControles m_orden;
     FocoVentana m_foco{m_orden};
     std::vector<ElementoWin*> m_elementos;  // frames first, then labels: so they lie

@@ -3,7 +3,9 @@
 // After windows.h, whose types they use.
 #include <commctrl.h>
 #include <oleacc.h>
+#include <windowsx.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace sorvanel {
@@ -17,6 +19,7 @@ constexpr GUID NOMBRE{0x608d3df8, 0x8128, 0x4aa7, {0xa4, 0x28, 0xf5, 0x5e, 0x49,
 }  // namespace
 
 void SugerenciasWin::crear() {
+    const EstiloWin::Uso estilo(m_estilo);
     const INITCOMMONCONTROLSEX clases{sizeof clases, ICC_BAR_CLASSES};
     InitCommonControlsEx(&clases);
     m_sugerencias.cambiar(CreateWindowExW(
@@ -67,8 +70,16 @@ void SugerenciasWin::enviar(UINT mensaje, const Sugerencia& una) const {
     SendMessageW(m_sugerencias.get(), mensaje, 0, reinterpret_cast<LPARAM>(&util));
 }
 
+bool SugerenciasWin::esperada(const MSG& mensaje) const {
+    const POINT donde{GET_X_LPARAM(mensaje.lParam), GET_Y_LPARAM(mensaje.lParam)};
+    return std::any_of(m_enEspera.begin(), m_enEspera.end(), [&](const Sugerencia& una) {
+        return una.modo == TTF_IDISHWND ? una.id == reinterpret_cast<UINT_PTR>(mensaje.hwnd)
+                                        : mensaje.hwnd == m_ventana && PtInRect(&una.sitio, donde) != FALSE;
+    });
+}
+
 void SugerenciasWin::relevar(const MSG& mensaje) {
-    if (!m_sugerencias && m_ventana) crear();
+    if (!m_sugerencias && m_ventana && esperada(mensaje)) crear();
     MSG copia = mensaje;
     if (m_sugerencias) SendMessageW(m_sugerencias.get(), TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&copia));
 }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/win32/base/estiloWin.h"
 #include "platform/win32/base/manejadores.h"
 
 struct IAccPropServices;
@@ -14,8 +15,11 @@ namespace sorvanel {
 // The tool tips of one window: one window of the system's for all of its controls.
 class SugerenciasWin {
 public:
+    explicit SugerenciasWin(EstiloWin& estilo) : m_estilo(estilo) {}
+
     // Once the window is there; what is told before is no tip. The system's own window is made when the mouse first
-    // comes: on a wall nobody has one. Without tool tips of the system there are none, and nothing else is lost.
+    // comes to something that has one: on a wall nobody does. Without tool tips of the system there are none, and
+    // nothing else is lost.
     void ventana(HWND ventana) { m_ventana = ventana; }
     // An empty text takes the tip off.
     void poner(HWND control, const std::wstring& texto);
@@ -37,8 +41,11 @@ private:
     };
     void poner(const Sugerencia& una);
     void crear();
+    // The mouse is on something that has a tip.
+    bool esperada(const MSG& mensaje) const;
     void enviar(UINT mensaje, const Sugerencia& una) const;
 
+    EstiloWin& m_estilo;
     HWND m_ventana = nullptr;
     HFONT m_fuente = nullptr;
     VentanaPropia m_sugerencias;

@@ -60,6 +60,7 @@ std::wstring textoDelPortapapeles(HWND ventana) {
 
 CajaTextoWin::CajaTextoWin(Anfitrion& anfitrion, IdControl id, int elemento) : ControlDe(anfitrion) {
     // A double click selects a word.
+    const EstiloWin::Uso estilo(anfitrion.recursos().estilo);
     crearControl(CLASE, L"EDIT", WS_TABSTOP | ES_AUTOHSCROLL, id, elemento, true);
     ponerLetra();
 }

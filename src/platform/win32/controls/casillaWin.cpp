@@ -16,6 +16,7 @@ constexpr float LADO = 16, SEPARACION = 7;
 }  // namespace
 
 CasillaWin::CasillaWin(Anfitrion& anfitrion, IdControl id, int elemento) : ControlDe(anfitrion) {
+    const EstiloWin::Uso estilo(anfitrion.recursos().estilo);
     crearControl(CLASE, L"BUTTON", WS_TABSTOP | BS_AUTOCHECKBOX, id, elemento);
     sensible();
 }

@@ -21,6 +21,7 @@ constexpr int ELEMENTOS_A_LA_VISTA = 12;
 }  // namespace
 
 ListaWin::ListaWin(Anfitrion& anfitrion, IdControl id, int elemento) : ControlDe(anfitrion) {
+    const EstiloWin::Uso estilo(anfitrion.recursos().estilo);
     crearControl(CLASE, L"COMBOBOX", WS_TABSTOP | CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS, id, elemento);
     sensible();
 }

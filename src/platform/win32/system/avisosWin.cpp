@@ -60,7 +60,10 @@ BOOL CALLBACK VentanasApagadas::alHallar(HWND ventana, LPARAM dato) noexcept {
 }
 
 AvisosWin::Apertura::Apertura(AvisosWin& avisos)
-    : m_avisos(avisos), m_propietaria(laActiva(avisos.m_propietaria)), m_apagadas(m_propietaria) {
+    : m_avisos(avisos),
+      m_propietaria(laActiva(avisos.m_propietaria)),
+      m_apagadas(m_propietaria),
+      m_estilo(avisos.m_estilo) {
     ++m_avisos.m_abiertos;
 }
 

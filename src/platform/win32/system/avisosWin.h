@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/sistema.h"
+#include "platform/win32/base/estiloWin.h"
 
 namespace sorvanel {
 
@@ -51,11 +52,13 @@ public:
         AvisosWin& m_avisos;
         HWND m_propietaria;
         VentanasApagadas m_apagadas;
+        EstiloWin::Uso m_estilo;
     };
 
 private:
     void mostrar(const std::string& texto, UINT icono);
 
+    EstiloWin m_estilo;
     HWND m_propietaria = nullptr;
     int m_abiertos = 0;
     const std::wstring* m_primero = nullptr;  // what the box says that has been open for longest

@@ -51,23 +51,20 @@ void FormaWin::recortar(HWND ventana, std::span<const RectPixel> zonas) {
     }
     // While a handle is dragged this comes with each move of the mouse.
     const bool encima = (GetWindowLongPtrW(ventana, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
-    if (encima != static_cast<bool>(m_actual)) ponerEncima(ventana);
+    if (encima != static_cast<bool>(m_actual)) reafirmar(ventana);
 }
 
 void FormaWin::reafirmar(HWND ventana) const {
-    if (!ventana) return;
-    ponerEncima(ventana);
-    // A task bar that is new knows of no window that covers it.
+    SetWindowPos(ventana, m_actual ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+void FormaWin::anunciar(HWND ventana) const {
     void* barra = nullptr;
     if (FAILED(CoCreateInstance(CLSID_TaskbarList, nullptr, CLSCTX_INPROC_SERVER, IID_ITaskbarList2, &barra))) return;
     auto* const suya = static_cast<ITaskbarList2*>(barra);
     if (SUCCEEDED(suya->HrInit())) suya->MarkFullscreenWindow(ventana, !m_actual);
     suya->Release();
-}
-
-void FormaWin::ponerEncima(HWND ventana) const {
-    SetWindowPos(ventana, m_actual ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
-                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 }  // namespace sorvanel

@@ -16,13 +16,12 @@ public:
     // The union of the rectangles, device pixels from the window's corner. The window is touched
     // only when that is another shape than it has.
     void recortar(HWND ventana, std::span<const RectPixel> zonas);
-    // The system forgets who is on top, and who covers the task bar, when that or the monitors come anew. COM must be
-    // there.
+    // The system forgets who is on top when the task bar or the monitors come anew.
     void reafirmar(HWND ventana) const;
+    // A task bar that is new does not know who covers it. COM must be there.
+    void anunciar(HWND ventana) const;
 
 private:
-    void ponerEncima(HWND ventana) const;
-
     Region m_actual;  // a copy: the one in use is the system's. Null while the window is whole
 };
 

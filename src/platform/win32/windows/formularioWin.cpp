@@ -20,6 +20,9 @@ constexpr const wchar_t* CLASE = L"SorvanelFormulario";
 // Monitors change in several steps, each with its message: wait until it has been quiet so long.
 constexpr UINT_PTR RELOJ_MONITORES = 1;
 constexpr UINT ESPERA_MONITORES = 500;
+// What tells of the session starts with the system, and may not be there yet: so often it is asked, and so long after.
+constexpr int INTENTOS = 10;
+constexpr UINT ENTRE_INTENTOS = 30'000;
 
 HANDLE recurso(int id, UINT clase, int ancho, int alto) {
     return LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id), clase, ancho, alto, LR_SHARED);
@@ -57,7 +60,6 @@ FormularioWin::FormularioWin(RecursosVentanas& recursos, const std::string& titu
     molde.iconoPequeno = static_cast<HICON>(
         recurso(IDI_SORVANEL, IMAGE_ICON, GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON)));
     crearVentana(molde);
-    m_sucesos.escuchar(hwnd());
 }
 
 FormularioWin::~FormularioWin() {
@@ -134,6 +136,7 @@ void FormularioWin::mostrar() {
     SetForegroundWindow(hwnd());
     // Also where another program keeps the foreground and this window is not made active.
     pedirActivacion();
+    cambioDeMonitores();
 }
 
 void FormularioWin::cerrar() {
@@ -151,6 +154,8 @@ void FormularioWin::cambioDeMonitores() {
 
 void FormularioWin::monitoresQuietos() {
     KillTimer(hwnd(), RELOJ_MONITORES);
+    if (!m_sucesos.escuchar(hwnd()) && m_intentos++ < INTENTOS)
+        SetTimer(hwnd(), RELOJ_MONITORES, ENTRE_INTENTOS, nullptr);
     m_forma.reafirmar(hwnd());
     if (m_oyente) m_oyente->alCambiarMonitores();
 }
@@ -284,7 +289,9 @@ LRESULT FormularioWin::alOrdenSistema(WPARAM w, LPARAM l) {
 
 void FormularioWin::alSuceder(Suceso suceso) {
     if (suceso == Suceso::ninguno) return;
-    if (suceso != Suceso::pantalla && m_oyente) m_oyente->alDormir(suceso == Suceso::duerme);
+    const bool sueno = suceso == Suceso::duerme || suceso == Suceso::despierta;
+    if (sueno && m_oyente) m_oyente->alDormir(suceso == Suceso::duerme);
+    if (suceso == Suceso::barraNueva) m_forma.anunciar(hwnd());
     // Monitors sleep too.
     if (suceso != Suceso::duerme) cambioDeMonitores();
 }

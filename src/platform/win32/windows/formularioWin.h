@@ -67,6 +67,7 @@ private:
 
     FormaWin m_forma;
     SucesosSistema m_sucesos;
+    int m_intentos = 0;                 // to hear of what happens to the session
     HCURSOR m_punteroNormal = nullptr;  // both shared, the system's to release
     HCURSOR m_punteroMarcha = nullptr;
 

@@ -14,17 +14,16 @@ Funcion deUser32(const char* nombre) {
 
 }  // namespace
 
-void SucesosSistema::escuchar(HWND ventana) {
-    m_ventana = ventana;
+bool SucesosSistema::escuchar(HWND ventana) {
+    const auto apuntarse = deUser32<HPOWERNOTIFY(WINAPI*)(HANDLE, DWORD)>("RegisterSuspendResumeNotification");
+    if (!m_energia && apuntarse) m_energia = apuntarse(ventana, DEVICE_NOTIFY_WINDOW_HANDLE);
     // After a locked session other windows may lie above.
-    WTSRegisterSessionNotification(ventana, NOTIFY_FOR_THIS_SESSION);
-    if (const auto apuntarse = deUser32<HPOWERNOTIFY(WINAPI*)(HANDLE, DWORD)>("RegisterSuspendResumeNotification"))
-        m_energia = apuntarse(ventana, DEVICE_NOTIFY_WINDOW_HANDLE);
+    if (!m_ventana && WTSRegisterSessionNotification(ventana, NOTIFY_FOR_THIS_SESSION)) m_ventana = ventana;
+    return m_ventana != nullptr;
 }
 
 void SucesosSistema::callar() {
-    if (!m_ventana) return;
-    WTSUnRegisterSessionNotification(m_ventana);
+    if (m_ventana) WTSUnRegisterSessionNotification(m_ventana);
     m_ventana = nullptr;
     if (!m_energia) return;
     if (const auto borrarse = deUser32<BOOL(WINAPI*)(HPOWERNOTIFY)>("UnregisterSuspendResumeNotification"))
@@ -48,7 +47,7 @@ Suceso SucesosSistema::leer(UINT mensaje, WPARAM w) const {
             if (w == PBT_APMSUSPEND) return Suceso::duerme;
             return w == PBT_APMRESUMEAUTOMATIC ? Suceso::despierta : Suceso::ninguno;
         default:
-            return si(mensaje == m_barraDeTareasNueva);
+            return mensaje == m_barraDeTareasNueva ? Suceso::barraNueva : Suceso::ninguno;
     }
 }
 

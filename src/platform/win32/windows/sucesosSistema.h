@@ -6,7 +6,8 @@ namespace sorvanel {
 
 enum class Suceso {
     ninguno,
-    pantalla,  // monitors may have changed, or other windows come above this one
+    pantalla,    // monitors may have changed, or other windows come above this one
+    barraNueva,  // the same, and the system has a new task bar
     duerme,
     despierta
 };
@@ -19,15 +20,16 @@ public:
     SucesosSistema(const SucesosSistema&) = delete;
     SucesosSistema& operator=(const SucesosSistema&) = delete;
 
-    // From now on, to that window, until it goes: call callar() before.
-    void escuchar(HWND ventana);
+    // From now on, to that window, until it goes: call callar() before. No where the system is not ready to tell all,
+    // as it may be soon after it was started: ask again.
+    bool escuchar(HWND ventana);
     void callar();
     Suceso leer(UINT mensaje, WPARAM w) const;
 
 private:
     // Told to all windows when Explorer has made the task bar anew.
     const UINT m_barraDeTareasNueva = RegisterWindowMessageW(L"TaskbarCreated");
-    HWND m_ventana = nullptr;
+    HWND m_ventana = nullptr;          // once it is told of the session
     HPOWERNOTIFY m_energia = nullptr;  // let go by callar()
 };
 
