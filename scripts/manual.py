@@ -107,7 +107,7 @@ def convertir(archivo):
     """The page's HTML, and its headings as a list of HTML."""
     texto = (DOCS / archivo).read_text(encoding="utf-8")
     # Where the pages are read as they are an anchor stands before its heading; here it is the heading's own.
-    texto = re.sub(r'^<a id="(\w+)"></a>\n+(#+ .*)$', r"\2 {#\1}", texto, flags=re.M)
+    texto = re.sub(r'^<a id="([\w-]+)"></a>\n+(#+ .*)$', r"\2 {#\1}", texto, flags=re.M)
     conversor = markdown.Markdown(
         extensions=["tables", "sane_lists", "fenced_code", "attr_list", "toc"],
         extension_configs={"toc": {"toc_depth": "2-3"}},

@@ -7,4 +7,7 @@ set -euo pipefail
     sed -n '2,4s/^# \{0,3\}//p' "${BASH_SOURCE[0]}" >&2
     exit 2
 }
-LC_ALL=C.UTF-8 exec python3 "$(dirname "${BASH_SOURCE[0]}")/manual.py" "$1"
+# The system's own, for which its packages are, though another one may come first.
+PYTHON=/usr/bin/python3
+[[ -x $PYTHON ]] || PYTHON=python3
+LC_ALL=C.UTF-8 exec "$PYTHON" "$(dirname "${BASH_SOURCE[0]}")/manual.py" "$1"
