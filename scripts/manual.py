@@ -18,8 +18,8 @@ import markdown
 
 RAIZ = Path(__file__).resolve().parent.parent
 DOCS = RAIZ / "docs"
-# The pages in their order: anchor of the whole, file, language.
-PAGINAS = (("inicio", "manual.md", "es"), ("formatos", "formatos.md", "en"))
+# The pages in their order: anchor of the whole, file, language, and what the contents call it.
+PAGINAS = (("inicio", "manual.md", "es", ""), ("formatos", "formatos.md", "en", "Formatos (en inglés)"))
 
 ESTILO = """
 html { font-size: 100%; -ms-text-size-adjust: 100%; }
@@ -27,7 +27,8 @@ body { margin: 0; color: #1f2933; background: #fff; font: 1em/1.5 "Segoe UI", Ta
 #indice { background: #eef2f6; padding: 1em 1.5em; font-size: .9em; }
 #indice ul { list-style: none; margin: .2em 0; padding-left: 1em; }
 #indice > ul { padding-left: 0; }
-#texto { max-width: 50em; margin: 0 auto; padding: 0 1.5em 3em; }
+#texto { max-width: 62em; margin: 0 auto; padding: 0 1.5em 3em; }
+p, ul, ol, pre { max-width: 50em; }
 h1, h2, h3 { line-height: 1.25; color: #12345a; }
 h1 { font-size: 2em; margin: .8em 0 .3em; }
 h2 { font-size: 1.45em; margin: 2em 0 .5em; padding-top: .4em; border-top: 2px solid #c9d4df; }
@@ -121,7 +122,7 @@ def convertir(archivo):
 
 def unir_enlaces(cuerpo):
     """Links from page to page become links within the one file."""
-    for ancla, archivo, _ in PAGINAS:
+    for ancla, archivo, *_ in PAGINAS:
         cuerpo = cuerpo.replace(f'href="{archivo}#', 'href="#').replace(f'href="{archivo}"', f'href="#{ancla}"')
     return cuerpo
 
@@ -139,12 +140,11 @@ def comprobar(cuerpo):
 
 def pagina():
     texto, indice = "", ""
-    for numero, (ancla, archivo, lengua) in enumerate(PAGINAS):
+    for numero, (ancla, archivo, lengua, titulo) in enumerate(PAGINAS):
         cuerpo, apartados = convertir(archivo)
         if numero == 0:
             cuerpo = re.sub(r"(</h1>)", rf'\1\n<p class="version">Versión {version()}</p>', cuerpo, count=1)
         else:
-            titulo = re.sub(r"<[^>]*>", "", re.search(r"<h1[^>]*>(.*?)</h1>", cuerpo).group(1))
             apartados = f'<ul><li><a href="#{ancla}">{titulo}</a></li></ul>'
         cuerpo = re.sub(r"<h1[^>]*>", "<h1>", cuerpo, count=1)
         clase = ' class="anexo"' if numero else ""

@@ -2,6 +2,7 @@
 // 192.168.1.40 sends to this computer, where the network has those addresses.
 
 #include <atomic>
+#include <chrono>
 #include <thread>
 #include <utility>
 
@@ -16,7 +17,7 @@ using namespace pruebas;
 using enum IdControl;
 
 constexpr int PRIMERO = 9001;
-constexpr DWORD RITMO = 100;  // ms between two frames of an indicator
+constexpr std::chrono::milliseconds RITMO{100};  // between two frames of an indicator
 
 // Each sends its frame to a port of its own, all the time.
 class Indicadores : private SinCopia {
@@ -43,10 +44,9 @@ private:
     }
 
     void enviar() const {
-        for (; !m_fin; Sleep(RITMO)) {
+        for (auto turno = std::chrono::steady_clock::now(); !m_fin; std::this_thread::sleep_until(turno += RITMO)) {
             for (std::size_t i = 0; i < m_tramas.size(); ++i) {
-                const auto destino =
-                    direccion(m_enRed ? "192.168.1.20" : "127.0.0.1", PRIMERO + static_cast<int>(i));
+                const auto destino = direccion(m_enRed ? "192.168.1.20" : "127.0.0.1", PRIMERO + static_cast<int>(i));
                 sendto(m_zocalo, m_tramas[i].data(), static_cast<int>(m_tramas[i].size()), 0,
                        reinterpret_cast<const sockaddr*>(&destino), sizeof destino);
             }
@@ -61,7 +61,7 @@ private:
 };
 
 void diseno(Configuracion& ini) {
-    ini.seccion("VISORES").clave("anchoEtiqueta", "4").clave("fondoEtiqueta", "7A3B12");
+    ini.seccion("VISORES").clave("anchoEtiqueta", "4").clave("ratioAlturas", "0,6").clave("fondoEtiqueta", "7A3B12");
 }
 
 Configuracion planta(int visores = 6, const char* posicion = "0;0", const char* dimensiones = "1;1") {
@@ -79,8 +79,8 @@ Configuracion planta(int visores = 6, const char* posicion = "0;0", const char* 
 }
 
 std::vector<std::string> pesos() {
-    return {trama(38'460'000, "EXX"), trama(612'500, "XXX"),  trama(87'200, "EXX"),
-            trama(14'250'000, "EXX"), trama(25'020, "EXX"), trama(742'000, "XXX")};
+    return {trama(38'460'000, "EXX"), trama(612'500, "XXX"), trama(87'200, "EXX"),
+            trama(14'250'000, "EXX"), trama(25'020, "EXX"),  trama(742'000, "XXX")};
 }
 
 RECT celda(Escena& e, int visor) {
@@ -89,6 +89,17 @@ RECT celda(Escena& e, int visor) {
     RECT todo{};
     UnionRect(&todo, &etiqueta, &peso);
     return todo;
+}
+
+// So that what is done beside it is seen.
+void apartar(Escena& e, int x, int y) {
+    const RECT todo = lugar(e.programa().ventana());
+    SetWindowPos(e.herramienta().ventana(), nullptr, todo.left + x, todo.top + y, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+}
+
+void esperarRitmo(Escena& e) {
+    exigir(esperar([&] { return e.herramienta().texto(lbRecepcion).ends_with("10 por segundo"); }, 2 * PLAZO),
+           "it does not say what comes");
 }
 
 RECT barra(Escena& e) {
@@ -157,14 +168,14 @@ void primerVisor(Escena& e) {
     const VentanaHerramienta& tool = e.herramienta();
     tool.escribir(txPort, 1, "9001");
     tool.tecla(txPort, 1, VK_RETURN);
-    const auto dicho = [&] { return tool.texto(lbRecepcion).starts_with("Recibiendo"); };
-    exigir(esperar(dicho), "nothing comes");
     tool.escribir(txEtq, 1, "Tolva");
     tool.tecla(txEtq, 1, VK_RETURN);
     const RECT todo = lugar(e.programa().ventana());
     clicEnPantalla(todo.left + 20, todo.top + 20);
     exigir(tool.esperarTexto(txUbi, 1, "1,1"), "the click places nothing");
     SetCursorPos(todo.left - 20, todo.top + 20);
+    apartar(e, 664, 190);
+    esperarRitmo(e);
     e.foto("primer-visor");
 }
 
@@ -177,7 +188,7 @@ void visores(Escena& e) {
     e.configurar(ini);
     e.abrir(botVisores, cfgVisor, imFoco, 6);
     e.enfocar(txPort, 2);
-    exigir(esperar([&] { return e.herramienta().texto(lbRecepcion).starts_with("Recibiendo"); }), "nothing comes");
+    esperarRitmo(e);
     e.foto("visores", lugar(e.herramienta().ventana()));
     e.pulsar(imFoco, 2, ckFmt, 0);
     e.pulsar(ckFdPe, 0, frColorFdPe, 0);
@@ -185,8 +196,10 @@ void visores(Escena& e) {
 }
 
 void situar(Escena& e) {
+    const Indicadores indicadores(pesos());
     e.configurar(planta(5));
     e.abrir(botVisores, cfgVisor, imFoco, 3);
+    apartar(e, 12, 290);
     const RECT todo = lugar(e.programa().ventana());
     const LONG dentro = (todo.right - todo.left) / 10;
     arrastrarEnPantalla({todo.left + dentro, todo.top + dentro}, {todo.right - dentro, todo.bottom - 32 - dentro}, [&] {
@@ -228,8 +241,7 @@ void mensaje(Escena& e) {
 }
 
 void manual(Escena& e) {
-    for (void (*const parte)(Escena&) :
-         {enMarcha, signos, primerVisor, visores, situar, contexto, tamano, mensaje}) {
+    for (void (*const parte)(Escena&) : {enMarcha, signos, primerVisor, visores, situar, contexto, tamano, mensaje}) {
         parte(e);
         e.vaciar();
     }
