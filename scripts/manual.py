@@ -29,6 +29,7 @@ body { margin: 0; color: #1f2933; background: #fff; font: 1em/1.5 "Segoe UI", Ta
 #indice > ul { padding-left: 0; }
 #texto { max-width: 62em; margin: 0 auto; padding: 0 1.5em 3em; }
 p, ul, ol, pre { max-width: 50em; }
+.foto { max-width: none; }
 h1, h2, h3 { line-height: 1.25; color: #12345a; }
 h1 { font-size: 2em; margin: .8em 0 .3em; }
 h2 { font-size: 1.45em; margin: 2em 0 .5em; padding-top: .4em; border-top: 2px solid #c9d4df; }
@@ -115,6 +116,7 @@ def convertir(archivo):
         output_format="html",
     )
     cuerpo = re.sub(r"<img [^>]*>", lambda una: imagen_dentro(una.group()), conversor.convert(texto))
+    cuerpo = cuerpo.replace("<p><img ", '<p class="foto"><img ')
     if "<a id=" in cuerpo:
         raise Fallo(f"{archivo}: an anchor stands before no heading")
     return cuerpo, conversor.toc

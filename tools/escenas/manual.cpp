@@ -234,6 +234,8 @@ void mensaje(Escena& e) {
     e.abrir(botMensaje, cfgMensaje, txTexto);
     e.foto("mensaje", lugar(e.herramienta().ventana()));
     e.pulsar(botAjustar, 0, botAjustar, 0, false);
+    exigir(esperar([&] { return e.programa().leerINI().find("Dimensiones=1;1\r") == std::string::npos; }),
+           "the grid is not saved");
     e.arrancar(e.programa().leerINI().substr(3));  // it begins with the mark of UTF-8, as what is started with does
     const Indicadores indicadores(pesos());
     esperarPesos(e, 6);
