@@ -48,7 +48,6 @@ td code { white-space: nowrap; }
 pre { background: #eef2f6; padding: .7em 1em; overflow: auto; }
 pre code { padding: 0; background: none; }
 li { margin: .25em 0; }
-blockquote { margin: 1em 0; padding: .1em 1em; border-left: 5px solid #0b5cc4; background: #eef5fd; }
 .version { color: #5a6570; margin: 0 0 1.5em; }
 @media screen and (min-width: 78em) {
   #indice { position: fixed; top: 0; bottom: 0; left: 0; width: 16em; overflow: auto; }
@@ -59,7 +58,9 @@ blockquote { margin: 1em 0; padding: .1em 1em; border-left: 5px solid #0b5cc4; b
   #texto { max-width: none; padding: 0; }
   #indice { background: none; padding: 0; }
   h1, h2, h3 { page-break-after: avoid; }
-  tr, img, pre, blockquote { page-break-inside: avoid; }
+  tr, img, pre { page-break-inside: avoid; }
+  img { width: auto; max-height: 9.5cm; }
+  td img { max-height: 2cm; }
   .anexo { page-break-before: always; }
   a { color: inherit; text-decoration: none; }
 }
