@@ -19,13 +19,38 @@ using enum IdControl;
 constexpr int PRIMERO = 9001;
 constexpr std::chrono::milliseconds RITMO{100};  // between two frames of an indicator
 
+constexpr const char* ESTE_EQUIPO = "192.168.1.20";
+constexpr const char* INDICADOR = "192.168.1.40";
+
+sockaddr_in direccion(const char* ip, int puerto) {
+    sockaddr_in una{};
+    una.sin_family = AF_INET;
+    una.sin_addr.s_addr = inet_addr(ip);
+    una.sin_port = htons(static_cast<u_short>(puerto));
+    return una;
+}
+
+bool tomar(SOCKET zocalo, const char* ip) {
+    const sockaddr_in propia = direccion(ip, 0);
+    return bind(zocalo, reinterpret_cast<const sockaddr*>(&propia), sizeof propia) == 0;
+}
+
+// Elsewhere that address may be somebody else's: nothing is sent there. Asked by TCP, since Wine lets a datagram socket
+// have any.
+bool esDeEsteEquipo(const char* ip) {
+    const SOCKET tanteo = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
+    const bool si = tomar(tanteo, ip);
+    closesocket(tanteo);
+    return si;
+}
+
 // Each sends its frame to a port of its own, all the time.
 class Indicadores : private SinCopia {
 public:
     explicit Indicadores(std::vector<std::string> tramas)
-        : m_zocalo(socket(AF_INET, SOCK_DGRAM, IPPROTO_UDP)), m_tramas(std::move(tramas)) {
-        const sockaddr_in propia = direccion("192.168.1.40", 0);
-        m_enRed = bind(m_zocalo, reinterpret_cast<const sockaddr*>(&propia), sizeof propia) == 0;
+        : m_zocalo(socket(AF_INET, SOCK_DGRAM, IPPROTO_UDP)),
+          m_tramas(std::move(tramas)),
+          m_destino(esDeEsteEquipo(ESTE_EQUIPO) && tomar(m_zocalo, INDICADOR) ? ESTE_EQUIPO : "127.0.0.1") {
         m_hilo = std::thread([this] { enviar(); });
     }
     ~Indicadores() {
@@ -35,18 +60,10 @@ public:
     }
 
 private:
-    static sockaddr_in direccion(const char* ip, int puerto) {
-        sockaddr_in una{};
-        una.sin_family = AF_INET;
-        una.sin_addr.s_addr = inet_addr(ip);
-        una.sin_port = htons(static_cast<u_short>(puerto));
-        return una;
-    }
-
     void enviar() const {
         for (auto turno = std::chrono::steady_clock::now(); !m_fin; std::this_thread::sleep_until(turno += RITMO)) {
             for (std::size_t i = 0; i < m_tramas.size(); ++i) {
-                const auto destino = direccion(m_enRed ? "192.168.1.20" : "127.0.0.1", PRIMERO + static_cast<int>(i));
+                const auto destino = direccion(m_destino, PRIMERO + static_cast<int>(i));
                 sendto(m_zocalo, m_tramas[i].data(), static_cast<int>(m_tramas[i].size()), 0,
                        reinterpret_cast<const sockaddr*>(&destino), sizeof destino);
             }
@@ -55,7 +72,7 @@ private:
 
     SOCKET m_zocalo;
     std::vector<std::string> m_tramas;
-    bool m_enRed;
+    const char* m_destino;
     std::atomic<bool> m_fin = false;
     std::thread m_hilo;
 };
