@@ -221,6 +221,7 @@ void situar(Escena& e) {
     const LONG dentro = (todo.right - todo.left) / 10;
     arrastrarEnPantalla({todo.left + dentro, todo.top + dentro}, {todo.right - dentro, todo.bottom - 32 - dentro}, [&] {
         exigir(e.programa().esperarVisible(picMarca, 4), "nothing says what the drag would do");
+        esperarRitmo(e);
         e.foto("situar");
         teclear(e.programa().ventana(), VK_ESCAPE);
         exigir(esperar([&] { return !e.programa().seVe(picMarca, 4); }), "Escape does not end it");
