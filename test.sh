@@ -54,6 +54,7 @@ titulo "Checks"
 paso "include rules" scripts/comprobar-inclusiones.py
 paso "include rules find what is planted" scripts/comprobar-inclusiones.py --prueba
 paso "format" formato
+paso "manual" scripts/manual.sh "$OBRA/manual.html"
 
 titulo "Unit tests, with sanitizers"
 previo "build, native" construir nativo &&

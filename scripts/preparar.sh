@@ -12,7 +12,7 @@ PAQUETES=(
     wine wine64 xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils x11-utils
     xdotool openbox imagemagick fonts-liberation
     # packaging
-    nsis
+    nsis python3-markdown
 )
 
 paquetes_que_faltan() {

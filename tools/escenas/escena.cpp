@@ -30,11 +30,12 @@ RECT monitorPrimario() {
 }
 
 // The simplest of formats: red, green, blue, row by row from the top.
-std::string comoPPM(const Fotografia& foto) {
-    std::string bytes = "P6 " + std::to_string(foto.ancho()) + " " + std::to_string(foto.alto()) + " 255\n";
-    bytes.reserve(bytes.size() + static_cast<std::size_t>(foto.ancho()) * static_cast<std::size_t>(foto.alto()) * 3);
-    for (int y = 0; y < foto.alto(); ++y)
-        for (int x = 0; x < foto.ancho(); ++x)
+std::string comoPPM(const Fotografia& foto, const RECT& parte) {
+    const int ancho = parte.right - parte.left, alto = parte.bottom - parte.top;
+    std::string bytes = "P6 " + std::to_string(ancho) + " " + std::to_string(alto) + " 255\n";
+    bytes.reserve(bytes.size() + static_cast<std::size_t>(ancho) * static_cast<std::size_t>(alto) * 3);
+    for (int y = parte.top; y < parte.bottom; ++y)
+        for (int x = parte.left; x < parte.right; ++x)
             for (const int componente : {0, 8, 16}) bytes += static_cast<char>(foto.en(x, y) >> componente & 0xFF);
     return bytes;
 }
@@ -142,7 +143,7 @@ bool Escena::escucha() const {
     return dicho.ends_with("…") || (!dicho.empty() && m_herramienta->texto(IdControl::lbEquipo).empty());
 }
 
-void Escena::foto(const std::string& nombre) {
+void Escena::foto(const std::string& nombre, std::optional<RECT> parte) {
     // A box that nobody awaits would be in each picture.
     exigir(m_programa->caja().ventana() == nullptr, nombre + ": " + m_programa->caja().texto());
     Fotografia ultima = mirar();
@@ -160,7 +161,10 @@ void Escena::foto(const std::string& nombre) {
         return iguales >= IGUALES;
     };
     exigir(esperar(quieta, 2 * PLAZO), nombre + ": it does not stand still");
-    escribirArchivo(m_carpeta + L"\\" + ancho(nombre) + L".ppm", comoPPM(ultima));
+    RECT recorte = m_zona;
+    if (parte) IntersectRect(&recorte, &m_zona, &*parte);
+    OffsetRect(&recorte, -m_zona.left, -m_zona.top);
+    escribirArchivo(m_carpeta + L"\\" + ancho(nombre) + L".ppm", comoPPM(ultima, recorte));
 }
 
 Configuracion parrillaLlena(int filas, int columnas, int visores) {

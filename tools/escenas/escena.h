@@ -46,8 +46,8 @@ public:
     void pulsar(IdControl id, int elemento, IdControl otro, int otroElemento, bool seVe = true);
     // By the Tab key, in the open tool or else on the bar; the pictures have it there until something else is done.
     void enfocar(IdControl id, int elemento = 0);
-    // When the screen stands still, into <folder>\<name>.ppm.
-    void foto(const std::string& nombre);
+    // When the screen stands still, into <folder>\<name>.ppm: all of the monitor, or that part of the screen.
+    void foto(const std::string& nombre, std::optional<RECT> parte = {});
 
     pruebas::Programa& programa() { return *m_programa; }
     const pruebas::VentanaHerramienta& herramienta() const { return *m_herramienta; }
@@ -75,5 +75,6 @@ struct Acto {
 };
 extern const std::vector<Acto> PARRILLAS;
 extern const std::vector<Acto> HERRAMIENTAS;
+extern const std::vector<Acto> MANUAL;
 
 }  // namespace sorvanel::escenas

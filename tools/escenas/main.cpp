@@ -37,7 +37,7 @@ int wmain(int cuantos, wchar_t** palabras) {
     try {
         const pruebas::Winsock winsock;
         escenas::Escena escena(palabras[1]);
-        for (const auto* actos : {&escenas::PARRILLAS, &escenas::HERRAMIENTAS})
+        for (const auto* actos : {&escenas::PARRILLAS, &escenas::HERRAMIENTAS, &escenas::MANUAL})
             for (const escenas::Acto& acto : *actos)
                 if (pedidos.empty() || std::find(pedidos.begin(), pedidos.end(), acto.nombre) != pedidos.end())
                     bien = jugar(escena, acto) && bien;
