@@ -38,7 +38,8 @@ struct cfgVisor::Controles {
 cfgVisor::cfgVisor(const UtilesDialogo& utiles, MesaConfiguracion& mesa)
     : DialogoConfiguracion(
           IdControl::cfgVisor,
-          {"Definir visores", "Cada cambio se ve y se guarda al momento. Pulse una celda para situar el visor elegido"},
+          {"Definir visores",
+           "Cada cambio se ve y se guarda al momento. Una celda libre sitúa el visor elegido, o añade otro"},
           utiles, mesa) {}
 
 cfgVisor::~cfgVisor() = default;
@@ -51,6 +52,7 @@ PaginaVisores& cfgVisor::pagina() {
 
 void cfgVisor::montar() {
     m_actual = 0;
+    m_reciente = 0;
     m_conDiseno = 0;
     m_foco.reset();
     m_vista.reset();
@@ -82,9 +84,9 @@ void cfgVisor::crearControles() {
                            [this] { cerrarPanel(); }});
     m_c->recepcion = std::make_unique<RecepcionVisor>(taller(), utiles(), mesa(), [this] { return m_actual; });
     m_c->ubicador = std::make_unique<Ubicador>(
-        mesa(),
-        Ubicador::Datos{[this] { return validar(); }, [this] { return m_actual; }, [this](std::int16_t n) { irA(n); },
-                        [this](const std::vector<std::int16_t>& cuales) { reubicados(cuales); }});
+        mesa(), Ubicador::Datos{[this] { return validar(); }, [this] { return m_actual; },
+                                [this] { return paraLibre(); }, [this](std::int16_t n) { irA(n); },
+                                [this](const std::vector<std::int16_t>& cuales) { reubicados(cuales); }});
     elegido(0);
 }
 
@@ -268,6 +270,7 @@ void cfgVisor::irA(std::int16_t n) {
 
 void cfgVisor::elegido(std::int16_t n) {
     m_actual = n;
+    if (n != m_reciente) m_reciente = 0;
     const std::string texto = n != 0 ? TEXTO_ELIMINAR + (" #" + std::to_string(n)) : TEXTO_ELIMINAR;
     m_c->botElim->texto(texto);
     m_c->botElim->nombre(texto);
@@ -332,16 +335,32 @@ void cfgVisor::ordenarTeclado() {
 // ---- making and deleting ----
 
 // The press may have come without the focus: then the field where that is has not been asked.
-void cfgVisor::nuevo() {
-    if (!validar()) return;
+bool cfgVisor::nuevo() {
+    if (!validar()) return false;
     const auto numero = static_cast<std::int16_t>(pagina().cuantos() + 1);
     if (mesa().nuevoVisor() == nullptr) {
         avisar(NO_CABEN_MAS);
-        return;
+        return false;
     }
     // More than one where it closed a gap in the file.
     pagina().cuantos(mesa().visores().cuantos());
     irA(numero, CampoVisor::port);
+    m_reciente = numero;
+    return true;
+}
+
+// A new one that has its port and its place is done: whoever sets up one after the other clicks the next one's cell.
+// With none selected it must be plain that none is waiting for a place.
+std::int16_t cfgVisor::paraLibre() {
+    const auto sinSitio = [this](std::int16_t n) { return !uno(n)->ubicacion(); };
+    const bool hecho = m_actual != 0 && m_actual == m_reciente && uno(m_actual)->port() > 0 && !sinSitio(m_actual);
+    if (m_actual != 0 && !hecho) return m_actual;
+    for (std::int16_t n = 1; n <= pagina().cuantos(); ++n) {
+        if (m_actual != 0 || !sinSitio(n)) continue;
+        m_c->botNvo->enfocar();
+        return 0;
+    }
+    return nuevo() ? m_actual : std::int16_t{0};
 }
 
 void cfgVisor::eliminar() {
@@ -354,6 +373,7 @@ void cfgVisor::eliminar() {
     const std::int16_t cuantos = mesa().visores().cuantos();
     pagina().cuantos(cuantos);
     m_actual = std::min(m_actual, cuantos);
+    m_reciente = 0;
     pagina().rehacer();
     if (m_actual != 0) {
         irA(m_actual, CampoVisor::port);

@@ -79,7 +79,9 @@ private:
     void actualizar();
     void ordenarTeclado();
 
-    void nuevo();
+    bool nuevo();
+    // The display that a free cell is for; 0: none.
+    std::int16_t paraLibre();
     void eliminar();
     void avisar(std::string_view texto);
     void reubicados(const std::vector<std::int16_t>& cuales);
@@ -88,6 +90,7 @@ private:
     void cerrarPanel();
 
     std::int16_t m_actual = 0;              // the selected display; 0: none
+    std::int16_t m_reciente = 0;            // the new one, as long as it stays selected; 0: none
     std::int16_t m_conDiseno = 0;           // the one whose panel is open; 0: closed
     bool m_debajo = false;                  // the panel stands below the rows, not beside them
     std::optional<Foco> m_foco;             // the row's field that had the focus last

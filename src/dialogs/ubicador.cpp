@@ -52,8 +52,7 @@ bool Ubicador::pulsar(Punto donde) {
     if (!celda || !m_datos.puedeDejarCampo()) return false;
     const std::int16_t visor = ocupante(*celda);
     const std::int16_t elegido = visor != 0 ? visor : m_datos.elegido();
-    if (elegido == 0) return false;
-    m_datos.elegir(elegido);
+    if (elegido != 0) m_datos.elegir(elegido);
     m_presa = Presa{visor, *celda, donde};
     return true;
 }
@@ -73,13 +72,13 @@ void Ubicador::llevar(Punto donde) {
 
 // The keyboard works meanwhile: what was taken may be another display's by now.
 bool Ubicador::sigueAhi(const Presa& presa) const {
-    return ocupante(presa.celda) == presa.visor && (presa.visor != 0 || m_datos.elegido() != 0);
+    return ocupante(presa.celda) == presa.visor;
 }
 
 void Ubicador::soltar(const Presa& presa, Ubicacion celda) {
     const bool misma = celda == presa.celda;
     if (presa.visor == 0) {
-        if (misma) situar(m_datos.elegido(), celda);
+        if (misma) situar(m_datos.paraLibre(), celda);
         return;
     }
     if (misma || !presa.arrastrada) return;

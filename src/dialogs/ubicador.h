@@ -12,9 +12,9 @@
 
 namespace sorvanel {
 
-// Places displays by pointing at the grid itself: a click on a free cell gives it to the selected display, one on a
-// display selects it, and dragged to another cell it moves there, or changes places with the one that is there.
-// Nothing is done before the button is up, and then all of it or nothing.
+// Places displays by pointing at the grid itself: a click on a free cell gives it to the selected display or to a new
+// one, one on a display selects it, and dragged to another cell it moves there, or changes places with the one that is
+// there. Nothing is done before the button is up, and then all of it or nothing.
 class Ubicador {
 public:
     struct Datos {
@@ -22,6 +22,8 @@ public:
         std::function<bool()> puedeDejarCampo;
         // The selected display; 0: none.
         std::function<std::int16_t()> elegido;
+        // The display that a free cell is for, which was clicked just now; it may be made for it. 0: none.
+        std::function<std::int16_t()> paraLibre;
         // Selects it, and gives the keyboard to its row.
         std::function<void(std::int16_t)> elegir;
         // They have another place now.

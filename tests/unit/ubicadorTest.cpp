@@ -79,6 +79,29 @@ TEST_F(Ubicador, elClicSitaYElArrastreMueveOIntercambia) {
     }
 }
 
+// Six scales: a click, a port and a caption for each. One that is not complete yet is placed elsewhere instead.
+TEST_F(Ubicador, unoTrasOtroSinMasQueSusCeldas) {
+    abrir("[RETICULA]\r\nFilasColumnas=4x1\r\n");
+    const struct {
+        int celda;
+        const char *port, *plazas;
+    } pasos[] = {{1, "", "1"}, {2, "3001", "2"}, {3, "3002", "2 3"}, {4, "", "2 3 4"}, {1, "", "2 3 1"}};
+    int cuantos = 0;
+    for (const auto& p : pasos) {
+        clic(p.celda);
+        cuantos = mesa.visores().cuantos();
+        EXPECT_EQ(plazas(cuantos), p.plazas);
+        EXPECT_TRUE(conFoco(Id::txPort, cuantos));
+        if (*p.port != '\0') caja(Id::txPort, cuantos).reescribir(p.port);
+    }
+    // Selected again it is moved, as any other is.
+    caja(Id::txPort, 3).reescribir("3003");
+    caja(Id::txEtq, 1).irA();
+    caja(Id::txEtq, 3).irA();
+    clic(4);
+    EXPECT_EQ(plazas(3), "2 3 4");
+}
+
 TEST_F(Ubicador, unCampoInvalidoElEscapeOUnDesliceNoMuevenNada) {
     abrirCon(10);
     caja(Id::txPort, 4).reescribir("3001");
