@@ -82,5 +82,22 @@ TEST_F(Pesos, ElSilencioSonCincoRayasRojas) {
     EXPECT_TRUE(programa.lee(1, "0005.0"));
 }
 
+TEST(Origen, SoloSeTomaLoQueVieneDeEl) {
+    const int puerto = puertosLibres();
+    Programa programa{Configuracion().reticula(1, 1).visor(puerto, 1, 1).clave("Origen", "127.0.0.2")};
+    ASSERT_TRUE(programa.marchar());
+    EmisorUDP suyo, ajeno;
+    ASSERT_TRUE(suyo.desde("127.0.0.2"));
+    suyo.enviar(puerto, trama(5000).substr(0, 6));
+    ajeno.enviar(puerto, trama(7000));
+    suyo.enviar(puerto, trama(5000).substr(6));
+    ASSERT_TRUE(programa.lee(1, "5"));
+    EXPECT_TRUE(esperar([&] {
+        ajeno.enviar(puerto, trama(7000));
+        return programa.peso(1) != "5";
+    }));
+    EXPECT_EQ(programa.peso(1), "-----");
+}
+
 }  // namespace
 }  // namespace sorvanel::pruebas

@@ -211,6 +211,69 @@ TEST(frTCP, loQueSeOyeYCuantasVecesSeLlama) {
     }
 }
 
+// An address that is not spoken of while the link lives: how long it is believed, and what else ends it.
+TEST(frTCP, laCaducidadEsLaDeSuClave) {
+    constexpr std::int64_t NUNCA = DestinoPavona::SIN_CADUCIDAD;
+    for (const auto& [texto, milesimas] :
+         std::initializer_list<std::pair<const char*, std::int64_t>>{{"", 10000},
+                                                                     {"diez", 10000},
+                                                                     {"-1", 10000},
+                                                                     {"1e999", 10000},
+                                                                     {"0", NUNCA},
+                                                                     {"0,2", 1000},
+                                                                     {"1.5", 2000},
+                                                                     {"86399", 86399000},
+                                                                     {"86401", 86400000},
+                                                                     {"1e99", 86400000}}) {
+        Banco b;
+        b.e.valor("PAVONA", "Caducidad", texto);
+        guardarPortPavona(b.e.com, 9085);
+        guardarHostPavona(b.e.com, "otro");
+        EXPECT_EQ(leerDestinoPavona(b.e.com).caducidad, milesimas) << texto;
+    }
+    const Textos O{"+500", OTRA + "\r"}, L{LECTURA + "\r"}, basura{"+500", "basura\r"}, corte{"*X", "*C"};
+    const Textos reabre = corte + Textos{"LIN>", "XXX>"};
+    const struct {
+        const char *que, *clave;
+        Textos guion, oye;
+        bool niega = false;
+    } CASOS[] = {
+        {"soon, not yet", "3", veces(5, O), {}},
+        {"soon", "3", veces(6, O), {"s"}},
+        {"late, not yet", "30", veces(59, O), {}},
+        {"late", "30", veces(60, O), {"s"}},
+        {"never", "0", veces(300, O), {}},
+        {"the one second stays", "0", veces(300, O) + Textos{"+1000"}, {"s"}},
+        {"nothing is read", "0", veces(300, O) + veces(20, basura), {"s"}},
+        {"it is said to have none", "0", L + veces(20, O), {"1203", "s"}, true},
+        {"the link is cut", "0", veces(300, O) + corte, {"s"}},
+        {"cut and back at once", "0", reabre + veces(20, O), {"s"}},
+        {"heard again since", "0", reabre + L + veces(300, O), {"1203"}},
+        {"what the file says since", "0", {"=3"}, {}},
+        {"it holds from the next time on", "0", Textos{"=3"} + reabre + L + veces(6, O), {"s", "s", "s", "1203", "s"}}};
+    for (const auto& caso : CASOS) {
+        Banco b;
+        b.e.valor("PAVONA", "Caducidad", caso.clave);
+        b.llevar(Estado::leyendo);
+        b.visor.lineas.clear();
+        if (caso.niega) b.visor.toma = [](std::string_view) { return false; };
+        const bool cambia = caso.guion.front() == "=3";
+        if (cambia) {
+            b.e.valor("PAVONA", "Caducidad", "3");
+            jugar(b, veces(19, O));
+        }
+        jugar(b, cambia ? Textos(caso.guion.begin() + 1, caso.guion.end()) : caso.guion);
+        EXPECT_EQ(b.visor.lineas, caso.oye) << caso.que;
+    }
+    Banco b;
+    b.e.valor("PAVONA", "Caducidad", "0");
+    b.llevar(Estado::leyendo);
+    SuscriptorDoble mudo(501);
+    ASSERT_TRUE(b.enlace.enMarcha(mudo));
+    jugar(b, veces(20, O));
+    EXPECT_EQ(mudo.lineas, Textos{"s"}) << "there is nothing to keep";
+}
+
 TEST(frTCP, elUltimoAdiosCierra) {
     Banco b;
     b.enlace.hola();

@@ -110,6 +110,31 @@ TEST(frWsk, cerrarDejaElPuertoLibreYDescartaLoQueLlegue) {
     EXPECT_EQ(b.lineas(), Lineas{"+nueva"}) << "no half line of the last time, and no more once closed";
 }
 
+TEST(frWsk, loQueNoVieneDeSuOrigenEsComoSiNoLlegara) {
+    Banco b;
+    b.visor.deQuien = 0xC0A80128;
+    ASSERT_TRUE(b.arrancar());
+    const auto deOtro = [&](const std::string& datos) {
+        b.e.fabrica.ultimoZocalo()->quien = "192.168.1.41";
+        b.llegar(datos);
+        b.e.fabrica.ultimoZocalo()->quien = "192.168.1.40";
+    };
+    b.llegar("+sus");
+    deOtro("+nada\r");
+    b.llegar(" dos mitades\r");
+    b.e.reloj.avanzar(900);
+    deOtro("+viva\r");
+    b.e.reloj.avanzar(100);
+    EXPECT_EQ(b.lineas(), (Lineas{"+sus dos mitades", ""})) << "it puts no silence off";
+    EXPECT_EQ(b.enlace.motivo(b.visor), MotivoSilencio::callado) << "its own has been heard just now";
+    b.e.reloj.avanzar(frWsk::MEMORIA);
+    EXPECT_EQ(b.enlace.motivo(b.visor), MotivoSilencio::callado) << "nobody sends";
+    deOtro("-");
+    EXPECT_EQ(b.enlace.motivo(b.visor), MotivoSilencio::otroEquipo);
+    b.llegar("-basura\r");
+    EXPECT_EQ(b.enlace.motivo(b.visor), MotivoSilencio::callado);
+}
+
 TEST(frWsk, sinRetornoDeCarroElBuferNoCreceSinFin) {
     Banco b;
     ASSERT_TRUE(b.arrancar());

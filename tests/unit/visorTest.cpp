@@ -52,6 +52,7 @@ TEST(visor, leeYMudaSuSeccionConSusLimites) {
         {"fondoPeso", {{"", ""}}},
         {"textoPeso", {{"FF000001", "000001"}}},
         {"ratioAlturas", {{"0.5", "0,5"}, {"medio", ""}}},
+        {"Origen", {{"10.0.0.7", "10.0.0.7"}, {"la tolva", "la tolva"}, {"", ""}}},
         {"Port", {{"12abc", "12"}, {"abc", "0"}, {"99999999999", "0"}}},
         {"ModoBulk", {{"9", "9"}, {"x", "4"}}}};
     for (const auto& [clave, casos] : claves) {
@@ -334,7 +335,10 @@ TEST(visor, elMotivoDelSilencioSigueAlEnlace) {
         {"[VISOR_1]\r\nPort=3002\r\nUbicacion=1,1\r\n", sinArrancar, "Port 3002 no disponible"},
         {"[VISOR_1]\r\nPort=0\r\nUbicacion=1,1\r\n", callado, "Sin port"},
         {"[VISOR_1]\r\nPort=0\r\nProtocolo=Pavona\r\nUbicacion=1,1\r\n", noOido, "Sin dirección"},
-        {"[VISOR_1]\r\nPort=70000\r\nUbicacion=1,1\r\n", sinArrancar, "Port 70000 no válido"}};
+        {"[VISOR_1]\r\nPort=70000\r\nUbicacion=1,1\r\n", sinArrancar, "Port 70000 no válido"},
+        {"[VISOR_1]\r\nPort=3004\r\nOrigen=tal\r\nUbicacion=1,1\r\n", sinArrancar, "Origen no es una dirección"},
+        {"[VISOR_1]\r\nPort=3004\r\nOrigen=10.0.0.7\r\nUbicacion=1,1\r\n", otroEquipo,
+         "Sin datos desde 10:42 · UDP 3004, llega de otro equipo"}};
     for (const auto& [ini, motivo, texto] : casos) {
         Banco b(ini);
         b.compartido.arranca = motivo != sinArrancar;
@@ -344,11 +348,50 @@ TEST(visor, elMotivoDelSilencioSigueAlEnlace) {
         b.arrancar();
         for (int s = 0; s <= 10 && b.v->Run(); ++s) {
             b.v->mmTCP_refrescoPeso(0, 0, "");
+            if (b.puerto(3004) != nullptr) b.puerto(3004)->llegar("XNZ+00012345\r");
             b.e.reloj.avanzar(1000);
         }
         EXPECT_NE(b.picRep.textoLeyenda().find(std::string("sin datos. ") + texto), std::string::npos)
             << b.picRep.textoLeyenda();
     }
+}
+
+TEST(visor, unOrigenQueNoEsDireccionNoDejaArrancarYSeNombra) {
+    const std::pair<std::string, DireccionIP> casos[] = {{"", SuscriptorPeso::CUALQUIERA},
+                                                         {"192.168.1.40", 0xC0A80128},
+                                                         {"\" 192.168.001.040\"", 0xC0A80128},
+                                                         {"223.255.255.255", 0xDFFFFFFF},
+                                                         {"1.0.0.0", 0x01000000}};
+    for (const auto& [texto, ip] : casos) {
+        Banco b(TESSEL + "Origen=" + texto + "\r\n");
+        b.arrancar();
+        EXPECT_EQ(b.v->origen(), ip) << texto;
+        EXPECT_TRUE(b.v->Run());
+    }
+    const std::pair<std::string, std::string> malas[] = {{"0.0.0.0", "0.0.0.0"},
+                                                         {"224.0.0.1", "224.0.0.1"},
+                                                         {"1.2.3", "1.2.3"},
+                                                         {"1.2.3.256", "1.2.3.256"},
+                                                         {"1.2.3.4.", "1.2.3.4."},
+                                                         {"1.2.3.4.5", "1.2.3.4.5"},
+                                                         {"1..2.3", "1..2.3"},
+                                                         {"1.2.3.4/24", "1.2.3.4/24"},
+                                                         {"a@b", "a@b"},
+                                                         {"\"  \"", "  "},
+                                                         {"x" + std::string(24, '\xF1'), "xñññññññññññññññññññ…"}};
+    for (const auto& [texto, dicho] : malas) {
+        Banco b(TESSEL + "Origen=" + texto + "\r\n");
+        b.arrancar();
+        EXPECT_EQ(b.v->ultimoerror(), "Origen no es una dirección: «" + dicho + "»");
+        EXPECT_FALSE(b.v->Run());
+        EXPECT_EQ(b.puerto(3001), nullptr);
+        EXPECT_EQ(b.leyenda(), "sin datos");
+    }
+    Banco comun("[VISOR_1]\r\nProtocolo=Pavona\r\nPort=1203\r\nOrigen=any\r\nUbicacion=1,1\r\n");
+    comun.arrancar();
+    EXPECT_TRUE(comun.v->Run()) << "it has no port of its own";
+    comun.v->caption("Silo");
+    EXPECT_EQ(comun.clave("Origen"), "any") << "nor is it lost";
 }
 
 TEST(visor, laEtiquetaYLaUbicacionSeNieganOSeSiguen) {
