@@ -114,25 +114,21 @@ TEST(frWsk, loQueNoVieneDeSuOrigenEsComoSiNoLlegara) {
     Banco b;
     b.visor.deQuien = 0xC0A80128;
     ASSERT_TRUE(b.arrancar());
-    const auto deOtro = [&](const std::string& datos) {
-        b.e.fabrica.ultimoZocalo()->quien = "192.168.1.41";
+    const auto llegarDe = [&](const char* quien, const std::string& datos, MotivoSilencio motivo) {
+        b.e.fabrica.ultimoZocalo()->quien = quien;
         b.llegar(datos);
-        b.e.fabrica.ultimoZocalo()->quien = "192.168.1.40";
+        EXPECT_EQ(b.enlace.motivo(b.visor), motivo) << datos;
     };
-    b.llegar("+sus");
-    deOtro("+nada\r");
-    b.llegar(" dos mitades\r");
+    llegarDe("192.168.1.40", "+dos", MotivoSilencio::callado);
+    llegarDe("192.168.1.41", "+nada\r", MotivoSilencio::callado);
+    llegarDe("192.168.1.40", " mitades\r", MotivoSilencio::callado);
     b.e.reloj.avanzar(900);
-    deOtro("+viva\r");
+    llegarDe("192.168.1.41", "+viva\r", MotivoSilencio::callado);
     b.e.reloj.avanzar(100);
-    EXPECT_EQ(b.lineas(), (Lineas{"+sus dos mitades", ""})) << "it puts no silence off";
-    EXPECT_EQ(b.enlace.motivo(b.visor), MotivoSilencio::callado) << "its own has been heard just now";
+    EXPECT_EQ(b.lineas(), (Lineas{"+dos mitades", ""}));
     b.e.reloj.avanzar(frWsk::MEMORIA);
-    EXPECT_EQ(b.enlace.motivo(b.visor), MotivoSilencio::callado) << "nobody sends";
-    deOtro("-");
-    EXPECT_EQ(b.enlace.motivo(b.visor), MotivoSilencio::otroEquipo);
-    b.llegar("-basura\r");
-    EXPECT_EQ(b.enlace.motivo(b.visor), MotivoSilencio::callado);
+    llegarDe("192.168.1.41", "+", MotivoSilencio::otroEquipo);
+    llegarDe("192.168.1.40", "basura", MotivoSilencio::callado);
 }
 
 TEST(frWsk, sinRetornoDeCarroElBuferNoCreceSinFin) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "display/ctrlVis.h"
 #include "display/disenoVisor.h"
 #include "display/visores.h"
 #include "doubles/compartidoDoble.h"
@@ -90,6 +91,21 @@ TEST(Visores, nuevoTomaElSiguienteNumeroSalvoDuplicado) {
     EXPECT_EQ(b.e.valor("VISOR_4", "Port") + b.e.valor("VISOR_4", "ModoBulk"), "04");
     EXPECT_EQ(b.e.ini().find("[VISOR_0]"), std::string::npos);
     EXPECT_EQ(visores.nuevo(0, ""), nullptr);
+}
+
+TEST(ctrlVis, preguntaALoGuardado) {
+    EntornoDoble e;
+    e.ini(
+        "[VISOR_1]\r\nPort=3001\r\nModoBulk=2\r\nEtiqueta=  Tolva \r\nUbicacion=2,1\r\n"
+        "[VISOR_2]\r\nPort=0\r\nUbicacion=0,0\r\n[VISOR_4]\r\nPort=3004\r\n");
+    const ctrlVis c(e.com);
+    EXPECT_TRUE(c.portExiste(3001, 2));
+    EXPECT_FALSE(c.portExiste(3001, 4)) << "another bulk mode may share the port";
+    EXPECT_FALSE(c.portExiste(0, 4));
+    EXPECT_FALSE(c.portExiste(3004, 4)) << "behind a gap";
+    EXPECT_TRUE(c.etiquetaExiste("Tolva") && c.ubicacionExiste(" 2,1 "));
+    EXPECT_FALSE(c.etiquetaExiste("TOLVA") || c.etiquetaExiste(""));
+    EXPECT_FALSE(c.ubicacionExiste("0,0") || c.ubicacionExiste(""));
 }
 
 TEST(diseñoVisor, tieneOmisionesYLimites) {

@@ -80,12 +80,6 @@ bool EmisorUDP::ocupar(int puerto) {
     return bind(m_zocalo, reinterpret_cast<const sockaddr*>(&propia), sizeof propia) == 0;
 }
 
-bool EmisorUDP::desde(const char* propia) {
-    sockaddr_in suya = direccion(0);
-    return inet_pton(AF_INET, propia, &suya.sin_addr) == 1 &&
-           bind(m_zocalo, reinterpret_cast<const sockaddr*>(&suya), sizeof suya) == 0;
-}
-
 int puertosLibres(int cuantos) {
     // From anywhere, so that several runs on one machine seldom meet; below the ports that systems
     // give to senders.

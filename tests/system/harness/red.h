@@ -30,8 +30,6 @@ public:
     void enviar(int puerto, std::string_view datos);
     // Takes a port for itself alone; false when it is taken.
     bool ocupar(int puerto);
-    // Sends from that address of this machine from now on.
-    bool desde(const char* propia);
 
 private:
     SOCKET m_zocalo;
