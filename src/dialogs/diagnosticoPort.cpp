@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "display/silencio.h"
+
 namespace sorvanel {
 
 namespace {
@@ -129,6 +131,27 @@ DiagnosticoPort deLaConexion(const Sintomas& s) {
     return {"Conectando con " + donde + "…", "Se espera a que el concentrador conteste."};
 }
 
+// Of what no field of the tool shows.
+std::string deLasClaves(const ConsultaPort& c) {
+    if (!c.familia->compartida) {
+        const bool suya = c.origen != SuscriptorPeso::CUALQUIERA;
+        return suya ? "Solo se admite lo que envía " + textoDireccionIP(c.origen) + " (Origen)." : std::string();
+    }
+    const std::int64_t caducidad = c.destino.caducidad;
+    if (caducidad == DestinoPavona::CADUCIDAD_OMISION) return {};
+    const std::string que = "Una dirección que deja de oírse ";
+    if (caducidad == DestinoPavona::SIN_CADUCIDAD)
+        return que + "conserva su peso mientras viva la conexión (Caducidad 0).";
+    return que + "se queda sin datos a los " + std::to_string(caducidad / 1000) + " s (Caducidad).";
+}
+
+DiagnosticoPort deOtroEquipo(const Sintomas& s) {
+    return {
+        "Llega de " + s.ajeno + ", pero solo se admite " + textoDireccionIP(s.consulta.origen) + " (Origen)",
+        "Ponga en el archivo de configuración, en la clave Origen de este visor, la dirección del indicador, o quite "
+        "esa clave. Si el que envía no es el suyo, dele otro port."};
+}
+
 DiagnosticoPort delPort(const Sintomas& s, const std::string& equipo) {
     const std::string port = std::to_string(s.consulta.port);
     if (s.enlace == AvanceEnlace::sinPort)
@@ -157,9 +180,21 @@ std::optional<DiagnosticoPort> deLaConsulta(const ConsultaPort& c) {
     if (c.port < 0 || c.port > PORT_MAXIMO)
         return DiagnosticoPort{"El port " + port + " no existe: van de 1 a 65535",
                                "Ponga uno de esos, y el mismo en el indicador."};
+    if (c.origen == SuscriptorPeso::NADIE)
+        return DiagnosticoPort{errorOrigen(c.origenEscrito),
+                               "Este visor no arranca. Ponga en el archivo de configuración, en su clave Origen, la "
+                               "dirección del indicador, como 192.168.1.40, o quite esa clave."};
     if (c.gemelo == 0) return std::nullopt;
     return DiagnosticoPort{"El visor #" + std::to_string(c.gemelo) + " tiene el mismo port " + port,
                            "Un port es de un solo visor: al otro no le llegaría nada. Cambie uno de los dos."};
+}
+
+DiagnosticoPort deLoOido(const Sintomas& s, const std::string& equipo) {
+    if (s.recibiendo) return deLoRecibido(s);
+    if (s.sinPeso || (s.asentado && !s.otras.empty())) return deOtras(s);
+    if (!s.muestra.empty()) return deLoExtrano(s);
+    if (!s.ajeno.empty()) return deOtroEquipo(s);
+    return s.consulta.familia->compartida ? deLaConexion(s) : delPort(s, equipo);
 }
 
 }  // namespace
@@ -177,10 +212,10 @@ std::string hacerVisible(std::string_view bytes, std::size_t caracteres) {
 
 DiagnosticoPort diagnosticar(const Sintomas& s, const std::string& equipo) {
     if (const auto sinMirar = deLaConsulta(s.consulta)) return *sinMirar;
-    if (s.recibiendo) return deLoRecibido(s);
-    if (s.sinPeso || (s.asentado && !s.otras.empty())) return deOtras(s);
-    if (!s.muestra.empty()) return deLoExtrano(s);
-    return s.consulta.familia->compartida ? deLaConexion(s) : delPort(s, equipo);
+    DiagnosticoPort dicho = deLoOido(s, equipo);
+    const std::string claves = deLasClaves(s.consulta);
+    if (!claves.empty()) dicho.consejo.append(dicho.consejo.empty() ? "" : "\n").append(claves);
+    return dicho;
 }
 
 }  // namespace sorvanel

@@ -18,8 +18,10 @@ struct ConsultaPort {
     const Familia* familia = nullptr;  // null: none is selected
     std::int32_t port = 0;
     std::int16_t modo = 0;
-    std::int16_t gemelo = 0;  // another display with the same port of its own; 0: none
-    DestinoPavona destino;    // of a family that shares a connection
+    std::int16_t gemelo = 0;                          // another display with the same port of its own; 0: none
+    DestinoPavona destino;                            // of a family that shares a connection
+    DireccionIP origen = SuscriptorPeso::CUALQUIERA;  // whose datagrams are its
+    std::string origenEscrito;                        // what names it
 };
 
 // How far its link has come; of a connection, at its best try of the last two.
@@ -50,6 +52,7 @@ struct Sintomas {
     std::vector<std::string> remitentes;     // of those
     std::string muestra;                     // the bytes that came last and were no reading; empty: none
     std::vector<std::int32_t> otras;         // addresses that are spoken of besides
+    std::string ajeno;                       // who sent something last that is not its origin's; empty: nobody
 };
 
 struct DiagnosticoPort {

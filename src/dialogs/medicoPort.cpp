@@ -27,7 +27,7 @@ AvanceEnlace avanceDe(MotivoFallo motivo) {
 
 bool mismoEnlace(const ConsultaPort& a, const ConsultaPort& b) {
     if (a.familia != b.familia || a.familia == nullptr) return a.familia == b.familia;
-    if (!a.familia->compartida) return a.port == b.port && a.gemelo == b.gemelo;
+    if (!a.familia->compartida) return a.port == b.port && a.gemelo == b.gemelo && a.origen == b.origen;
     return a.destino.host == b.destino.host && a.destino.port == b.destino.port;
 }
 
@@ -57,7 +57,7 @@ void MedicoPort::observar(const ConsultaPort& consulta) {
 
 bool MedicoPort::abrible() const {
     if (m_consulta.familia == nullptr || m_consulta.port == 0) return false;
-    return compartida() || m_consulta.gemelo == 0;
+    return compartida() || (m_consulta.gemelo == 0 && m_consulta.origen != NADIE);
 }
 
 void MedicoPort::soltar() {
@@ -75,6 +75,7 @@ void MedicoPort::olvidar() {
     m_cuentas.clear();
     m_ultimaTomada = m_ultimaSinPeso = NUNCA;
     m_remitentes.clear();
+    m_ajeno = 0;
 }
 
 void MedicoPort::abrir() {
@@ -132,7 +133,12 @@ bool MedicoPort::mmTCP_refrescoPeso(std::int16_t primero, std::int16_t segundo, 
     return false;
 }
 
-void MedicoPort::alLeer(std::string_view datos, const std::string& remitente) {
+void MedicoPort::alLeer(std::string_view datos, DireccionIP remitente) {
+    if (!compartida() && m_consulta.origen != CUALQUIERA && remitente != m_consulta.origen) {
+        m_ajeno = remitente;
+        m_cuandoAjeno = m_reloj.ahora();
+        return;
+    }
     if (m_avance == AvanceEnlace::mudo) m_avance = AvanceEnlace::extrano;
     m_remitente = remitente;
     // The second prompt is none of it, and what comes first is taken back if it was the prompt.
@@ -202,7 +208,8 @@ Sintomas MedicoPort::sintomas() const {
     s.consulta = m_consulta;
     s.enlace = avance();
     s.asentado = m_abierto && m_reloj.ahora() - m_inicio >= ASIENTO;
-    s.recibiendo = fresco(m_ultimaTomada);
+    s.recibiendo =
+        fresco(m_ultimaTomada) && (!compartida() || m_reloj.ahora() - m_ultimaTomada < m_consulta.destino.caducidad);
     s.sinPeso = fresco(m_ultimaSinPeso);
     if (!m_cuentas.empty() && m_cuentas.back().cuando - m_cuentas.front().cuando >= SEGUNDO) {
         const std::int64_t lapso = m_cuentas.back().cuando - m_cuentas.front().cuando;
@@ -210,12 +217,13 @@ Sintomas MedicoPort::sintomas() const {
         s.porSegundo = (cuantas * SEGUNDO + lapso / 2) / lapso;
     }
     for (const auto& [quien, cuando] : m_remitentes) {
-        if (fresco(cuando) && !quien.empty()) s.remitentes.push_back(quien);
+        if (fresco(cuando) && quien != 0) s.remitentes.push_back(textoDireccionIP(quien));
     }
     if (fresco(m_cuandoMuestra) && !m_muestra.empty()) {
         s.muestra = m_muestra;
-        if (!s.recibiendo && !m_remitente.empty()) s.remitentes = {m_remitente};
+        if (!s.recibiendo && m_remitente != 0) s.remitentes = {textoDireccionIP(m_remitente)};
     }
+    if (m_ajeno != 0 && fresco(m_cuandoAjeno)) s.ajeno = textoDireccionIP(m_ajeno);
     for (const auto& [direccion, cuando] : m_otras) {
         if (fresco(cuando) && direccion != m_consulta.port) s.otras.push_back(direccion);
     }

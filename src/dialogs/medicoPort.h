@@ -42,10 +42,11 @@ private:
 
     std::int32_t port() const override;
     std::int16_t modoBulk() const override { return m_consulta.modo; }
+    DireccionIP origen() const override { return m_consulta.origen; }
     bool frWsk_refrescoPeso(std::string_view linea) override;
     bool mmTCP_refrescoPeso(std::int16_t primero, std::int16_t segundo, std::string_view carga) override;
     void alSuceder(SucesoZocalo suceso, MotivoFallo motivo) override;
-    void alLeer(std::string_view datos, const std::string& remitente) override;
+    void alLeer(std::string_view datos, DireccionIP remitente) override;
 
     bool compartida() const { return m_consulta.familia != nullptr && m_consulta.familia->compartida; }
     bool abrible() const;
@@ -72,9 +73,11 @@ private:
     std::deque<Cuenta> m_cuentas;  // one a beat
     std::int64_t m_ultimaTomada;
     std::int64_t m_ultimaSinPeso;
-    std::string m_remitente;                           // of what is being read
-    std::map<std::string, std::int64_t> m_remitentes;  // of what was taken: when last
+    DireccionIP m_remitente = 0;                       // of what is being read
+    std::map<DireccionIP, std::int64_t> m_remitentes;  // of what was taken: when last
     std::map<std::int32_t, std::int64_t> m_otras;      // addresses that are not the display's
+    DireccionIP m_ajeno = 0;                           // whose datagrams are not the display's
+    std::int64_t m_cuandoAjeno = 0;
     std::string m_muestra;
     std::int64_t m_cuandoMuestra = 0;
     std::unique_ptr<EnlacePeso> m_enlace;  // last: it goes first

@@ -45,6 +45,8 @@ ConsultaPort RecepcionVisor::consulta() const {
         c.destino = consultarDestinoPavona(m_utiles.com);
         return c;
     }
+    c.origen = suyo->origen();
+    c.origenEscrito = suyo->origenEscrito();
     for (std::int16_t i = 1; i <= visores.cuantos() && c.gemelo == 0; ++i) {
         visor& otro = *visores.uno(i);
         if (i != n && !otro.familia().compartida && otro.port() == c.port) c.gemelo = i;

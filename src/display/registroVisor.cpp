@@ -12,6 +12,7 @@ RegistroVisor leerRegistroVisor(const comun& com, const AccesorINI& ini) {
     registro.modoBulk = com.valDflt(ini, "ModoBulk", MODO_BULK_OMISION);
     registro.port = numeroInicial(ini.leer("Port"));
     registro.caption = ini.leer("Etiqueta");
+    registro.origen = ini.leer(CLAVE_ORIGEN);
     // One digit each, as the grid has no more than eight rows and columns.
     if (const auto lugar = leerDosCifras(ini.leer("Ubicacion"), ','))
         std::tie(registro.fila, registro.columna) = *lugar;

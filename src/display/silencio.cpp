@@ -1,5 +1,6 @@
 #include "display/silencio.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -23,6 +24,15 @@ std::string hora(const Silencio& silencio) {
 
 }  // namespace
 
+std::string errorOrigen(const std::string& escrito) {
+    constexpr std::size_t MAXIMO = 40;  // bytes, so that a box has room for it
+    std::size_t corte = std::min(escrito.size(), MAXIMO);
+    // Not within a character.
+    while (corte < escrito.size() && (static_cast<unsigned char>(escrito[corte]) & 0xC0U) == 0x80U) --corte;
+    const char* const resto = corte < escrito.size() ? "…" : "";
+    return "Origen no es una dirección: «" + escrito.substr(0, corte) + resto + "»";
+}
+
 std::vector<std::string> textosSilencio(const Familia& familia, std::int32_t port, const Silencio& silencio) {
     // Nothing can reach it, whatever the link says.
     if (port == 0) return {familia.compartida ? "Sin dirección" : "Sin port"};
@@ -42,10 +52,15 @@ std::vector<std::string> textosSilencio(const Familia& familia, std::int32_t por
                 return {"El visor #" + std::to_string(silencio.gemelo) + " tiene el mismo port " + suyo,
                         "Port " + suyo + " repetido"};
             return {"Port " + suyo + " en uso por otro programa", "Port " + suyo + " en uso"};
+        case MotivoSilencio::origenNoValido:
+            return {"Origen no es una dirección", "Origen no válido"};
         case MotivoSilencio::sinRespuesta:
             return desde("El concentrador no responde", "Sin concentrador");
         case MotivoSilencio::noOido:
             return desde("Dirección " + suyo + " no oída", suyo + " no oída");
+        case MotivoSilencio::otroEquipo:
+            return {"Sin datos desde " + cuando + PUNTO + "UDP " + suyo + ", llega de otro equipo",
+                    "UDP " + suyo + ": llega de otro equipo", "Llega de otro equipo"};
         case MotivoSilencio::callado:
             break;
     }

@@ -30,6 +30,9 @@ struct Silencio {
     bool dicho() const { return !textos.empty(); }
 };
 
+// Of a display that cannot know whose datagrams are its: what stands there instead of an address.
+std::string errorOrigen(const std::string& escrito);
+
 // In the operator's words, on one line: the whole first, then shorter ones for where that has no room.
 std::vector<std::string> textosSilencio(const Familia& familia, std::int32_t port, const Silencio& silencio);
 

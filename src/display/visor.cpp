@@ -4,6 +4,7 @@
 #include <exception>
 #include <utility>
 
+#include "config/texto.h"
 #include "links/lineaPavona.h"
 
 namespace sorvanel {
@@ -173,6 +174,7 @@ void visor::explicar() {
 
 MotivoSilencio visor::motivoSilencio() {
     if (!m_sinEnlace) return enlace().motivo(*this);
+    if (sinOrigen()) return MotivoSilencio::origenNoValido;
     return m_propio.portEnUso() ? MotivoSilencio::portEnUso : MotivoSilencio::sinArrancar;
 }
 
@@ -223,8 +225,16 @@ void visor::Run(bool marcha) {
     }
 }
 
+DireccionIP visor::origen() const {
+    return m_registro.origen.empty() ? CUALQUIERA : leerDireccionIP(recortar(m_registro.origen)).value_or(NADIE);
+}
+
 bool visor::arrancar() {
     if (!ubicado()) return error("El visor #@ está desubicado", m_numero);
+    if (sinOrigen()) {
+        m_ultimoerror = errorOrigen(m_registro.origen);
+        return false;
+    }
     bool arranca = false;
     try {
         arranca = enlace().enMarcha(*this);

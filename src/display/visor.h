@@ -65,6 +65,9 @@ public:
     bool intercambiarUbicacion(visor& otro);
     std::int32_t port() const override { return m_registro.port; }
     bool port(std::int32_t port);  // 0 to 99999; refused when taken
+    // As the settings file says: NADIE where that is no address, and then it does not start.
+    DireccionIP origen() const override;
+    const std::string& origenEscrito() const { return m_registro.origen; }
     std::int16_t protocolo() const { return familia().protocolo; }
     bool protocolo(std::int16_t protocolo);  // a family's, or else the first one's; ignored while running
     const Familia& familia() const { return *m_registro.familia; }
@@ -118,6 +121,7 @@ private:
     EnlacePeso& enlace();
     void mudarse(EnlacePeso& antes);
     bool recibir(std::string_view trama);
+    bool sinOrigen() const { return !familia().compartida && origen() == NADIE; }
     bool arrancar();
     void parar();
     bool colocar(Ubicacion lugar);

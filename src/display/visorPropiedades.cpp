@@ -16,8 +16,17 @@ constexpr std::int32_t PORT_MAXIMO = 99999;
 
 bool visor::guardarComo(std::int16_t n) {
     if (n < 1 || n > MAXIMO_VISORES || n == m_numero) return false;
+    AccesorINI ini = m_com.abrir(seccionVisor(m_numero));
+    // No tool edits it: whoever does so by hand, perhaps just now, finds it as he left it, where the display is.
+    const std::string origen = identificado() ? ini.leer(CLAVE_ORIGEN) : std::string();
     guardarRegistroVisor(m_com, n, m_registro);
-    m_com.abrir().borrarSeccion(seccionVisor(m_numero));
+    ini.seccion(seccionVisor(n));
+    if (origen.empty()) {
+        ini.borrarClave(CLAVE_ORIGEN);
+    } else {
+        ini.escribir(CLAVE_ORIGEN, origen);
+    }
+    ini.borrarSeccion(seccionVisor(m_numero));
     m_numero = n;
     return true;
 }

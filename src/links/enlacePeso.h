@@ -4,6 +4,8 @@
 #include <limits>
 #include <string_view>
 
+#include "platform/direccionIP.h"
+
 namespace sorvanel {
 
 // What a link knows of the display that it feeds.
@@ -15,6 +17,10 @@ public:
     static constexpr std::int32_t TODAS = std::numeric_limits<std::int32_t>::min();  // every address: who only looks on
     virtual std::int32_t port() const = 0;
     virtual std::int16_t modoBulk() const = 0;
+    // On a port of its own: whose datagrams alone are its. Asked when its link is started.
+    static constexpr DireccionIP CUALQUIERA = 0;
+    static constexpr DireccionIP NADIE = std::numeric_limits<DireccionIP>::max();
+    virtual DireccionIP origen() const { return CUALQUIERA; }
 
     // A line without its carriage return, or the empty text when no reading is available. True when
     // the text was a reading that the display took, also when it shows that weight already.
@@ -25,11 +31,13 @@ public:
 
 // Why a display has no weight.
 enum class MotivoSilencio : std::uint8_t {
-    callado,       // its indicator says none, or nothing
-    sinArrancar,   // its link could not be started
-    portEnUso,     // the same, for somebody has its port
-    sinRespuesta,  // the other end of the shared link does not answer, or tells nothing
-    noOido         // it does, but nothing of that address
+    callado,         // its indicator says none, or nothing
+    otroEquipo,      // the same, and somebody else sends to its port
+    sinArrancar,     // its link could not be started
+    portEnUso,       // the same, for somebody has its port
+    origenNoValido,  // the same, for nobody knows whose datagrams are its
+    sinRespuesta,    // the other end of the shared link does not answer, or tells nothing
+    noOido           // it does, but nothing of that address
 };
 
 // A link as a display sees it. All displays of the concentrator's family share one, which the program owns.

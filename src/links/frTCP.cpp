@@ -1,9 +1,11 @@
 #include "links/frTCP.h"
 
 #include <algorithm>
+#include <cmath>
 #include <exception>
 #include <utility>
 
+#include "config/numeros.h"
 #include "links/pausaVigilancia.h"
 
 namespace sorvanel {
@@ -29,6 +31,15 @@ std::size_t largoLecturas(std::string_view texto) {
     return empiezaLineaPavona(resto) ? largo : 0;
 }
 
+// Seconds; 0 alone means never, and a fraction is no 0. What is missing, below 0 or no number counts as not written.
+std::int64_t leerCaducidad(std::string_view texto) {
+    constexpr double MAXIMA = 86'400;  // a day
+    const double segundos = leerNumero(texto).value_or(-1);
+    if (segundos < 0) return DestinoPavona::CADUCIDAD_OMISION;
+    if (segundos > 0) return static_cast<std::int64_t>(std::ceil(std::min(segundos, MAXIMA))) * 1000;
+    return DestinoPavona::SIN_CADUCIDAD;
+}
+
 }  // namespace
 
 DestinoPavona leerDestinoPavona(const comun& com) {
@@ -38,7 +49,8 @@ DestinoPavona leerDestinoPavona(const comun& com) {
 
 DestinoPavona consultarDestinoPavona(const comun& com) {
     const AccesorINI ini = com.consultar(SECCION);
-    return {com.valDflt(ini, "Host", "localhost"), com.valDflt(ini, "Port", PORT_OMISION)};
+    return {com.valDflt(ini, "Host", "localhost"), com.valDflt(ini, "Port", PORT_OMISION),
+            leerCaducidad(ini.leer("Caducidad"))};
 }
 
 void guardarHostPavona(const comun& com, std::string_view host) {
@@ -82,7 +94,7 @@ bool frTCP::enMarcha(SuscriptorPeso& visor) {
         // Already while connecting, so that the displays show that there is no data.
         m_tim->habilitado(true);
     }
-    m_suscriptores.push_back({&visor, m_reloj.ahora(), NUNCA});
+    m_suscriptores.push_back({&visor, m_reloj.ahora(), NUNCA, false});
     return true;
 }
 
@@ -121,6 +133,7 @@ bool frTCP::conectar() {
     m_trasRetorno = false;
     m_wsk->protocolo(ProtocoloZocalo::TCP);
     const DestinoPavona destino = leerDestinoPavona(m_com);
+    m_caducidad = destino.caducidad;
     const bool iniciada = m_wsk->conectar(destino.host, destino.port);
     if (iniciada) m_estado = Estado::conectando;
     m_inicioConexion = m_reloj.ahora();
@@ -247,6 +260,7 @@ void frTCP::atenderSegundo() {
     atender(AVISO_SEGUNDO, Estado::abierta, {});
     if (!enSesion()) return;
     m_ultimaLectura = m_reloj.ahora();
+    for (Suscripcion& s : m_suscriptores) s.aceptada = false;
     if (lecturas.empty()) return;
     m_bufer = lecturas;
     entregarLineas();
@@ -308,7 +322,10 @@ bool frTCP::avisar(std::size_t i, std::span<const LecturaPavona> lecturas) {
     }
     if (!sigue()) return false;
     Suscripcion& esta = m_suscriptores[i];
-    if (leida) (aceptada ? esta.ultimaAceptada : esta.ultimaNegada) = m_reloj.ahora();
+    if (leida) {
+        esta.aceptada = aceptada;
+        (aceptada ? esta.ultimaAceptada : esta.ultimaNegada) = m_reloj.ahora();
+    }
     return true;
 }
 
@@ -322,12 +339,21 @@ bool frTCP::repartir(std::span<const LecturaPavona> lecturas) {
     return true;
 }
 
+// How long a weight is believed that nothing confirms. The settings have their say only of an address that is not
+// spoken of: not of one that is said to have no weight, nor of what a session before this one told, nor where nothing
+// is read.
+std::int64_t frTCP::paciencia(const Suscripcion& s, std::int64_t ahora) const {
+    const bool viva = enSesion() && m_ultimaLectura > ahora - PACIENCIA;
+    return viva && s.aceptada ? m_caducidad : std::min(m_caducidad, PACIENCIA);
+}
+
 // While others read on, or a session is long in opening, the timer begins its second anew again and again, and may
 // never tick: a display whose own indicator says nothing must not stand there as live.
 void frTCP::vigilarSilencios() {
     const std::int64_t ahora = m_reloj.ahora();
     for (std::size_t i = 0; i < m_suscriptores.size();) {
-        if (ahora - m_suscriptores[i].ultimaAceptada < PACIENCIA || avisar(i, {})) ++i;
+        const Suscripcion& s = m_suscriptores[i];
+        if (ahora - s.ultimaAceptada < paciencia(s, ahora) || avisar(i, {})) ++i;
     }
 }
 

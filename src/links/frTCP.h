@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <span>
 #include <string>
@@ -14,10 +15,15 @@
 
 namespace sorvanel {
 
-// Where the concentrator is: its section of the settings file. Each value is written by itself.
+// The concentrator's section of the settings file: where it is, and how long an address that it does not speak of is
+// believed. Each value is written by itself.
 struct DestinoPavona {
+    static constexpr std::int64_t CADUCIDAD_OMISION = 10'000;
+    static constexpr std::int64_t SIN_CADUCIDAD = std::numeric_limits<std::int64_t>::max();
+
     std::string host;
-    std::int32_t port = 0;  // TCP; whatever number the file holds
+    std::int32_t port = 0;                       // TCP; whatever number the file holds
+    std::int64_t caducidad = CADUCIDAD_OMISION;  // milliseconds, whole seconds up to a day; or SIN_CADUCIDAD
 };
 
 DestinoPavona leerDestinoPavona(const comun& com);
@@ -29,12 +35,12 @@ void guardarPortPavona(const comun& com, std::int32_t port);
 // The one connection to the concentrator. It opens a session by answering two prompts ("LIN>" with
 // "REP", then "XXX>" follows, perhaps with the first readings) and hands every reading line to the
 // displays that have subscribed. A session that fails, stalls while it opens, or is lost is opened
-// again, for as long as somebody listens.
+// again, for as long as somebody listens. Its settings are read for each attempt to connect.
 class frTCP final : public EnlacePeso, private OyenteZocalo {
 public:
     static constexpr int VIGILANCIA = 1000;                  // milliseconds
     static constexpr std::int64_t ESPERA_CONEXION = 3000;    // milliseconds: then the attempt has failed
-    static constexpr std::int64_t PACIENCIA = 10000;         // milliseconds without a reading taken
+    static constexpr std::int64_t PACIENCIA = 10000;         // milliseconds without a reading
     static constexpr std::size_t INTENTOS_POR_SEGUNDO = 10;  // the next waits for the tick
     static constexpr std::size_t BUFER_MAXIMO = 64 * 1024;   // without a line's end: dropped
 
@@ -61,6 +67,7 @@ private:
         SuscriptorPeso* visor;
         std::int64_t ultimaAceptada;
         std::int64_t ultimaNegada;  // a reading of its address that it did not take
+        bool aceptada;              // the newest one of this session was taken: there is a weight to believe
     };
 
     void alConectar() override;
@@ -68,6 +75,7 @@ private:
     void alFallar() override;
     void alCerrarse() override;
 
+    std::int64_t paciencia(const Suscripcion& s, std::int64_t ahora) const;
     const Suscripcion* suya(const SuscriptorPeso& visor) const;
     void soltar();
     bool conectar();
@@ -100,6 +108,7 @@ private:
     std::array<std::int64_t, INTENTOS_POR_SEGUNDO> m_intentos{};  // when, a ring
     std::size_t m_siguienteIntento = 0;
     std::int64_t m_inicioConexion = 0;
+    std::int64_t m_caducidad = DestinoPavona::CADUCIDAD_OMISION;
     std::int64_t m_ultimaLectura = 0;  // of whatever address; or when the session was opened
 };
 

@@ -21,6 +21,8 @@ bool frWsk::enMarcha(SuscriptorPeso& visor) {
     m_wsk->protocolo(ProtocoloZocalo::UDP);
     if (!m_wsk->enlazar(visor.port())) return false;
     m_visor = &visor;
+    m_origen = visor.origen();
+    m_ultimoSuyo = m_ultimoAjeno = NUNCA;
     m_ultimaAceptada = m_reloj.ahora();
     m_tim->habilitado(false);
     m_tim->intervalo(VIGILANCIA);
@@ -39,13 +41,34 @@ void frWsk::Cerrar() {
 }
 
 void frWsk::alLlegarDatos() {
-    m_wsk->leer(m_bufer);
+    if (!leer()) return;
     if (m_enMarcha) {
         entregarLineas();
         if (m_bufer.size() >= BUFER_MAXIMO) m_bufer.clear();
     } else {
         m_bufer.clear();
     }
+}
+
+// False when nothing of its own has come.
+bool frWsk::leer() {
+    if (m_origen == SuscriptorPeso::CUALQUIERA) {
+        m_wsk->leer(m_bufer);
+        return true;
+    }
+    const std::size_t antes = m_bufer.size();
+    DireccionIP remitente = 0;
+    if (m_wsk->leerDe(m_bufer, remitente) == 0) return false;
+    const bool suyo = remitente == m_origen;
+    (suyo ? m_ultimoSuyo : m_ultimoAjeno) = m_reloj.ahora();
+    if (!suyo) m_bufer.resize(antes);
+    return suyo;
+}
+
+MotivoSilencio frWsk::motivo(const SuscriptorPeso&) const {
+    const std::int64_t desde = m_reloj.ahora() - MEMORIA;
+    const bool soloAjeno = m_ultimoAjeno > desde && m_ultimoSuyo <= desde;
+    return soloAjeno ? MotivoSilencio::otroEquipo : MotivoSilencio::callado;
 }
 
 void frWsk::entregarLineas() {

@@ -21,10 +21,10 @@ public:
         return contar(m_zocalo->enviar(datos), SucesoZocalo::enviado, SucesoZocalo::fallado);
     }
     std::size_t leer(std::string& destino) override {
-        std::string remitente;
+        DireccionIP remitente = 0;
         return leerDe(destino, remitente);
     }
-    std::size_t leerDe(std::string& destino, std::string& remitente) override {
+    std::size_t leerDe(std::string& destino, DireccionIP& remitente) override {
         const std::size_t antes = destino.size();
         const std::size_t leidos = m_zocalo->leerDe(destino, remitente);
         if (leidos > 0) m_observador.alLeer(std::string_view(destino).substr(antes), remitente);

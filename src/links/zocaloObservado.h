@@ -18,8 +18,8 @@ class ObservadorZocalo {
 public:
     virtual ~ObservadorZocalo() = default;
     virtual void alSuceder(SucesoZocalo suceso, MotivoFallo motivo) = 0;
-    // What one read gave, and who sent it where that is known.
-    virtual void alLeer(std::string_view datos, const std::string& remitente) = 0;
+    // What one read gave, and who sent it; 0 for a connection.
+    virtual void alLeer(std::string_view datos, DireccionIP remitente) = 0;
 };
 
 // Makes sockets that somebody looks on at; all else is as ever. Both must outlive what it makes.

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/direccionIP.h"
+
 namespace sorvanel {
 
 enum class ProtocoloZocalo { TCP = 0, UDP = 1 };
@@ -44,8 +46,8 @@ public:
     virtual bool enviar(std::string_view datos) = 0;
     // Appends what one read gives (for UDP, one datagram) and says how many bytes that was.
     virtual std::size_t leer(std::string& destino) = 0;
-    // The same, and from whom a datagram came, as "192.168.1.40"; empty for a connection. It costs more than leer().
-    virtual std::size_t leerDe(std::string& destino, std::string& remitente) = 0;
+    // The same, and from whom a datagram came; 0 for a connection, or where nothing was read.
+    virtual std::size_t leerDe(std::string& destino, DireccionIP& remitente) = 0;
     // Of the attempt that alFallar told last, or of the last enlazar, if that came later.
     virtual MotivoFallo motivo() const = 0;
 };

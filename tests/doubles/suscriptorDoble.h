@@ -15,12 +15,14 @@ public:
     explicit SuscriptorDoble(std::int32_t suyo = 3001) : puerto(suyo) {}
 
     std::int32_t puerto;
+    DireccionIP deQuien = CUALQUIERA;
     std::vector<std::string> lineas;
     std::function<void()> alRecibir;
     std::function<bool(std::string_view)> toma;
 
     std::int32_t port() const override { return puerto; }
     std::int16_t modoBulk() const override { return 4; }
+    DireccionIP origen() const override { return deQuien; }
     bool frWsk_refrescoPeso(std::string_view linea) override {
         lineas.emplace_back(linea);
         if (alRecibir) alRecibir();

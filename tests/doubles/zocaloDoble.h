@@ -68,8 +68,8 @@ public:
         m_entrada.pop_front();
         return n;
     }
-    std::size_t leerDe(std::string& destino, std::string& remitente) override {
-        remitente = m_puerto != 0 ? quien : std::string();
+    std::size_t leerDe(std::string& destino, DireccionIP& remitente) override {
+        remitente = m_puerto != 0 && !m_entrada.empty() ? leerDireccionIP(quien).value() : 0;
         return leer(destino);
     }
     MotivoFallo motivo() const override { return porque; }

@@ -82,5 +82,22 @@ TEST_F(Pesos, ElSilencioSonCincoRayasRojas) {
     EXPECT_TRUE(programa.lee(1, "0005.0"));
 }
 
+// All that comes here comes from 127.0.0.1.
+TEST(Origen, SoloSeTomaLoQueVieneDeEl) {
+    const int puerto = puertosLibres(2);
+    Programa programa{Configuracion()
+                          .reticula(1, 2)
+                          .visor(puerto, 1, 1)
+                          .clave("Origen", "127.0.0.1")
+                          .visor(puerto + 1, 1, 2)
+                          .clave("Origen", "127.0.0.2")};
+    ASSERT_TRUE(programa.marchar());
+    EmisorUDP indicador;
+    EXPECT_TRUE(esperar([&] {
+        for (const int cual : {puerto, puerto + 1}) indicador.enviar(cual, trama(5000));
+        return programa.peso(1) == "5" && programa.peso(2) == "-----";
+    }));
+}
+
 }  // namespace
 }  // namespace sorvanel::pruebas

@@ -143,11 +143,13 @@ TEST(frTCP, unaSesionCortadaPorDondeSea) {
 }
 
 // What comes, and when: "+900" milliseconds pass, "*C" it is connected, "*X" closed by the other end, "*F" the attempt
-// fails; all else are bytes.
+// fails, "=3" the settings say so of the seconds that an address may be unheard; all else are bytes.
 void jugar(Banco& b, const Textos& guion) {
     for (const std::string& paso : guion) {
         if (paso[0] == '+') {
             b.e.reloj.avanzar(std::stoi(paso));
+        } else if (paso[0] == '=') {
+            b.e.valor("PAVONA", "Caducidad", paso.substr(1));
         } else if (paso[0] == '*') {
             paso == "*C" ? b.zocalo().conectado() : paso == "*X" ? b.zocalo().cerrarse() : b.zocalo().fallar();
         } else {
@@ -166,7 +168,9 @@ Textos veces(int cuantas, const Textos& guion) {
 
 TEST(frTCP, loQueSeOyeYCuantasVecesSeLlama) {
     const Textos L{LECTURA + "\r"}, sorda = veces(19, {"+500", "basura\r"}), diez = Textos{"+1100"} + veces(11, {"*F"});
-    const std::string x(frTCP::BUFER_MAXIMO, 'x');
+    const std::string x(frTCP::BUFER_MAXIMO, 'x'), sinPeso = "12/03 -- 0009.000 0000.200\r";
+    const Textos otras{"+500", OTRA + "\r"}, reabre{"*X", "*C", "LIN>", "XXX>"}, minutos = veces(300, otras);
+    const auto con = [&](const char* caducidad) { return Textos{caducidad} + reabre + L; };
     const struct {
         const char* que;
         Estado desde;
@@ -196,6 +200,20 @@ TEST(frTCP, loQueSeOyeYCuantasVecesSeLlama) {
         {"lost again and again", Estado::leyendo, veces(17, {"+600", "*X", "*C"}), {"s", "s"}, 18},
         {"slow to connect", Estado::leyendo, sorda + Textos{"*X", "+900", "*C"}, {"s"}, 2},
         {"slow to greet", Estado::leyendo, sorda + Textos{"*X", "+900", "*C", "+900", "LIN>"}, {"s", "s"}, 2},
+        // That time is the settings', from the next session on; of an address unheard in this one, and of nothing else.
+        {"sooner", Estado::leyendo, con("=3") + veces(6, otras), {"1203", "s"}, 2},
+        {"later", Estado::leyendo, con("=30") + veces(60, otras), {"1203", "s"}, 2},
+        {"from the next one on", Estado::leyendo, Textos{"=0"} + veces(20, otras), {"s"}},
+        {"never, but for the second", Estado::leyendo, con("=0") + minutos + Textos{"+1000"}, {"1203", "s"}, 2},
+        {"nothing is read",
+         Estado::leyendo,
+         con("=0") + minutos + sorda + Textos{"+500", "basura\r"},
+         {"1203", "s"},
+         2},
+        {"not one yet", Estado::leyendo, Textos{"=0"} + reabre + veces(20, otras), {"s"}, 2},
+        {"it has none", Estado::leyendo, con("=0") + Textos{sinPeso} + veces(20, otras), {"1203", "1203", "s"}, 2},
+        {"cut since", Estado::leyendo, con("=0") + minutos + Textos{"*X", "*C"}, {"1203", "s"}, 3},
+        {"of another one", Estado::leyendo, con("=0") + reabre + veces(20, otras), {"1203", "s"}, 3},
         // Ten calls a second and no more, but that the tick always tries.
         {"ten", Estado::conectando, diez + Textos{"+899"}, {"s"}, 11},
         {"the tick", Estado::conectando, diez + Textos{"+900"}, {"s", "s"}, 12},
@@ -205,6 +223,7 @@ TEST(frTCP, loQueSeOyeYCuantasVecesSeLlama) {
         Banco b;
         b.llevar(caso.desde);
         b.visor.lineas.clear();
+        b.visor.toma = [](std::string_view carga) { return carga.find("00009000") == std::string_view::npos; };
         jugar(b, caso.guion);
         EXPECT_EQ(b.visor.lineas, caso.oye) << caso.que;
         EXPECT_EQ(b.conexiones(), caso.llamadas) << caso.que;
@@ -291,6 +310,20 @@ TEST(frTCP, cerrarYVolverAAbrirMientrasOyeEmpiezaDeNuevo) {
     EXPECT_EQ(b.enlace.estado(), Estado::conectando);
     b.e.reloj.avanzar(1000);
     EXPECT_EQ(b.visor.lineas, (Textos{"1203", "s"}));
+}
+
+TEST(frTCP, laCaducidadSonSegundosEnterosHastaUnDia) {
+    constexpr std::int64_t OMISION = 10'000, NUNCA = DestinoPavona::SIN_CADUCIDAD;
+    const std::pair<const char*, std::int64_t> CASOS[] = {
+        {"", OMISION}, {"x", OMISION}, {"-1", OMISION}, {"1e999", OMISION},  {"0", NUNCA},
+        {"0,2", 1000}, {"1.5", 2000},  {"3", 3000},     {"86401", 86400000}, {"1e99", 86400000}};
+    EntornoDoble e;
+    for (const auto& [texto, milesimas] : CASOS) {
+        e.valor("PAVONA", "Caducidad", texto);
+        guardarPortPavona(e.com, 9085);
+        guardarHostPavona(e.com, texto);
+        EXPECT_EQ(leerDestinoPavona(e.com).caducidad, milesimas) << texto;
+    }
 }
 
 TEST(frTCP, seConectaADondeDicenLosAjustes) {

@@ -110,6 +110,27 @@ TEST(frWsk, cerrarDejaElPuertoLibreYDescartaLoQueLlegue) {
     EXPECT_EQ(b.lineas(), Lineas{"+nueva"}) << "no half line of the last time, and no more once closed";
 }
 
+TEST(frWsk, loQueNoVieneDeSuOrigenEsComoSiNoLlegara) {
+    Banco b;
+    b.visor.deQuien = 0xC0A80128;
+    ASSERT_TRUE(b.arrancar());
+    const auto llegarDe = [&](const char* quien, const std::string& datos, MotivoSilencio motivo) {
+        b.e.fabrica.ultimoZocalo()->quien = quien;
+        b.llegar(datos);
+        EXPECT_EQ(b.enlace.motivo(b.visor), motivo) << datos;
+    };
+    llegarDe("192.168.1.40", "+dos", MotivoSilencio::callado);
+    llegarDe("192.168.1.41", "+nada\r", MotivoSilencio::callado);
+    llegarDe("192.168.1.40", " mitades\r", MotivoSilencio::callado);
+    b.e.reloj.avanzar(900);
+    llegarDe("192.168.1.41", "+viva\r", MotivoSilencio::callado);
+    b.e.reloj.avanzar(100);
+    EXPECT_EQ(b.lineas(), (Lineas{"+dos mitades", ""}));
+    b.e.reloj.avanzar(frWsk::MEMORIA);
+    llegarDe("192.168.1.41", "+", MotivoSilencio::otroEquipo);
+    llegarDe("192.168.1.40", "basura", MotivoSilencio::callado);
+}
+
 TEST(frWsk, sinRetornoDeCarroElBuferNoCreceSinFin) {
     Banco b;
     ASSERT_TRUE(b.arrancar());

@@ -83,6 +83,24 @@ TEST_F(MedicoPort, diceLoQueLlegaAlPort) {
     EXPECT_EQ(linea(), "Nada recibido en el port 3002");
 }
 
+TEST_F(MedicoPort, diceDeQuienLlegaLoQueNoSeAdmite) {
+    abrirCon(2, "Origen=192.168.1.40\r\n");
+    e.valor("VISOR_2", "Origen", "tolva");
+    elegir(1);
+    llegar(3001, {TRAMA});
+    EXPECT_THAT(linea(), StartsWith("Recibiendo de 192.168.1.40"));
+    EXPECT_THAT(consejo(), HasSubstr("\nSolo se admite lo que envía 192.168.1.40 (Origen)."));
+    oido(3001)->quien = "192.168.1.41";
+    llegar(3001, {TRAMA});
+    EXPECT_EQ(linea(), "Llega de 192.168.1.41, pero solo se admite 192.168.1.40 (Origen)");
+    v().pedirCierre();
+    dialogo.Mostrar();
+    e.cola.ejecutar();
+    elegir(2);
+    EXPECT_EQ(linea(), "Origen no es una dirección: «tolva»");
+    EXPECT_EQ(oido(3002), nullptr);
+}
+
 // Whatever takes the display away: its port is free before anything else can happen.
 TEST_F(MedicoPort, sueltaEnseguidaYDiceLoQueNoPuedeSer) {
     abrirCon(3);
@@ -170,6 +188,10 @@ TEST_F(MedicoPort, diceLoQueHablaElConcentradorYNoLeContestaMasQueElEnlace) {
     EXPECT_EQ(linea(), "El concentrador contesta, pero no habla de 12/3 (sí de 12/1, 12/2, 12/5 y 1 más)");
     for (int i = 0; i < 40; ++i, e.reloj.avanzar(100)) z->llegar(LECTURA);
     EXPECT_EQ(linea(), "Recibiendo de equipo, 10 por segundo");
+    e.valor("PAVONA", "Caducidad", "2");
+    for (int i = 0; i < 21; ++i, e.reloj.avanzar(100)) z->llegar("12/01" + LECTURA.substr(5));
+    EXPECT_THAT(linea(), StartsWith("El concentrador contesta, pero no habla de 12/3")) << "as the display would";
+    EXPECT_THAT(consejo(), HasSubstr("se queda sin datos a los 2 s (Caducidad)."));
     elegir(2);
     EXPECT_EQ(linea(), "Conectado con equipo:9084…");
     for (int i = 0; i < 15; ++i, e.reloj.avanzar(100)) z->llegar(LECTURA);

@@ -7,6 +7,8 @@
 #include <limits>
 #include <optional>
 
+#include "platform/direccionIP.h"
+
 namespace sorvanel {
 namespace {
 
@@ -52,6 +54,15 @@ TEST(Numeros, Hexadecimal) {
     for (const std::string malo : {"000000001", "", "0x1", "-1", "FF ", "FG"}) {
         EXPECT_EQ(leerHexadecimal(malo), std::nullopt) << malo;
     }
+}
+
+TEST(Numeros, DireccionesIP) {
+    for (const char* buena : {"192.168.1.40", "1.0.0.0", "223.255.255.255"})
+        EXPECT_EQ(textoDireccionIP(leerDireccionIP(buena).value_or(0)), buena);
+    EXPECT_EQ(leerDireccionIP("192.168.001.040"), 0xC0A80128) << "not octal";
+    for (const char* mala :
+         {"", "0.0.0.0", "224.0.0.1", "1.2.3", "1.2.3.256", "1.2.3.4.", "1.2.3.4.5", "1..2.3", "1.2.3.4 "})
+        EXPECT_EQ(leerDireccionIP(mala), std::nullopt) << mala;
 }
 
 TEST(Numeros, SeEscribenDeModoQueVuelven) {

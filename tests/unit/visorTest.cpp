@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "display/ctrlVis.h"
 #include "doubles/compartidoDoble.h"
 #include "doubles/entornoDoble.h"
 #include "doubles/superficieDoble.h"
@@ -52,6 +51,7 @@ TEST(visor, leeYMudaSuSeccionConSusLimites) {
         {"fondoPeso", {{"", ""}}},
         {"textoPeso", {{"FF000001", "000001"}}},
         {"ratioAlturas", {{"0.5", "0,5"}, {"medio", ""}}},
+        {"Origen", {{"10.0.0.7", "10.0.0.7"}, {"la tolva", "la tolva"}, {"", ""}}},
         {"Port", {{"12abc", "12"}, {"abc", "0"}, {"99999999999", "0"}}},
         {"ModoBulk", {{"9", "9"}, {"x", "4"}}}};
     for (const auto& [clave, casos] : claves) {
@@ -325,7 +325,7 @@ TEST(visor, elMotivoDelSilencioSigueAlEnlace) {
     using enum MotivoSilencio;
     const std::string placas = "Protocolo=Pavona\r\n[VISOR_3]\r\nPort=3001\r\nUbicacion=1,1\r\n";
     const std::tuple<std::string, MotivoSilencio, const char*> casos[] = {
-        {PAVONA, callado, "Sin datos desde 10:42 · 12/3"},
+        {PAVONA + "Origen=tal\r\n", callado, "Sin datos desde 10:42 · 12/3"},
         {PAVONA, sinRespuesta, "El concentrador no responde · desde 10:42"},
         {PAVONA, noOido, "Dirección 12/3 no oída · desde 10:42"},
         {PAVONA, sinArrancar, "Host o port del concentrador no válidos"},
@@ -334,7 +334,10 @@ TEST(visor, elMotivoDelSilencioSigueAlEnlace) {
         {"[VISOR_1]\r\nPort=3002\r\nUbicacion=1,1\r\n", sinArrancar, "Port 3002 no disponible"},
         {"[VISOR_1]\r\nPort=0\r\nUbicacion=1,1\r\n", callado, "Sin port"},
         {"[VISOR_1]\r\nPort=0\r\nProtocolo=Pavona\r\nUbicacion=1,1\r\n", noOido, "Sin dirección"},
-        {"[VISOR_1]\r\nPort=70000\r\nUbicacion=1,1\r\n", sinArrancar, "Port 70000 no válido"}};
+        {"[VISOR_1]\r\nPort=70000\r\nUbicacion=1,1\r\n", sinArrancar, "Port 70000 no válido"},
+        {"[VISOR_1]\r\nPort=3004\r\nOrigen=tal\r\nUbicacion=1,1\r\n", sinArrancar, "Origen no es una dirección"},
+        {"[VISOR_1]\r\nPort=3004\r\nOrigen=10.0.0.7\r\nUbicacion=1,1\r\n", otroEquipo,
+         "Sin datos desde 10:42 · UDP 3004, llega de otro equipo"}};
     for (const auto& [ini, motivo, texto] : casos) {
         Banco b(ini);
         b.compartido.arranca = motivo != sinArrancar;
@@ -344,10 +347,27 @@ TEST(visor, elMotivoDelSilencioSigueAlEnlace) {
         b.arrancar();
         for (int s = 0; s <= 10 && b.v->Run(); ++s) {
             b.v->mmTCP_refrescoPeso(0, 0, "");
+            if (b.puerto(3004) != nullptr) b.puerto(3004)->llegar("XNZ+00012345\r");
             b.e.reloj.avanzar(1000);
         }
         EXPECT_NE(b.picRep.textoLeyenda().find(std::string("sin datos. ") + texto), std::string::npos)
             << b.picRep.textoLeyenda();
+    }
+}
+
+TEST(visor, unOrigenQueNoEsDireccionNoDejaArrancarYSeNombra) {
+    const auto mal = [](const std::string& dicho) { return "Origen no es una dirección: «" + dicho + "»"; };
+    const std::pair<std::string, std::string> casos[] = {{"\" 192.168.1.40\"", ""},
+                                                         {"a@b", mal("a@b")},
+                                                         {"\"  \"", mal("  ")},
+                                                         {"x" + std::string(24, '\xF1'), mal("xñññññññññññññññññññ…")}};
+    for (const auto& [texto, error] : casos) {
+        Banco b(TESSEL + "Origen=" + texto + "\r\n");
+        b.arrancar();
+        EXPECT_EQ(b.v->ultimoerror(), error);
+        EXPECT_EQ(b.v->Run(), error.empty());
+        EXPECT_EQ(b.puerto(3001) != nullptr, error.empty());
+        EXPECT_EQ(b.leyenda(), error.empty() ? "" : "sin datos");
     }
 }
 
@@ -374,21 +394,6 @@ TEST(visor, laEtiquetaYLaUbicacionSeNieganOSeSiguen) {
     b.v->ubicacion(Ubicacion{1, 2});
     EXPECT_TRUE(b.picRep.visible()) << "a new place shows at once";
     EXPECT_EQ(b.leyenda(), "") << "a weight from before would be stale";
-}
-
-TEST(ctrlVis, preguntaALoGuardado) {
-    EntornoDoble e;
-    e.ini(
-        "[VISOR_1]\r\nPort=3001\r\nModoBulk=2\r\nEtiqueta=  Tolva \r\nUbicacion=2,1\r\n"
-        "[VISOR_2]\r\nPort=0\r\nUbicacion=0,0\r\n[VISOR_4]\r\nPort=3004\r\n");
-    const ctrlVis c(e.com);
-    EXPECT_TRUE(c.portExiste(3001, 2));
-    EXPECT_FALSE(c.portExiste(3001, 4)) << "another bulk mode may share the port";
-    EXPECT_FALSE(c.portExiste(0, 4));
-    EXPECT_FALSE(c.portExiste(3004, 4)) << "behind a gap";
-    EXPECT_TRUE(c.etiquetaExiste("Tolva") && c.ubicacionExiste(" 2,1 "));
-    EXPECT_FALSE(c.etiquetaExiste("TOLVA") || c.etiquetaExiste(""));
-    EXPECT_FALSE(c.ubicacionExiste("0,0") || c.ubicacionExiste(""));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "display/ctrlVis.h"
 #include "display/disenoVisor.h"
 #include "display/visores.h"
 #include "doubles/compartidoDoble.h"
@@ -60,7 +61,8 @@ TEST(Visores, unoNuevoNoTocaMasQueSuSeccionYAlcanzaALosDeDetras) {
 
 TEST(Visores, eliminarCierraElHuecoEnUnSoloReemplazoDelArchivo) {
     Banco b;
-    Visores visores = b.cargar(secciones(4));
+    Visores visores = b.cargar(secciones(2) + "Origen=10.0.0.2\r\n" + secciones(4).substr(secciones(2).size()) +
+                               "Origen=10.0.0.4\r\n");
     for (const auto fuera : std::initializer_list<std::int16_t>{0, 5, -1}) EXPECT_FALSE(visores.eliminar(fuera));
     const int antes = b.e.archivos.reemplazos;
     ASSERT_TRUE(visores.eliminar(2));
@@ -72,6 +74,7 @@ TEST(Visores, eliminarCierraElHuecoEnUnSoloReemplazoDelArchivo) {
         EXPECT_EQ(visores.uno(n)->caption(), esperadas[n - 1]);
         EXPECT_EQ(b.e.valor("VISOR_" + std::to_string(n), "Etiqueta"), esperadas[n - 1]);
     }
+    EXPECT_EQ(b.e.valor("VISOR_2", "Origen") + b.e.valor("VISOR_3", "Origen"), "10.0.0.4") << "each keeps its own";
     ASSERT_TRUE(visores.eliminar(3));
     EXPECT_EQ(b.e.ini().find("[VISOR_3]"), std::string::npos);
     EXPECT_TRUE(visores.uno(3) == nullptr && visores.uno(0) == nullptr);
@@ -79,14 +82,30 @@ TEST(Visores, eliminarCierraElHuecoEnUnSoloReemplazoDelArchivo) {
 
 TEST(Visores, nuevoTomaElSiguienteNumeroSalvoDuplicado) {
     Banco b;
-    Visores visores = b.cargar(secciones(2));
+    Visores visores = b.cargar(secciones(2) + "[VISOR_3]\r\nOrigen=10.0.0.3\r\n");
     EXPECT_EQ(visores.nuevo(3001, "otro"), nullptr);
     EXPECT_EQ(visores.nuevo(0, "V2"), nullptr);
     // Port 0 and no caption are nobody's.
     while (visores.cuantos() < 64) ASSERT_NE(visores.nuevo(0, ""), nullptr);
+    EXPECT_EQ(b.e.valor("VISOR_3", "Origen"), "") << "somebody else's";
     EXPECT_EQ(b.e.valor("VISOR_4", "Port") + b.e.valor("VISOR_4", "ModoBulk"), "04");
     EXPECT_EQ(b.e.ini().find("[VISOR_0]"), std::string::npos);
     EXPECT_EQ(visores.nuevo(0, ""), nullptr);
+}
+
+TEST(ctrlVis, preguntaALoGuardado) {
+    EntornoDoble e;
+    e.ini(
+        "[VISOR_1]\r\nPort=3001\r\nModoBulk=2\r\nEtiqueta=  Tolva \r\nUbicacion=2,1\r\n"
+        "[VISOR_2]\r\nPort=0\r\nUbicacion=0,0\r\n[VISOR_4]\r\nPort=3004\r\n");
+    const ctrlVis c(e.com);
+    EXPECT_TRUE(c.portExiste(3001, 2));
+    EXPECT_FALSE(c.portExiste(3001, 4)) << "another bulk mode may share the port";
+    EXPECT_FALSE(c.portExiste(0, 4));
+    EXPECT_FALSE(c.portExiste(3004, 4)) << "behind a gap";
+    EXPECT_TRUE(c.etiquetaExiste("Tolva") && c.ubicacionExiste(" 2,1 "));
+    EXPECT_FALSE(c.etiquetaExiste("TOLVA") || c.etiquetaExiste(""));
+    EXPECT_FALSE(c.ubicacionExiste("0,0") || c.ubicacionExiste(""));
 }
 
 TEST(diseñoVisor, tieneOmisionesYLimites) {

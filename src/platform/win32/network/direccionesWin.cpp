@@ -8,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/direccionIP.h"
 #include "platform/win32/base/manejadoresNucleo.h"
 #include "platform/win32/base/textoWin.h"
 
@@ -52,16 +53,6 @@ Direcciones buscarDirecciones(const std::string& host, bool soloNumero) {
     return direcciones;
 }
 
-std::string textoDireccion(const sockaddr_in& direccion) {
-    const std::uint32_t ip = ntohl(direccion.sin_addr.s_addr);
-    std::string texto;
-    for (int bit = 24; bit >= 0; bit -= 8) {
-        if (!texto.empty()) texto += '.';
-        texto += std::to_string(ip >> static_cast<unsigned>(bit) & 0xFFU);
-    }
-    return texto;
-}
-
 std::vector<std::string> direccionesPropias() {
     // A card that nobody gave an address to takes one of these: no indicator sends there while there is a real one.
     constexpr std::string_view SIN_ASIGNAR = "169.254.";
@@ -76,7 +67,7 @@ std::vector<std::string> direccionesPropias() {
     for (const INTERFACE_INFO& una : std::span(tarjetas).first(bytes / sizeof(INTERFACE_INFO))) {
         const bool sirve = (una.iiFlags & IFF_UP) != 0 && (una.iiFlags & IFF_LOOPBACK) == 0;
         if (!sirve || una.iiAddress.AddressIn.sin_addr.s_addr == 0) continue;
-        std::string texto = textoDireccion(una.iiAddress.AddressIn);
+        std::string texto = textoDireccionIP(ntohl(una.iiAddress.AddressIn.sin_addr.s_addr));
         auto& suyas = texto.starts_with(SIN_ASIGNAR) ? provisionales : direcciones;
         if (std::find(suyas.begin(), suyas.end(), texto) == suyas.end()) suyas.push_back(std::move(texto));
     }

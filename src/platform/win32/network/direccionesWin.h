@@ -27,9 +27,6 @@ using Direcciones = std::vector<Direccion>;
 // address is understood, and the call returns at once; without, it may block for long.
 Direcciones buscarDirecciones(const std::string& host, bool soloNumero);
 
-// "192.168.1.40".
-std::string textoDireccion(const sockaddr_in& direccion);
-
 // This computer's own, of the network cards that are up, without the loopback. Asked of the system's tables: it never
 // blocks.
 std::vector<std::string> direccionesPropias();

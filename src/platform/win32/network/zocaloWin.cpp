@@ -278,10 +278,10 @@ void ZocaloWin::alCierreRemoto() {
     m_oyente.alCerrarse();
 }
 
-std::size_t ZocaloWin::leerDe(std::string& destino, std::string& remitente) {
+std::size_t ZocaloWin::leerDe(std::string& destino, DireccionIP& remitente) {
     sockaddr_in quien{};
     const std::size_t cuantos = recibir(destino, &quien);
-    remitente = quien.sin_family == AF_INET ? textoDireccion(quien) : std::string();
+    remitente = cuantos > 0 && quien.sin_family == AF_INET ? ntohl(quien.sin_addr.s_addr) : 0;
     return cuantos;
 }
 

@@ -42,7 +42,7 @@ public:
     // False also when more than COLA_ENVIO would wait: none of it is sent then.
     bool enviar(std::string_view datos) override;
     std::size_t leer(std::string& destino) override { return recibir(destino, nullptr); }
-    std::size_t leerDe(std::string& destino, std::string& remitente) override;
+    std::size_t leerDe(std::string& destino, DireccionIP& remitente) override;
     MotivoFallo motivo() const override { return m_motivo; }
 
 private:
