@@ -1,4 +1,7 @@
 #include <gmock/gmock.h>
+#include <windows.h>
+// After windows.h, whose types it uses.
+#include <winternl.h>
 
 #include <algorithm>
 
@@ -7,6 +10,49 @@
 
 namespace sorvanel::pruebas {
 namespace {
+
+// Wine plays another Windows for the executable of that name.
+class WindowsFingido : private SinCopia {
+public:
+    WindowsFingido(const std::wstring& ejecutable, const std::wstring& version)
+        : m_clave(L"Software\\Wine\\AppDefaults\\" + ejecutable.substr(ejecutable.rfind(L'\\') + 1)) {
+        RegSetKeyValueW(HKEY_CURRENT_USER, m_clave.c_str(), L"Version", REG_SZ, version.c_str(),
+                        static_cast<DWORD>((version.size() + 1) * sizeof(wchar_t)));
+    }
+    ~WindowsFingido() { RegDeleteTreeW(HKEY_CURRENT_USER, m_clave.c_str()); }
+
+private:
+    const std::wstring m_clave;
+};
+
+// The build of Windows as a running program is told it, read out of its environment block; 0 if it cannot be read.
+int compilacionVista(DWORD id) {
+    constexpr std::ptrdiff_t LUGAR = 0x120;
+    const HANDLE proceso = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id);
+    PROCESS_BASIC_INFORMATION datos{};
+    USHORT compilacion = 0;
+    if (NtQueryInformationProcess(proceso, ProcessBasicInformation, &datos, sizeof datos, nullptr) >= 0)
+        ReadProcessMemory(proceso, reinterpret_cast<const char*>(datos.PebBaseAddress) + LUGAR, &compilacion,
+                          sizeof compilacion, nullptr);
+    CloseHandle(proceso);
+    return compilacion;
+}
+
+TEST(Arranque, PesaEnElWindowsMasViejoYEnElMasNuevo) {
+    if (!GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version")) GTEST_SKIP() << "Windows is what it is";
+    EmisorUDP indicador;
+    for (const auto& [version, compilacion] : {std::pair(L"win7", 7601), std::pair(L"win11", 22000)}) {
+        SCOPED_TRACE(compilacion);
+        const int puerto = puertosLibres();
+        Programa programa(Configuracion().reticula(1, 1).visor(puerto, 1, 1));
+        const WindowsFingido fingido(programa.ejecutable(), version);
+        ASSERT_TRUE(programa.marchar());
+        EXPECT_EQ(compilacionVista(programa.proceso().id()), compilacion);
+        EXPECT_TRUE(
+            insistir([&] { indicador.enviar(puerto, trama(1'234'000)); }, [&] { return programa.peso(1) == "1234"; }));
+        EXPECT_TRUE(programa.terminar());
+    }
+}
 
 // Whoever has no monitor at negative coordinates has not tested them.
 TEST(Arranque, CubreElMonitorEnUsoTambienALaIzquierdaDelPrimario) {
