@@ -11,18 +11,42 @@
 namespace sorvanel::pruebas {
 namespace {
 
-// Wine plays another Windows for the executable of that name.
+// Wine plays that version of Windows for every program that starts now.
 class WindowsFingido : private SinCopia {
 public:
-    WindowsFingido(const std::wstring& ejecutable, const std::wstring& version)
-        : m_clave(L"Software\\Wine\\AppDefaults\\" + ejecutable.substr(ejecutable.rfind(L'\\') + 1)) {
-        RegSetKeyValueW(HKEY_CURRENT_USER, m_clave.c_str(), L"Version", REG_SZ, version.c_str(),
-                        static_cast<DWORD>((version.size() + 1) * sizeof(wchar_t)));
+    WindowsFingido(DWORD mayor, DWORD menor, const std::wstring& compilacion) {
+        poner(L"CurrentMajorVersionNumber", REG_DWORD, &mayor, sizeof mayor);
+        poner(L"CurrentMinorVersionNumber", REG_DWORD, &menor, sizeof menor);
+        poner(L"CurrentBuildNumber", REG_SZ, compilacion.c_str(), (compilacion.size() + 1) * sizeof(wchar_t));
     }
-    ~WindowsFingido() { RegDeleteTreeW(HKEY_CURRENT_USER, m_clave.c_str()); }
+    ~WindowsFingido() {
+        for (const Valor& viejo : m_viejos) {
+            if (viejo.bytes.empty())
+                RegDeleteKeyValueW(HKEY_LOCAL_MACHINE, CLAVE, viejo.nombre);
+            else
+                RegSetKeyValueW(HKEY_LOCAL_MACHINE, CLAVE, viejo.nombre, viejo.tipo, viejo.bytes.data(),
+                                static_cast<DWORD>(viejo.bytes.size()));
+        }
+    }
 
 private:
-    const std::wstring m_clave;
+    struct Valor {
+        const wchar_t* nombre;
+        DWORD tipo;
+        std::string bytes;  // empty where there was none
+    };
+    static constexpr const wchar_t* CLAVE = L"Software\\Microsoft\\Windows NT\\CurrentVersion";
+
+    void poner(const wchar_t* nombre, DWORD tipo, const void* dato, std::size_t largo) {
+        DWORD cuanto = 64;
+        std::string viejo(cuanto, '\0');
+        const bool habia = RegGetValueW(HKEY_LOCAL_MACHINE, CLAVE, nombre, RRF_RT_ANY, nullptr, viejo.data(),
+                                        &cuanto) == ERROR_SUCCESS;
+        m_viejos.push_back({nombre, tipo, viejo.substr(0, habia ? cuanto : 0)});
+        RegSetKeyValueW(HKEY_LOCAL_MACHINE, CLAVE, nombre, tipo, dato, static_cast<DWORD>(largo));
+    }
+
+    std::vector<Valor> m_viejos;
 };
 
 // The build of Windows as a running program is told it, read out of its environment block; 0 if it cannot be read.
@@ -41,11 +65,11 @@ int compilacionVista(DWORD id) {
 TEST(Arranque, PesaEnElWindowsMasViejoYEnElMasNuevo) {
     if (!GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version")) GTEST_SKIP() << "Windows is what it is";
     EmisorUDP indicador;
-    for (const auto& [version, compilacion] : {std::pair(L"win7", 7601), std::pair(L"win11", 22000)}) {
+    for (const auto& [mayor, menor, compilacion] : {std::tuple(6UL, 1UL, 7601), std::tuple(10UL, 0UL, 22000)}) {
         SCOPED_TRACE(compilacion);
         const int puerto = puertosLibres();
         Programa programa(Configuracion().reticula(1, 1).visor(puerto, 1, 1));
-        const WindowsFingido fingido(programa.ejecutable(), version);
+        const WindowsFingido fingido(mayor, menor, std::to_wstring(compilacion));
         ASSERT_TRUE(programa.marchar());
         EXPECT_EQ(compilacionVista(programa.proceso().id()), compilacion);
         EXPECT_TRUE(
