@@ -39,6 +39,7 @@ sondeos() {
 pruebas_de_entrega() {
     paso "imports that Windows 7 has" scripts/comprobar-importaciones.py
     paso "the same finds what is planted" scripts/comprobar-importaciones.py --prueba
+    paso "installer" packaging/probar-instalador.sh
 }
 
 pruebas_de_sistema() {

@@ -9,6 +9,8 @@ aqui="$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)"
 . "$aqui/../scripts/comun.sh"
 (($# == 2 || $# == 3)) || { sed -n '3,5s/^# \{0,3\}//p' "$0" >&2; exit 2; }
 version="${3:-$(version_proyecto)}"
+entrega="$(realpath -e "$1")"
+salida="$(realpath -m "$2")"
 cd "$aqui"
 makensis -V2 -WX -INPUTCHARSET UTF8 -DVERSION="$version" -DROTULO="$(rotulo_version "$version")" \
-    -DENTREGA="$(realpath "$1")" -DSALIDA="$(realpath -m "$2")" instalador.nsi
+    -DENTREGA="$entrega" -DSALIDA="$salida" instalador.nsi

@@ -50,7 +50,7 @@ VIAddVersionKey /LANG=0 "ProductVersion" "${VERSION}.0"
 !define MUI_ICON "icono/sorvanel.ico"
 !define MUI_UNICON "icono/sorvanel.ico"
 !define MUI_ABORTWARNING
-!define MUI_COMPONENTSPAGE_SMALLDESC
+!define MUI_WELCOMEFINISHPAGE_BITMAP "icono/instalador.bmp"
 !define MUI_FINISHPAGE_RUN
 !define MUI_FINISHPAGE_RUN_TEXT "$(T_ABRIR)"
 !define MUI_FINISHPAGE_RUN_FUNCTION Abrir

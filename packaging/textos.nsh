@@ -11,14 +11,14 @@
 !insertmacro Texto T_INICIO "Arrancar al iniciar sesión" "Start at logon"
 !insertmacro Texto T_INICIO_DE "Sorvanel se abre solo cuando cualquier usuario inicia sesión en este equipo." \
   "Sorvanel opens by itself when any user of this computer logs on."
-!insertmacro Texto T_CORTAFUEGOS "Permitir en el cortafuegos" "Allow in the firewall"
+!insertmacro Texto T_CORTAFUEGOS "Abrir el cortafuegos" "Open the firewall"
 !insertmacro Texto T_CORTAFUEGOS_DE \
   "Deja llegar a Sorvanel los pesos que se envían por UDP desde la red local. Desde otras redes, nada." \
   "Lets weights reach Sorvanel by UDP from the local network, and nothing from other networks."
 !insertmacro Texto T_SIMULADOR "Simulador" "Simulator"
 !insertmacro Texto T_SIMULADOR_DE "Envía pesos de prueba sin tener un indicador delante (ventana de comandos)." \
   "Sends weights to try things out without an indicator (command prompt)."
-!insertmacro Texto T_CONFIGURACION "Borrar también la configuración" "Delete the settings too"
+!insertmacro Texto T_CONFIGURACION "Borrar la configuración" "Delete the settings"
 !insertmacro Texto T_CONFIGURACION_DE \
   "Visores, retícula, mensaje, copias y registro. Sin marcar, se conservan para otra instalación." \
   "Displays, grid, message, backup copies and log. Unless ticked they stay for a later installation."
