@@ -58,7 +58,7 @@ acaba() { # PID SECONDS: by itself, and well
     esperar_hasta "$2" no kill -0 "$1" && { wait "$1" || codigo=$?; }
     ((codigo == 0))
 }
-se_ve() { xdotool search --onlyvisible --name '^Sorvanel$' 2>/dev/null | [ "$(wc -l)" -ge "$1" ]; }
+se_ven() { [ "$(xdotool search --onlyvisible --name '^Sorvanel$' | wc -l)" -ge "$1" ]; }
 
 # Stands in for icacls and netsh: notes its command line; fails where C:\falla.txt names it.
 hacer_apuntador() {
@@ -123,7 +123,7 @@ con_el_programa_abierto() {
     cp "$PROGRAMA/Sorvanel.exe" "$PROGRAMA/Sorvanel2.exe"
     abrir 'C:\Program Files\Sorvanel\Sorvanel.exe' & local uno=$!
     abrir 'C:\Program Files\Sorvanel\Sorvanel2.exe' & local otro=$!
-    comprobar "runs, and a copy under another name" esperar_hasta 30 se_ve 2
+    comprobar "runs, and a copy under another name" esperar_hasta 30 se_ven 2
     comprobar "upgrades in place" instalar 0 "$TALLER/nueva.exe" /S /ARRANCAR=0 /INICIO=0 /SIMULADOR=0 /CORTAFUEGOS=0
     comprobar "  the running copy has closed, and well" acaba "$uno" 10
     comprobar "  the other copy runs on" kill -0 "$otro"

@@ -43,7 +43,7 @@ comprobar_arbol() {
 construir() { cmake --preset windows && cmake --build --preset windows --target Sorvanel simulador; }
 
 publicar() { # VERSION
-    local entrega="$OBRA/entrega" nombre="Sorvanel-$1" uno
+    local entrega="$OBRA/entrega" nombre="Sorvanel-$1"
     rm -rf "$PUBLICACION" && mkdir -p "$PUBLICACION" &&
         scripts/comprobar-importaciones.py &&
         scripts/manual.sh "$OBRA/manual.html" &&
