@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Makes the installer out of what a release holds; the same files of the same age give the same bytes.
+# Makes the installer out of what a release holds; the same files give the same bytes.
 #   packaging/hacer-instalador.sh FOLDER INSTALLER [VERSION]
 # FOLDER holds Sorvanel.exe, simulador.exe, manual.html and LEEME.txt. The version is the project's, unless a test
 # gives another one.

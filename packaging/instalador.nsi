@@ -15,6 +15,7 @@ ManifestDPIAware true
 ManifestSupportedOS all
 RequestExecutionLevel admin
 SetCompressor /SOLID lzma
+SetDateSave off ; the age of no file gets in: the same tree gives the same bytes
 
 !include LogicLib.nsh
 !include FileFunc.nsh

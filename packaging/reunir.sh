@@ -1,12 +1,11 @@
 #!/usr/bin/env bash
-# Puts into a folder what users get, taken from the Windows build: Sorvanel.exe, simulador.exe, the manual and LEEME.txt,
-# all of the age of SOURCE_DATE_EPOCH (0 if it is not set), since archives keep the age of what is in them.
+# Puts into a folder what users get, taken from the Windows build: Sorvanel.exe, simulador.exe, the manual and LEEME.txt.
 #   packaging/reunir.sh FOLDER MANUAL.html
 set -euo pipefail
 aqui="$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)"
 # shellcheck source=/dev/null
 . "$aqui/../scripts/comun.sh"
-(($# == 2)) || { sed -n '4s/^# \{0,3\}//p' "$0" >&2; exit 2; }
+(($# == 2)) || { sed -n '3s/^# \{0,3\}//p' "$0" >&2; exit 2; }
 version="$(version_proyecto)"
 rm -rf "$1"
 mkdir -p "$1"
@@ -17,5 +16,3 @@ cp "$2" "$1/manual.html"
     printf '\xEF\xBB\xBF'
     sed "s/@VERSION@/$version/; s/@ROTULO@/$(rotulo_version "$version")/; s/\$/\r/" "$aqui/LEEME.txt"
 } >"$1/LEEME.txt"
-chmod 644 "$1"/*
-touch -d "@${SOURCE_DATE_EPOCH:-0}" "$1"/*
