@@ -51,6 +51,7 @@ vale() {
 }
 no() { ! "$@"; }
 iguales() { cmp "$1" "$2"; }
+solo() { [ "$(ls "$1")" == "$2" ]; }
 hay() { [[ -e $1 ]]; }
 ordeno() { grep -qiE -- "$1" "$ORDENES" || { cat "$ORDENES"; false; }; }
 acaba() { # PID SECONDS: by itself, and well
@@ -160,7 +161,7 @@ desinstalaciones() {
     echo notas >"$AJUSTES/notas.txt" && : >"$AJUSTES/Sorvanel_copia.ini" && : >"$AJUSTES/Sorvanel.log"
     comprobar "uninstalls" instalar 0 'C:\Program Files\Sorvanel\Desinstalar.exe' /S
     comprobar "  is gone" esperar_hasta 20 desinstalado
-    comprobar "  of its folder the user's copy alone stays" [ "$(ls "$PROGRAMA")" == Sorvanel2.exe ]
+    comprobar "  of its folder the user's copy alone stays" solo "$PROGRAMA" Sorvanel2.exe
     comprobar "  menu" no hay "$MENU"
     comprobar "  firewall" ordeno 'delete rule name=all dir=in program=C:.Program Files.Sorvanel.Sorvanel.exe'
     comprobar "  the settings stay" iguales "$TALLER/mio.ini" "$AJUSTES/Sorvanel.ini"
@@ -170,7 +171,7 @@ desinstalaciones() {
     comprobar "  forgets what was chosen before" vale "$INICIO" Sorvanel '"C:\Otra\Sorvanel.exe"'
     comprobar "uninstalls with the settings" instalar 0 'C:\Otra\Desinstalar.exe' /S /BORRAR=1
     comprobar "  is gone" esperar_hasta 20 no hay "$DISCO/Otra"
-    comprobar "  of the settings' folder what is not ours stays" [ "$(ls "$AJUSTES")" == notas.txt ]
+    comprobar "  of the settings' folder what is not ours stays" esperar_hasta 20 solo "$AJUSTES" notas.txt
     comprobar "  not at logon" no valor "$INICIO" Sorvanel
 }
 
