@@ -352,9 +352,8 @@ Section "un.$(T_PROGRAMA)" SecQuitar
 SectionEnd
 
 Section /o "un.$(T_CONFIGURACION)" SecBorrar
-  Delete "$APPDATA\Sorvanel\Sorvanel.ini*"
+  Delete "$APPDATA\Sorvanel\Sorvanel.*"
   Delete "$APPDATA\Sorvanel\Sorvanel_*.*"
-  Delete "$APPDATA\Sorvanel\Sorvanel*.log"
   RMDir "$APPDATA\Sorvanel"
 SectionEnd
 

@@ -35,19 +35,26 @@ instalar() { # EXIT-CODE INSTALLER SWITCH...
     shift
     : >"$ORDENES"
     ventana "$@" || codigo=$?
+    leer_registro
     echo "exit code $codigo"
     ((codigo == esperado))
 }
 # Through a file, since a pipe would be kept open by what Wine leaves running.
-valor() { # KEY NAME: what the registry holds; false without it
-    wine reg query "$1" /v "$2" </dev/null >"$TALLER/valor.txt" 2>/dev/null 9>&- &&
-        sed -n "s/\r\$//; s/^ *$2 *REG_[A-Z]* *//p" "$TALLER/valor.txt"
+leer_registro() {
+    local clave
+    for clave in "$CLAVE" "$INICIO"; do
+        wine reg query "$clave" </dev/null 2>/dev/null 9>&-
+    done >"$TALLER/crudo.txt"
+    sed 's/\r$//' "$TALLER/crudo.txt" >"$TALLER/registro.txt"
+}
+valor() { # NAME: what the registry held when it was read; false without it
+    sed -n "s/^ *$1  *REG_[A-Z]*  *//p" "$TALLER/registro.txt" | grep .
 }
 vale() {
     local visto
-    visto="$(valor "$1" "$2")"
+    visto="$(valor "$1")"
     echo "it is: $visto"
-    [[ $visto == "$3" ]]
+    [[ $visto == "$2" ]]
 }
 no() { ! "$@"; }
 iguales() { cmp "$1" "$2"; }
@@ -55,13 +62,11 @@ solo() { [ "$(ls "$1")" == "$2" ]; }
 hay() { [[ -e $1 ]]; }
 ordeno() { grep -qiE -- "$1" "$ORDENES" || { cat "$ORDENES"; false; }; }
 acaba() { # PID SECONDS: by itself, and well
-    local codigo=0
-    esperar_hasta "$2" no kill -0 "$1" && { wait "$1" || codigo=$?; }
-    ((codigo == 0))
+    esperar_hasta "$2" no kill -0 "$1" && wait "$1"
 }
 se_ven() { [ "$(xdotool search --onlyvisible --name '^Sorvanel$' | wc -l)" -ge "$1" ]; }
 
-# Stands in for icacls and netsh: notes its command line; fails where C:\falla.txt names it.
+# Stands in for icacls and netsh: notes its command line; fails while there is a C:\falla.txt.
 hacer_apuntador() {
     x86_64-w64-mingw32-gcc-posix -O -s -municode -x c -o "$1" - <<'C'
 #include <stdio.h>
@@ -106,13 +111,13 @@ primera_instalacion() {
     done
     comprobar "  nothing half made" no grep -q nuevo <(ls "$PROGRAMA")
     comprobar "  menu: the program" hay "$MENU/Sorvanel.lnk"
-    comprobar "  starts at logon" vale "$INICIO" Sorvanel '"C:\Program Files\Sorvanel\Sorvanel.exe"'
-    comprobar "  name" vale "$CLAVE" DisplayName Sorvanel
-    comprobar "  publisher" vale "$CLAVE" Publisher Sorvanel
-    comprobar "  version" vale "$CLAVE" DisplayVersion "$(version_proyecto)"
-    comprobar "  icon" vale "$CLAVE" DisplayIcon 'C:\Program Files\Sorvanel\Sorvanel.exe'
-    comprobar "  quiet uninstall" vale "$CLAVE" QuietUninstallString '"C:\Program Files\Sorvanel\Desinstalar.exe" /S'
-    comprobar "  size, in KB" [ "$(($(valor "$CLAVE" EstimatedSize)))" -gt "$(($(stat -c %s "$PROGRAMA/Sorvanel.exe") / 1024))" ]
+    comprobar "  starts at logon" vale Sorvanel '"C:\Program Files\Sorvanel\Sorvanel.exe"'
+    comprobar "  name" vale DisplayName Sorvanel
+    comprobar "  publisher" vale Publisher Sorvanel
+    comprobar "  version" vale DisplayVersion "$(version_proyecto)"
+    comprobar "  icon" vale DisplayIcon 'C:\Program Files\Sorvanel\Sorvanel.exe'
+    comprobar "  quiet uninstall" vale QuietUninstallString '"C:\Program Files\Sorvanel\Desinstalar.exe" /S'
+    comprobar "  size, in KB" [ "$(($(valor EstimatedSize)))" -gt "$(($(stat -c %s "$PROGRAMA/Sorvanel.exe") / 1024))" ]
     comprobar "  settings' folder" hay "$AJUSTES"
     comprobar "  users may write there" ordeno 'icacls.exe C:.ProgramData.Sorvanel /grant \*S-1-5-32-545:\(OI\)\(CI\)M '
     comprobar "  firewall: the program's UDP from near" ordeno 'netsh.exe advfirewall firewall add rule name=Sorvanel dir=in action=allow program=C:.Program Files.Sorvanel.Sorvanel.exe protocol=udp remoteip=localsubnet profile=any enable=yes'
@@ -130,12 +135,12 @@ con_el_programa_abierto() {
     comprobar "  the other copy runs on" kill -0 "$otro"
     comprobar "  the new program" iguales "$TALLER/despues/Sorvanel.exe" "$PROGRAMA/Sorvanel.exe"
     comprobar "  the settings are untouched" iguales "$TALLER/mio.ini" "$AJUSTES/Sorvanel.ini"
-    comprobar "  version" vale "$CLAVE" DisplayVersion 9.8.7
-    comprobar "  not at logon, as asked" no valor "$INICIO" Sorvanel
+    comprobar "  version" vale DisplayVersion 9.8.7
+    comprobar "  not at logon, as asked" no valor Sorvanel
     comprobar "  no simulator, as asked" no hay "$PROGRAMA/simulador.exe"
     comprobar "  the firewall's rule goes, as asked" ordeno 'delete rule name=all dir=in program=C:.Program Files.Sorvanel.Sorvanel.exe'
     comprobar "upgrades, nothing asked" instalar 0 "$TALLER/vieja.exe" /S
-    comprobar "  the choices stay: not at logon" no valor "$INICIO" Sorvanel
+    comprobar "  the choices stay: not at logon" no valor Sorvanel
     comprobar "  the choices stay: no rule" no ordeno 'add rule'
     kill "$otro" && wait "$otro" 2>/dev/null
 }
@@ -148,7 +153,7 @@ cuando_no_puede() {
     comprobar "  code 4" instalar 4 "$TALLER/nueva.exe" /S /ESPERA=1
     comprobar "  it was not killed" kill -0 "$uno"
     comprobar "  nothing has changed" iguales "$TALLER/entrega/simulador.exe" "$PROGRAMA/Sorvanel.exe"
-    comprobar "  version as before" vale "$CLAVE" DisplayVersion "$(version_proyecto)"
+    comprobar "  version as before" vale DisplayVersion "$(version_proyecto)"
     kill "$uno" && wait "$uno" 2>/dev/null
     : >"$DISCO/falla.txt"
     comprobar "rights and rule refused: code 6" instalar 6 "$TALLER/nueva.exe" /S /CORTAFUEGOS=1
@@ -156,7 +161,7 @@ cuando_no_puede() {
     rm "$DISCO/falla.txt"
 }
 
-desinstalado() { no hay "$PROGRAMA/Desinstalar.exe" && no valor "$CLAVE" DisplayName; }
+desinstalado() { leer_registro && no hay "$PROGRAMA/Desinstalar.exe" && no valor DisplayName; }
 desinstalaciones() {
     echo notas >"$AJUSTES/notas.txt" && : >"$AJUSTES/Sorvanel_copia.ini" && : >"$AJUSTES/Sorvanel.log"
     comprobar "uninstalls" instalar 0 'C:\Program Files\Sorvanel\Desinstalar.exe' /S
@@ -168,11 +173,12 @@ desinstalaciones() {
     rm -r "$PROGRAMA"
     comprobar "installs elsewhere" instalar 0 "$TALLER/vieja.exe" /S '/D=C:\Otra'
     comprobar "  there" iguales "$TALLER/entrega/Sorvanel.exe" "$DISCO/Otra/Sorvanel.exe"
-    comprobar "  forgets what was chosen before" vale "$INICIO" Sorvanel '"C:\Otra\Sorvanel.exe"'
+    comprobar "  forgets what was chosen before" vale Sorvanel '"C:\Otra\Sorvanel.exe"'
     comprobar "uninstalls with the settings" instalar 0 'C:\Otra\Desinstalar.exe' /S /BORRAR=1
     comprobar "  is gone" esperar_hasta 20 no hay "$DISCO/Otra"
     comprobar "  of the settings' folder what is not ours stays" esperar_hasta 20 solo "$AJUSTES" notas.txt
-    comprobar "  not at logon" no valor "$INICIO" Sorvanel
+    leer_registro
+    comprobar "  not at logon" no valor Sorvanel
 }
 
 preparar_taller
