@@ -5,7 +5,8 @@
 ;               /ARRANCAR=0|1 (silent: open again a copy that was closed; 1), /ESPERA=SECONDS (for a running copy to
 ;               close; 20), /IDIOMA=es|en. An option that is not given is as it was at the last installation; at the
 ;               first it is 1.
-; Uninstaller:  /S, /BORRAR=0|1 (the settings too; 0), /ESPERA, /IDIOMA.
+; Uninstaller:  /S, /BORRAR=0|1 (the settings too; 0), /ESPERA, /IDIOMA; its code is seen with _?=FOLDER (last) only,
+;               since without it a copy of it goes on.
 ; Exit codes:   0 done; 1 cancelled; 3 Windows is too old; 4 a program is in use and did not close: nothing was changed;
 ;               5 a file cannot be written; 6 installed, but the folder's rights or the firewall rule are missing.
 
@@ -181,6 +182,23 @@ FunctionEnd
 
 ; ---- installing ----
 
+; One installation a computer: one in another folder is taken away first, its settings kept.
+Function QuitarAnterior
+  ReadRegStr $6 HKLM "${CLAVE_DESINSTALAR}" "InstallLocation"
+  ${If} $6 == ""
+  ${OrIf} $6 == $INSTDIR
+  ${OrIfNot} ${FileExists} "$6\Desinstalar.exe"
+    Return
+  ${EndIf}
+  ExecWait '"$6\Desinstalar.exe" /S /ESPERA=$Espera _?=$6' $0
+  ${If} $0 != 0
+    StrCpy $R0 "$6\${EXE}"
+    !insertmacro Terminar T_NO_ESCRITO 4
+  ${EndIf}
+  Delete "$6\Desinstalar.exe"
+  RMDir $6
+FunctionEnd
+
 ; Written beside and renamed over, so that a power cut leaves the old program or the new one.
 !macro Poner NOMBRE
   StrCpy $R0 "$INSTDIR\${NOMBRE}"
@@ -195,6 +213,7 @@ FunctionEnd
 Section "$(T_PROGRAMA)" SecPrograma
   SectionIn RO
   Call CerrarTodo
+  Call QuitarAnterior
   SetOutPath $INSTDIR
   SetOverwrite on
   !insertmacro Poner "${EXE}"

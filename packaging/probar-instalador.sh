@@ -98,7 +98,7 @@ preparar_taller() {
     local una
     for una in icacls netsh; do hacer_apuntador "$DISCO/windows/system32/$una.exe" || exit 1; done
     # An earlier run may have been cut off.
-    rm -rf "$PROGRAMA" "$AJUSTES" "$MENU" "$DISCO/falla.txt"
+    rm -rf "$PROGRAMA" "$AJUSTES" "$MENU" "$DISCO"/{falla.txt,Otra,Tercera}
     ventana reg delete 'HKLM\Software\Sorvanel' /f
     ventana reg delete "$CLAVE" /f
 }
@@ -174,8 +174,12 @@ desinstalaciones() {
     comprobar "installs elsewhere" instalar 0 "$TALLER/vieja.exe" /S '/D=C:\Otra'
     comprobar "  there" iguales "$TALLER/entrega/Sorvanel.exe" "$DISCO/Otra/Sorvanel.exe"
     comprobar "  forgets what was chosen before" vale Sorvanel '"C:\Otra\Sorvanel.exe"'
-    comprobar "uninstalls with the settings" instalar 0 'C:\Otra\Desinstalar.exe' /S /BORRAR=1
-    comprobar "  is gone" esperar_hasta 20 no hay "$DISCO/Otra"
+    comprobar "moves" instalar 0 "$TALLER/nueva.exe" /S '/D=C:\Tercera'
+    comprobar "  there" iguales "$TALLER/despues/Sorvanel.exe" "$DISCO/Tercera/Sorvanel.exe"
+    comprobar "  and not here any more" no hay "$DISCO/Otra"
+    comprobar "  the settings stay" iguales "$TALLER/mio.ini" "$AJUSTES/Sorvanel.ini"
+    comprobar "uninstalls with the settings" instalar 0 'C:\Tercera\Desinstalar.exe' /S /BORRAR=1
+    comprobar "  is gone" esperar_hasta 20 no hay "$DISCO/Tercera"
     comprobar "  of the settings' folder what is not ours stays" esperar_hasta 20 solo "$AJUSTES" notas.txt
     leer_registro
     comprobar "  not at logon" no valor Sorvanel
