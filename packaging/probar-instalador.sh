@@ -128,8 +128,9 @@ con_el_programa_abierto() {
     cp "$TALLER/mio.ini" "$AJUSTES/Sorvanel.ini"
     cp "$PROGRAMA/Sorvanel.exe" "$PROGRAMA/Sorvanel2.exe"
     abrir 'C:\Program Files\Sorvanel\Sorvanel.exe' & local uno=$!
-    abrir 'C:\Program Files\Sorvanel\Sorvanel2.exe' & local otro=$!
-    comprobar "runs, and a copy under another name" esperar_hasta 30 se_ven 2
+    comprobar "runs" esperar_hasta 30 se_ven 1
+    abrir 'C:\Program Files\Sorvanel\Sorvanel2.exe' & local otro=$! # before the other: it would be closed first
+    comprobar "so does a copy under another name" esperar_hasta 30 se_ven 2
     comprobar "upgrades in place" instalar 0 "$TALLER/nueva.exe" /S /ARRANCAR=0 /INICIO=0 /SIMULADOR=0 /CORTAFUEGOS=0
     comprobar "  the running copy has closed, and well" acaba "$uno" 10
     comprobar "  the other copy runs on" kill -0 "$otro"
