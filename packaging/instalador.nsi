@@ -132,8 +132,8 @@ Function ${UN}PedirFin
   ${Loop}
 FunctionEnd
 
-; Waits until $R0, if it is there, can be written: a program that runs cannot. Then, or once the user gives up, it
-; returns; silent, it ends with code 4 after $Espera seconds. Nobody is killed: it may be writing.
+; Waits until $R0, if it is there, can be written: a program that runs cannot. After $Espera seconds it asks the user,
+; or, silent, ends with code 4. Nobody is killed: it may be writing.
 Function ${UN}EsperarLibre
   ${Do}
     StrCpy $4 0
