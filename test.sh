@@ -36,6 +36,12 @@ sondeos() {
     done
 }
 
+pruebas_de_entrega() {
+    paso "imports that Windows 7 has" scripts/comprobar-importaciones.py
+    paso "the same finds what is planted" scripts/comprobar-importaciones.py --prueba
+    paso "installer" packaging/probar-instalador.sh
+}
+
 pruebas_de_sistema() {
     previo "virtual screen" pantalla_iniciar || return
     previo "Wine" wine_iniciar "$OBRA/prefijo" || return
@@ -61,7 +67,10 @@ previo "build, native" construir nativo &&
     pruebas_juntas "unit tests" nativo "$OBRA/nativo/tests/unit/pruebas_unidad"
 
 titulo "System tests, the real program"
-previo "build, Windows" construir windows && pruebas_de_sistema
+previo "build, Windows" construir windows && {
+    pruebas_de_entrega
+    pruebas_de_sistema
+}
 
 titulo "Fuzzing"
 previo "build, fuzz targets" construir fuzz && sondeos

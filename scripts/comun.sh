@@ -10,6 +10,14 @@ titulo() { printf '\n== %s\n' "$*"; }
 nota() { printf '   %s\n' "$*"; }
 error() { printf 'error: %s\n' "$*" >&2; }
 
+# The one place that holds the version; and as the program shows it: 1.0.1 is "1.00A".
+version_proyecto() { sed -n 's/^project(Sorvanel VERSION \([0-9.]*\) .*/\1/p' "$RAIZ/CMakeLists.txt"; }
+rotulo_version() {
+    local mayor menor revision
+    IFS=. read -r mayor menor revision <<<"$1"
+    printf '%d.%02d%b\n' "$mayor" "$menor" "$( ((revision == 0)) || printf '\\x%x' $((64 + revision)))"
+}
+
 # esperar_hasta SECONDS COMMAND...: true as soon as the command is, false when the time is over.
 esperar_hasta() {
     local fin=$((SECONDS + $1))

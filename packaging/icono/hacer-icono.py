@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Makes sorvanel.ico and marcha.cur from the drawings beside it.
+"""Makes sorvanel.ico, marcha.cur and instalador.bmp from the drawings beside it.
 
 Needs rsvg-convert (Debian: librsvg2-bin). The results are kept in the tree, so that building the
 program needs neither; run this after a drawing was changed.
@@ -17,6 +17,8 @@ ICONO = [(16, "sorvanel-pequeno"), (20, "sorvanel-pequeno"), (24, "sorvanel-pequ
 ]
 PUNTERO = [(lado, "marcha") for lado in (32, 48, 64)]
 PUNTA = 2 / 32  # of the pointer's side, both ways
+LATERAL = (164, 314, 128)  # the picture beside the installer's last page: its sides, and the drawing's
+FONDO = (0xDF, 0xEA, 0xF3)
 COMO_PNG = 64  # from this side on the picture is stored compressed
 
 
@@ -86,6 +88,25 @@ def escribir(archivo, clase, imagenes, campos):
     (AQUI / archivo).write_bytes(indice + cuerpo)
 
 
+def lateral(png):
+    """A bitmap of 256 colours: the drawing in the upper half of a plain ground."""
+    ancho, alto, lado = LATERAL
+    filas = [[FONDO] * ancho for _ in range(alto)]
+    for y, fila in enumerate(filas_rgba(png)):
+        for x in range(lado):
+            a = fila[4 * x + 3]
+            # Few enough shades for the table.
+            tono = tuple((fila[4 * x + i] * a + FONDO[i] * (255 - a)) // 255 & 0xF0 for i in range(3))
+            filas[y + (alto // 2 - lado) // 2][x + (ancho - lado) // 2] = tono if a else FONDO
+    colores = sorted({color for fila in filas for color in fila})
+    numero = {color: i for i, color in enumerate(colores)}
+    tabla = b"".join(bytes((b, g, r, 0)) for r, g, b in colores).ljust(4 * 256, b"\0")
+    cuerpo = b"".join(bytes(numero[color] for color in fila) for fila in reversed(filas))
+    cabecera = struct.pack("<IiiHHIIiiII", 40, ancho, alto, 1, 8, 0, len(cuerpo), 0, 0, 256, 0)
+    donde = 14 + len(cabecera) + len(tabla)
+    return struct.pack("<2sIHHI", b"BM", donde + len(cuerpo), 0, 0, donde) + cabecera + tabla + cuerpo
+
+
 def main():
     iconos = []
     for lado, nombre in ICONO:
@@ -93,6 +114,7 @@ def main():
         iconos.append((lado, png if lado >= COMO_PNG else mapa(png)))
     escribir("sorvanel.ico", 1, iconos, lambda lado: (1, 32))
     punteros = [(lado, mapa(dibujar(nombre, lado))) for lado, nombre in PUNTERO]
+    (AQUI / "instalador.bmp").write_bytes(lateral(dibujar("sorvanel", LATERAL[2])))
     escribir("marcha.cur", 2, punteros, lambda lado: (round(lado * PUNTA), round(lado * PUNTA)))
 
 

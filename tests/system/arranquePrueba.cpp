@@ -1,4 +1,7 @@
 #include <gmock/gmock.h>
+#include <windows.h>
+// After windows.h, whose types it uses.
+#include <winternl.h>
 
 #include <algorithm>
 
@@ -7,6 +10,73 @@
 
 namespace sorvanel::pruebas {
 namespace {
+
+// Wine plays that version of Windows for every program that starts now.
+class WindowsFingido : private SinCopia {
+public:
+    WindowsFingido(DWORD mayor, DWORD menor, const std::wstring& compilacion) {
+        poner(L"CurrentMajorVersionNumber", REG_DWORD, &mayor, sizeof mayor);
+        poner(L"CurrentMinorVersionNumber", REG_DWORD, &menor, sizeof menor);
+        poner(L"CurrentBuildNumber", REG_SZ, compilacion.c_str(), (compilacion.size() + 1) * sizeof(wchar_t));
+    }
+    ~WindowsFingido() {
+        for (const Valor& viejo : m_viejos) {
+            if (viejo.bytes.empty())
+                RegDeleteKeyValueW(HKEY_LOCAL_MACHINE, CLAVE, viejo.nombre);
+            else
+                RegSetKeyValueW(HKEY_LOCAL_MACHINE, CLAVE, viejo.nombre, viejo.tipo, viejo.bytes.data(),
+                                static_cast<DWORD>(viejo.bytes.size()));
+        }
+    }
+
+private:
+    struct Valor {
+        const wchar_t* nombre;
+        DWORD tipo;
+        std::string bytes;  // empty where there was none
+    };
+    static constexpr const wchar_t* CLAVE = L"Software\\Microsoft\\Windows NT\\CurrentVersion";
+
+    void poner(const wchar_t* nombre, DWORD tipo, const void* dato, std::size_t largo) {
+        DWORD cuanto = 64;
+        std::string viejo(cuanto, '\0');
+        const bool habia = RegGetValueW(HKEY_LOCAL_MACHINE, CLAVE, nombre, RRF_RT_ANY, nullptr, viejo.data(),
+                                        &cuanto) == ERROR_SUCCESS;
+        m_viejos.push_back({nombre, tipo, viejo.substr(0, habia ? cuanto : 0)});
+        RegSetKeyValueW(HKEY_LOCAL_MACHINE, CLAVE, nombre, tipo, dato, static_cast<DWORD>(largo));
+    }
+
+    std::vector<Valor> m_viejos;
+};
+
+// The build of Windows as a running program is told it, read out of its environment block; 0 if it cannot be read.
+int compilacionVista(DWORD id) {
+    constexpr std::ptrdiff_t LUGAR = 0x120;
+    const HANDLE proceso = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id);
+    PROCESS_BASIC_INFORMATION datos{};
+    USHORT compilacion = 0;
+    if (NtQueryInformationProcess(proceso, ProcessBasicInformation, &datos, sizeof datos, nullptr) >= 0)
+        ReadProcessMemory(proceso, reinterpret_cast<const char*>(datos.PebBaseAddress) + LUGAR, &compilacion,
+                          sizeof compilacion, nullptr);
+    CloseHandle(proceso);
+    return compilacion;
+}
+
+TEST(Arranque, PesaEnElWindowsMasViejoYEnElMasNuevo) {
+    if (!GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version")) GTEST_SKIP() << "Windows is what it is";
+    EmisorUDP indicador;
+    for (const auto& [mayor, menor, compilacion] : {std::tuple(6UL, 1UL, 7601), std::tuple(10UL, 0UL, 22000)}) {
+        SCOPED_TRACE(compilacion);
+        const int puerto = puertosLibres();
+        Programa programa(Configuracion().reticula(1, 1).visor(puerto, 1, 1));
+        const WindowsFingido fingido(mayor, menor, std::to_wstring(compilacion));
+        ASSERT_TRUE(programa.marchar());
+        EXPECT_EQ(compilacionVista(programa.proceso().id()), compilacion);
+        EXPECT_TRUE(
+            insistir([&] { indicador.enviar(puerto, trama(1'234'000)); }, [&] { return programa.peso(1) == "1234"; }));
+        EXPECT_TRUE(programa.terminar());
+    }
+}
 
 // Whoever has no monitor at negative coordinates has not tested them.
 TEST(Arranque, CubreElMonitorEnUsoTambienALaIzquierdaDelPrimario) {
