@@ -30,6 +30,9 @@ public:
     bool enMarcha(SuscriptorPeso& visor) override;
     void Cerrar(SuscriptorPeso&) override { Cerrar(); }
     std::int64_t ultimaAceptada(const SuscriptorPeso&) const override { return m_ultimaAceptada; }
+    MotivoSilencio motivo(const SuscriptorPeso&) const override {
+        return m_sinLectura ? MotivoSilencio::sinLectura : MotivoSilencio::callado;
+    }
     void Cerrar();
     // The last enMarcha was refused because somebody has the port.
     bool portEnUso() const { return m_wsk->motivo() == MotivoFallo::ocupado; }
@@ -49,6 +52,7 @@ private:
     bool m_enMarcha = false;
     std::string m_bufer;
     std::int64_t m_ultimaAceptada = 0;
+    bool m_sinLectura = false;  // what came last was no reading
 };
 
 }  // namespace sorvanel
