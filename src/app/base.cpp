@@ -43,14 +43,8 @@ base::base(const Entorno& entorno, Formulario& formulario, FabricaDialogos& dial
       m_montaje(entorno, formulario, compartido, m_barra),
       m_cronica(entorno, compartido),
       m_asas(formulario, [this] { refrescos(); }) {
-    const UtilesDialogo utiles{entorno.com,
-                               entorno.cola,
-                               entorno.avisos,
-                               dialogos,
-                               entorno.fabrica,
-                               entorno.reloj,
-                               entorno.bitacora,
-                               [this] { mostrarHerramientas(); }};
+    const UtilesDialogo utiles{entorno.com,     entorno.cola,  entorno.avisos,   dialogos,
+                               entorno.fabrica, entorno.reloj, entorno.bitacora, [this] { mostrarHerramientas(); }};
     m_cfgContexto = std::make_unique<cfgContexto>(utiles, m_montaje);
     m_cfgVisor = std::make_unique<cfgVisor>(utiles, m_montaje);
     m_cfgMensaje = std::make_unique<cfgMensaje>(utiles, m_montaje);
@@ -125,8 +119,8 @@ void base::primeraActivacion() {
     std::string errores;
     construir(errores);
     m_espera->habilitado(false);
-    anotar("Pantalla: " + textoMonitor(m_montaje.pantalla()) + "; visores definidos: " +
-           std::to_string(m_montaje.visores().cuantos()));
+    anotar("Pantalla: " + textoMonitor(m_montaje.pantalla()) +
+           "; visores definidos: " + std::to_string(m_montaje.visores().cuantos()));
     if (m_montaje.visores().cuantos() > 0) {
         // The errors wait until all that can run does: nobody may be there to answer the box.
         ponerEnMarcha(errores);
@@ -183,6 +177,7 @@ void base::configurar() {
 }
 
 void base::entrarEnConfiguracion() {
+    m_cancelada = false;
     anotar("Se entra en la configuración");
     m_montaje.desmontar();
     m_formulario.refrescar();
@@ -193,7 +188,7 @@ void base::entrarEnConfiguracion() {
 // The order is fixed; a tool that refuses keeps those after it open.
 void base::aceptar() {
     if (!cerrarHerramientas(false)) return;
-    anotar("Configuración aceptada");
+    anotar(m_cancelada ? "Se sale de la configuración" : "Configuración aceptada");
     m_montaje.letrero({});
     const std::string motivo = ilegible();
     std::string errores;
@@ -205,6 +200,7 @@ void base::cancelar() {
     cerrarHerramientas(true);
     m_montaje.desmontar();
     // An earlier session's copy is none of this one.
+    m_cancelada = true;
     if (!m_conCopia) {
         m_entorno.com.descartarCambios();
         anotar("Configuración cancelada, sin copia a la que volver");
@@ -323,6 +319,7 @@ void base::mostrarHerramientas() {
         alguna = alguna || abierta;
     }
     if (alguna) {
+        m_cancelada = false;
         m_barra.avisar(Aviso::configurando);
     } else {
         decirPrimerPaso();

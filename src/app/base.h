@@ -78,8 +78,9 @@ private:
     const std::unique_ptr<Temporizador> m_espera;     // until the start has come to its end
     const std::unique_ptr<Temporizador> m_reintento;  // of displays that could not be started
     const std::unique_ptr<Temporizador> m_plazoAviso;
-    bool m_conCopia = false;  // of the settings as they were when the configuration was entered
-    bool m_conBoton = false;  // asked to end by its own button
+    bool m_conCopia = false;   // of the settings as they were when the configuration was entered
+    bool m_cancelada = false;  // and nothing has been configured since
+    bool m_conBoton = false;   // asked to end by its own button
     bool m_modoTamano = false;
     BarraBotones m_barra;
     Montaje m_montaje;

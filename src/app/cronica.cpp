@@ -67,7 +67,10 @@ void Cronica::mirar() {
     const std::int64_t ahora = m_entorno.reloj.ahora();
     // First what the displays' silence may come from.
     const EstadoConexion conexion = m_compartido.conexion();
-    if (conexion.enUso) decir(nombreConexion(), m_conexion->mirar(vistaConexion(conexion)));
+    if (conexion.enUso) {
+        const Vaiven::Lineas lineas = m_conexion->mirar(vistaConexion(conexion));
+        if (!lineas.empty()) decir(nombreConexion(), lineas);
+    }
     for (std::int16_t n = 1; n <= m_visores->cuantos(); ++n) {
         const Vaiven::Lineas lineas = vaiven(n).mirar(vistaDe(*m_visores->uno(n), ahora));
         if (!lineas.empty()) decir(nombre(n), lineas);

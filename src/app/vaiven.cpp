@@ -36,8 +36,10 @@ Vaiven::Lineas Vaiven::mirar(const VistaVaiven& vista) {
             perder(vista.desde, vista.motivo);
     }
     if (m_resumiendo) {
-        const bool calma = m_ahora - m_cambio >= CALMA;
-        if (calma || m_ahora - m_resumido >= m_plazo) resumir(calma);
+        const std::int64_t quieto = m_ahora - m_cambio;
+        // What may be the calm already is waited for: one line then says both.
+        const bool toca = m_ahora - m_resumido >= m_plazo && quieto < m_calma / 2;
+        if (toca || quieto >= m_calma) resumir(quieto >= m_calma);
     }
     return std::exchange(m_lineas, {});
 }
@@ -55,25 +57,26 @@ void Vaiven::perder(std::int64_t desde, const std::string& motivo) {
     m_otroMotivo.clear();
     m_motivos = 0;
     m_cambio = m_ahora;
-    if (!m_resumiendo && demasiadas(m_ahora)) {
-        m_resumiendo = true;
-        m_resumido = m_ahora;
-        m_plazo = CALMA;
-    }
+    contarPerdida();
     if (m_resumiendo) {
         ++m_veces;
         return;
     }
     // Some time has passed since the last that came, before its absence could be seen.
     const std::int64_t hace = m_ahora - desde;
-    m_lineas.push_back(conMotivo() + (hace >= 2000 ? ", desde hace " + textoDuracion(hace) : ""));
+    m_lineas.push_back(conMotivo() + (hace >= 3000 ? ", desde hace " + textoDuracion(hace) : ""));
 }
 
-// The third of a minute.
-bool Vaiven::demasiadas(std::int64_t ahora) {
-    const bool si = ahora - m_perdidas.front() < CALMA;
-    m_perdidas = {m_perdidas.back(), ahora};
-    return si;
+void Vaiven::contarPerdida() {
+    const std::int64_t antepenultima = *(m_perdidas.end() - 2), decima = m_perdidas.front();
+    std::rotate(m_perdidas.begin(), m_perdidas.begin() + 1, m_perdidas.end());
+    m_perdidas.back() = m_ahora;
+    const bool muchas = m_ahora - decima < HORA;
+    if (m_resumiendo || (!muchas && m_ahora - antepenultima >= MINUTO)) return;
+    m_resumiendo = true;
+    m_resumido = m_ahora;
+    m_calma = muchas ? CALMA_LARGA : CALMA;
+    m_plazo = muchas ? RESUMEN : MINUTO;
 }
 
 void Vaiven::volver() {
@@ -108,13 +111,13 @@ void Vaiven::resumir(bool calma) {
     std::string linea;
     if (m_veces > 0) {
         linea = m_palabras.cambios + (" " + std::to_string(m_veces)) + (m_veces == 1 ? " vez" : " veces") + " desde " +
-                hora(m_resumido) + " (" + textoDuracion(m_sin) + " " + m_palabras.falta + " en total)";
+                hora(m_resumido);
+        if (m_sin > 0) linea += " (" + textoDuracion(m_sin) + " " + m_palabras.falta + " en total)";
     }
     if (calma) {
         linea += linea.empty() ? "" : "; ";
         linea += m_falta ? falta() : m_palabras.viene + (" desde " + hora(m_cambio));
         m_resumiendo = false;
-        m_perdidas = {NUNCA, NUNCA};
     }
     m_lineas.push_back(std::move(linea));
     m_resumido = m_ahora;

@@ -26,19 +26,26 @@ struct PalabrasVaiven {
     const char* cambios = "ha perdido y recuperado los datos";
 };
 
-// What the log says of it: each change, once, with its reason, and how long it was missing. Where changes come thick and
-// fast they are summed up, in ever longer intervals, until there is calm; nothing is said twice.
+// What the log says of it: each change, once, with its reason, and how long it was missing. Where changes come thick
+// and fast they are summed up, in ever longer intervals, until there is calm; nothing is said twice.
 class Vaiven {
 public:
     using Lineas = std::vector<std::string>;
 
-    static constexpr std::int64_t CALMA = 60'000;      // milliseconds without a change; three losses in it are too many
-    static constexpr std::int64_t RESUMEN = 600'000;   // the longest time between two sums; the first takes CALMA
-    static constexpr std::int64_t FIRMEZA = 10'000;    // so long another reason holds until it is said
-    static constexpr std::int64_t FIRMEZA_2 = 600'000;  // the same when one has been said already
+    // Milliseconds. Three losses within a minute are too many, and so are ten within an hour; after so long without a
+    // change there is calm again.
+    static constexpr std::int64_t MINUTO = 60'000;
+    static constexpr std::int64_t HORA = 60 * MINUTO;
+    static constexpr std::int64_t CALMA = MINUTO;
+    static constexpr std::int64_t CALMA_LARGA = 10 * MINUTO;
+    static constexpr std::int64_t RESUMEN = 10 * MINUTO;    // the longest time between two sums
+    static constexpr std::int64_t FIRMEZA = 10'000;         // so long another reason holds until it is said
+    static constexpr std::int64_t FIRMEZA_2 = 10 * MINUTO;  // the same when one has been said already
 
     // The clock must outlive it.
-    explicit Vaiven(const Reloj& reloj, PalabrasVaiven palabras = {}) : m_reloj(reloj), m_palabras(palabras) {}
+    explicit Vaiven(const Reloj& reloj, PalabrasVaiven palabras = {}) : m_reloj(reloj), m_palabras(palabras) {
+        m_perdidas.fill(NUNCA);
+    }
 
     // What there is to say, to be asked some times a second at most.
     Lineas mirar(const VistaVaiven& vista);
@@ -52,7 +59,7 @@ private:
     void volver();
     void atenderMotivo(const std::string& motivo);
     void resumir(bool calma);
-    bool demasiadas(std::int64_t ahora);
+    void contarPerdida();
     std::string conMotivo() const;
     std::string hora(std::int64_t momento) const;
 
@@ -69,11 +76,12 @@ private:
     std::string m_motivo;      // the one that was said
     std::string m_otroMotivo;  // the one that there is instead; empty: none
     std::int64_t m_conOtro = 0;
-    int m_motivos = 0;  // said in this absence
-    std::array<std::int64_t, 2> m_perdidas{NUNCA, NUNCA};  // the last ones, the older first
+    int m_motivos = 0;                       // said in this absence
+    std::array<std::int64_t, 9> m_perdidas;  // when, the oldest first
     // While changes are summed up:
     bool m_resumiendo = false;
-    std::int64_t m_resumido = 0;  // when
+    std::int64_t m_calma = CALMA;  // that ends it
+    std::int64_t m_resumido = 0;   // when
     std::int64_t m_plazo = CALMA;
     std::int64_t m_cambio = 0;  // the last one
     int m_veces = 0;            // lost since the last sum

@@ -24,8 +24,9 @@ RecepcionVisor::RecepcionVisor(TallerDialogo& taller, const UtilesDialogo& utile
       m_lbRecepcion(taller.rotulo(IdControl::lbRecepcion, 0, {})),
       m_tituloEquipo(taller.rotulo("Este equipo:")),
       m_lbEquipo(taller.rotulo(IdControl::lbEquipo, 0, {})),
-      m_botRegistro(taller.botonTexto(IdControl::botRegistro, 0, ABRIR_REGISTRO,
-                                      "Qué ha pasado y cuándo: qué visor se quedó sin datos, desde qué hora y por qué")),
+      m_botRegistro(
+          taller.botonTexto(IdControl::botRegistro, 0, ABRIR_REGISTRO,
+                            "Qué ha pasado y cuándo: qué visor se quedó sin datos, desde qué hora y por qué")),
       m_medico(utiles.com, utiles.enlaces, utiles.reloj),
       m_tim(utiles.enlaces.crearTemporizador()) {
     m_lbEquipo->sugerencia("Las direcciones de este equipo en la red: la que hay que poner en el indicador");
@@ -64,9 +65,8 @@ void RecepcionVisor::seguir() {
 // The box later: not from within the button.
 void RecepcionVisor::abrirRegistro() {
     if (m_utiles.bitacora.abrir()) return;
-    m_utiles.cola.despues([&utiles = m_utiles] {
-        utiles.avisos.informacion("No hay registro que abrir: " + utiles.com.rutaRegistro());
-    });
+    m_utiles.cola.despues(
+        [&utiles = m_utiles] { utiles.avisos.informacion("No hay registro que abrir: " + utiles.com.rutaRegistro()); });
 }
 
 void RecepcionVisor::latido() {

@@ -102,7 +102,8 @@ public:
     std::string formatoPesoEfv() const { return como<std::string>(efectivo(Rasgo::formatoPeso)); }
 
     // Whether a weight stands there; and since when there is none though it should, null while there is, or none has
-    // been waited for yet. How many such silences a weight has ended, and why it is silent now, in the operator's words.
+    // been waited for yet. How many such silences a weight has ended, and why it is silent now, in the operator's
+    // words.
     bool conPeso() const { return m_muestra == Muestra::peso; }
     const Silencio* silencio() const { return m_silencio ? &*m_silencio : nullptr; }
     std::uint32_t vueltas() const { return m_vueltas; }
@@ -158,7 +159,7 @@ private:
     std::string m_ultimaTrama;  // of the weight
     Trama m_trama;
     std::optional<Silencio> m_silencio;  // while it shows that there is no data
-    std::uint32_t m_vueltas = 0;  // of data, after a silence
+    std::uint32_t m_vueltas = 0;         // of data, after a silence
     std::string m_ultimoerror;
 };
 

@@ -38,9 +38,9 @@ struct EstadoConexion {
     // The last two: the other end has closed it; it talks, but brings no readings.
     enum class Motivo : std::uint8_t { sinRespuesta, noEncontrado, rechazada, cerrada, sinLecturas };
 
-    bool enUso = false;        // somebody listens
-    bool abierta = false;      // and readings have come over it
-    std::uint32_t veces = 0;   // how often they have begun to come since it is in use
+    bool enUso = false;                    // somebody listens
+    bool abierta = false;                  // and readings have come over it
+    std::uint32_t veces = 0;               // how often they have begun to come since it is in use
     Motivo motivo = Motivo::sinRespuesta;  // why it is down
 };
 

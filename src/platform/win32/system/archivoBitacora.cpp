@@ -69,8 +69,8 @@ std::string_view ultimaLinea(std::string_view cola) {
 }
 
 bool vaciar(const std::wstring& ruta) {
-    return static_cast<bool>(archivoAbierto(
-        CreateFileW(ruta.c_str(), GENERIC_WRITE, COMPARTIDO, nullptr, TRUNCATE_EXISTING, 0, nullptr)));
+    return static_cast<bool>(
+        archivoAbierto(CreateFileW(ruta.c_str(), GENERIC_WRITE, COMPARTIDO, nullptr, TRUNCATE_EXISTING, 0, nullptr)));
 }
 
 // All of it or nothing.

@@ -27,8 +27,7 @@ constexpr std::size_t COLA_MAXIMA = 250'000;  // bytes
 constexpr std::size_t POR_LINEA = 32;         // bytes, that a line takes besides its text
 
 // A caption may hold whatever somebody has put into the file.
-std::string enUnaLinea(std::string_view texto) {
-    std::string linea(texto);
+std::string enUnaLinea(std::string linea) {
     for (char& c : linea) {
         if (static_cast<unsigned char>(c) < ' ') c = ' ';
     }
@@ -77,8 +76,8 @@ struct BitacoraWin::Buzon {
             cola.pop_front();
         }
         if (perdidas == 0) return;
-        meter(lineaDeAhora("Líneas perdidas de este registro, que no se podía escribir: " +
-                           std::to_string(perdidas) + ", la primera de " + selloBitacora(primera)));
+        meter(lineaDeAhora("Líneas perdidas de este registro, que no se podía escribir: " + std::to_string(perdidas) +
+                           ", la primera de " + selloBitacora(primera)));
         perdidas = 0;
     }
 
@@ -131,9 +130,9 @@ void BitacoraWin::lanzar() {
     m_conHilo = true;
 }
 
-void BitacoraWin::anotar(std::string_view texto) {
+void BitacoraWin::meter(std::string_view principio, std::string_view texto) {
     try {
-        LineaBitacora linea = lineaDeAhora(enUnaLinea(texto));
+        LineaBitacora linea = lineaDeAhora(enUnaLinea(std::string(principio).append(texto)));
         {
             const std::lock_guard guarda(m_buzon->cerrojo);
             m_buzon->meter(std::move(linea));
@@ -153,7 +152,7 @@ void BitacoraWin::esperar() {
 }
 
 void BitacoraWin::terminar(std::string_view motivo) {
-    anotar(std::string(ArchivoBitacora::FIN).append(motivo));
+    meter(ArchivoBitacora::FIN, motivo);
     esperar();
 }
 
