@@ -39,7 +39,7 @@ TEST_F(Registro, CuentaLaMananaSiguienteLoQuePaso) {
     EXPECT_TRUE(dice(quien + "con datos de nuevo tras "));
     ASSERT_TRUE(programa.terminar());
     const std::string bien = programa.leerRegistro();
-    const std::string hora = "\\d\\d\\d\\d-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d [+-]\\d\\d:\\d\\d ";
+    const std::string hora = "\\d\\d\\d\\d-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d \\D\\d\\d:\\d\\d ";
     EXPECT_THAT(bien.substr(0, bien.find("\r\n")), MatchesRegex("\xEF\xBB\xBF" + hora + "Inicio: Sorvanel .*"));
     const std::size_t fin = bien.rfind("\r\n", bien.size() - 3);
     EXPECT_THAT(bien.substr(fin), MatchesRegex("\r\n" + hora + "Fin: ventana cerrada.*\r\n"));
@@ -53,7 +53,7 @@ TEST_F(Registro, CuentaLaMananaSiguienteLoQuePaso) {
 }
 
 TEST_F(Registro, NiLlenoNiRetenidoEstorba) {
-    const std::string relleno(MAXIMO - 40, '-');
+    const std::string relleno(MAXIMO - 30, '-');
     programa.escribirINI(dosVisores);
     escribirArchivo(programa.rutaRegistro(), relleno);
     HANDLE retenido = CreateFileW(programa.rutaRegistro().c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
