@@ -97,16 +97,15 @@ void RecepcionVisor::mostrarEquipo() {
 
 Pieza RecepcionVisor::comoPieza() {
     Rejilla filas;
+    filas.estirar(1);
     const float alto = m_taller.texto("0").alto;
     filas.poner(0, 0, m_taller.piezaRotuloGrupo(*m_titulo));
-    filas.poner(0, 1, aLoAncho(pieza(*m_lbRecepcion, {0, alto})));
+    // What it says may be long; the addresses are not.
+    filas.poner(0, 1, aLoAncho(pieza(*m_lbRecepcion, {0, alto})), 2);
     filas.poner(1, 0, m_taller.piezaRotulo(*m_tituloEquipo));
     filas.poner(1, 1, aLoAncho(pieza(*m_lbEquipo, {0, alto})));
-    Rejilla todo;
-    todo.estirar(0);
-    todo.poner(0, 0, filas.comoPieza());
-    todo.poner(0, 1, pieza(*m_botRegistro, m_taller.botonTexto(ABRIR_REGISTRO)));
-    return panel(*m_marco, todo.comoPieza());
+    filas.poner(1, 2, pieza(*m_botRegistro, m_taller.botonTexto(ABRIR_REGISTRO)));
+    return panel(*m_marco, filas.comoPieza());
 }
 
 }  // namespace sorvanel
