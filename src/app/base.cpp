@@ -33,14 +33,6 @@ Aviso avisoDe(Estado estado) {
 
 }  // namespace
 
-std::string textoVersion(const Version& version) {
-    std::string texto = std::to_string(version.mayor);
-    texto += version.menor < 10 ? ".0" : ".";
-    texto += std::to_string(version.menor);
-    texto += static_cast<char>('A' - 1 + version.revision);
-    return texto;
-}
-
 base::base(const Entorno& entorno, Formulario& formulario, FabricaDialogos& dialogos, EnlacePeso& compartido)
     : m_entorno(entorno),
       m_formulario(formulario),
@@ -49,14 +41,10 @@ base::base(const Entorno& entorno, Formulario& formulario, FabricaDialogos& dial
       m_plazoAviso(entorno.fabrica.crearTemporizador()),
       m_barra(formulario),
       m_montaje(entorno, formulario, compartido, m_barra),
+      m_cronica(entorno, compartido),
       m_asas(formulario, [this] { refrescos(); }) {
-    const UtilesDialogo utiles{entorno.com,
-                               entorno.cola,
-                               entorno.avisos,
-                               dialogos,
-                               entorno.fabrica,
-                               entorno.reloj,
-                               [this] { mostrarHerramientas(); }};
+    const UtilesDialogo utiles{entorno.com,     entorno.cola,  entorno.avisos,   dialogos,
+                               entorno.fabrica, entorno.reloj, entorno.bitacora, [this] { mostrarHerramientas(); }};
     m_cfgContexto = std::make_unique<cfgContexto>(utiles, m_montaje);
     m_cfgVisor = std::make_unique<cfgVisor>(utiles, m_montaje);
     m_cfgMensaje = std::make_unique<cfgMensaje>(utiles, m_montaje);
@@ -85,7 +73,10 @@ void base::prepararTemporizadores() {
 }
 
 void base::unirBotones() {
-    m_barra.alPulsar(IdControl::botOff, [this] { m_formulario.cerrar(); });
+    m_barra.alPulsar(IdControl::botOff, [this] {
+        m_conBoton = true;
+        m_formulario.cerrar();
+    });
     m_barra.alPulsar(IdControl::botRun, [this] {
         std::string errores;
         ponerEnMarcha(errores);
@@ -102,7 +93,9 @@ void base::unirBotones() {
 }
 
 void base::cargar() {
-    m_barra.version(textoVersion(m_entorno.programa.version()));
+    const std::string version = textoVersion(m_entorno.programa.version());
+    anotar("Inicio: Sorvanel " + version + ", configuración en " + m_entorno.com.rutaINI());
+    m_barra.version(version);
     estado(Estado::iniciando);
     m_montaje.cubrir();
     m_montaje.vaciar();
@@ -126,6 +119,8 @@ void base::primeraActivacion() {
     std::string errores;
     construir(errores);
     m_espera->habilitado(false);
+    anotar("Pantalla: " + textoMonitor(m_montaje.pantalla()) +
+           "; visores definidos: " + std::to_string(m_montaje.visores().cuantos()));
     if (m_montaje.visores().cuantos() > 0) {
         // The errors wait until all that can run does: nobody may be there to answer the box.
         ponerEnMarcha(errores);
@@ -144,13 +139,16 @@ std::string base::ilegible() const {
 }
 
 void base::construir(std::string& errores) {
+    m_cronica.terminar();
     m_montaje.construir(errores);
     estado(Estado::pausa);
 }
 
 void base::ponerEnMarcha(std::string& errores) {
+    anotar("En marcha");
     m_montaje.visores().letsRun(errores);
     estado(Estado::marcha);
+    m_cronica.empezar(m_montaje.visores());
     m_barra.incidencia(errores);
     m_montaje.mensaje().marcha();
 }
@@ -162,6 +160,8 @@ void base::arrancarLosQueFaltan() {
 }
 
 void base::pausar() {
+    m_cronica.terminar();
+    anotar("En pausa");
     m_montaje.visores().Run(false);
     m_montaje.mensaje().paro();
     estado(Estado::pausa);
@@ -177,6 +177,8 @@ void base::configurar() {
 }
 
 void base::entrarEnConfiguracion() {
+    m_cancelada = false;
+    anotar("Se entra en la configuración");
     m_montaje.desmontar();
     m_formulario.refrescar();
     estado(Estado::configurando);
@@ -186,6 +188,7 @@ void base::entrarEnConfiguracion() {
 // The order is fixed; a tool that refuses keeps those after it open.
 void base::aceptar() {
     if (!cerrarHerramientas(false)) return;
+    anotar(m_cancelada ? "Se sale de la configuración" : "Configuración aceptada");
     m_montaje.letrero({});
     const std::string motivo = ilegible();
     std::string errores;
@@ -197,10 +200,14 @@ void base::cancelar() {
     cerrarHerramientas(true);
     m_montaje.desmontar();
     // An earlier session's copy is none of this one.
-    if (m_conCopia) {
-        m_entorno.com.restaurarCopiaDeINI();
-    } else {
+    m_cancelada = true;
+    if (!m_conCopia) {
         m_entorno.com.descartarCambios();
+        anotar("Configuración cancelada, sin copia a la que volver");
+    } else if (m_entorno.com.restaurarCopiaDeINI()) {
+        anotar("Configuración cancelada: vuelve la de antes");
+    } else {
+        anotar("Configuración cancelada; la de antes no se ha podido escribir");
     }
     // The restored file may name another monitor and other colours.
     m_entorno.com.refrescar();
@@ -265,6 +272,7 @@ void base::mostrarAsas() {
 
 void base::alCambiarMonitores() {
     if (m_descargado || !m_montaje.seguirMonitores(m_estado == Estado::iniciando)) return;
+    anotar("Han cambiado los monitores: " + textoMonitor(m_montaje.pantalla()));
     // A display that had no room until now has not started yet.
     if (m_estado == Estado::marcha) arrancarLosQueFaltan();
     if (m_modoTamano) mostrarAsas();
@@ -327,6 +335,7 @@ void base::mostrarHerramientas() {
         alguna = alguna || abierta;
     }
     if (alguna) {
+        m_cancelada = false;
         m_barra.avisar(Aviso::configurando);
     } else {
         decirPrimerPaso();
@@ -376,13 +385,15 @@ void base::retenerCursor() {
     m_entorno.cursor.posicion(cursor);
 }
 
-void base::alDescargar() {
+void base::alDescargar(MotivoCierre motivo) {
     m_descargado = true;
+    m_cronica.terminar();
     cerrarHerramientas(true);
     m_montaje.desmontar();
     estado(Estado::iniciando);
     // At the end of a Windows session nothing is run after this.
     m_entorno.com.volcar();
+    m_entorno.bitacora.terminar(textoCierre(motivo, m_conBoton));
 }
 
 }  // namespace sorvanel

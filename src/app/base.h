@@ -2,9 +2,12 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
+#include "app/anotaciones.h"
 #include "app/asasParrilla.h"
 #include "app/barraBotones.h"
+#include "app/cronica.h"
 #include "app/montaje.h"
 #include "dialogs/dialogoConfiguracion.h"
 #include "platform/dialogo.h"
@@ -34,7 +37,7 @@ private:
     void alActivar() override;
     void alMoverRaton(ZonaRaton zona) override;
     bool alUsarRaton(GestoRaton gesto, Punto donde) override;
-    void alDescargar() override;
+    void alDescargar(MotivoCierre motivo) override;
     void alCambiarMonitores() override;
     void alDormir(bool duerme) override;
     void alPedirAyuda() override;
@@ -58,6 +61,7 @@ private:
     void aceptar();
     void cancelar();
     void estado(Estado nuevo);
+    void anotar(std::string_view texto) { m_entorno.bitacora.anotar(texto); }
     void mostrarHerramientas();
     void decirPrimerPaso();
     void avisar(const std::string& errores);
@@ -76,17 +80,17 @@ private:
     const std::unique_ptr<Temporizador> m_espera;     // until the start has come to its end
     const std::unique_ptr<Temporizador> m_reintento;  // of displays that could not be started
     const std::unique_ptr<Temporizador> m_plazoAviso;
-    bool m_conCopia = false;  // of the settings as they were when the configuration was entered
+    bool m_conCopia = false;   // of the settings as they were when the configuration was entered
+    bool m_cancelada = false;  // and nothing has been configured since
+    bool m_conBoton = false;   // asked to end by its own button
     bool m_modoTamano = false;
     BarraBotones m_barra;
     Montaje m_montaje;
+    Cronica m_cronica;
     AsasParrilla m_asas;
     std::unique_ptr<DialogoConfiguracion> m_cfgContexto;
     std::unique_ptr<DialogoConfiguracion> m_cfgVisor;
     std::unique_ptr<DialogoConfiguracion> m_cfgMensaje;
 };
-
-// "1.02A": the minor number with two digits, the revision from 1 as a letter.
-std::string textoVersion(const Version& version);
 
 }  // namespace sorvanel

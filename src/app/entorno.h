@@ -1,6 +1,7 @@
 #pragma once
 
 #include "config/comun.h"
+#include "platform/bitacora.h"
 #include "platform/monitor.h"
 #include "platform/programa.h"
 #include "platform/sistema.h"
@@ -19,6 +20,7 @@ struct Entorno {
     Avisos& avisos;
     Cola& cola;
     Reposo& reposo;
+    Bitacora& bitacora;
 };
 
 }  // namespace sorvanel

@@ -1,5 +1,6 @@
 #include "platform/win32/system/arranque.h"
 
+#include "app/anotaciones.h"
 #include "app/base.h"
 #include "app/reinicios.h"
 #include "config/almacenPerfil.h"
@@ -12,6 +13,7 @@
 #include "platform/win32/network/fabricaWin.h"
 #include "platform/win32/system/archivosWin.h"
 #include "platform/win32/system/avisosWin.h"
+#include "platform/win32/system/bitacoraWin.h"
 #include "platform/win32/system/dialogosSistemaWin.h"
 #include "platform/win32/system/monitoresWin.h"
 #include "platform/win32/system/programaWin.h"
@@ -40,7 +42,9 @@ struct Composicion {
     ReinicioWin reinicio{fabrica};
     AlmacenPerfil perfil{archivos, reloj, fabrica};
     comun com{programa, archivos, perfil};
-    Entorno entorno{programa, com, monitores, fabrica, reloj, cursor, avisos, cola, reposo};
+    BitacoraWin bitacora{com.rutaRegistro()};
+    AvisosAnotados anotados{avisos, bitacora};
+    Entorno entorno{programa, com, monitores, fabrica, reloj, cursor, anotados, cola, reposo, bitacora};
     frTCP compartido{com, fabrica, reloj};
     RecursosVentanas recursos{ventana.tandas()};
     FormularioWin formulario{recursos, "Sorvanel"};
@@ -53,8 +57,9 @@ struct Composicion {
         reposo.alCambiar([this](bool impedido) { formulario.reposoImpedido(impedido); });
         perfil.alFallar([this](const std::string& ruta) {
             // Not between two messages, where the store asks for it: the box runs a loop of its own.
-            cola.despues([this, ruta] { avisos.critico("No se puede guardar la configuración en " + ruta); });
+            cola.despues([this, ruta] { anotados.critico("No se puede guardar la configuración en " + ruta); });
         });
+        perfil.alSuceder([this](const std::string& que) { bitacora.anotar(que); });
         bucle.ocio([this](bool colaVacia) {
             try {
                 perfil.ocio(colaVacia);

@@ -41,7 +41,10 @@ AlmacenPerfil::Ficha& AlmacenPerfil::ficha(const std::string& ruta) {
 // Empty where it cannot be read; an absent file reads as an empty one.
 std::optional<std::string> AlmacenPerfil::leerEntero(const std::string& ruta, const SelloArchivo& sello, Ficha& ficha) {
     Lectura leida = sello.tamano <= TAMANO_MAXIMO ? m_archivos.leer(ruta) : Lectura{.motivo = "es demasiado grande"};
-    ficha.motivo = leida.contenido || leida.ausente ? std::string() : leida.motivo;
+    const std::string antes =
+        std::exchange(ficha.motivo, leida.contenido || leida.ausente ? std::string() : leida.motivo);
+    if (!ficha.motivo.empty() && ficha.motivo != antes) noticia("No se puede leer " + ruta + ": " + ficha.motivo);
+    if (ficha.motivo.empty() && !antes.empty()) noticia("Se puede leer de nuevo " + ruta);
     ficha.intento = m_reloj.ahora();
     return leida.ausente ? std::string() : std::move(leida.contenido);
 }
@@ -242,13 +245,16 @@ void AlmacenPerfil::anotar(const std::string& ruta, Ficha& ficha, const Reemplaz
     if (fin.bien) {
         ficha.sello = fin.sello;
         ficha.estado = Ficha::Estado::limpia;
+        if (ficha.avisada) noticia("Se ha guardado " + ruta);
         ficha.avisada = ficha.fallo = false;
         std::erase(m_porAvisar, ruta);  // what failed has come right before anybody was told
         return;
     }
     ficha.estado = Ficha::Estado::fallida;
     ficha.fallo = true;
-    if (!std::exchange(ficha.avisada, true)) m_porAvisar.push_back(ruta);
+    if (std::exchange(ficha.avisada, true)) return;
+    noticia("No se puede guardar " + ruta);
+    m_porAvisar.push_back(ruta);
 }
 
 // Last of all: whoever is told may use the store again.

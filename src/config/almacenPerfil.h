@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/archivos.h"
@@ -59,6 +60,9 @@ public:
     // Told once when a file could not be written (again only after it could). The old file stands
     // and the values stay in memory. The notice may call back.
     void alFallar(std::function<void(const std::string& ruta)> aviso);
+    // Told once, in the operator's words, when a file cannot be read or written, and when it can again. It must not
+    // call back.
+    void alSuceder(std::function<void(const std::string& que)> noticia) { m_noticia = std::move(noticia); }
 
     // Whether something waits to be written, or is being written. What failed does not count until its next try.
     bool pendiente() const;
@@ -85,6 +89,9 @@ private:
     void empezar(const std::string& ruta, Ficha& ficha);
     void recoger(const std::optional<Reemplazo>& fin);
     void anotar(const std::string& ruta, Ficha& ficha, const Reemplazo& fin);
+    void noticia(const std::string& que) const {
+        if (m_noticia) m_noticia(que);
+    }
     void avisar();
 
     Archivos& m_archivos;
@@ -98,6 +105,7 @@ private:
     std::int64_t m_empezado = -RETRASO_MAXIMO;
     std::vector<std::string> m_porAvisar;
     std::function<void(const std::string&)> m_aviso;
+    std::function<void(const std::string&)> m_noticia;
 };
 
 }  // namespace sorvanel

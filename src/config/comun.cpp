@@ -28,7 +28,8 @@ comun::comun(const Programa& programa, Archivos& archivos, AlmacenPerfil& perfil
       m_carpeta(archivos.unir(programa.carpetaBase(), programa.nombreEjecutable())),
       m_rutaINI(archivos.unir(m_carpeta, programa.nombreEjecutable() + ".ini")),
       m_rutaCopia(archivos.unir(m_carpeta, programa.nombreEjecutable() + "_copia.ini")),
-      m_rutaAnterior(archivos.unir(m_carpeta, programa.nombreEjecutable() + "_copia_anterior.ini")) {}
+      m_rutaAnterior(archivos.unir(m_carpeta, programa.nombreEjecutable() + "_copia_anterior.ini")),
+      m_rutaRegistro(archivos.unir(m_carpeta, programa.nombreEjecutable() + ".log")) {}
 
 void comun::refrescar() const {
     m_archivos.crearCarpeta(m_carpeta);

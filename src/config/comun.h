@@ -60,6 +60,8 @@ public:
     // The settings file and why it cannot be read just now; empty when it can, or when there is none.
     std::string ilegible() const;
     const std::string& rutaINI() const { return m_rutaINI; }
+    // The log, beside it.
+    const std::string& rutaRegistro() const { return m_rutaRegistro; }
     const std::string& rutaCopia() const { return m_rutaCopia; }
     // Where a copy that defines displays is kept when one that defines none takes its place.
     const std::string& rutaAnterior() const { return m_rutaAnterior; }
@@ -93,6 +95,7 @@ private:
     const std::string m_rutaINI;
     const std::string m_rutaCopia;
     const std::string m_rutaAnterior;
+    const std::string m_rutaRegistro;
 };
 
 }  // namespace sorvanel

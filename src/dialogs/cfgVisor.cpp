@@ -310,6 +310,7 @@ void cfgVisor::ordenarTeclado() {
     std::vector<Control*> orden;
     pagina().anadirTeclado(orden);
     orden.insert(orden.end(), {m_c->botNvo.get(), m_c->botElim.get(), m_c->imSubir.get(), m_c->imBajar.get()});
+    m_c->recepcion->anadirTeclado(orden);
     m_c->pavona->anadirTeclado(orden);
     m_c->panel->anadirTeclado(orden);
     formulario().ordenTeclado(orden);

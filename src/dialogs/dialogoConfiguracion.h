@@ -9,6 +9,7 @@
 #include "dialogs/gradiente.h"
 #include "dialogs/mesaConfiguracion.h"
 #include "dialogs/tallerDialogo.h"
+#include "platform/bitacora.h"
 #include "platform/dialogo.h"
 #include "platform/formulario.h"
 #include "platform/sistema.h"
@@ -23,6 +24,7 @@ struct UtilesDialogo {
     FabricaDialogos& fabrica;
     Fabrica& enlaces;  // makes timers and sockets
     const Reloj& reloj;
+    Bitacora& bitacora;
     std::function<void()> alAbrirOCerrar = {};  // told once it has
 };
 

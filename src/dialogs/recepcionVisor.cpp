@@ -8,6 +8,7 @@ namespace {
 
 constexpr int LATIDO = 250;                      // milliseconds
 constexpr std::int64_t REFRESCO_EQUIPO = 5'000;  // milliseconds: a cable may be put in meanwhile
+constexpr const char* ABRIR_REGISTRO = "Abrir registro";
 constexpr const char* SIN_DIRECCION = "sin dirección: ¿falta el cable de red?";
 
 }  // namespace
@@ -23,9 +24,13 @@ RecepcionVisor::RecepcionVisor(TallerDialogo& taller, const UtilesDialogo& utile
       m_lbRecepcion(taller.rotulo(IdControl::lbRecepcion, 0, {})),
       m_tituloEquipo(taller.rotulo("Este equipo:")),
       m_lbEquipo(taller.rotulo(IdControl::lbEquipo, 0, {})),
+      m_botRegistro(
+          taller.botonTexto(IdControl::botRegistro, 0, ABRIR_REGISTRO,
+                            "Qué ha pasado y cuándo: qué visor se quedó sin datos, desde qué hora y por qué")),
       m_medico(utiles.com, utiles.enlaces, utiles.reloj),
       m_tim(utiles.enlaces.crearTemporizador()) {
     m_lbEquipo->sugerencia("Las direcciones de este equipo en la red: la que hay que poner en el indicador");
+    m_botRegistro->alActuar([this] { abrirRegistro(); });
     m_tim->intervalo(LATIDO);
     m_tim->alTic([this] { latido(); });
     m_tim->habilitado(true);
@@ -59,6 +64,13 @@ void RecepcionVisor::seguir() {
     mostrar();
 }
 
+// The box later: not from within the button.
+void RecepcionVisor::abrirRegistro() {
+    if (m_utiles.bitacora.abrir()) return;
+    m_utiles.cola.despues(
+        [&utiles = m_utiles] { utiles.avisos.informacion("No hay registro que abrir: " + utiles.com.rutaRegistro()); });
+}
+
 void RecepcionVisor::latido() {
     m_medico.observar(consulta());
     m_medico.latido();
@@ -87,11 +99,14 @@ void RecepcionVisor::mostrarEquipo() {
 
 Pieza RecepcionVisor::comoPieza() {
     Rejilla filas;
+    filas.estirar(1);
     const float alto = m_taller.texto("0").alto;
     filas.poner(0, 0, m_taller.piezaRotuloGrupo(*m_titulo));
-    filas.poner(0, 1, aLoAncho(pieza(*m_lbRecepcion, {0, alto})));
+    // What it says may be long; the addresses are not.
+    filas.poner(0, 1, aLoAncho(pieza(*m_lbRecepcion, {0, alto})), 2);
     filas.poner(1, 0, m_taller.piezaRotulo(*m_tituloEquipo));
     filas.poner(1, 1, aLoAncho(pieza(*m_lbEquipo, {0, alto})));
+    filas.poner(1, 2, pieza(*m_botRegistro, m_taller.botonTexto(ABRIR_REGISTRO)));
     return panel(*m_marco, filas.comoPieza());
 }
 

@@ -10,19 +10,23 @@ namespace {
 
 constexpr std::int32_t PORT_MAXIMO = 65535;
 constexpr const char* PUNTO = " · ";
+constexpr const char* DESDE = "desde ";
 
-std::string hora(const Silencio& silencio) {
+std::string origen(const Familia& familia, std::int32_t port) {
+    return (familia.compartida ? "" : "UDP ") + familia.textoPort(port);
+}
+
+}  // namespace
+
+std::string textoHora(const HoraLocal& d, bool conDia) {
     std::array<char, 64> texto{};
-    const HoraLocal& d = silencio.desde;
-    if (silencio.conDia) {
+    if (conDia) {
         std::snprintf(texto.data(), texto.size(), "%02d/%02d %02d:%02d", d.dia, d.mes, d.hora, d.minuto);
     } else {
         std::snprintf(texto.data(), texto.size(), "%02d:%02d", d.hora, d.minuto);
     }
     return texto.data();
 }
-
-}  // namespace
 
 std::string errorOrigen(const std::string& escrito) {
     constexpr std::size_t MAXIMO = 40;  // bytes, so that a box has room for it
@@ -36,9 +40,9 @@ std::string errorOrigen(const std::string& escrito) {
 std::vector<std::string> textosSilencio(const Familia& familia, std::int32_t port, const Silencio& silencio) {
     // Nothing can reach it, whatever the link says.
     if (port == 0) return {familia.compartida ? "Sin dirección" : "Sin port"};
-    const std::string suyo = familia.textoPort(port), cuando = hora(silencio);
+    const std::string suyo = familia.textoPort(port), cuando = textoHora(silencio.desde, silencio.conDia);
     const auto desde = [&](const std::string& motivo, const std::string& breve) {
-        return std::vector{motivo + PUNTO + "desde " + cuando, motivo, breve};
+        return std::vector{motivo + PUNTO + DESDE + cuando, motivo, breve};
     };
     switch (silencio.motivo) {
         // It has never worked: since when says nothing.
@@ -62,10 +66,22 @@ std::vector<std::string> textosSilencio(const Familia& familia, std::int32_t por
             return {"Sin datos desde " + cuando + PUNTO + "UDP " + suyo + ", llega de otro equipo",
                     "UDP " + suyo + ": llega de otro equipo", "Llega de otro equipo"};
         case MotivoSilencio::callado:
+        case MotivoSilencio::sinLectura:
             break;
     }
-    const std::string origen = (familia.compartida ? "" : "UDP ") + suyo;
-    return {"Sin datos desde " + cuando + PUNTO + origen, cuando + PUNTO + origen, "Desde " + cuando};
+    const std::string suyos = PUNTO + origen(familia, port);
+    return {"Sin datos desde " + cuando + suyos, cuando + suyos, "Desde " + cuando};
+}
+
+std::string textoMotivo(const Familia& familia, std::int32_t port, const Silencio& silencio) {
+    const bool callado = silencio.motivo == MotivoSilencio::callado;
+    if (port != 0 && (callado || silencio.motivo == MotivoSilencio::sinLectura)) {
+        if (familia.compartida) return origen(familia, port) + ", sin lectura";
+        return origen(familia, port) + (callado ? ", nada recibido" : ", llegan datos pero ninguna lectura");
+    }
+    if (silencio.motivo == MotivoSilencio::otroEquipo) return origen(familia, port) + ", llega de otro equipo";
+    const std::string dicho = textosSilencio(familia, port, silencio).front();
+    return dicho.substr(0, dicho.find(std::string(PUNTO) + DESDE));
 }
 
 }  // namespace sorvanel

@@ -35,5 +35,9 @@ std::string errorOrigen(const std::string& escrito);
 
 // In the operator's words, on one line: the whole first, then shorter ones for where that has no room.
 std::vector<std::string> textosSilencio(const Familia& familia, std::int32_t port, const Silencio& silencio);
+// Of that the reason alone: "UDP 9001, nada recibido".
+std::string textoMotivo(const Familia& familia, std::int32_t port, const Silencio& silencio);
+// "10:42", with its day "22/11 10:42".
+std::string textoHora(const HoraLocal& hora, bool conDia);
 
 }  // namespace sorvanel

@@ -178,6 +178,11 @@ MotivoSilencio visor::motivoSilencio() {
     return m_propio.portEnUso() ? MotivoSilencio::portEnUso : MotivoSilencio::sinArrancar;
 }
 
+std::string visor::motivoDicho() {
+    return textoMotivo(familia(), port(),
+                       {.motivo = motivoSilencio(), .gemelo = m_silencio ? m_silencio->gemelo : std::int16_t{0}});
+}
+
 std::int16_t visor::gemelo() const {
     AccesorINI ini = m_com.consultar();
     for (std::int16_t n = 1; n <= MAXIMO_VISORES; ++n) {
@@ -274,6 +279,7 @@ bool visor::recibir(std::string_view trama) {
     if (m_muestra == Muestra::peso && trama == m_ultimaTrama) return true;
     m_ultimaTrama = trama;
     m_trama = *leida;
+    if (m_silencio) ++m_vueltas;
     m_silencio.reset();
     mostrar(Muestra::peso);
     return m_muestra == Muestra::peso;

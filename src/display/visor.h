@@ -106,6 +106,14 @@ public:
     Color colorTextoPesoEfv() const { return como<Color>(efectivo(Rasgo::colorTextoPeso)); }
     std::string formatoPesoEfv() const { return como<std::string>(efectivo(Rasgo::formatoPeso)); }
 
+    // Whether a weight stands there; and since when there is none though it should, null while there is, or none has
+    // been waited for yet. How many such silences a weight has ended, and why it is silent now, in the operator's
+    // words.
+    bool conPeso() const { return m_muestra == Muestra::peso; }
+    const Silencio* silencio() const { return m_silencio ? &*m_silencio : nullptr; }
+    std::uint32_t vueltas() const { return m_vueltas; }
+    std::string motivoDicho();
+
     const std::string& ultimoerror() const { return m_ultimoerror; }
 
     bool frWsk_refrescoPeso(std::string_view linea) override;
@@ -157,6 +165,7 @@ private:
     std::string m_ultimaTrama;  // of the weight
     Trama m_trama;
     std::optional<Silencio> m_silencio;  // while it shows that there is no data
+    std::uint32_t m_vueltas = 0;         // of data, after a silence
     std::string m_ultimoerror;
 };
 

@@ -6,13 +6,15 @@
 
 namespace sorvanel {
 
+std::string nombreVisor(int posicion, const std::string& caption) {
+    const std::string nombre = "Visor #" + std::to_string(posicion);
+    return caption.empty() ? nombre : nombre + " (" + caption + ")";
+}
+
 namespace {
 
-// So that it can be found on the screen: by its number and by its caption.
 std::string deQuien(int posicion, const visor& v, const std::string& texto) {
-    std::string quien = "Visor #" + std::to_string(posicion);
-    if (!v.caption().empty()) quien += " (" + v.caption() + ")";
-    quien += ": ";
+    const std::string quien = nombreVisor(posicion, v.caption()) + ": ";
     return texto.starts_with(quien) ? texto + "\n" : quien + texto + "\n";
 }
 

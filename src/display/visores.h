@@ -9,6 +9,9 @@
 
 namespace sorvanel {
 
+// "Visor #3 (Tolva)": so that it can be found on the screen, by its number and by its caption.
+std::string nombreVisor(int posicion, const std::string& caption);
+
 // All displays of the program. A display's position, from 1, is the number of its section: the list
 // is dense, and stays so when one is deleted.
 class Visores {

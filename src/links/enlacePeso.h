@@ -33,11 +33,23 @@ public:
 enum class MotivoSilencio : std::uint8_t {
     callado,         // its indicator says none, or nothing
     otroEquipo,      // the same, and somebody else sends to its port
+    sinLectura,      // something comes, but no reading
     sinArrancar,     // its link could not be started
     portEnUso,       // the same, for somebody has its port
     origenNoValido,  // the same, for nobody knows whose datagrams are its
     sinRespuesta,    // the other end of the shared link does not answer, or tells nothing
     noOido           // it does, but nothing of that address
+};
+
+// A connection that displays share, as it is at one moment.
+struct EstadoConexion {
+    // The last two: the other end has closed it; it talks, but brings no readings.
+    enum class Motivo : std::uint8_t { sinRespuesta, noEncontrado, rechazada, cerrada, sinLecturas };
+
+    bool enUso = false;                    // somebody listens
+    bool abierta = false;                  // and readings have come over it
+    std::uint32_t veces = 0;               // how often they have begun to come since it is in use
+    Motivo motivo = Motivo::sinRespuesta;  // why it is down
 };
 
 // A link as a display sees it. All displays of the concentrator's family share one, which the program owns.
@@ -56,6 +68,7 @@ public:
     // wait for it, by the program's clock.
     virtual MotivoSilencio motivo(const SuscriptorPeso& /*visor*/) const { return MotivoSilencio::callado; }
     virtual std::int64_t ultimaAceptada(const SuscriptorPeso& visor) const = 0;
+    virtual EstadoConexion conexion() const { return {}; }
 };
 
 }  // namespace sorvanel

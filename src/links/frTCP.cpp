@@ -83,6 +83,7 @@ void frTCP::adios() {
 
 void frTCP::soltar() {
     m_estado = Estado::cerrado;
+    m_sesiones = 0;
     m_wsk->cerrar();
     m_tim->habilitado(false);
     m_bufer.clear();
@@ -174,11 +175,21 @@ void frTCP::alConectar() {
     vigilarSilencios();
 }
 
+EstadoConexion frTCP::conexion() const {
+    return {!m_suscriptores.empty(), m_estado == Estado::leyendo, m_sesiones, m_motivo};
+}
+
 void frTCP::alFallar() {
+    using Motivo = EstadoConexion::Motivo;
+    const MotivoFallo motivo = m_wsk->motivo();
+    m_motivo = motivo == MotivoFallo::noEncontrado ? Motivo::noEncontrado
+               : motivo == MotivoFallo::rechazado  ? Motivo::rechazada
+                                                   : Motivo::sinRespuesta;
     reconectar();
 }
 
 void frTCP::alCerrarse() {
+    m_motivo = EstadoConexion::Motivo::cerrada;
     reconectar();
 }
 
@@ -189,11 +200,16 @@ void frTCP::tic() {
     switch (m_estado) {
         case Estado::conectando:
             // Asked once a beat, and no beat is exact: the nearest one counts.
-            if (m_reloj.ahora() - m_inicioConexion >= ESPERA_CONEXION - VIGILANCIA / 2) conectar();
+            if (m_reloj.ahora() - m_inicioConexion < ESPERA_CONEXION - VIGILANCIA / 2) break;
+            m_motivo = EstadoConexion::Motivo::sinRespuesta;
+            conectar();
             break;
         case Estado::esperaLinea:
         case Estado::esperaSegundo:
         case Estado::abierta:
+            m_motivo = EstadoConexion::Motivo::sinLecturas;
+            conectar();
+            break;
         case Estado::fallado:
             conectar();
             break;
@@ -242,6 +258,7 @@ void frTCP::recibir() {
 void frTCP::atender(std::string_view aviso, Estado siguiente, std::string_view respuesta) {
     if (m_bufer.size() < aviso.size()) return;
     if (!m_bufer.ends_with(aviso)) {
+        m_motivo = EstadoConexion::Motivo::sinLecturas;
         fallar();
         return;
     }
@@ -275,6 +292,7 @@ bool frTCP::repartirLineas() {
     const PausaVigilancia pausa(*m_tim, [this] { return enSesion(); });
     m_bufer.erase(0, leerLineas());
     if (m_lecturas.empty()) return true;
+    if (m_estado != Estado::leyendo) ++m_sesiones;
     m_estado = Estado::leyendo;
     m_ultimaLectura = m_reloj.ahora();
     // Whatever they do meanwhile, these are theirs.

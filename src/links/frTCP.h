@@ -61,6 +61,7 @@ public:
     std::int64_t ultimaAceptada(const SuscriptorPeso& visor) const override;
 
     Estado estado() const { return m_estado; }
+    EstadoConexion conexion() const override;
 
 private:
     struct Suscripcion {
@@ -109,6 +110,8 @@ private:
     std::size_t m_siguienteIntento = 0;
     std::int64_t m_inicioConexion = 0;
     std::int64_t m_caducidad = DestinoPavona::CADUCIDAD_OMISION;
+    std::uint32_t m_sesiones = 0;  // that have brought readings since it is in use
+    EstadoConexion::Motivo m_motivo = EstadoConexion::Motivo::sinRespuesta;
     std::int64_t m_ultimaLectura = 0;  // of whatever address; or when the session was opened
 };
 

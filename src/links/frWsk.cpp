@@ -68,7 +68,8 @@ bool frWsk::leer() {
 MotivoSilencio frWsk::motivo(const SuscriptorPeso&) const {
     const std::int64_t desde = m_reloj.ahora() - MEMORIA;
     const bool soloAjeno = m_ultimoAjeno > desde && m_ultimoSuyo <= desde;
-    return soloAjeno ? MotivoSilencio::otroEquipo : MotivoSilencio::callado;
+    if (soloAjeno) return MotivoSilencio::otroEquipo;
+    return m_sinLectura ? MotivoSilencio::sinLectura : MotivoSilencio::callado;
 }
 
 void frWsk::entregarLineas() {
@@ -87,9 +88,10 @@ void frWsk::entregar(std::string_view linea) {
     const PausaVigilancia pausa(*m_tim, [this] { return m_enMarcha; });
     if (mostrar(linea)) {
         m_ultimaAceptada = m_reloj.ahora();
-    } else if (m_reloj.ahora() - m_ultimaAceptada >= PACIENCIA) {
-        avisarSilencio();
+        return;
     }
+    m_sinLectura = true;
+    if (m_reloj.ahora() - m_ultimaAceptada >= PACIENCIA) avisarSilencio();
 }
 
 // A display that throws has not taken it: the next frame, or the silence, must still reach it.
@@ -103,6 +105,7 @@ bool frWsk::mostrar(std::string_view trama) {
 
 // An end that comes now would make half an old line whole, and show a weight that nobody has sent.
 void frWsk::tic() {
+    m_sinLectura = !m_bufer.empty();
     m_bufer.clear();
     avisarSilencio();
 }

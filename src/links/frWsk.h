@@ -59,6 +59,7 @@ private:
     DireccionIP m_origen = SuscriptorPeso::CUALQUIERA;
     std::int64_t m_ultimoSuyo = NUNCA;  // a datagram from its origin, where it has one
     std::int64_t m_ultimoAjeno = NUNCA;
+    bool m_sinLectura = false;  // what came last was no reading
 };
 
 }  // namespace sorvanel

@@ -82,6 +82,7 @@ enum class IdControl : int {
     botPegar = 331,
     lbRecepcion = 340,  // what comes to the selected display
     lbEquipo = 341,     // this computer's addresses
+    botRegistro = 342,  // opens the log
     frVis = 2000,
     lbVis = 2100,
     imPtc = 2200,

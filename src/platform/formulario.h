@@ -20,6 +20,9 @@ struct ColoresSistema {
 // Where on the form the mouse moved.
 enum class ZonaRaton { representacion, barra };
 
+// Why the form goes away: its window was closed, the Windows session ends, or somebody who installs wants its files.
+enum class MotivoCierre { ventana, sesion, instalacion };
+
 // What the left button does there. Between a press that is taken up and its release every movement is told, wherever
 // the mouse is; instead of the release it may be told that the system has taken the mouse away.
 enum class GestoRaton { pulsar, llevar, soltar, perder };
@@ -33,8 +36,8 @@ public:
     // is over another window. Yes: more of it is wanted. The second half of a double click on what stood there is not
     // told.
     virtual bool alUsarRaton(GestoRaton gesto, Punto donde) = 0;
-    // The form is going away (button, Alt+F4, end of the Windows session).
-    virtual void alDescargar() = 0;
+    // The form is going away.
+    virtual void alDescargar(MotivoCierre motivo) = 0;
     // Monitors may have come, gone or changed; told once they have settled.
     virtual void alCambiarMonitores() = 0;
     // The computer is about to sleep, or has slept: what was received before must not stand there afterwards.

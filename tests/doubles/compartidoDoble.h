@@ -22,6 +22,8 @@ public:
     std::int64_t ultima = 1'000'000;  // when the clock begins
     std::int64_t ultimaAceptada(const SuscriptorPeso&) const override { return ultima; }
     MotivoSilencio motivo(const SuscriptorPeso&) const override { return porque; }
+    EstadoConexion comoEsta;
+    EstadoConexion conexion() const override { return comoEsta; }
     void Cerrar(SuscriptorPeso& v) override { std::erase(enMarchas, &v); }
 };
 

@@ -5,6 +5,7 @@
 #include "app/entorno.h"
 #include "config/almacenPerfil.h"
 #include "doubles/archivosDoble.h"
+#include "doubles/bitacoraDoble.h"
 #include "doubles/fabricaDoble.h"
 #include "doubles/relojDoble.h"
 #include "doubles/sistemaDoble.h"
@@ -25,9 +26,12 @@ struct EntornoDoble {
     AvisosDoble avisos;
     ColaDoble cola;
     ReposoDoble reposo;
-    Entorno entorno{programa, com, monitores, fabrica, reloj, cursor, avisos, cola, reposo};
+    BitacoraDoble bitacora;
+    Entorno entorno{programa, com, monitores, fabrica, reloj, cursor, avisos, cola, reposo, bitacora};
 
-    EntornoDoble() = default;
+    EntornoDoble() {
+        perfil.alSuceder([this](const std::string& que) { bitacora.anotar(que); });
+    }
     EntornoDoble(const EntornoDoble&) = delete;
     EntornoDoble& operator=(const EntornoDoble&) = delete;
 

@@ -35,7 +35,7 @@ public:
         if (quienOye != nullptr) quienOye->alActivar();
     }
     void cerrar() override {
-        if (quienOye != nullptr) quienOye->alDescargar();
+        if (quienOye != nullptr) quienOye->alDescargar(MotivoCierre::ventana);
     }
 };
 

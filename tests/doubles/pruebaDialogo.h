@@ -27,7 +27,7 @@ protected:
     CompartidoDoble compartido;
     BarraBotones barra{formulario};
     Montaje mesa{e.entorno, formulario, compartido, barra};
-    Dialogo dialogo{{e.com, e.cola, e.avisos, fabrica, e.fabrica, e.reloj}, mesa};
+    Dialogo dialogo{{e.com, e.cola, e.avisos, fabrica, e.fabrica, e.reloj, e.bitacora}, mesa};
 
     PruebaDialogo() {
         for (const IdControl id : {IdControl::picRep, IdControl::picBot}) formulario.superficie(id)->escribirEn(diario);

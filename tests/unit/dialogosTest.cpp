@@ -169,7 +169,8 @@ TYPED_TEST(Dialogos, cierraDeTodosLosModosYLoSueltaTodo) {
         EXPECT_EQ(this->desmontada(), 1) << "closed already";
     }
     {
-        TypeParam otro({this->e.com, this->e.cola, this->e.avisos, this->fabrica, this->e.fabrica, this->e.reloj},
+        TypeParam otro({this->e.com, this->e.cola, this->e.avisos, this->fabrica, this->e.fabrica, this->e.reloj,
+                        this->e.bitacora},
                        this->mesa);
         otro.Mostrar();
         EXPECT_TRUE(this->abierto());

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <sstream>
+#include <tuple>
 
 #include "doubles/entornoDoble.h"
 #include "doubles/suscriptorDoble.h"
@@ -64,6 +65,39 @@ TEST(frTCP, dicePorQueCalla) {
     EXPECT_EQ(motivo(), MotivoSilencio::noOido);
     b.e.reloj.saltar(frTCP::PACIENCIA);
     EXPECT_EQ(motivo(), MotivoSilencio::sinRespuesta) << "connected and mute";
+}
+
+TEST(frTCP, cuentaComoEstaLaConexion) {
+    using Motivo = EstadoConexion::Motivo;
+    Banco b;
+    const auto estado = [&](bool enUso, bool abierta, unsigned veces, Motivo motivo) {
+        const EstadoConexion c = b.enlace.conexion();
+        EXPECT_EQ(std::tuple(c.enUso, c.abierta, c.veces), std::tuple(enUso, abierta, veces));
+        EXPECT_TRUE(c.abierta || c.motivo == motivo) << static_cast<int>(c.motivo);
+    };
+    estado(false, false, 0, Motivo::sinRespuesta);
+    b.llevar(Estado::conectando);
+    const std::pair<MotivoFallo, Motivo> fallos[] = {{MotivoFallo::noEncontrado, Motivo::noEncontrado},
+                                                     {MotivoFallo::rechazado, Motivo::rechazada}};
+    for (const auto& [fallo, motivo] : fallos) {
+        b.zocalo().porque = fallo;
+        b.zocalo().fallar();
+        estado(true, false, 0, motivo);
+    }
+    b.e.reloj.avanzar(frTCP::ESPERA_CONEXION);
+    estado(true, false, 0, Motivo::sinRespuesta);
+    b.zocalo().conectado();
+    b.e.reloj.avanzar(frTCP::VIGILANCIA);
+    estado(true, false, 0, Motivo::sinLecturas);
+    for (unsigned vez = 1; vez <= 2; ++vez) {
+        b.zocalo().conectado();
+        for (const char* const texto : {"LIN>", "XXX>", LECTURA.c_str()}) b.zocalo().llegar(texto);
+        estado(true, true, vez, {});
+        b.zocalo().cerrarse();
+        estado(true, false, vez, Motivo::cerrada);
+    }
+    b.enlace.Cerrar(b.visor);
+    estado(false, false, 0, Motivo::cerrada);
 }
 
 // Each cell: the state that follows, then "*" for a new attempt to connect, "R" for the answer sent, "L" for

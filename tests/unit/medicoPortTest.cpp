@@ -48,6 +48,17 @@ protected:
     }
 };
 
+TEST_F(MedicoPort, elRegistroSeAbreOSeDiceQueNoHay) {
+    abrirCon(1);
+    for (const bool hay : {true, false}) {
+        e.bitacora.hay = hay;
+        pulsar(Id::botRegistro);
+        e.cola.ejecutar();
+        EXPECT_EQ(e.avisos.informaciones.size(), hay ? 0U : 1U);
+    }
+    EXPECT_EQ(e.bitacora.abierta, 2);
+}
+
 TEST_F(MedicoPort, diceLoQueLlegaAlPort) {
     abrirCon(3);
     EXPECT_THAT(linea(), StartsWith("Elija un visor"));

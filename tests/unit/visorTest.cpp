@@ -352,6 +352,8 @@ TEST(visor, elMotivoDelSilencioSigueAlEnlace) {
         }
         EXPECT_NE(b.picRep.textoLeyenda().find(std::string("sin datos. ") + texto), std::string::npos)
             << b.picRep.textoLeyenda();
+        const std::string_view solo = std::string_view(texto).substr(0, std::string_view(texto).find(" · desde"));
+        EXPECT_EQ(b.v->motivoDicho(), solo.starts_with("Sin datos") ? "12/3, sin lectura" : solo);
     }
 }
 

@@ -72,6 +72,10 @@ public:
     ~Programa();
 
     std::wstring rutaINI() const { return m_ajustes + L"\\" + m_nombre + L".ini"; }
+    std::wstring rutaRegistro(const std::wstring& apellido = {}) const {
+        return m_ajustes + L"\\" + m_nombre + apellido + L".log";
+    }
+    std::string leerRegistro() const { return leerArchivo(rutaRegistro()); }
     void escribirINI(const std::string& bytes);
     std::string leerINI() const { return leerArchivo(rutaINI()); }
     bool hayCopia() const { return !leerArchivo(m_ajustes + L"\\" + m_nombre + L"_copia.ini").empty(); }

@@ -34,12 +34,13 @@ std::wstring navegador() {
     return {};
 }
 
-bool ejecutar(const std::wstring& archivo, const std::wstring& argumentos) {
+// Quiet: what cannot be opened is not told to the user.
+bool ejecutar(const std::wstring& archivo, const std::wstring& argumentos, bool callado) {
     SHELLEXECUTEINFOW orden{};
     orden.cbSize = sizeof orden;
     // The thread ends soon after: whatever the system does for it must be done by then.
     orden.fMask = SEE_MASK_NOASYNC;
-    if (!argumentos.empty()) orden.fMask |= SEE_MASK_FLAG_NO_UI;
+    if (callado) orden.fMask |= SEE_MASK_FLAG_NO_UI;
     orden.lpFile = archivo.c_str();
     orden.lpParameters = argumentos.empty() ? nullptr : argumentos.c_str();
     orden.nShow = SW_SHOWNORMAL;
@@ -51,26 +52,44 @@ bool ejecutar(const std::wstring& archivo, const std::wstring& argumentos) {
 // than none.
 void abrir(const std::wstring& ruta, const std::wstring& apartado) {
     const std::wstring programa = navegador(), lugar = aAncho(direccionArchivo(aUtf8(ruta))) + L"#" + apartado;
-    if (!programa.empty() && ejecutar(programa, L"\"" + lugar + L"\"")) return;
-    ejecutar(ruta, {});
+    if (!programa.empty() && ejecutar(programa, L"\"" + lugar + L"\"", true)) return;
+    ejecutar(ruta, {}, false);
 }
 
-}  // namespace
+// Where nothing is set for such files, the editor that every Windows has; by its whole path, or one that lies in the
+// folder that the program was started in would do as well.
+void abrirTexto(const std::wstring& ruta) {
+    if (ejecutar(ruta, {}, true)) return;
+    std::array<wchar_t, MAX_PATH> carpeta{};
+    GetSystemDirectoryW(carpeta.data(), static_cast<UINT>(carpeta.size()));
+    ejecutar(std::wstring(carpeta.data()) + L"\\notepad.exe", L"\"" + ruta + L"\"", false);
+}
 
-void abrirManualAparte(std::wstring ruta, std::wstring apartado) {
+template <typename Accion>
+void hacerAparte(Accion accion) {
     try {
-        std::thread([ruta = std::move(ruta), apartado = std::move(apartado)] {
+        std::thread([accion = std::move(accion)] {
             const bool conCOM = SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE));
             try {
-                abrir(ruta, apartado);
+                accion();
             } catch (const std::exception& fallo) {
-                OutputDebugStringA(fallo.what());  // out of memory: F1 can be pressed again
+                OutputDebugStringA(fallo.what());  // out of memory: it can be asked for again
             }
             if (conCOM) CoUninitialize();
         }).detach();
     } catch (const std::system_error& fallo) {
         OutputDebugStringA(fallo.what());
     }
+}
+
+}  // namespace
+
+void abrirManualAparte(std::wstring ruta, std::wstring apartado) {
+    hacerAparte([ruta = std::move(ruta), apartado = std::move(apartado)] { abrir(ruta, apartado); });
+}
+
+void abrirTextoAparte(std::wstring ruta) {
+    hacerAparte([ruta = std::move(ruta)] { abrirTexto(ruta); });
 }
 
 }  // namespace sorvanel

@@ -8,5 +8,7 @@ namespace sorvanel {
 // seconds over a program that was not open, and the one thread has weights to show. What cannot be opened the system
 // itself tells the user.
 void abrirManualAparte(std::wstring ruta, std::wstring apartado);
+// The same of a text file, in whatever the user reads such files with.
+void abrirTextoAparte(std::wstring ruta);
 
 }  // namespace sorvanel

@@ -160,10 +160,10 @@ void FormularioWin::monitoresQuietos() {
     if (m_oyente) m_oyente->alCambiarMonitores();
 }
 
-void FormularioWin::descargar() {
+void FormularioWin::descargar(MotivoCierre motivo) {
     if (m_descargado) return;
     m_descargado = true;
-    if (m_oyente) m_oyente->alDescargar();
+    if (m_oyente) m_oyente->alDescargar(motivo);
 }
 
 void FormularioWin::alMoverRaton(int id) {
@@ -301,13 +301,13 @@ LRESULT FormularioWin::alTerminar(UINT mensaje, WPARAM w, LPARAM l) {
         case WM_CLOSE:
             // A disabled window waits for the answer to a box of its own, unless there is nothing left to answer for.
             if (!IsWindowEnabled(hwnd()) && !m_descargado) return 0;
-            descargar();
+            descargar(MotivoCierre::ventana);
             destruir();
             return 0;
         case WM_QUERYENDSESSION:
             return TRUE;
         default:
-            if (w) descargar();
+            if (w) descargar((l & ENDSESSION_CLOSEAPP) != 0 ? MotivoCierre::instalacion : MotivoCierre::sesion);
             // The session goes on where an installer wants its files: then only the program ends, and an
             // open box goes with it.
             if (w && (l & ENDSESSION_CLOSEAPP) != 0) destruir();

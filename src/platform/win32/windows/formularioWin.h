@@ -61,7 +61,7 @@ private:
     void pedirActivacion();
     void cambioDeMonitores();
     void monitoresQuietos();
-    void descargar();
+    void descargar(MotivoCierre motivo);
     void pintarFondo();
     bool ponerPuntero() const;
 
