@@ -52,6 +52,7 @@ struct Composicion {
     base principal{entorno, formulario, dialogos, compartido};
 
     explicit Composicion(const Reinicios& reinicios) {
+        if (reinicios.reiniciado()) bitacora.anotar("Windows ha vuelto a abrir el programa");
         reinicio.pedir(reinicios.argumentos(), static_cast<int>(reinicios.espera()));
         avisos.propietaria(formulario.hwnd());
         reposo.alCambiar([this](bool impedido) { formulario.reposoImpedido(impedido); });
