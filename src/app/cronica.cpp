@@ -106,7 +106,7 @@ VistaVaiven Cronica::vistaConexion(const EstadoConexion& conexion) const {
 }
 
 void Cronica::decir(const std::string& quien, const Vaiven::Lineas& lineas) {
-    for (const std::string& una : lineas) m_entorno.bitacora.anotar(quien + ": " + una);
+    for (const std::string& una : lineas) m_entorno.bitacora.anotar((quien + ": ").append(una));
 }
 
 std::string Cronica::nombre(std::int16_t n) const {

@@ -57,9 +57,12 @@ void Vaiven::perder(std::int64_t desde, const std::string& motivo) {
     m_otroMotivo.clear();
     m_motivos = 0;
     m_cambio = m_ahora;
+    const bool yaResumia = m_resumiendo;
     contarPerdida();
     if (m_resumiendo) {
         ++m_veces;
+        // What comes may be the end of the run.
+        if (!yaResumia) m_lineas.push_back(conMotivo() + "; va y viene: desde aquí se resume");
         return;
     }
     // Some time has passed since the last that came, before its absence could be seen.
