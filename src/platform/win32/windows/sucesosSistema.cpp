@@ -2,20 +2,14 @@
 
 #include <wtsapi32.h>
 
+#include "platform/win32/base/manejadoresNucleo.h"
+
 namespace sorvanel {
 
-namespace {
-
-// Windows 8 and later. Computers that are never quite off tell their sleep to those alone who ask for it.
-template <typename Funcion>
-Funcion deUser32(const char* nombre) {
-    return reinterpret_cast<Funcion>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32"), nombre)));
-}
-
-}  // namespace
-
 bool SucesosSistema::escuchar(HWND ventana) {
-    const auto apuntarse = deUser32<HPOWERNOTIFY(WINAPI*)(HANDLE, DWORD)>("RegisterSuspendResumeNotification");
+    // Windows 8 and later. Computers that are never quite off tell their sleep to those alone who ask for it.
+    using Apuntarse = HPOWERNOTIFY(WINAPI*)(HANDLE, DWORD);
+    const auto apuntarse = buscarFuncion<Apuntarse>(GetModuleHandleW(L"user32"), "RegisterSuspendResumeNotification");
     if (!m_energia && apuntarse) m_energia = apuntarse(ventana, DEVICE_NOTIFY_WINDOW_HANDLE);
     // After a locked session other windows may lie above.
     if (!m_ventana && WTSRegisterSessionNotification(ventana, NOTIFY_FOR_THIS_SESSION)) m_ventana = ventana;
@@ -26,8 +20,9 @@ void SucesosSistema::callar() {
     if (m_ventana) WTSUnRegisterSessionNotification(m_ventana);
     m_ventana = nullptr;
     if (!m_energia) return;
-    if (const auto borrarse = deUser32<BOOL(WINAPI*)(HPOWERNOTIFY)>("UnregisterSuspendResumeNotification"))
-        borrarse(m_energia);
+    using Borrarse = BOOL(WINAPI*)(HPOWERNOTIFY);
+    const auto borrarse = buscarFuncion<Borrarse>(GetModuleHandleW(L"user32"), "UnregisterSuspendResumeNotification");
+    if (borrarse) borrarse(m_energia);
     m_energia = nullptr;
 }
 
