@@ -90,6 +90,12 @@ class Ejecutable:
             if self.lugar(nombres) is not None and BIBLIOTECA.fullmatch(self.texto(nombre)):
                 yield from self.funciones(self.texto(nombre), nombres)
 
+    def de_ventanas(self):
+        return self.entero(self.opcional + 68, "H") == 2
+
+    def fecha(self):
+        return self.entero(self.opcional - 16)
+
     def subsistema(self):
         return self.entero(self.opcional + 48, "H"), self.entero(self.opcional + 50, "H")
 
@@ -135,6 +141,11 @@ def comprobar(programas, lista, fuentes):
     faltas += comparar(permitidas, importadas | retrasadas, "imported")
     nombres, mal_buscadas = buscadas(fuentes)
     faltas += mal_buscadas + list(comparar(al_vuelo, nombres, "looked up"))
+    principal = Ejecutable(programas[PROGRAMA])
+    if not principal.de_ventanas():
+        faltas.append(f"{PROGRAMA} opens a console")
+    if principal.fecha() != 0:
+        faltas.append(f"{PROGRAMA} says when it was built: no two builds are the same")
     if len(programas[PROGRAMA]) >= MAXIMO:
         faltas.append(f"{PROGRAMA} has {len(programas[PROGRAMA])} bytes, the limit is {MAXIMO}")
     return faltas
@@ -157,6 +168,7 @@ def prueba():
 
     pe = struct.unpack_from("<I", programas[PROGRAMA], 0x3C)[0]
     cabecera = programas[PROGRAMA][: pe + 24 + 52]
+    consola = programas[PROGRAMA][: pe + 24 + 70]
     buscador = '  buscarFuncion<F>(modulo,\n "GetSystemMetricsForDpi");'
     planes = [
         (cambiado(PROGRAMA, b"\0CreateFileW\0", b"\0CreateFile2\0"), "not in windows7.txt: kernel32: CreateFile2"),
@@ -166,6 +178,8 @@ def prueba():
         (cambiado(PROGRAMA, b"\0ChooseFontW\0", b"\0ChooseFontX\0"), "comdlg32: ChooseFontW is not delayed"),
         (cambiado(SIMULADOR, b"\0WSAPoll\0", b"\0WSANew1\0"), "not in windows7.txt: ws2_32: WSANew1"),
         (cambiado(PROGRAMA, cabecera, cabecera[:-4] + struct.pack("<HH", 10, 0)), "asks for Windows (10, 0)"),
+        (cambiado(PROGRAMA, cabecera, cabecera[: pe + 8] + b"abcd" + cabecera[pe + 12 :]), "says when it was built"),
+        (cambiado(PROGRAMA, consola, consola[:-2] + b"\3\0"), "opens a console"),
         ((programas | {PROGRAMA: programas[PROGRAMA].ljust(MAXIMO, b"\0")}, lista, fuentes), "the limit is"),
         ((programas, lista + "ws2_32: zzz\n", fuentes), "ws2_32: zzz is not imported"),
         ((programas, lista + "comctl32: InitCommonControlsEx\n", fuentes), "out of order or twice"),

@@ -9,7 +9,8 @@ namespace sorvanel {
 bool SucesosSistema::escuchar(HWND ventana) {
     // Windows 8 and later. Computers that are never quite off tell their sleep to those alone who ask for it.
     using Apuntarse = HPOWERNOTIFY(WINAPI*)(HANDLE, DWORD);
-    const auto apuntarse = buscarFuncion<Apuntarse>(GetModuleHandleW(L"user32"), "RegisterSuspendResumeNotification");
+    const HMODULE user32 = GetModuleHandleW(L"user32");
+    const auto apuntarse = buscarFuncion<Apuntarse>(user32, "RegisterSuspendResumeNotification");
     if (!m_energia && apuntarse) m_energia = apuntarse(ventana, DEVICE_NOTIFY_WINDOW_HANDLE);
     // After a locked session other windows may lie above.
     if (!m_ventana && WTSRegisterSessionNotification(ventana, NOTIFY_FOR_THIS_SESSION)) m_ventana = ventana;
@@ -21,7 +22,8 @@ void SucesosSistema::callar() {
     m_ventana = nullptr;
     if (!m_energia) return;
     using Borrarse = BOOL(WINAPI*)(HPOWERNOTIFY);
-    const auto borrarse = buscarFuncion<Borrarse>(GetModuleHandleW(L"user32"), "UnregisterSuspendResumeNotification");
+    const HMODULE user32 = GetModuleHandleW(L"user32");
+    const auto borrarse = buscarFuncion<Borrarse>(user32, "UnregisterSuspendResumeNotification");
     if (borrarse) borrarse(m_energia);
     m_energia = nullptr;
 }
