@@ -38,6 +38,6 @@ std::vector<std::string> textosSilencio(const Familia& familia, std::int32_t por
 // Of that the reason alone: "UDP 9001, nada recibido".
 std::string textoMotivo(const Familia& familia, std::int32_t port, const Silencio& silencio);
 // "10:42", with its day "22/11 10:42".
-std::string textoHora(const HoraLocal& hora, bool conDia);
+std::string textoHora(const HoraLocal& d, bool conDia);
 
 }  // namespace sorvanel
