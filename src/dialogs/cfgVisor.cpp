@@ -21,8 +21,7 @@ constexpr const char* MUESTRA_PAGINA = "Visores 57 a 64 de 64";
 cfgVisor::cfgVisor(const UtilesDialogo& utiles, MesaConfiguracion& mesa)
     : DialogoConfiguracion(
           IdControl::cfgVisor,
-          {"Definir visores",
-           "Cada cambio se ve y se guarda al momento. Una celda libre sitúa el visor elegido, o añade otro"},
+          {"Definir visores", "Cada cambio se ve y se guarda al momento. Una celda libre sitúa el visor o añade otro"},
           utiles, mesa) {}
 
 cfgVisor::~cfgVisor() = default;

@@ -352,8 +352,11 @@ TEST(visor, elMotivoDelSilencioSigueAlEnlace) {
         }
         EXPECT_NE(b.picRep.textoLeyenda().find(std::string("sin datos. ") + texto), std::string::npos)
             << b.picRep.textoLeyenda();
+        // The log has its own moment, and says more of who is silent.
         const std::string_view solo = std::string_view(texto).substr(0, std::string_view(texto).find(" · desde"));
-        EXPECT_EQ(b.v->motivoDicho(), solo.starts_with("Sin datos") ? "12/3, sin lectura" : solo);
+        const std::string_view delRegistro =
+            motivo == otroEquipo ? "UDP 3004, llega de otro equipo" : "12/3, sin lectura";
+        EXPECT_EQ(b.v->motivoDicho(), solo.starts_with("Sin datos") ? delRegistro : solo);
     }
 }
 
