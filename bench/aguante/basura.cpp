@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <optional>
 #include <random>
+#include <stdexcept>
 
 #include "escena.h"
 #include "estado.h"
@@ -28,7 +29,7 @@ public:
 
     const std::string& buena() const { return m_buena; }
     Donde alEmpezar(const Basura& basura);
-    void enMarcha(const Basura& basura);
+    void enMarcha(const Basura& basura, bool legible);
 
 private:
     void quitar() {
@@ -57,19 +58,24 @@ private:
     // Answers the boxes that come until that holds.
     template <class Condicion>
     void hasta(Condicion condicion, const std::string& que) {
-        exigir(esperar(
-                   [&] {
-                       if (m_programa.caja().ventana() != nullptr) m_programa.caja().cerrar();
-                       return condicion();
-                   },
-                   2 * PLAZO),
-               que);
+        std::string dicho;
+        const auto atendiendo = [&] {
+            if (m_programa.caja().ventana() == nullptr) return condicion();
+            dicho = m_programa.caja().contestar();
+            return false;
+        };
+        if (esperar(atendiendo, 2 * PLAZO)) return;
+        std::string botones;
+        for (int id = numero(IdControl::botOff); id <= numero(IdControl::botMensaje); ++id)
+            if (pruebas::seVe(hijo(m_programa.ventana(), id))) botones += " " + std::to_string(id);
+        throw std::runtime_error(que + "; buttons" + botones + "; it says \"" + m_programa.texto(IdControl::picRep) +
+                                 "\", the last box said \"" + dicho + "\"");
     }
     void pulsarHasta(IdControl boton, IdControl despues, const Basura& basura) {
         // Pressed again where a box has swallowed it.
         ULONGLONG pulsado = 0;
         const auto insistiendo = [&] {
-            if (ve(despues)) return true;
+            if (ve(despues) && !ve(boton)) return true;  // the bar may be half changed
             if (ve(boton) && GetTickCount64() - pulsado > PACIENCIA) {
                 m_programa.pulsar(boton);
                 pulsado = GetTickCount64();
@@ -77,6 +83,17 @@ private:
             return false;
         };
         hasta(insistiendo, "button " + std::to_string(numero(boton)) + " does nothing: " + basura.nombre);
+    }
+
+    // A box that tells of an error may come just now.
+    void acabar(const Basura& basura) {
+        const Proceso& proceso = m_programa.proceso();
+        const auto cerrando = [&] {
+            if (m_programa.caja().ventana() != nullptr) m_programa.caja().cerrar();
+            PostMessageW(m_programa.ventana(), WM_CLOSE, 0, 0);
+            return proceso.esperarFin(500).has_value();
+        };
+        exigir(esperar(cerrando, 2 * PLAZO) && proceso.esperarFin(0) == 0U, "it does not end well: " + basura.nombre);
     }
 
     bool m_romper;
@@ -110,12 +127,12 @@ Donde Sala::alEmpezar(const Basura& basura) {
         hasta([&] { return ve(IdControl::botPau); }, "it waits on with the good file: " + basura.nombre);
         exigirPeso(m_programa, 1, m_puerto, 11);
     }
-    exigir(m_programa.terminar(), "it does not end well: " + basura.nombre);
+    acabar(basura);
     if (donde != Donde::esperando) exigirIntacta(basura);
     return *donde;
 }
 
-void Sala::enMarcha(const Basura& basura) {
+void Sala::enMarcha(const Basura& basura, bool legible) {
     reponer();
     exigir(m_programa.marchar(), "it does not run with the good file");
     exigirPeso(m_programa, 1, m_puerto, 12);
@@ -128,12 +145,13 @@ void Sala::enMarcha(const Basura& basura) {
     exigir(esperar([&] { return (entro = ve(IdControl::botOk)) || m_programa.caja().ventana() != nullptr; }),
            "neither in nor refused: " + basura.nombre);
     if (!entro) exigir(m_programa.caja().cerrar(), "the box does not close");
+    exigir(legible || !entro, "it configures what it cannot read: " + basura.nombre);
     exigirIntacta(basura);
     reponer();
     if (entro) pulsarHasta(IdControl::botOk, IdControl::botRun, basura);
     pulsarHasta(IdControl::botRun, IdControl::botPau, basura);
     exigirPeso(m_programa, 1, m_puerto, 14);
-    exigir(m_programa.terminar(), "it does not end well: " + basura.nombre);
+    acabar(basura);
     exigir(m_programa.leerINI() == m_buena, "the good file is not what it was");
 }
 
@@ -146,7 +164,7 @@ bool aguantarBasura(const Modo& modo) {
     int cuenta[3] = {}, todas = 0;
     for (const Basura& basura : muestrario(sala.buena(), modo.veces(100, 5), semilla)) {
         const Donde donde = sala.alEmpezar(basura);
-        sala.enMarcha(basura);
+        sala.enMarcha(basura, donde != Donde::esperando);
         ++cuenta[static_cast<int>(donde)];
         ++todas;
     }

@@ -1,6 +1,8 @@
 // The second monitor, on which the program runs, is unplugged and plugged in; now and then the one that is left changes
 // its size. Each time the window must cover the monitor that is its own then, and weights go on.
 
+#include <algorithm>
+
 #include "crecimiento.h"
 #include "escena.h"
 #include "estado.h"
@@ -49,16 +51,12 @@ public:
     const Programa& programa() const { return m_programa; }
 
     void vuelta(int cual, bool romper) {
-        if (!romper) cambiar(QUITAR);
-        exigirEn(PRIMARIO);
+        pasar(QUITAR, PRIMARIO, 1, romper);
         if (cual % ENTRE_MEDIDAS == 0) {
-            cambiar(OTRA_MEDIDA);
-            exigirEn(PRIMARIO_MENOR);
-            cambiar(LA_MEDIDA);
-            exigirEn(PRIMARIO);
+            pasar(OTRA_MEDIDA, PRIMARIO_MENOR, 1, romper);
+            pasar(LA_MEDIDA, PRIMARIO, 1, romper);
         }
-        cambiar(PONER);
-        exigirEn(SEGUNDO);
+        pasar(PONER, SEGUNDO, 2, romper);
     }
     bool terminar() { return m_programa.terminar(); }
 
@@ -69,12 +67,21 @@ private:
         return Configuracion().seccion("MONITORES").clave("EnUso", todos[0].primario ? "2" : "1");
     }
 
-    // Wine knows of the change, but tells no window: here they are told, several times, as Windows does.
-    void cambiar(const char* orden) {
+    // Wine comes to know of the change after a while, but tells no window: here they are told then, several times, as
+    // Windows does. Then the window must be on `suyo`. Broken: nobody tells it.
+    void pasar(const char* orden, const RECT& suyo, std::size_t cuantos, bool romper) {
         enLinuxBien(orden);
-        for (int i = 0; i < 3; ++i)
+        const auto sabido = [&] {
+            const std::vector<MonitorVisto> todos = monitores();
+            return todos.size() == cuantos && std::any_of(todos.begin(), todos.end(), [&](const MonitorVisto& uno) {
+                       return EqualRect(&uno.area, &suyo) != FALSE;
+                   });
+        };
+        exigir(esperar(sabido), "Wine does not come to know of the change");
+        for (int i = 0; i < 3 && !romper; ++i)
             for (const HWND una : m_programa.proceso().ventanas())
                 PostMessageW(una, WM_DISPLAYCHANGE, 24, MAKELPARAM(1280, 800));
+        exigirEn(suyo);
     }
 
     void exigirEn(const RECT& debido) {
