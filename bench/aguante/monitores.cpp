@@ -67,9 +67,12 @@ private:
         return Configuracion().seccion("MONITORES").clave("EnUso", todos[0].primario ? "2" : "1");
     }
 
-    // Wine comes to know of the change after a while, but tells no window: here they are told then, several times, as
-    // Windows does. Then the window must be on `suyo`. Broken: nobody tells it.
+    // Wine takes the change in when somebody asks for the monitors, which this side does, but does not always tell the
+    // windows: here they are told, several times, as Windows does. Then the window must be on `suyo`. Broken: the
+    // program is stopped for as long.
     void pasar(const char* orden, const RECT& suyo, std::size_t cuantos, bool romper) {
+        const std::string proceso = procesoLinux(m_programa);
+        if (romper) enLinuxBien("kill -STOP " + proceso + "; (sleep 15; kill -CONT " + proceso + ") &");
         enLinuxBien(orden);
         const auto sabido = [&] {
             const std::vector<MonitorVisto> todos = monitores();
@@ -78,7 +81,7 @@ private:
                    });
         };
         exigir(esperar(sabido), "Wine does not come to know of the change");
-        for (int i = 0; i < 3 && !romper; ++i)
+        for (int i = 0; i < 3; ++i)
             for (const HWND una : m_programa.proceso().ventanas())
                 PostMessageW(una, WM_DISPLAYCHANGE, 24, MAKELPARAM(1280, 800));
         exigirEn(suyo);

@@ -35,8 +35,8 @@ TEXTOS = {
     "every tenth time it runs in between. The file must stay as it is, and eight displays must say a weight.",
     "monitores": "**Monitors.** The second monitor, on which the program runs, is switched off and on; every tenth time "
     "the primary one changes its size meanwhile. The window must cover its monitor each time (the primary one while "
-    "the other is off), and four displays on it must say a new weight. Wine tells no window of the change: the message "
-    "that Windows sends is sent by the test.",
+    "the other is off), and four displays on it must say a new weight. Wine does not always tell the "
+    "windows of a change: the message that Windows sends for it is sent by the test.",
     "remojo": "**A long run.** Readings in lots of a hundred to 64 displays of both families under a scrolling message, with "
     "silences and hang-ups: the last value of each lot on each display without being sent again, no weight in a silence.",
 }
