@@ -42,7 +42,11 @@ cp "$OBRA"/windows/bench/aguante/*.exe "$COPIA/bench/aguante/" &&
     cp "${SORVANEL_EXE:-$OBRA/windows/src/Sorvanel.exe}" "$COPIA/src/Sorvanel.exe" || exit 1
 exec 9>&- # a run of hours holds nobody up
 al_terminar copia_borrar
-copia_borrar() { rm -rf "$COPIA"; }
+copia_borrar() {
+    # What a part that was killed has left mounted.
+    awk -v lugar="$COPIA/" 'index($2, lugar) == 1 { print $2 }' /proc/mounts | xargs -r -n 1 umount -l
+    rm -rf "$COPIA"
+}
 OBRA="$COPIA"
 pantalla_iniciar && wine_iniciar "$OBRA/prefijo" || exit 1
 
