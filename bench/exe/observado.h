@@ -17,6 +17,8 @@ public:
     Observado& operator=(const Observado&) = delete;
 
     HANDLE manejador() const { return m_proceso; }
+    // Its folder in Linux, "/proc/N".
+    const std::string& carpeta() const { return m_carpeta; }
     // Seconds of processor so far, all threads, user and system; steps of 10 ms.
     double segundosCPU() const;
     // KiB that no other process shares (RssAnon and VmSwap), and in memory just now (VmRSS).
@@ -25,7 +27,7 @@ public:
 
 private:
     HANDLE m_proceso;
-    std::string m_carpeta;  // "/proc/N"
+    std::string m_carpeta;
 };
 
 // Datagrams that the system threw away because nobody fetched them in time, for so many ports from `primero` on.

@@ -14,6 +14,7 @@
 #include <string>
 #include <vector>
 
+#include "crecimiento.h"
 #include "escena.h"
 #include "harness/red.h"
 #include "partes.h"
@@ -34,38 +35,6 @@ constexpr int TANDAS_ENTRE_CORTES = 70;
 constexpr DWORD SILENCIO = 1500;  // milliseconds: the link's second, and some
 constexpr const char* SIN_DATOS = "-----";
 constexpr double PRIMER_MINUTO = 60;
-
-// How much more there may be at the end than after the first minute. One lost with each reading, display, silence or
-// session would be tens at least.
-constexpr long long KIB_DE_MAS = 1024;
-constexpr long OBJETOS_DE_MAS = 4;
-constexpr long MANEJADORES_DE_MAS = 4;
-
-struct Recursos {
-    long long privada = 0, residente = 0;  // KiB
-    long gdi = 0, user = 0, manejadores = 0;
-};
-
-Recursos mirar(const Observado& programa) {
-    return {programa.memoriaPrivada(), programa.memoriaResidente(), objetosGDI(programa.manejador()), objetosUSER(),
-            manejadores(programa.manejador())};
-}
-
-// True when it did not grow by more than that.
-bool cabe(const char* nombre, long long antes, long long despues, long long deMas) {
-    const bool bien = despues - antes <= deMas;
-    nota(std::string(bien ? "ok     " : "GREW   ") + nombre + ": " + std::to_string(antes) + " to " +
-         std::to_string(despues) + " (at most " + std::to_string(deMas) + " more)");
-    return bien;
-}
-
-bool comparar(const Recursos& antes, const Recursos& despues) {
-    bool bien = cabe("private KiB", antes.privada, despues.privada, KIB_DE_MAS);
-    bien = cabe("resident KiB", antes.residente, despues.residente, KIB_DE_MAS) && bien;
-    bien = cabe("GDI", antes.gdi, despues.gdi, OBJETOS_DE_MAS) && bien;
-    bien = cabe("USER", antes.user, despues.user, OBJETOS_DE_MAS) && bien;
-    return cabe("handles", antes.manejadores, despues.manejadores, MANEJADORES_DE_MAS) && bien;
-}
 
 class Remojo {
 public:

@@ -93,8 +93,9 @@ bool comun::hacerCopiaDeINI() const {
         m_archivos.crearVacio(m_rutaINI);  // if that fails, so does the reading
         actual = m_archivos.leer(m_rutaINI);
     }
-    return actual.contenido && apartarCopia(*actual.contenido) &&
-           m_archivos.reemplazar(m_rutaCopia, *actual.contenido) && bien;
+    // What is too large to be settings is none that could be worked on.
+    return actual.contenido && actual.contenido->size() <= AlmacenPerfil::TAMANO_MAXIMO &&
+           apartarCopia(*actual.contenido) && m_archivos.reemplazar(m_rutaCopia, *actual.contenido) && bien;
 }
 
 // It may be all that is left of what was set up, where the settings themselves were lost.

@@ -181,6 +181,7 @@ TEST_F(AlmacenPerfilTest, LoQueNoSePuedeLeerNiSeVaciaNiSePisa) {
     }
     const std::string enorme = "[S]\nk=1\n" + std::string(AlmacenPerfil::TAMANO_MAXIMO, '\n');
     m.ini(enorme);
+    EXPECT_FALSE(c.hacerCopiaDeINI()) << "nobody configures what cannot be read";
     k("2");
     EXPECT_FALSE(m.perfil.volcar());
     EXPECT_EQ(disco().size(), enorme.size());

@@ -1,6 +1,7 @@
 #include "harness/programa.h"
 
 #include <filesystem>
+#include <random>
 #include <stdexcept>
 #include <utility>
 
@@ -11,7 +12,9 @@ constexpr int ID_TEXTO = 0xFFFF;  // what the system gives the text of its messa
 
 std::wstring nombreNuevo() {
     static int siguiente = 0;
-    return L"SorvanelPrueba" + std::to_wstring(GetCurrentProcessId()) + L"n" + std::to_wstring(++siguiente);
+    // The same process id stands in other Wine prefixes of this machine, too.
+    static const std::wstring propio = std::to_wstring(std::random_device()());
+    return L"SorvanelPrueba" + propio + L"n" + std::to_wstring(++siguiente);
 }
 
 }  // namespace
