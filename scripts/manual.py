@@ -82,11 +82,11 @@ def version():
 
 
 def apartados_de_f1():
-    texto = (RAIZ / "src/app/base.cpp").read_text(encoding="utf-8")
+    texto = (RAIZ / "src/app/baseSucesos.cpp").read_text(encoding="utf-8")
     cuerpo = re.search(r"^std::string base::apartado\(\) const \{$(.*?)^\}$", texto, re.S | re.M)
     nombres = re.findall(r'"(\w+)"', cuerpo.group(1)) if cuerpo else []
     if not nombres:
-        raise Fallo("src/app/base.cpp: what F1 opens is not found")
+        raise Fallo("src/app/baseSucesos.cpp: what F1 opens is not found")
     return nombres
 
 
