@@ -89,9 +89,9 @@ int ejecutarPrograma(const std::string& argumentos) {
 }  // namespace
 }  // namespace sorvanel
 
-int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR argumentos, int) {
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     try {
-        return sorvanel::ejecutarPrograma(sorvanel::aUtf8(argumentos));
+        return sorvanel::ejecutarPrograma(sorvanel::aUtf8(GetCommandLineW()));
     } catch (const std::exception& fallo) {
         // No window, no sockets or no memory at the start: there is nothing to show it with.
         OutputDebugStringA(fallo.what());
