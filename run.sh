@@ -29,12 +29,7 @@ retratar() { # runs on a virtual one
 
 cerrojo
 preparar || exit 1
-titulo "Building"
-construir </dev/null >"$OBRA/construccion.txt" 2>&1 9>&- || {
-    tail -n 60 "$OBRA/construccion.txt" >&2
-    error "the program does not build; see build/construccion.txt"
-    exit 1
-}
+construir_o_decir "$OBRA/construccion.txt" || exit 1
 
 titulo "Running"
 hacer=mostrar

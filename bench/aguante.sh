@@ -29,12 +29,7 @@ construir() {
 }
 
 cerrojo
-titulo "Building"
-construir </dev/null >"$OBRA/construccion-aguante.txt" 2>&1 9>&- || {
-    tail -n 60 "$OBRA/construccion-aguante.txt" >&2
-    error "it does not build; see build/construccion-aguante.txt"
-    exit 1
-}
+construir_o_decir "$OBRA/construccion-aguante.txt" || exit 1
 RESULTADOS="$OBRA/aguante"
 COPIA="$RESULTADOS/$$" # a copy: other runs may build meanwhile
 mkdir -p "$COPIA/bench/aguante" "$COPIA/src"

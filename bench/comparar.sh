@@ -60,12 +60,7 @@ PAQUETES+=(python3-tk chromium xvfb libx11-dev libxext-dev)
 mkdir -p "$TRABAJO"
 cerrojo
 preparar || exit 1
-titulo "Building"
-construir </dev/null >"$TRABAJO/construccion.txt" 2>&1 9>&- || {
-    tail -n 60 "$TRABAJO/construccion.txt" >&2
-    error "it does not build; see build/comparar/construccion.txt"
-    exit 1
-}
+construir_o_decir "$TRABAJO/construccion.txt" || exit 1
 cp "$OBRA/windows/bench/exe/desnudo.exe" "$TRABAJO/" && cp "${SORVANEL_EXE:-$OBRA/windows/src/Sorvanel.exe}" "$TRABAJO/Comparado.exe" || exit 1
 exec 9>&-
 MEDIDOR=

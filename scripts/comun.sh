@@ -55,3 +55,12 @@ cerrojo() {
         flock 9
     }
 }
+
+# Builds by the caller's own construir(); where that fails, says so with the end of what it wrote into LOG.
+construir_o_decir() { # LOG, arguments of construir()
+    titulo "Building"
+    construir "${@:2}" </dev/null >"$1" 2>&1 9>&- && return
+    tail -n 60 "$1" >&2
+    error "it does not build; see ${1#"$RAIZ"/}"
+    return 1
+}

@@ -106,11 +106,7 @@ shift $(($# < 2 ? $# : 2))
 
 cerrojo
 mkdir -p "$OBRA/escenas"
-construir "${OBJETIVOS[@]}" </dev/null >"$OBRA/construccion-escenas.txt" 2>&1 9>&- || {
-    tail -n 60 "$OBRA/construccion-escenas.txt" >&2
-    error "it does not build; see build/construccion-escenas.txt"
-    exit 1
-}
+construir_o_decir "$OBRA/construccion-escenas.txt" "${OBJETIVOS[@]}" || exit 1
 cp "$OBRA/windows/tools/escenas/escenas.exe" "$OBRA/escenas/" && cp "$EXE" "$OBRA/escenas/Sorvanel.exe" || exit 1
 pantalla_iniciar && wine_iniciar "$OBRA/prefijo-escenas" || exit 1
 CODIGO=0

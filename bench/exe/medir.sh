@@ -17,12 +17,7 @@ construir() {
 }
 
 cerrojo
-titulo "Building"
-construir </dev/null >"$OBRA/construccion-medidas.txt" 2>&1 9>&- || {
-    tail -n 60 "$OBRA/construccion-medidas.txt" >&2
-    error "it does not build; see build/construccion-medidas.txt"
-    exit 1
-}
+construir_o_decir "$OBRA/construccion-medidas.txt" || exit 1
 SALIDA="$OBRA/medidas.txt"
 COPIA="$OBRA/medidas"
 mkdir -p "$COPIA/bench/exe" "$COPIA/src"
