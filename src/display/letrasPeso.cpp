@@ -74,7 +74,11 @@ float LetrasPeso::ancho(Letra& letra, std::string_view texto) {
         float& suyo = letra.anchos[codigo];
         if (suyo == 0) {
             poner(letra);
-            suyo = m_peso.medir({&una, 1}).ancho;
+            const MedidaTexto medida = m_peso.medir({&una, 1});
+            suyo = medida.ancho;
+            const bool primera = letra.tintaInferior <= letra.tintaSuperior;
+            letra.tintaSuperior = primera ? medida.tintaSuperior : std::min(letra.tintaSuperior, medida.tintaSuperior);
+            letra.tintaInferior = std::max(letra.tintaInferior, medida.tintaInferior);
         }
         total += suyo;
     }

@@ -16,6 +16,8 @@ public:
         Fuente fuente;
         float y = 0;     // top of the line, twips
         float alto = 0;  // of the line
+        // Within the line, of all characters that have been measured.
+        float tintaSuperior = 0, tintaInferior = 0;
 
     private:
         friend class LetrasPeso;

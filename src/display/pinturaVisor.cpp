@@ -200,7 +200,11 @@ Rectangulo PinturaVisor::cambiado(const LetrasPeso::Letra& letra, float x) {
     const float vuelo = m_encaje.anchoCero * VUELO;
     const float izquierda = std::max(x + m_letras.ancho(ahora.substr(0, desde)) - vuelo, 0.0F);
     const float derecha = std::min(x + m_letras.ancho(ahora.substr(0, hasta)) + vuelo, m_encaje.derecha);
-    return {izquierda, arriba, derecha - izquierda, alto};
+    // Above and below the ink of both texts there is nothing but ground: on a large screen a third of the line.
+    const float borde = 2 * m_pixel;
+    const float techo = std::max(letra.y + letra.tintaSuperior - borde, arriba);
+    const float suelo = std::min(letra.y + letra.tintaInferior + borde, arriba + alto);
+    return {izquierda, techo, derecha - izquierda, suelo - techo};
 }
 
 // What nobody could read must not pass for a smaller weight: an arrow says that it goes on to the left.

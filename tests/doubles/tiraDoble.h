@@ -34,6 +34,9 @@ public:
     void imprimirEn(const Rectangulo& zona, float x, float y, std::string_view texto, Color color) override {
         SuperficieDoble::imprimirEn(zona, x, y, texto, color);
         letras(zona, x, texto, color);
+        const MedidaTexto m = medir(texto);
+        if (zona.y > y + m.tintaSuperior || zona.abajo() < y + m.tintaInferior)
+            anotar(zona.x, zona.derecha(), "cut", false);
     }
     void desplazar(float twips) override {
         SuperficieDoble::desplazar(twips);

@@ -39,7 +39,7 @@ private:
     static constexpr int MENSAJES_POR_TURNO = 64;
     static constexpr std::int64_t TURNO = 4000;    // microseconds
     static constexpr std::int64_t ALIVIO = 20000;  // microseconds
-    static constexpr std::int64_t LATIDO = 8000;   // microseconds
+    static constexpr std::int64_t LATIDO = 9000;   // microseconds
 
     // False when nothing was there.
     bool sacar(UINT primero, UINT ultimo, UINT clase);

@@ -19,6 +19,7 @@
 #include "platform/win32/painting/apariencia.h"
 #include "platform/win32/painting/fuentesWin.h"
 #include "platform/win32/painting/lienzo.h"
+#include "platform/win32/painting/tipos.h"
 
 namespace sorvanel {
 
@@ -31,6 +32,7 @@ struct RecursosVentanas {
 
     Tandas& tandas;
     FuentesWin fuentes;
+    CajaTipos tipos;
     Lienzo borrador;  // where a control is put together before it is shown: one for all, since they paint in turn
     EstiloWin estilo;
     NombresAccesibles nombres;

@@ -18,12 +18,13 @@ SuperficieWin::SuperficieWin(Anfitrion& anfitrion, IdControl id, int elemento)
     : PinturaWin(anfitrion.escala(), anfitrion.recursos().fuentes, anfitrion.recursos().borrador),
       m_anfitrion(anfitrion),
       m_id(numero(id, elemento)) {
+    m_utiles.caja = &m_anfitrion.recursos().tipos;
     m_anfitrion.alta(*this);
 }
 
 SuperficieWin::~SuperficieWin() {
     m_anfitrion.recursos().tandas.quitar(*this);
-    m_letra.quitar();
+    m_utiles.letra.quitar();
     m_dc.soltar();
     if (!m_sugerencia.empty()) m_anfitrion.sugerencias().poner(hwnd(), {});
     destruir();
@@ -112,7 +113,7 @@ void SuperficieWin::volcarPendiente() {
     if (IsRectEmpty(&zona) || !hwnd() || !IsWindowVisible(hwnd())) return;
     if (!m_dc) m_dc.tomar(hwnd());
     if (m_dc) {
-        volcar(m_dc.get(), zona, m_letra);
+        volcar(m_dc.get(), zona, m_utiles);
     } else {
         invalidar(&zona);
     }
@@ -122,8 +123,8 @@ void SuperficieWin::volcarPendiente() {
 void SuperficieWin::alPintar() {
     {
         const DCPintado pintado(hwnd());
-        LetraPuesta letra;
-        if (pintado) volcar(pintado.get(), pintado.zona(), letra);
+        UtilesDC utiles;
+        if (pintado) volcar(pintado.get(), pintado.zona(), utiles);
     }
     avisarLeyenda();
 }
@@ -153,8 +154,8 @@ LRESULT SuperficieWin::alMensaje(UINT mensaje, WPARAM w, LPARAM l) {
             alPintar();
             return 0;
         case WM_PRINTCLIENT: {
-            LetraPuesta letra;
-            volcar(reinterpret_cast<HDC>(w), entero(), letra);
+            UtilesDC utiles;
+            volcar(reinterpret_cast<HDC>(w), entero(), utiles);
             return 0;
         }
         case WM_ERASEBKGND:

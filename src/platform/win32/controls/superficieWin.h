@@ -47,7 +47,7 @@ private:
     RECT m_pendiente{};  // painted since the last copy, within a batch
     bool m_anotada = false;
     DCVentana m_dc;
-    LetraPuesta m_letra;  // of that
+    UtilesDC m_utiles;  // of that
     bool m_visible = false;
     std::string m_leyenda;
     bool m_leyendaNueva = false;

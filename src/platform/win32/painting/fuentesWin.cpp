@@ -25,6 +25,11 @@ LOGFONTW descripcion(const Fuente& fuente, int altoPixeles) {
     return d;
 }
 
+bool pedirMetrica(HDC dc, wchar_t letra, UINT formato, GLYPHMETRICS& metrica) {
+    const MAT2 igual{{0, 1}, {0, 0}, {0, 0}, {0, 1}};
+    return GetGlyphOutlineW(dc, letra, formato, &metrica, 0, nullptr, &igual) != GDI_ERROR;
+}
+
 bool instalada(const wchar_t* nombre) {
     LOGFONTW buscada{};
     buscada.lfCharSet = DEFAULT_CHARSET;
@@ -61,8 +66,7 @@ FuenteWin::Caracter FuenteWin::medir(HDC dc, wchar_t letra) {
     caracter.conTinta = true;
     const TEXTMETRICW& m = metrica(dc);
     GLYPHMETRICS g{};
-    const MAT2 igual{{0, 1}, {0, 0}, {0, 0}, {0, 1}};
-    if (GetGlyphOutlineW(dc, letra, GGO_METRICS, &g, 0, nullptr, &igual) == GDI_ERROR) {
+    if (!pedirMetrica(dc, letra, GGO_METRICS, g)) {
         // A bitmap font has no outlines: capitals and digits reach about so far.
         caracter.tinta = {static_cast<int>(m.tmInternalLeading), static_cast<int>(m.tmAscent)};
         return caracter;
@@ -70,6 +74,14 @@ FuenteWin::Caracter FuenteWin::medir(HDC dc, wchar_t letra) {
     caracter.tinta.superior = static_cast<int>(m.tmAscent - g.gmptGlyphOrigin.y);
     caracter.tinta.inferior = caracter.tinta.superior + static_cast<int>(g.gmBlackBoxY);
     return caracter;
+}
+
+bool FuenteWin::cabeEnSuCaja(HDC dc, wchar_t letra, int ancho) {
+    if (letra == L' ') return true;
+    GLYPHMETRICS g{};
+    // With the grey of its edges.
+    if (!pedirMetrica(dc, letra, GGO_GRAY8_BITMAP, g)) return false;
+    return g.gmptGlyphOrigin.x >= 0 && g.gmptGlyphOrigin.x + static_cast<int>(g.gmBlackBoxX) <= ancho;
 }
 
 Tinta FuenteWin::tinta(HDC dc, std::wstring_view texto) {

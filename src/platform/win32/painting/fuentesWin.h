@@ -28,6 +28,8 @@ public:
     HFONT get() const { return m_fuente.get(); }
     // The font must be selected in that device context.
     Tinta tinta(HDC dc, std::wstring_view texto);
+    // Whether nothing of the letter leans out of its box, so many device pixels wide.
+    static bool cabeEnSuCaja(HDC dc, wchar_t letra, int ancho);
 
 private:
     struct Caracter {

@@ -63,11 +63,10 @@ void Lienzo::ponerOrigen(POINT punto) {
     SetViewportOrgEx(m_dc.get(), -punto.x, -punto.y, nullptr);
 }
 
-void Lienzo::llenar(const RECT& zona, COLORREF color) {
+void llenarZona(HDC destino, const RECT& zona, COLORREF color) {
     if (zona.right <= zona.left || zona.bottom <= zona.top) return;
-    // The background of an empty text: a filled box for which no brush is made.
-    SetBkColor(m_dc.get(), color);
-    ExtTextOutW(m_dc.get(), 0, 0, ETO_OPAQUE, &zona, L"", 0, nullptr);
+    SetBkColor(destino, color);
+    ExtTextOutW(destino, 0, 0, ETO_OPAQUE, &zona, L"", 0, nullptr);
 }
 
 }  // namespace sorvanel

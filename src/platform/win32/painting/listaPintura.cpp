@@ -98,7 +98,7 @@ void ListaPintura::escribir(Lienzo& destino, const RECT& zona, const Texto& text
                 static_cast<UINT>(texto.letras.size()), nullptr);
 }
 
-bool ListaPintura::pintarDeUnaVez(HDC destino, const RECT& zona, LetraPuesta& letra) const {
+bool ListaPintura::pintarDeUnaVez(HDC destino, const RECT& zona, UtilesDC& utiles) const {
     const Paso* solo = nullptr;
     for (std::size_t i = 0; i < m_cuantos; ++i) {
         RECT parte{};
@@ -107,10 +107,16 @@ bool ListaPintura::pintarDeUnaVez(HDC destino, const RECT& zona, LetraPuesta& le
         if (solo || m_pasos[i].clase != Clase::texto || !cabe) return false;
         solo = &m_pasos[i];
     }
+    if (!solo) {
+        llenarZona(destino, zona, m_suelo);
+        return true;
+    }
+    if (Tipos* const tipos = utiles.tiposDe(solo->fuente, m_suelo, solo->color);
+        tipos && tipos->imprimir(destino, solo->inicio, solo->letras, zona))
+        return true;
     SetBkColor(destino, m_suelo);
     SetBkMode(destino, TRANSPARENT);
-    if (!solo) return ExtTextOutW(destino, 0, 0, ETO_OPAQUE, &zona, L"", 0, nullptr) != 0;
-    letra.poner(destino, solo->fuente);
+    utiles.letra.poner(destino, solo->fuente);
     SetTextColor(destino, solo->color);
     return ExtTextOutW(destino, solo->inicio.x, solo->inicio.y, ETO_OPAQUE | ETO_CLIPPED, &zona, solo->letras.data(),
                        static_cast<UINT>(solo->letras.size()), nullptr) != 0;

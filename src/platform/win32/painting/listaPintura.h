@@ -11,6 +11,7 @@
 #include "platform/geometria.h"
 #include "platform/win32/painting/fuentesWin.h"
 #include "platform/win32/painting/lienzo.h"
+#include "platform/win32/painting/tipos.h"
 
 namespace sorvanel {
 
@@ -45,7 +46,7 @@ public:
     void pintar(Lienzo& destino, const RECT& zona) const;
     // The same straight to a window, where that is one call of the system, so that nothing flickers: a line of text on
     // bare ground, or the ground. False, and nothing painted, where it is more.
-    bool pintarDeUnaVez(HDC destino, const RECT& zona, LetraPuesta& letra) const;
+    bool pintarDeUnaVez(HDC destino, const RECT& zona, UtilesDC& utiles) const;
 
 private:
     enum class Clase { caja, texto, poligono };

@@ -196,14 +196,14 @@ void PinturaWin::pintar(Lienzo& destino, const RECT& zona) const {
     }
 }
 
-void PinturaWin::volcar(HDC destino, const RECT& zona, LetraPuesta& letra) const {
+void PinturaWin::volcar(HDC destino, const RECT& zona, UtilesDC& utiles) const {
     if (m_mapa) {
         BitBlt(destino, zona.left, zona.top, zona.right - zona.left, zona.bottom - zona.top, m_mapa->dc(), zona.left,
                zona.top, SRCCOPY);
         return;
     }
     RECT todo = entero(), parte{};
-    if (!IntersectRect(&parte, &todo, &zona) || m_lista.pintarDeUnaVez(destino, parte, letra)) return;
+    if (!IntersectRect(&parte, &todo, &zona) || m_lista.pintarDeUnaVez(destino, parte, utiles)) return;
     const LONG ancho = std::max(LADO, todo.right / PARTES), alto = std::max(LADO, todo.bottom / PARTES);
     for (LONG y = parte.top; y < parte.bottom; y += alto) {
         for (LONG x = parte.left; x < parte.right; x += ancho) {
@@ -217,9 +217,7 @@ void PinturaWin::volcarTrozo(HDC destino, const RECT& trozo) const {
     m_borrador.alcanzar(ancho, alto);
     if (!m_borrador.utilizable()) {
         // No memory: better nothing than what stood there, which would pass for what is meant now.
-        SetBkColor(destino, m_lista.suelo());
-        ExtTextOutW(destino, 0, 0, ETO_OPAQUE, &trozo, L"", 0, nullptr);
-        return;
+        return llenarZona(destino, trozo, m_lista.suelo());
     }
     {
         const Lienzo::Origen origen(m_borrador, {trozo.left, trozo.top});

@@ -38,7 +38,7 @@ public:
     RECT entero() const;
     // That part of what is shown, at the same place of another picture, or of another device context.
     void pintar(Lienzo& destino, const RECT& zona) const;
-    void volcar(HDC destino, const RECT& zona, LetraPuesta& letra) const;
+    void volcar(HDC destino, const RECT& zona, UtilesDC& utiles) const;
 
 protected:
     // All are the window's, which outlives it. On the scratch picture things are put together before they are copied.
