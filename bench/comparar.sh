@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Makes docs/velocidad.md: what a reading costs here, in a bare program, with Python and Tk, and in a browser.
 #   bench/comparar.sh [--breve] [--veces N]
-# Installs what the peers need (apt). Some 23 minutes; the machine should be idle. --breve only tries it out: one short
+# Installs what the peers need (apt). Some 30 minutes; the machine should be idle. --breve only tries it out: one short
 # round, and the page goes to build/comparar/. Ends with 1 where a limit is passed. SORVANEL_EXE names another
 # Sorvanel.exe to measure.
 set -uo pipefail

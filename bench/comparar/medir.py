@@ -17,6 +17,7 @@ CARPETA, SERVIDOR_X = pathlib.Path(sys.argv[5]), int(sys.argv[6])
 BARRA, PUERTO = 32, 21000
 RITMOS = (10, 50)  # readings a second of each display
 INUNDACION = 100
+ROBO_MAXIMO = 0.02  # of one processor's time, in a measurement of latency
 PREFIJO = os.environ["WINEPREFIX"]
 EJECUTABLE = CARPETA / "Comparado.exe"
 
@@ -84,6 +85,11 @@ def cpu(ids):
     return sum(time.clock_gettime((~uno << 3) | 2) for uno in ids)
 
 
+def robado():
+    """Seconds that this machine's processors wanted to run and its host did not let them."""
+    return int(pathlib.Path("/proc/stat").read_text().split()[8]) / os.sysconf("SC_CLK_TCK")
+
+
 def pss(ids):
     """Megabytes; each shared page counts for its share."""
     total = 0
@@ -130,6 +136,17 @@ class Visita:
         lecturas = int(self.pedir("envia", ritmo, SEGUNDOS))
         return {nombre: (cpu(ids) - antes[nombre]) / lecturas * 10000 for nombre, ids in grupos.items()}
 
+    def tardar(self, ritmo):
+        """The try from which the machine's host took least, where it took anything to speak of."""
+        intentos = []
+        while len(intentos) < 3 and (not intentos or intentos[-1]["robo"] > ROBO_MAXIMO):
+            antes, inicio = robado(), time.monotonic()
+            hueco, perdidas, *tardanzas = self.pedir("mide", ritmo, SEGUNDOS * (1.2 if ritmo == 10 else 0.6)).split()
+            intentos.append({"robo": (robado() - antes) / (time.monotonic() - inicio), "hueco": float(hueco),
+                             "sin_ver": int(perdidas), "ms": list(map(float, tardanzas))})
+        mejor = min(intentos, key=lambda uno: uno["robo"])
+        return mejor | {"intentos": len(intentos), "robada": mejor["robo"] > ROBO_MAXIMO}
+
     def hacer(self):
         primera, todas, sesion = self.pedir("arranca", orden(self.escena, self.par)).split()
         self.sesion = int(sesion)
@@ -143,10 +160,7 @@ class Visita:
         datos["pss"] = {"propio": pss(propios), "wine": pss(wine), "procesos": len(propios)}
         if self.pedir("aprende") != "bien":
             raise RuntimeError(f"{self.escena.nombre}, {self.par}: readings cannot be told apart on the screen")
-        datos["tardanza"] = {}
-        for ritmo in RITMOS:
-            hueco, perdidas, *tardanzas = self.pedir("mide", ritmo, SEGUNDOS * 0.6).split()
-            datos["tardanza"][ritmo] = {"hueco": float(hueco), "sin_ver": int(perdidas), "ms": list(map(float, tardanzas))}
+        datos["tardanza"] = {ritmo: self.tardar(ritmo) for ritmo in RITMOS}
         if self.escena.nombre in ("todos", "compartido"):
             datos["inunda"] = list(map(int, self.pedir("inunda", INUNDACION, SEGUNDOS * 0.6).split()))
         return datos

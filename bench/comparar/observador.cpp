@@ -219,12 +219,15 @@ private:
                 if (visor != m_visor && !m_emisor.tcp()) return;
                 enviadas[static_cast<std::size_t>(n - primera)] = ahora();
                 ultima = n;
+                ultima.notify_one();
             });
         });
         std::vector<double> tardanzas, huecos;
         Franja anterior;
         int vista = primera - 1;
         for (double fin = ahora() + segundos + 0.5, mirada = ahora(); ahora() < fin && vista < primera + cuantas - 1;) {
+            // Where nothing is to be seen yet, looking would only take the processor from who is measured.
+            if (ultima == vista) ultima.wait(vista), mirada = ahora();
             dormirHasta(mirada + OJEADA);
             Franja franja = mirar();
             const double instante = ahora();

@@ -55,13 +55,10 @@ def multiplos(filas):
 
 
 def tardanzas(escena, par, ritmo):
-    """What never came to be seen took for ever."""
-    todas = serie(escena, par, lambda u: u["tardanza"][ritmo])
-    return sorted(ms for una in todas for ms in una["ms"] + [math.inf] * una["sin_ver"])
-
-
-def centil(valores, parte):
-    return valores[math.ceil(len(valores) * parte) - 1] if valores else math.inf
+    """Median and 95 % of each round. What never came to be seen took for ever."""
+    vueltas = [sorted(una["ms"] + [math.inf] * una["sin_ver"]) for una in serie(escena, par, lambda u: u["tardanza"][ritmo])]
+    centil = lambda parte: [una[math.ceil(len(una) * parte) - 1] for una in vueltas]
+    return centil(.5), centil(.95)
 
 
 def parejas(escenas, ritmos=RITMOS):
@@ -73,10 +70,10 @@ def tabla_tardanza():
     for nombre, escena, ritmo in parejas(ESCENAS):
         fila = [nombre]
         for par in NOMBRES:
-            todas = tardanzas(escena, par, ritmo)
-            fila.append(f"{cifra(centil(todas, .5))} / {cifra(centil(todas, .95))} ms" if todas else "-")
+            medianas, altas = tardanzas(escena, par, ritmo)
+            fila.append(f"{cifra(statistics.median(medianas))} / {abanico(altas)}" if altas else "-")
         filas.append(fila)
-    return tabla(["median / 95 %", *NOMBRES.values()], filas)
+    return tabla(["ms, median / 95 %", *NOMBRES.values()], filas)
 
 
 def tabla_absoluta():
@@ -145,9 +142,9 @@ def limites():
                       f"{cifra(mediana('todos', p, 'sorvanel', todo['10']))})",
                       mediana("todos", p, "sorvanel", gasto("10", "propio")), n, True)
                for p, n in (("kiosco", 10), ("tk", 2))]
-    salida += [alguna(f"latency at 95 %, {nombre}, ms", centil(tardanzas(e, "sorvanel", r), .95), 16)
+    salida += [alguna(f"latency at 95 %, {nombre}, ms", statistics.median(tardanzas(e, "sorvanel", r)[1]), 16)
                for nombre, e, r in parejas(ESCENAS)]
-    salida += [alguna(f"latency at the median, {nombre}, ms", centil(tardanzas(e, "sorvanel", r), .5), 2)
+    salida += [alguna(f"latency at the median, {nombre}, ms", statistics.median(tardanzas(e, "sorvanel", r)[0]), 2)
                for nombre, e, r in parejas(("uno", "grande"))]
     vacia = statistics.median(serie("ventana", "ventana", lambda u: u["primera"]))
     salida += [alguna("first weight, 1 display, over an empty window's start", statistics.median(serie(
@@ -166,11 +163,14 @@ def main():
         print(f"   {'met    ' if bien else 'NOT MET'} {texto}")
     udp = parejas(("ocho", "todos", "grande"))
     memoria = lambda una: una["pss"]["propio"]
+    latencias = [una["tardanza"][r] for una in MEDIDAS if "tardanza" in una for r in RITMOS]
     campos = {
         "veces": len(serie("todos", "sorvanel", len)), "nucleos": os.cpu_count(),
         "gigas": round(os.sysconf("SC_PHYS_PAGES") * os.sysconf("SC_PAGE_SIZE") / 2**30),
-        "hueco": cifra(statistics.median(una["tardanza"][r]["hueco"] for una in MEDIDAS if "tardanza" in una for r in RITMOS)),
-        "sin_ver": sum(una["tardanza"][r]["sin_ver"] for una in MEDIDAS if "tardanza" in una for r in RITMOS),
+        "hueco": cifra(statistics.median(una["hueco"] for una in latencias)),
+        "sin_ver": sum(una["sin_ver"] for una in latencias), "latencias": len(latencias),
+        "repetidas": sum(una["intentos"] > 1 for una in latencias),
+        "robadas": sum(una["robada"] for una in latencias),
         "procesador": multiplos([(n, e, gasto(r, "propio", "wine"), "s") for n, e, r in udp]),
         "solo": multiplos([(n, e, gasto(r, "propio"), "s") for n, e, r in udp]),
         "enlace": multiplos([(n, e, gasto(r, "propio", "wine"), "s") for n, e, r in parejas(["compartido"])]),
