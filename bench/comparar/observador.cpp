@@ -5,8 +5,9 @@
 //   arranca COMMAND   milliseconds until the first and until all weights are seen, and the process's number
 //   envia RATE SECS   readings sent
 //   aprende           "bien", or what is wrong: how each reading of the cycle looks
-//   mide RATE SECS    milliseconds from sending to the screen, one a reading; the poll's median gap and how many never
-//   came first inunda RATE SECS  datagrams thrown away, and displays that do not show the last reading without a resend
+//   mide RATE SECS    the looks' median gap, how many readings never came, and milliseconds from sending to the screen,
+//                     one a reading
+//   inunda RATE SECS  datagrams thrown away, and displays that do not show the last reading without a resend
 
 #include <X11/Xlib.h>
 #include <X11/extensions/XShm.h>

@@ -200,6 +200,8 @@ Rectangulo PinturaVisor::cambiado(const LetrasPeso::Letra& letra, float x) {
     const float vuelo = m_encaje.anchoCero * VUELO;
     const float izquierda = std::max(x + m_letras.ancho(ahora.substr(0, desde)) - vuelo, 0.0F);
     const float derecha = std::min(x + m_letras.ancho(ahora.substr(0, hasta)) + vuelo, m_encaje.derecha);
+    // Who paints the whole width paints the whole line: what lies under it is forgotten then.
+    if (derecha - izquierda >= m_encaje.derecha) return {0, arriba, m_encaje.derecha, alto};
     // Above and below the ink of both texts there is nothing but ground: on a large screen a third of the line.
     const float borde = 2 * m_pixel;
     const float techo = std::max(letra.y + letra.tintaSuperior - borde, arriba);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "doubles/superficieDoble.h"
 
@@ -22,6 +23,10 @@ public:
         SuperficieDoble::caja(zona, color);
         const bool fondo = color == colorFondo();
         anotar(zona.x, zona.derecha(), (fondo ? "" : lineas().back()) + "#" + std::to_string(color), fondo);
+        // A line that is covered in its whole width, but not in its height, would be painted under the next for ever.
+        if (m_linea.ancho > 0 && zona.x <= m_linea.x && zona.derecha() >= m_linea.derecha() &&
+            (zona.y > m_linea.y || zona.abajo() < m_linea.abajo()))
+            anotar(0, 15, "remains", false);
     }
     void poligono(std::span<const Punto> vertices, Color color) override {
         SuperficieDoble::poligono(vertices, color);
@@ -30,6 +35,8 @@ public:
     void imprimir(float x, float y, std::string_view texto, Color color) override {
         SuperficieDoble::imprimir(x, y, texto, color);
         letras(TODA, x, texto, color);
+        const float arriba = std::max(y, 0.0F), abajo = std::min(y + medir(texto).alto, lugar().alto);
+        m_linea = {x, arriba, medir(texto).ancho, abajo - arriba};
     }
     void imprimirEn(const Rectangulo& zona, float x, float y, std::string_view texto, Color color) override {
         SuperficieDoble::imprimirEn(zona, x, y, texto, color);
@@ -38,6 +45,12 @@ public:
         if (zona.y > y + m.tintaSuperior || zona.abajo() < y + m.tintaInferior)
             anotar(zona.x, zona.derecha(), "cut", false);
     }
+    void cambiarTexto(const Rectangulo& zona, Color fondo, float x, float y, std::string_view texto,
+                      Color color) override {
+        const Rectangulo linea = std::exchange(m_linea, {});  // it stays the one that stands there
+        SuperficieDoble::cambiarTexto(zona, fondo, x, y, texto, color);
+        m_linea = linea;
+    }
     void desplazar(float twips) override {
         SuperficieDoble::desplazar(twips);
         puntos.erase(puntos.begin(), puntos.begin() + static_cast<std::ptrdiff_t>(pixelDe(twips)));
@@ -45,6 +58,7 @@ public:
     }
 
 private:
+    Rectangulo m_linea;  // printed last
     static constexpr Rectangulo TODA{0, 0, 1200 * TWIPS_POR_PIXEL, 1e9F};
 
     static std::size_t pixelDe(float twips) {

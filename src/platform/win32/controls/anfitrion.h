@@ -32,8 +32,8 @@ struct RecursosVentanas {
 
     Tandas& tandas;
     FuentesWin fuentes;
-    CajaTipos tipos;
     Lienzo borrador;  // where a control is put together before it is shown: one for all, since they paint in turn
+    CajaTipos tipos{borrador};
     EstiloWin estilo;
     NombresAccesibles nombres;
     PulsacionesRaton pulsaciones;

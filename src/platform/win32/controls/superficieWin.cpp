@@ -50,6 +50,7 @@ void SuperficieWin::seguirLugar() {
 void SuperficieWin::mostrar(bool visible) {
     if (visible == m_visible || !m_anfitrion.ventana()) return;
     if (!visible) {
+        m_utiles.tipos.reset();
         mostrarSinActivar(false);
     } else if (hwnd()) {
         situar(lugarPixeles(), true);

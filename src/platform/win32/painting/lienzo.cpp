@@ -63,10 +63,10 @@ void Lienzo::ponerOrigen(POINT punto) {
     SetViewportOrgEx(m_dc.get(), -punto.x, -punto.y, nullptr);
 }
 
-void llenarZona(HDC destino, const RECT& zona, COLORREF color) {
-    if (zona.right <= zona.left || zona.bottom <= zona.top) return;
+bool llenarZona(HDC destino, const RECT& zona, COLORREF color) {
+    if (zona.right <= zona.left || zona.bottom <= zona.top) return true;
     SetBkColor(destino, color);
-    ExtTextOutW(destino, 0, 0, ETO_OPAQUE, &zona, L"", 0, nullptr);
+    return ExtTextOutW(destino, 0, 0, ETO_OPAQUE, &zona, L"", 0, nullptr) != 0;
 }
 
 }  // namespace sorvanel

@@ -10,8 +10,8 @@
 
 namespace sorvanel {
 
-// The background of an empty text: a filled box for which no brush is made.
-void llenarZona(HDC destino, const RECT& zona, COLORREF color);
+// The background of an empty text: a filled box for which no brush is made. False where the system fails.
+bool llenarZona(HDC destino, const RECT& zona, COLORREF color);
 
 // A picture in memory with a device context to paint on it, device pixels.
 class Lienzo {
@@ -30,7 +30,7 @@ public:
     void dimensionar(int ancho, int alto, COLORREF fondo, bool conservar);
     // At least that size; the picture is undefined when it had to grow. For passing use.
     void alcanzar(int ancho, int alto);
-    void llenar(const RECT& zona, COLORREF color) { llenarZona(dc(), zona, color); }
+    bool llenar(const RECT& zona, COLORREF color) { return llenarZona(dc(), zona, color); }
     // In which is printed and measured from now on, unless another is selected meanwhile.
     void letra(const std::shared_ptr<FuenteWin>& fuente) { m_letra.poner(m_dc.get(), fuente); }
     // While it lives, what is painted at that point comes to the picture's top-left corner.

@@ -107,13 +107,8 @@ bool ListaPintura::pintarDeUnaVez(HDC destino, const RECT& zona, UtilesDC& utile
         if (solo || m_pasos[i].clase != Clase::texto || !cabe) return false;
         solo = &m_pasos[i];
     }
-    if (!solo) {
-        llenarZona(destino, zona, m_suelo);
-        return true;
-    }
-    if (Tipos* const tipos = utiles.tiposDe(solo->fuente, m_suelo, solo->color);
-        tipos && tipos->imprimir(destino, solo->inicio, solo->letras, zona))
-        return true;
+    if (!solo) return llenarZona(destino, zona, m_suelo);
+    if (utiles.copiarLetras(destino, solo->fuente, m_suelo, solo->color, solo->inicio, solo->letras, zona)) return true;
     SetBkColor(destino, m_suelo);
     SetBkMode(destino, TRANSPARENT);
     utiles.letra.poner(destino, solo->fuente);

@@ -217,7 +217,8 @@ void PinturaWin::volcarTrozo(HDC destino, const RECT& trozo) const {
     m_borrador.alcanzar(ancho, alto);
     if (!m_borrador.utilizable()) {
         // No memory: better nothing than what stood there, which would pass for what is meant now.
-        return llenarZona(destino, trozo, m_lista.suelo());
+        llenarZona(destino, trozo, m_lista.suelo());
+        return;
     }
     {
         const Lienzo::Origen origen(m_borrador, {trozo.left, trozo.top});

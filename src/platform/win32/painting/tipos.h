@@ -16,7 +16,7 @@ namespace sorvanel {
 class CajaTipos;
 
 // The letters of a weight in one font and two colours, each drawn once and copied from then on, like a printer's type:
-// to copy a digit takes the system a third of the time, on a large screen and on a small one. Opaque, device pixels.
+// to copy a digit takes less time than to draw it, on a large screen and on a small one. Opaque, device pixels.
 class Tipos {
 public:
     Tipos(CajaTipos& caja, std::shared_ptr<FuenteWin> fuente, COLORREF suelo, COLORREF color);
@@ -27,21 +27,24 @@ public:
     bool sonDe(const std::shared_ptr<FuenteWin>& fuente, COLORREF suelo, COLORREF color) const {
         return fuente == m_fuente && suelo == m_suelo && color == m_color;
     }
-    // What the zone holds of a line of text on bare ground; `inicio` is the line's top-left corner. False, and nothing
-    // painted, where there is no type for a letter, or the zone is higher than the types.
+    // What the zone holds of a line of text on bare ground; `inicio` is the line's top-left corner. It comes there in
+    // one copy: half a new weight beside half an old one would be a third one. False, and nothing painted, where there
+    // is no type for a letter, the zone is higher than the types, or the system fails.
     bool imprimir(HDC destino, POINT inicio, std::wstring_view letras, const RECT& zona);
 
 private:
     // Others are rare in a weight, and printed by the system.
     static constexpr std::wstring_view LETRAS = L"0123456789-+., ";
     struct Tipo {
-        bool intentado = false;
-        bool hecho = false;
+        bool negado = false;  // it leans out of its box, so that it is none that stands alone
+        int ancho = 0;        // 0: not made yet
         Lienzo lienzo;
     };
 
-    const Lienzo* tipo(wchar_t letra);
-    bool hacer(Tipo& tipo, wchar_t letra);
+    static bool haberlos(std::wstring_view letras) { return letras.find_first_not_of(LETRAS) == letras.npos; }
+    const Tipo* tipo(wchar_t letra);
+    void hacer(Tipo& tipo, wchar_t letra);
+    bool componer(Lienzo& galera, LONG x, std::wstring_view letras, const RECT& zona);
 
     CajaTipos& m_caja;
     const std::shared_ptr<FuenteWin> m_fuente;
@@ -54,6 +57,9 @@ private:
 // All types in use: surfaces with the same font and colours share them. They go with the last that uses them.
 class CajaTipos {
 public:
+    // Lines are put together on that picture, which outlives this.
+    explicit CajaTipos(Lienzo& borrador) : m_borrador(borrador) {}
+
     std::shared_ptr<Tipos> pedir(const std::shared_ptr<FuenteWin>& fuente, COLORREF suelo, COLORREF color);
 
 private:
@@ -61,6 +67,7 @@ private:
     // All digits of a weight that fills a screen of 3840 x 2160 pixels, or of as many smaller ones in as many colours.
     static constexpr std::size_t OCTETOS_MAXIMOS = std::size_t{24} * 1024 * 1024;
 
+    Lienzo& m_borrador;
     std::size_t m_octetos = 0;
     std::vector<std::weak_ptr<Tipos>> m_hechos;
 };
@@ -72,10 +79,9 @@ struct UtilesDC {
     CajaTipos* caja = nullptr;
     std::shared_ptr<Tipos> tipos;
 
-    Tipos* tiposDe(const std::shared_ptr<FuenteWin>& fuente, COLORREF suelo, COLORREF color) {
-        if (caja && !(tipos && tipos->sonDe(fuente, suelo, color))) tipos = caja->pedir(fuente, suelo, color);
-        return tipos.get();
-    }
+    // Tipos::imprimir, where there is a case; false also without memory.
+    bool copiarLetras(HDC destino, const std::shared_ptr<FuenteWin>& fuente, COLORREF suelo, COLORREF color,
+                      POINT inicio, std::wstring_view letras, const RECT& zona) noexcept;
 };
 
 }  // namespace sorvanel
