@@ -36,10 +36,12 @@ std::int16_t cfgVisor::paraLibre() {
     const auto sinSitio = [this](std::int16_t n) { return !uno(n)->ubicacion(); };
     const bool hecho = m_actual != 0 && m_actual == m_reciente && uno(m_actual)->port() > 0 && !sinSitio(m_actual);
     if (m_actual != 0 && !hecho) return m_actual;
-    for (std::int16_t n = 1; n <= pagina().cuantos(); ++n) {
-        if (m_actual != 0 || !sinSitio(n)) continue;
-        m_c->botNvo->enfocar();
-        return 0;
+    if (m_actual == 0) {
+        for (std::int16_t n = 1; n <= pagina().cuantos(); ++n) {
+            if (!sinSitio(n)) continue;
+            m_c->botNvo->enfocar();
+            return 0;
+        }
     }
     return nuevo() ? m_actual : std::int16_t{0};
 }
