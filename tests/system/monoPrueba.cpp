@@ -116,7 +116,8 @@ private:
         esperar([&] { return !IsWindow(caja); }, 2000);
     }
 
-    // All that can be pressed, but for the button that ends the program.
+    // All that can be pressed, but for the button that ends the program and the one that opens another, which would
+    // stay and take the keys of the tests to come.
     std::vector<HWND> alcanzables() {
         std::vector<HWND> controles;
         for (const HWND ventana : m_programa.proceso().ventanas()) {
@@ -126,7 +127,7 @@ private:
                 [](HWND uno, LPARAM dato) -> BOOL {
                     const int id = GetDlgCtrlID(uno);
                     const bool sirve = IsWindowVisible(uno) && IsWindowEnabled(uno) &&
-                                       id != numero(IdControl::botOff) &&
+                                       id != numero(IdControl::botOff) && id != numero(IdControl::botRegistro) &&
                                        (id < numero(IdControl::picRep) || id >= numero(IdControl::frVis));
                     if (sirve) reinterpret_cast<std::vector<HWND>*>(dato)->push_back(uno);
                     return TRUE;
