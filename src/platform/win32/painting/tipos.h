@@ -41,7 +41,9 @@ private:
         Lienzo lienzo;
     };
 
-    static bool haberlos(std::wstring_view letras) { return letras.find_first_not_of(LETRAS) == letras.npos; }
+    static bool haberlos(std::wstring_view letras) {
+        return letras.find_first_not_of(LETRAS) == std::wstring_view::npos;
+    }
     const Tipo* tipo(wchar_t letra);
     void hacer(Tipo& tipo, wchar_t letra);
     bool componer(Lienzo& galera, LONG x, std::wstring_view letras, const RECT& zona);
