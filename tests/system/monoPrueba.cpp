@@ -80,11 +80,13 @@ public:
         return m_programa.proceso().esperarFin(200) == 0U;
     }
 
-    // The last things that it did.
-    std::string huella() const {
+    // The last things that it did, and what it could press now.
+    std::string huella() {
         std::string texto;
         for (const std::string& acto : m_actos) texto += "\n  " + acto;
-        return texto;
+        texto += "\n  now:";
+        for (const HWND control : alcanzables()) texto += ' ' + std::to_string(GetDlgCtrlID(control));
+        return texto + (m_aceptado ? " accepted " : " ") + m_programa.caja().texto();
     }
 
 private:
