@@ -52,7 +52,7 @@ void Tipos::hacer(Tipo& tipo, wchar_t letra) {
 }
 
 bool Tipos::imprimir(HDC destino, POINT inicio, std::wstring_view letras, const RECT& zona) {
-    if (!haberlos(letras) || zona.top < inicio.y + m_arriba || zona.bottom > inicio.y + m_abajo) return false;
+    if (zona.top < inicio.y + m_arriba || zona.bottom > inicio.y + m_abajo) return false;
     for (const wchar_t letra : letras)
         if (!tipo(letra)) return false;
     Lienzo& galera = m_caja.m_borrador;
@@ -97,7 +97,7 @@ std::shared_ptr<Tipos> CajaTipos::pedir(const std::shared_ptr<FuenteWin>& fuente
 // Called where nobody would catch anything: at the end of a batch.
 bool UtilesDC::copiarLetras(HDC destino, const std::shared_ptr<FuenteWin>& fuente, COLORREF suelo, COLORREF color,
                             POINT inicio, std::wstring_view letras, const RECT& zona) noexcept {
-    if (!caja) return false;
+    if (!caja || !Tipos::haberlos(letras)) return false;
     try {
         if (!(tipos && tipos->sonDe(fuente, suelo, color))) tipos = caja->pedir(fuente, suelo, color);
         return tipos->imprimir(destino, inicio, letras, zona);

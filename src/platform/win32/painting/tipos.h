@@ -24,12 +24,17 @@ public:
     Tipos(const Tipos&) = delete;
     Tipos& operator=(const Tipos&) = delete;
 
+    // Whether there can be types for all of them: captions need none made.
+    static bool haberlos(std::wstring_view letras) {
+        return letras.find_first_not_of(LETRAS) == std::wstring_view::npos;
+    }
     bool sonDe(const std::shared_ptr<FuenteWin>& fuente, COLORREF suelo, COLORREF color) const {
         return fuente == m_fuente && suelo == m_suelo && color == m_color;
     }
     // What the zone holds of a line of text on bare ground; `inicio` is the line's top-left corner. It comes there in
-    // one copy: half a new weight beside half an old one would be a third one. False, and nothing painted, where there
-    // is no type for a letter, the zone is higher than the types, or the system fails.
+    // one copy: half a new weight beside half an old one would be a third one. All letters must be such that haberlos()
+    // agrees. False, and nothing painted, where one cannot be made, the zone is higher than the types, or the system
+    // fails.
     bool imprimir(HDC destino, POINT inicio, std::wstring_view letras, const RECT& zona);
 
 private:
@@ -41,9 +46,6 @@ private:
         Lienzo lienzo;
     };
 
-    static bool haberlos(std::wstring_view letras) {
-        return letras.find_first_not_of(LETRAS) == std::wstring_view::npos;
-    }
     const Tipo* tipo(wchar_t letra);
     void hacer(Tipo& tipo, wchar_t letra);
     bool componer(Lienzo& galera, LONG x, std::wstring_view letras, const RECT& zona);
