@@ -41,7 +41,8 @@ namespace {
 constexpr int BARRA = 32;   // pixels that the button bar of the measured program takes, below the grid
 constexpr int FRANJA = 16;  // rows of pixels looked at, in the middle of a cell
 constexpr std::uint32_t VERDE = 0x00FF00;
-constexpr double OJEADA = 0.0005;  // seconds between two looks
+constexpr double OJEADA = 0.0005;             // seconds between two looks
+constexpr double OJEADA_AL_ARRANCAR = 0.002;  // at all displays: more often would take a processor from who starts
 
 struct Reticula {
     int ancho, alto, filas, columnas;
@@ -163,7 +164,7 @@ private:
         }
         m_arrancado = true;
         double primera = 0, ronda = inicio;
-        for (long vistas = 0; vistas < m_reticula.visores(); dormirHasta(ahora() + OJEADA)) {
+        for (long vistas = 0; vistas < m_reticula.visores(); dormirHasta(ahora() + OJEADA_AL_ARRANCAR)) {
             if (ahora() > inicio + 30) {
                 kill(-hijo, SIGTERM);
                 throw std::runtime_error("weights seen after 30 seconds: " + std::to_string(vistas));

@@ -146,11 +146,11 @@ def limites():
                for nombre, e, r in parejas(ESCENAS)]
     salida += [alguna(f"latency at the median, {nombre}, ms", statistics.median(tardanzas(e, "sorvanel", r)[0]), 2)
                for nombre, e, r in parejas(("uno", "grande"))]
-    vacia = statistics.median(serie("ventana", "ventana", lambda u: u["primera"]))
+    vacia = statistics.median(serie("ventana", "ventana", lambda u: u["arranque"]["primera"]))
     salida += [alguna("first weight, 1 display, over an empty window's start", statistics.median(serie(
-        "uno", "sorvanel", lambda u: u["primera"])) / vacia, 1.6), alguna(
+        "uno", "sorvanel", lambda u: u["arranque"]["primera"])) / vacia, 1.6), alguna(
         "the 64th weight, over an empty window's start", statistics.median(serie(
-            "todos", "sorvanel", lambda u: u["todas"])) / vacia, 2.5)]
+            "todos", "sorvanel", lambda u: u["arranque"]["todas"])) / vacia, 2.5)]
     salida.append(alguna("memory with 64 displays, MB", statistics.median(
         serie("todos", "sorvanel", lambda u: u["pss"]["propio"])), 14))
     perdidas = sum(serie("todos", "sorvanel", lambda u: sum(u["inunda"])) + serie("compartido", "sorvanel", lambda u: u["inunda"][1]))
@@ -164,13 +164,14 @@ def main():
     udp = parejas(("ocho", "todos", "grande"))
     memoria = lambda una: una["pss"]["propio"]
     latencias = [una["tardanza"][r] for una in MEDIDAS if "tardanza" in una for r in RITMOS]
+    intentadas = latencias + [una["arranque"] for una in MEDIDAS]
     campos = {
         "veces": len(serie("todos", "sorvanel", len)), "nucleos": os.cpu_count(),
         "gigas": round(os.sysconf("SC_PHYS_PAGES") * os.sysconf("SC_PAGE_SIZE") / 2**30),
         "hueco": cifra(statistics.median(una["hueco"] for una in latencias)),
-        "sin_ver": sum(una["sin_ver"] for una in latencias), "latencias": len(latencias),
-        "repetidas": sum(una["intentos"] > 1 for una in latencias),
-        "robadas": sum(una["robada"] for una in latencias),
+        "sin_ver": sum(una["sin_ver"] for una in latencias), "intentadas": len(intentadas),
+        "repetidas": sum(una["intentos"] > 1 for una in intentadas),
+        "robadas": sum(una["robada"] for una in intentadas),
         "procesador": multiplos([(n, e, gasto(r, "propio", "wine"), "s") for n, e, r in udp]),
         "solo": multiplos([(n, e, gasto(r, "propio"), "s") for n, e, r in udp]),
         "enlace": multiplos([(n, e, gasto(r, "propio", "wine"), "s") for n, e, r in parejas(["compartido"])]),
@@ -178,10 +179,10 @@ def main():
         "memoria": multiplos([(ESCENAS[e], e, memoria, "MB") for e in ESCENAS]),
         "fondo": cifra(statistics.median(serie("todos", "sorvanel", lambda u: u["pss"]["wine"]))),
         "procesos": cifra(statistics.median(serie("todos", "kiosco", lambda u: u["pss"]["procesos"]))),
-        "arranque": multiplos([(f"{ESCENAS[e]}, {'first' if c == 'primera' else 'all'}", e, lambda u, c=c: u[c], "ms")
+        "arranque": multiplos([(f"{ESCENAS[e]}, {'first' if c == 'primera' else 'all'}", e, lambda u, c=c: u["arranque"][c], "ms")
                                for e in ("uno", "todos", "grande") for c in ("primera", "todas")
                                if e == "todos" or c == "primera"]),
-        "vacia": cifra(statistics.median(serie("ventana", "ventana", lambda u: u["primera"]))),
+        "vacia": cifra(statistics.median(serie("ventana", "ventana", lambda u: u["arranque"]["primera"]))),
         "limites": tabla(["limit", "met"], [[texto, "yes" if bien else "**no**"] for texto, bien in cumplidos]),
     }
     plantilla = pathlib.Path(__file__).with_name("pagina.md").read_text(encoding="utf-8")

@@ -65,6 +65,8 @@ public:
     virtual void alMoverRaton(int) {}
     // An arrow key on a button of a bar: 1 the next in keyboard order, -1 the one before.
     virtual void pasarFoco(const ControlWin&, int) {}
+    // Beneath which of its children a new surface belongs, as far as is known when it is made.
+    virtual HWND sobreElSuelo() const { return HWND_BOTTOM; }
     // It was pressed on that surface, there within the window.
     virtual void alPulsarSuperficie(const SuperficieWin&, POINT) {}
     // The mouse was pressed where there is nothing to press.

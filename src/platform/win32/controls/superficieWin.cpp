@@ -151,6 +151,13 @@ LRESULT SuperficieWin::copiarLeyenda(WPARAM capacidad, LPARAM destino) const {
 
 LRESULT SuperficieWin::alMensaje(UINT mensaje, WPARAM w, LPARAM l) {
     switch (mensaje) {
+        case WM_CREATE:
+            // Before it is seen: the system puts it beneath all others, the ground too, and to raise it afterwards
+            // would paint both again.
+            ponerDebajo(hwnd(), m_anfitrion.sobreElSuelo());
+            return 0;
+        case WM_NCPAINT:
+            return 0;  // it has no frame, and the system would get a device context to paint none
         case WM_PAINT:
             alPintar();
             return 0;

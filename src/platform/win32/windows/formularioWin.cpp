@@ -256,6 +256,7 @@ void FormularioWin::apilar() {
         ponerDebajo(superficie, encima);
         encima = superficie;
     }
+    m_sobreElSuelo = encima;
     ponerDebajo(GetDlgItem(hwnd(), numero(IdControl::picRep)), HWND_BOTTOM);
 }
 
