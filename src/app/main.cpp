@@ -27,7 +27,6 @@ namespace {
 // Everything that there is one of. Later members use earlier ones and go before them.
 struct Composicion {
     SesionWinsock winsock;
-    SesionOLE ole;
     ProgramaWin programa;
     ArchivosWin archivos;
     MonitoresWin monitores;

@@ -111,18 +111,20 @@ TEST_F(Configurar, SituarMoverEIntercambiarConElRaton) {
     EXPECT_TRUE(esperar([&] { return foco(programa.ventana()) == visores.control(IdControl::txPort, 2); }));
     arrastrarEnPantalla(en(2, 1), en(2, 2));
     ASSERT_TRUE(visores.esperarTexto(IdControl::txUbi, 2, "2,2"));
-    // Shown while it is dragged; then Escape, and nothing of it is done.
-    std::string dicho;
-    arrastrarEnPantalla(en(1, 1), en(1, 2), [&] {
-        EXPECT_TRUE(esperar([&] { return programa.seVe(IdControl::picMarca, 4); }));
-        dicho = programa.texto(IdControl::picMarca, 4);
-        // Above the display, too.
-        const HWND lado = programa.control(IdControl::picMarca, 3);
-        EXPECT_TRUE(esperar([&] { return Fotografia(lado).cuantos(0xC45C0B) > 100; }));
-        teclear(programa.ventana(), VK_ESCAPE);
-        EXPECT_TRUE(esperar([&] { return !programa.seVe(IdControl::picMarca, 4); }));
-    });
-    EXPECT_EQ(dicho, "Intercambiar #1 y #3");
+    // Shown while it is dragged, each time; then Escape, and nothing of it is done.
+    for (int vez = 1; vez <= 2; ++vez) {
+        std::string dicho;
+        arrastrarEnPantalla(en(1, 1), en(1, 2), [&] {
+            EXPECT_TRUE(esperar([&] { return programa.seVe(IdControl::picMarca, 4); })) << vez;
+            dicho = programa.texto(IdControl::picMarca, 4);
+            // Above the display, too.
+            const HWND lado = programa.control(IdControl::picMarca, 3);
+            EXPECT_TRUE(esperar([&] { return Fotografia(lado).cuantos(0xC45C0B) > 100; }));
+            teclear(programa.ventana(), VK_ESCAPE);
+            EXPECT_TRUE(esperar([&] { return !programa.seVe(IdControl::picMarca, 4); }));
+        });
+        EXPECT_EQ(dicho, "Intercambiar #1 y #3");
+    }
     arrastrarEnPantalla(en(1, 1), en(1, 2));
     ASSERT_TRUE(visores.esperarTexto(IdControl::txUbi, 1, "1,2"));
     EXPECT_TRUE(visores.esperarTexto(IdControl::txUbi, 3, "1,1"));

@@ -262,8 +262,8 @@ private:
 
 }  // namespace
 
-AccesibleVentana::AccesibleVentana(const FuenteElementos& fuente)
-    : m_fuente(std::make_shared<const FuenteElementos*>(&fuente)) {}
+AccesibleVentana::AccesibleVentana(const FuenteElementos& fuente, SesionOLE& ole)
+    : m_fuente(std::make_shared<const FuenteElementos*>(&fuente)), m_ole(ole) {}
 
 AccesibleVentana::~AccesibleVentana() {
     desligar();
@@ -271,6 +271,7 @@ AccesibleVentana::~AccesibleVentana() {
 
 LRESULT AccesibleVentana::responder(WPARAM wParam, LPARAM lParam) noexcept try {
     if (static_cast<LONG>(lParam) != OBJID_CLIENT || !*m_fuente) return 0;
+    m_ole.abrir();
     if (!m_servicio) m_servicio = std::make_unique<Servicio>();
     if (!m_servicio->completo()) return 0;
     void* deSistema = nullptr;

@@ -6,6 +6,8 @@
 #include <memory>
 #include <string>
 
+#include "platform/win32/base/sesionOLE.h"
+
 namespace sorvanel {
 
 // What a window paints itself although it is a control to everybody else: a label or a group frame.
@@ -29,14 +31,14 @@ protected:
 
 // Shows them to screen readers, user-interface automation and the like: what these know of the
 // window stays the system's own answer, and the painted elements join it as children without a
-// window, each under its control's number. OLE must have been initialised on the window's thread.
+// window, each under its control's number.
 //
 // Whoever changes a text or shows or hides an element says so with NotifyWinEvent(…, OBJID_CLIENT,
 // number), as the system does by itself where there is a window.
 class AccesibleVentana {
 public:
-    // The source outlives it, or desligar() is called before the source goes.
-    explicit AccesibleVentana(const FuenteElementos& fuente);
+    // The source outlives it, or desligar() is called before the source goes; the session does.
+    AccesibleVentana(const FuenteElementos& fuente, SesionOLE& ole);
     AccesibleVentana(const AccesibleVentana&) = delete;
     AccesibleVentana& operator=(const AccesibleVentana&) = delete;
     ~AccesibleVentana();
@@ -53,6 +55,7 @@ private:
     struct Servicio;
 
     std::shared_ptr<const FuenteElementos*> m_fuente;
+    SesionOLE& m_ole;
     std::unique_ptr<Servicio> m_servicio;
 };
 

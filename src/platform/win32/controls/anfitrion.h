@@ -10,6 +10,7 @@
 #include "platform/win32/base/escala.h"
 #include "platform/win32/base/estiloWin.h"
 #include "platform/win32/base/pulsacionesRaton.h"
+#include "platform/win32/base/sesionOLE.h"
 #include "platform/win32/base/tandas.h"
 #include "platform/win32/base/ventanaWin.h"
 #include "platform/win32/controls/accesible.h"
@@ -35,7 +36,8 @@ struct RecursosVentanas {
     Lienzo borrador;  // where a control is put together before it is shown: one for all, since they paint in turn
     CajaTipos tipos{borrador};
     EstiloWin estilo;
-    NombresAccesibles nombres;
+    SesionOLE ole;
+    NombresAccesibles nombres{ole};
     PulsacionesRaton pulsaciones;
     apariencia::Paleta paleta = apariencia::paletaDelSistema();
     Fuente letra = fuenteInterfaz(aTwips(apariencia::ALTO_LETRA));
@@ -65,7 +67,7 @@ public:
     virtual void alMoverRaton(int) {}
     // An arrow key on a button of a bar: 1 the next in keyboard order, -1 the one before.
     virtual void pasarFoco(const ControlWin&, int) {}
-    // Beneath which of its children a new surface belongs, as far as is known when it is made.
+    // Beneath which of its children a new surface is put until all are put into their order.
     virtual HWND sobreElSuelo() const { return HWND_BOTTOM; }
     // It was pressed on that surface, there within the window.
     virtual void alPulsarSuperficie(const SuperficieWin&, POINT) {}
@@ -128,7 +130,7 @@ private:
     std::vector<SuperficieWin*> m_superficies;
     ElementoWin* m_apretado = nullptr;  // the label that the mouse went down on
     bool m_apiladoPendiente = false;
-    AccesibleVentana m_accesible{*this};
+    AccesibleVentana m_accesible{*this, m_recursos.ole};
 };
 
 }  // namespace sorvanel

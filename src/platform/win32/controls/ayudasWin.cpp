@@ -96,6 +96,7 @@ NombresAccesibles::~NombresAccesibles() {
 void NombresAccesibles::poner(HWND control, const std::wstring& nombre) {
     if (nombre.empty() && !m_servicio) return;
     void* servicio = nullptr;
+    m_ole.abrir();
     if (!std::exchange(m_pedido, true) &&
         SUCCEEDED(CoCreateInstance(SERVICIO, nullptr, CLSCTX_INPROC_SERVER, INTERFAZ, &servicio))) {
         m_servicio = static_cast<IAccPropServices*>(servicio);

@@ -7,6 +7,7 @@
 
 #include "platform/win32/base/estiloWin.h"
 #include "platform/win32/base/manejadores.h"
+#include "platform/win32/base/sesionOLE.h"
 
 struct IAccPropServices;
 
@@ -53,10 +54,11 @@ private:
 };
 
 // Names for screen readers where a control's own text is something else: what stands in a text box
-// is its value, not what it is called. COM must have been initialised.
+// is its value, not what it is called.
 class NombresAccesibles {
 public:
-    NombresAccesibles() = default;
+    // The session outlives it.
+    explicit NombresAccesibles(SesionOLE& ole) : m_ole(ole) {}
     ~NombresAccesibles();
     NombresAccesibles(const NombresAccesibles&) = delete;
     NombresAccesibles& operator=(const NombresAccesibles&) = delete;
@@ -65,6 +67,7 @@ public:
     void poner(HWND control, const std::wstring& nombre);
 
 private:
+    SesionOLE& m_ole;
     bool m_pedido = false;
     IAccPropServices* m_servicio = nullptr;
 };

@@ -60,18 +60,25 @@ void SuperficieWin::mostrar(bool visible) {
     m_visible = visible;
 }
 
-// The system takes longer to make, to place and to show a window than to do all three at once.
+// It is shown, in its place above the ground, without the system's painting, and painted here: to be asked for it costs
+// more than all the rest, with the frame that it has not, the ground that it erases itself, and what comes to lie
+// above.
 void SuperficieWin::crearVentana() {
     MoldeVentana molde;
     molde.clase = CLASE;
     molde.conDC = true;
-    molde.estilo = WS_CHILD | WS_CLIPSIBLINGS | WS_VISIBLE;
+    molde.estilo = WS_CHILD | WS_CLIPSIBLINGS;
     molde.sitio = lugarPixeles();
     molde.padre = m_anfitrion.ventana();
     molde.id = m_id;
     crear(molde);
     m_anfitrion.pedirApilado();
     if (!m_sugerencia.empty()) m_anfitrion.sugerencias().poner(hwnd(), aAncho(m_sugerencia));
+    if (!SetWindowPos(hwnd(), m_anfitrion.sobreElSuelo(), 0, 0, 0, 0,
+                      SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER | SWP_NOREDRAW | SWP_SHOWWINDOW)) {
+        mostrarSinActivar(true);
+    }
+    if (!volcarDePaso(entero())) invalidar();
 }
 
 bool SuperficieWin::hasDC() const {
@@ -112,13 +119,22 @@ void SuperficieWin::volcarPendiente() {
     m_anotada = false;
     const RECT zona = std::exchange(m_pendiente, RECT{});
     if (IsRectEmpty(&zona) || !hwnd() || !IsWindowVisible(hwnd())) return;
-    if (!m_dc) m_dc.tomar(hwnd());
-    if (m_dc) {
-        volcar(m_dc.get(), zona, m_utiles);
-    } else {
-        invalidar(&zona);
-    }
+    const bool primera = !std::exchange(m_estrenada, true);
+    if (!(primera ? volcarDePaso(zona) : volcarEnLaSuya(zona))) invalidar(&zona);
     avisarLeyenda();
+}
+
+bool SuperficieWin::volcarEnLaSuya(const RECT& zona) {
+    if (!m_dc) m_dc.tomar(hwnd());
+    if (m_dc) volcar(m_dc.get(), zona, m_utiles);
+    return static_cast<bool>(m_dc);
+}
+
+bool SuperficieWin::volcarDePaso(const RECT& zona) const {
+    const DCVentana dc(hwnd(), DCX_CACHE | DCX_CLIPSIBLINGS);
+    UtilesDC utiles;
+    if (dc) volcar(dc.get(), zona, utiles);
+    return static_cast<bool>(dc);
 }
 
 void SuperficieWin::alPintar() {
@@ -151,13 +167,6 @@ LRESULT SuperficieWin::copiarLeyenda(WPARAM capacidad, LPARAM destino) const {
 
 LRESULT SuperficieWin::alMensaje(UINT mensaje, WPARAM w, LPARAM l) {
     switch (mensaje) {
-        case WM_CREATE:
-            // Before it is seen: the system puts it beneath all others, the ground too, and to raise it afterwards
-            // would paint both again.
-            ponerDebajo(hwnd(), m_anfitrion.sobreElSuelo());
-            return 0;
-        case WM_NCPAINT:
-            return 0;  // it has no frame, and the system would get a device context to paint none
         case WM_PAINT:
             alPintar();
             return 0;

@@ -36,6 +36,10 @@ private:
     void volcarPendiente() override;
     LRESULT alMensaje(UINT mensaje, WPARAM w, LPARAM l) override;
     void alPintar();
+    // To the window, by its own device context, made for it and kept, or by one that all use in turn: dearer each time,
+    // but there already. False where there is none.
+    bool volcarEnLaSuya(const RECT& zona);
+    bool volcarDePaso(const RECT& zona) const;
     void crearVentana();
     void seguirLugar();
     LRESULT copiarLeyenda(WPARAM capacidad, LPARAM destino) const;
@@ -46,6 +50,7 @@ private:
     const int m_id;
     RECT m_pendiente{};  // painted since the last copy, within a batch
     bool m_anotada = false;
+    bool m_estrenada = false;  // a batch was copied: so more will come
     DCVentana m_dc;
     UtilesDC m_utiles;  // of that
     bool m_visible = false;

@@ -2,8 +2,6 @@
 
 #include <windows.h>
 #include <winsock2.h>
-// After windows.h, whose types it uses.
-#include <ole2.h>
 
 #include <stdexcept>
 
@@ -30,20 +28,6 @@ public:
     ~SesionWinsock() { WSACleanup(); }
     SesionWinsock(const SesionWinsock&) = delete;
     SesionWinsock& operator=(const SesionWinsock&) = delete;
-};
-
-// COM for the one thread, which the system's dialogs, clipboard and accessibility use.
-class SesionOLE {
-public:
-    SesionOLE() : m_bien(SUCCEEDED(OleInitialize(nullptr))) {}
-    ~SesionOLE() {
-        if (m_bien) OleUninitialize();
-    }
-    SesionOLE(const SesionOLE&) = delete;
-    SesionOLE& operator=(const SesionOLE&) = delete;
-
-private:
-    bool m_bien;
 };
 
 }  // namespace sorvanel

@@ -26,7 +26,7 @@ private:
     std::vector<COLORREF> m_propios;  // the user has made them there, the last one first; while the program runs
 };
 
-// Makes the tool windows. COM must have been initialised.
+// Makes the tool windows.
 class FabricaDialogosWin final : public FabricaDialogos {
 public:
     FabricaDialogosWin(RecursosVentanas& recursos, Bucle& bucle, AvisosWin& avisos, HWND propietaria)

@@ -18,7 +18,7 @@ public:
     void recortar(HWND ventana, std::span<const RectPixel> zonas);
     // The system forgets who is on top when the task bar or the monitors come anew.
     void reafirmar(HWND ventana) const;
-    // A task bar that is new does not know who covers it. COM must be there.
+    // A task bar that is new does not know who covers it. OLE must be open.
     void anunciar(HWND ventana) const;
 
 private:

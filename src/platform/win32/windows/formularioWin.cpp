@@ -255,8 +255,8 @@ void FormularioWin::apilar() {
         if (!superficie) continue;
         ponerDebajo(superficie, encima);
         encima = superficie;
+        if (id == IdControl::picBot) m_barra = superficie;
     }
-    m_sobreElSuelo = encima;
     ponerDebajo(GetDlgItem(hwnd(), numero(IdControl::picRep)), HWND_BOTTOM);
 }
 
@@ -292,7 +292,10 @@ void FormularioWin::alSuceder(Suceso suceso) {
     if (suceso == Suceso::ninguno) return;
     const bool sueno = suceso == Suceso::duerme || suceso == Suceso::despierta;
     if (sueno && m_oyente) m_oyente->alDormir(suceso == Suceso::duerme);
-    if (suceso == Suceso::barraNueva) m_forma.anunciar(hwnd());
+    if (suceso == Suceso::barraNueva) {
+        recursos().ole.abrir();
+        m_forma.anunciar(hwnd());
+    }
     // Monitors sleep too.
     if (suceso != Suceso::duerme) cambioDeMonitores();
 }
