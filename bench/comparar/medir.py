@@ -17,6 +17,7 @@ CARPETA, SERVIDOR_X = pathlib.Path(sys.argv[5]), int(sys.argv[6])
 BARRA, PUERTO = 32, 21000
 RITMOS = (10, 50)  # readings a second of each display
 INUNDACION = 100
+REPOSO = 0.5  # seconds before a start: what the program before left is cleared away meanwhile
 ROBO_MAXIMO = 0.02  # of one processor's time, in a measurement of latency or of the start
 PREFIJO = os.environ["WINEPREFIX"]
 EJECUTABLE = CARPETA / "Comparado.exe"
@@ -150,6 +151,7 @@ class Visita:
     def arrancar(self):
         if self.sesion:
             terminar(self.sesion)
+        time.sleep(REPOSO)
         primera, todas, sesion = self.pedir("arranca", orden(self.escena, self.par)).split()
         self.sesion = int(sesion)
         return {"primera": float(primera), "todas": float(todas)}
