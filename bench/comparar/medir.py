@@ -112,10 +112,11 @@ def terminar(sesion):
             time.sleep(0.05)
 
 
-def mejor_intento(intentar):
+def mejor_intento(intentar, preparar=lambda: None):
     """The try from which the machine's host took least, where it took anything to speak of; beside it, how many there were."""
     intentos = []
     while len(intentos) < 3 and (not intentos or intentos[-1]["robo"] > ROBO_MAXIMO):
+        preparar()
         antes, inicio = robado(), time.monotonic()
         datos = intentar()
         intentos.append(datos | {"robo": (robado() - antes) / (time.monotonic() - inicio)})
@@ -148,10 +149,12 @@ class Visita:
         lecturas = int(self.pedir("envia", ritmo, SEGUNDOS))
         return {nombre: (cpu(ids) - antes[nombre]) / lecturas * 10000 for nombre, ids in grupos.items()}
 
-    def arrancar(self):
+    def despejar(self):
         if self.sesion:
             terminar(self.sesion)
         time.sleep(REPOSO)
+
+    def arrancar(self):
         primera, todas, sesion = self.pedir("arranca", orden(self.escena, self.par)).split()
         self.sesion = int(sesion)
         return {"primera": float(primera), "todas": float(todas)}
@@ -161,7 +164,7 @@ class Visita:
         return {"hueco": float(hueco), "sin_ver": int(perdidas), "ms": list(map(float, tardanzas))}
 
     def hacer(self):
-        datos = {"arranque": mejor_intento(self.arrancar)}
+        datos = {"arranque": mejor_intento(self.arrancar, self.despejar)}
         if self.par == "ventana":
             return datos
         self.pedir("envia", 10, 1)

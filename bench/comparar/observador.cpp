@@ -163,13 +163,15 @@ private:
             _exit(127);
         }
         m_arrancado = true;
-        double primera = 0, ronda = inicio;
-        for (long vistas = 0; vistas < m_reticula.visores(); dormirHasta(ahora() + OJEADA_AL_ARRANCAR)) {
-            if (ahora() > inicio + 30) {
+        double primera = 0, ronda = inicio, mirada = inicio;
+        for (long vistas = 0; vistas < m_reticula.visores();) {
+            dormirHasta(mirada + OJEADA_AL_ARRANCAR);
+            mirada = ahora();
+            if (mirada > inicio + 30) {
                 kill(-hijo, SIGTERM);
                 throw std::runtime_error("weights seen after 30 seconds: " + std::to_string(vistas));
             }
-            if (ahora() >= ronda) m_emisor.ronda(), ronda = std::max(ronda + 0.02, ahora());
+            if (mirada >= ronda) m_emisor.ronda(), ronda = std::max(ronda + 0.02, mirada);
             vistas = cuantasSeVen();
             if (vistas > 0 && primera == 0) primera = ahora();
         }

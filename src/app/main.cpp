@@ -27,6 +27,7 @@ namespace {
 // Everything that there is one of. Later members use earlier ones and go before them.
 struct Composicion {
     SesionWinsock winsock;
+    SesionOLE ole;
     ProgramaWin programa;
     ArchivosWin archivos;
     MonitoresWin monitores;
@@ -45,7 +46,7 @@ struct Composicion {
     AvisosAnotados anotados{avisos, bitacora};
     Entorno entorno{programa, com, monitores, fabrica, reloj, cursor, anotados, cola, reposo, bitacora};
     frTCP compartido{com, fabrica, reloj};
-    RecursosVentanas recursos{ventana.tandas()};
+    RecursosVentanas recursos{ventana.tandas(), ole};
     FormularioWin formulario{recursos, "Sorvanel"};
     FabricaDialogosWin dialogos{recursos, bucle, avisos, formulario.hwnd()};
     base principal{entorno, formulario, dialogos, compartido};

@@ -65,12 +65,11 @@ using DCMemoria = Manejador<RasgosDCMemoria>;
 // calls soltar() at WM_NCDESTROY.
 using VentanaPropia = Manejador<RasgosVentana>;
 
-// From GetDC or GetDCEx; a null window means the whole screen.
+// From GetDC; a null window means the whole screen.
 class DCVentana {
 public:
     DCVentana() = default;
     explicit DCVentana(HWND ventana) : m_ventana(ventana), m_dc(GetDC(ventana)) {}
-    DCVentana(HWND ventana, DWORD modo) : m_ventana(ventana), m_dc(GetDCEx(ventana, nullptr, modo)) {}
     DCVentana(DCVentana&& otro) noexcept : m_ventana(otro.m_ventana), m_dc(std::exchange(otro.m_dc, nullptr)) {}
     DCVentana(const DCVentana&) = delete;
     DCVentana& operator=(const DCVentana&) = delete;

@@ -11,7 +11,7 @@ public:
     SesionOLE(const SesionOLE&) = delete;
     SesionOLE& operator=(const SesionOLE&) = delete;
 
-    // Where it fails, the system refuses what needs it, and the next one tries again.
+    // Where it fails, the system refuses what needs it.
     void abrir();
 
 private:

@@ -17,7 +17,7 @@ protected:
 
 // Where it is decided when what sockets and timers brought comes to the screen: at the end of their batch, straight to
 // the window, in one copy for all that touched it. What is painted at any other moment (input, layout, a box's own
-// loop) goes the system's way, by WM_PAINT.
+// loop) goes the system's way, by WM_PAINT, but for what a window shows when it is first seen.
 class Tandas {
 public:
     // While it lives, what is painted belongs to a batch.

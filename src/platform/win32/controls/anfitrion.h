@@ -29,14 +29,14 @@ class SuperficieWin;
 
 // What all windows share, so that opening one makes nothing that another has made already.
 struct RecursosVentanas {
-    explicit RecursosVentanas(Tandas& deMensajes) : tandas(deMensajes) {}
+    RecursosVentanas(Tandas& deMensajes, SesionOLE& delHilo) : tandas(deMensajes), ole(delHilo) {}
 
     Tandas& tandas;
+    SesionOLE& ole;
     FuentesWin fuentes;
     Lienzo borrador;  // where a control is put together before it is shown: one for all, since they paint in turn
     CajaTipos tipos{borrador};
     EstiloWin estilo;
-    SesionOLE ole;
     NombresAccesibles nombres{ole};
     PulsacionesRaton pulsaciones;
     apariencia::Paleta paleta = apariencia::paletaDelSistema();
@@ -67,8 +67,8 @@ public:
     virtual void alMoverRaton(int) {}
     // An arrow key on a button of a bar: 1 the next in keyboard order, -1 the one before.
     virtual void pasarFoco(const ControlWin&, int) {}
-    // Beneath which of its children a new surface is put until all are put into their order.
-    virtual HWND sobreElSuelo() const { return HWND_BOTTOM; }
+    // The child beneath which a new surface is put, until all are put into their order.
+    virtual HWND encimaDeNuevas() const { return HWND_BOTTOM; }
     // It was pressed on that surface, there within the window.
     virtual void alPulsarSuperficie(const SuperficieWin&, POINT) {}
     // The mouse was pressed where there is nothing to press.

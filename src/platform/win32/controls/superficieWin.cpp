@@ -49,20 +49,23 @@ void SuperficieWin::seguirLugar() {
 
 void SuperficieWin::mostrar(bool visible) {
     if (visible == m_visible || !m_anfitrion.ventana()) return;
-    if (!visible) {
-        m_utiles.tipos.reset();
-        mostrarSinActivar(false);
-    } else if (hwnd()) {
+    if (visible && !hwnd()) {
+        crearVentana();
+        m_visible = true;
+        copiar(entero());
+        return;
+    }
+    if (visible) {
         situar(lugarPixeles(), true);
     } else {
-        crearVentana();
+        m_utiles.tipos.reset();
+        mostrarSinActivar(false);
     }
     m_visible = visible;
 }
 
-// It is shown, in its place above the ground, without the system's painting, and painted here: to be asked for it costs
-// more than all the rest, with the frame that it has not, the ground that it erases itself, and what comes to lie
-// above.
+// Shown in its place and without the system's painting, which would ask for a frame and a ground that it has not, and
+// for its picture once more when the windows are put into their order.
 void SuperficieWin::crearVentana() {
     MoldeVentana molde;
     molde.clase = CLASE;
@@ -74,11 +77,10 @@ void SuperficieWin::crearVentana() {
     crear(molde);
     m_anfitrion.pedirApilado();
     if (!m_sugerencia.empty()) m_anfitrion.sugerencias().poner(hwnd(), aAncho(m_sugerencia));
-    if (!SetWindowPos(hwnd(), m_anfitrion.sobreElSuelo(), 0, 0, 0, 0,
+    if (!SetWindowPos(hwnd(), m_anfitrion.encimaDeNuevas(), 0, 0, 0, 0,
                       SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER | SWP_NOREDRAW | SWP_SHOWWINDOW)) {
         mostrarSinActivar(true);
     }
-    if (!volcarDePaso(entero())) invalidar();
 }
 
 bool SuperficieWin::hasDC() const {
@@ -119,22 +121,17 @@ void SuperficieWin::volcarPendiente() {
     m_anotada = false;
     const RECT zona = std::exchange(m_pendiente, RECT{});
     if (IsRectEmpty(&zona) || !hwnd() || !IsWindowVisible(hwnd())) return;
-    const bool primera = !std::exchange(m_estrenada, true);
-    if (!(primera ? volcarDePaso(zona) : volcarEnLaSuya(zona))) invalidar(&zona);
-    avisarLeyenda();
+    copiar(zona);
 }
 
-bool SuperficieWin::volcarEnLaSuya(const RECT& zona) {
+void SuperficieWin::copiar(const RECT& zona) {
     if (!m_dc) m_dc.tomar(hwnd());
-    if (m_dc) volcar(m_dc.get(), zona, m_utiles);
-    return static_cast<bool>(m_dc);
-}
-
-bool SuperficieWin::volcarDePaso(const RECT& zona) const {
-    const DCVentana dc(hwnd(), DCX_CACHE | DCX_CLIPSIBLINGS);
-    UtilesDC utiles;
-    if (dc) volcar(dc.get(), zona, utiles);
-    return static_cast<bool>(dc);
+    if (m_dc) {
+        volcar(m_dc.get(), zona, m_utiles);
+    } else {
+        invalidar(&zona);
+    }
+    avisarLeyenda();
 }
 
 void SuperficieWin::alPintar() {

@@ -10,7 +10,7 @@ namespace sorvanel {
 
 // A surface as a child window. What was touched is put together in memory and copied to the window at the end of a
 // batch, or when the system wants it painted: many changes cost one copy, and nothing flickers. There is no window
-// before it is first seen.
+// before it is first seen; then all of it is copied at once.
 class SuperficieWin final : public PinturaWin, private VentanaWin, private PorVolcar {
 public:
     SuperficieWin(Anfitrion& anfitrion, IdControl id, int elemento);
@@ -36,10 +36,8 @@ private:
     void volcarPendiente() override;
     LRESULT alMensaje(UINT mensaje, WPARAM w, LPARAM l) override;
     void alPintar();
-    // To the window, by its own device context, made for it and kept, or by one that all use in turn: dearer each time,
-    // but there already. False where there is none.
-    bool volcarEnLaSuya(const RECT& zona);
-    bool volcarDePaso(const RECT& zona) const;
+    // From its picture to the window.
+    void copiar(const RECT& zona);
     void crearVentana();
     void seguirLugar();
     LRESULT copiarLeyenda(WPARAM capacidad, LPARAM destino) const;
@@ -50,7 +48,6 @@ private:
     const int m_id;
     RECT m_pendiente{};  // painted since the last copy, within a batch
     bool m_anotada = false;
-    bool m_estrenada = false;  // a batch was copied: so more will come
     DCVentana m_dc;
     UtilesDC m_utiles;  // of that
     bool m_visible = false;

@@ -255,7 +255,7 @@ void FormularioWin::apilar() {
         if (!superficie) continue;
         ponerDebajo(superficie, encima);
         encima = superficie;
-        if (id == IdControl::picBot) m_barra = superficie;
+        if (id == IdControl::picBot) m_picBot = superficie;
     }
     ponerDebajo(GetDlgItem(hwnd(), numero(IdControl::picRep)), HWND_BOTTOM);
 }

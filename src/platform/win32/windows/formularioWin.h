@@ -45,7 +45,7 @@ private:
     void pasarFoco(const ControlWin& desde, int sentido) override;
     void pintarSuelo(Lienzo& destino, const RECT& parte) const override;
     void apilar() override;
-    HWND sobreElSuelo() const override { return m_barra; }
+    HWND encimaDeNuevas() const override { return m_picBot; }
     void alMorir() override;
     void alCambiarColores() override;
 
@@ -73,8 +73,8 @@ private:
     HCURSOR m_punteroMarcha = nullptr;
 
     OyenteFormulario* m_oyente = nullptr;
-    HWND m_barra = HWND_BOTTOM;  // its surface, once it stands in its place: it lives as long as the window
-    RECT m_sitio{};              // of the monitor that it covers, screen pixels; empty before it covers any
+    HWND m_picBot = HWND_BOTTOM;  // once it stands in its place; no surface is made after it has gone
+    RECT m_sitio{};               // of the monitor that it covers, screen pixels; empty before it covers any
     Puntero m_puntero = Puntero::normal;
     bool m_reposoImpedido = false;
     bool m_siguiendo = false;  // the mouse, which is ours meanwhile
