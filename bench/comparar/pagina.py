@@ -41,6 +41,10 @@ def gasto(ritmo, *grupos):
     return lambda una: sum(una["cpu"][ritmo][grupo] for grupo in grupos)
 
 
+def arranque(cual):
+    return lambda una: una["arranque"][cual]
+
+
 def tabla(cabeza, filas):
     lineas = [cabeza, ["---"] * len(cabeza), *filas]
     return "\n".join("| " + " | ".join(map(str, linea)) + " |" for linea in lineas)
@@ -146,11 +150,12 @@ def limites():
                for nombre, e, r in parejas(ESCENAS)]
     salida += [alguna(f"latency at the median, {nombre}, ms", statistics.median(tardanzas(e, "sorvanel", r)[0]), 2)
                for nombre, e, r in parejas(("uno", "grande"))]
-    vacia = statistics.median(serie("ventana", "ventana", lambda u: u["arranque"]["primera"]))
-    salida += [alguna("first weight, 1 display, over an empty window's start", statistics.median(serie(
-        "uno", "sorvanel", lambda u: u["arranque"]["primera"])) / vacia, 1.6), alguna(
-        "the 64th weight, over an empty window's start", statistics.median(serie(
-            "todos", "sorvanel", lambda u: u["arranque"]["todas"])) / vacia, 2.5)]
+    for texto, escena, cual, limite in (("first weight, 1 display", "uno", "primera", 1.6),
+                                        ("the 64th weight", "todos", "todas", 2.5)):
+        sobre_vacia = [suyo / vacia for suyo, vacia in zip(
+            serie(escena, "sorvanel", arranque(cual)), serie("ventana", "ventana", arranque("primera")), strict=True)]
+        cuales = f"{cifra(min(sobre_vacia))} .. {cifra(max(sobre_vacia))} in the rounds"
+        salida.append(alguna(f"{texto}, over an empty window's start ({cuales})", statistics.median(sobre_vacia), limite))
     salida.append(alguna("memory with 64 displays, MB", statistics.median(
         serie("todos", "sorvanel", lambda u: u["pss"]["propio"])), 14))
     perdidas = sum(serie("todos", "sorvanel", lambda u: sum(u["inunda"])) + serie("compartido", "sorvanel", lambda u: u["inunda"][1]))
@@ -179,10 +184,10 @@ def main():
         "memoria": multiplos([(ESCENAS[e], e, memoria, "MB") for e in ESCENAS]),
         "fondo": cifra(statistics.median(serie("todos", "sorvanel", lambda u: u["pss"]["wine"]))),
         "procesos": cifra(statistics.median(serie("todos", "kiosco", lambda u: u["pss"]["procesos"]))),
-        "arranque": multiplos([(f"{ESCENAS[e]}, {'first' if c == 'primera' else 'all'}", e, lambda u, c=c: u["arranque"][c], "ms")
+        "arranque": multiplos([(f"{ESCENAS[e]}, {'first' if c == 'primera' else 'all'}", e, arranque(c), "ms")
                                for e in ("uno", "todos", "grande") for c in ("primera", "todas")
                                if e == "todos" or c == "primera"]),
-        "vacia": cifra(statistics.median(serie("ventana", "ventana", lambda u: u["arranque"]["primera"]))),
+        "vacia": cifra(statistics.median(serie("ventana", "ventana", arranque("primera")))),
         "limites": tabla(["limit", "met"], [[texto, "yes" if bien else "**no**"] for texto, bien in cumplidos]),
     }
     plantilla = pathlib.Path(__file__).with_name("pagina.md").read_text(encoding="utf-8")
