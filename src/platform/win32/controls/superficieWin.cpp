@@ -52,7 +52,8 @@ void SuperficieWin::mostrar(bool visible) {
     if (visible && !hwnd()) {
         crearVentana();
         m_visible = true;
-        copiar(entero());
+        UtilesDC utiles;  // nothing is kept for what may never change
+        copiar(entero(), utiles);
         return;
     }
     if (visible) {
@@ -121,13 +122,13 @@ void SuperficieWin::volcarPendiente() {
     m_anotada = false;
     const RECT zona = std::exchange(m_pendiente, RECT{});
     if (IsRectEmpty(&zona) || !hwnd() || !IsWindowVisible(hwnd())) return;
-    copiar(zona);
+    copiar(zona, m_utiles);
 }
 
-void SuperficieWin::copiar(const RECT& zona) {
+void SuperficieWin::copiar(const RECT& zona, UtilesDC& utiles) {
     if (!m_dc) m_dc.tomar(hwnd());
     if (m_dc) {
-        volcar(m_dc.get(), zona, m_utiles);
+        volcar(m_dc.get(), zona, utiles);
     } else {
         invalidar(&zona);
     }

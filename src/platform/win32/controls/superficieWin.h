@@ -37,7 +37,7 @@ private:
     LRESULT alMensaje(UINT mensaje, WPARAM w, LPARAM l) override;
     void alPintar();
     // From its picture to the window.
-    void copiar(const RECT& zona);
+    void copiar(const RECT& zona, UtilesDC& utiles);
     void crearVentana();
     void seguirLugar();
     LRESULT copiarLeyenda(WPARAM capacidad, LPARAM destino) const;
