@@ -60,15 +60,14 @@ public:
         if (m_programa.caja().ventana() != nullptr) {
             cerrarCaja();
         } else if (m_programa.seVe(IdControl::botPau)) {
-            pulsar(m_programa.control(IdControl::botPau));
+            pulsarUna(IdControl::botPau);
         } else if (m_programa.seVe(IdControl::botOk)) {
             // A field that is refused gets its old text.
             if (const HWND campo = foco(m_programa.ventana())) teclear(campo, VK_ESCAPE);
             m_aceptado = true;
-            pulsar(m_programa.control(IdControl::botOk));
-            esperar([&] { return !m_programa.seVe(IdControl::botOk) || m_programa.caja().ventana() != nullptr; }, 2000);
+            pulsarUna(IdControl::botOk);
         } else if (!m_aceptado && m_programa.seVe(IdControl::botCfg)) {
-            pulsar(m_programa.control(IdControl::botCfg));
+            pulsarUna(IdControl::botCfg);
         }
         return m_aceptado && m_programa.seVe(IdControl::botRun) && m_programa.caja().ventana() == nullptr;
     }
@@ -92,6 +91,12 @@ public:
 private:
     std::size_t elegir(std::size_t cuantos) {
         return std::uniform_int_distribution<std::size_t>(0, cuantos - 1)(m_azar);
+    }
+
+    // Not again and again: what comes quickly after the press of another button in that place is taken for its second.
+    void pulsarUna(IdControl id) {
+        pulsar(m_programa.control(id));
+        esperar([&] { return !m_programa.seVe(id) || m_programa.caja().ventana() != nullptr; }, 2000);
     }
 
     void anotar(const char* acto, HWND control) {
