@@ -24,9 +24,13 @@ def serie(escena, par, que):
     return [que(una) for una in MEDIDAS if una["escena"] == escena and una["par"] == par]
 
 
-def razones(escena, par, otro, que):
+def entre(unas, otras):
     """Round by round: so what slows the machine for a while slows both."""
-    return [a / b for a, b in zip(serie(escena, par, que), serie(escena, otro, que), strict=True)]
+    return [a / b for a, b in zip(unas, otras, strict=True)]
+
+
+def razones(escena, par, otro, que):
+    return entre(serie(escena, par, que), serie(escena, otro, que))
 
 
 def cifra(valor):
@@ -152,8 +156,7 @@ def limites():
                for nombre, e, r in parejas(("uno", "grande"))]
     for texto, escena, cual, limite in (("first weight, 1 display", "uno", "primera", 1.6),
                                         ("the 64th weight", "todos", "todas", 2.5)):
-        sobre_vacia = [suyo / vacia for suyo, vacia in zip(
-            serie(escena, "sorvanel", arranque(cual)), serie("ventana", "ventana", arranque("primera")), strict=True)]
+        sobre_vacia = entre(serie(escena, "sorvanel", arranque(cual)), serie("ventana", "ventana", arranque("primera")))
         cuales = f"{cifra(min(sobre_vacia))} .. {cifra(max(sobre_vacia))} in the rounds"
         salida.append(alguna(f"{texto}, over an empty window's start ({cuales})", statistics.median(sobre_vacia), limite))
     salida.append(alguna("memory with 64 displays, MB", statistics.median(

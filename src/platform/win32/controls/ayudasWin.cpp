@@ -95,11 +95,11 @@ NombresAccesibles::~NombresAccesibles() {
 
 void NombresAccesibles::poner(HWND control, const std::wstring& nombre) {
     if (nombre.empty() && !m_servicio) return;
-    void* servicio = nullptr;
-    m_ole.abrir();
-    if (!std::exchange(m_pedido, true) &&
-        SUCCEEDED(CoCreateInstance(SERVICIO, nullptr, CLSCTX_INPROC_SERVER, INTERFAZ, &servicio))) {
-        m_servicio = static_cast<IAccPropServices*>(servicio);
+    if (!std::exchange(m_pedido, true)) {
+        m_ole.abrir();
+        void* servicio = nullptr;
+        if (SUCCEEDED(CoCreateInstance(SERVICIO, nullptr, CLSCTX_INPROC_SERVER, INTERFAZ, &servicio)))
+            m_servicio = static_cast<IAccPropServices*>(servicio);
     }
     if (!m_servicio || !control) return;
     const auto objeto = static_cast<DWORD>(OBJID_CLIENT);

@@ -6,10 +6,9 @@
 
 namespace sorvanel {
 
-void ponerDebajo(HWND ventana, HWND encima) {
-    if (!ventana) return;
-    SetWindowPos(ventana, encima, 0, 0, 0, 0,
-                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER | SWP_NOSENDCHANGING);
+bool ponerDebajo(HWND ventana, HWND encima, UINT ademas) {
+    constexpr UINT SOLO_ORDEN = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER | SWP_NOSENDCHANGING;
+    return ventana && SetWindowPos(ventana, encima, 0, 0, 0, 0, SOLO_ORDEN | ademas);
 }
 
 // The last ones go first, mostly: looked for from the end.

@@ -29,7 +29,8 @@ private:
     std::vector<ControlWin*> m_controles;
 };
 
-// That child directly below that other one, or HWND_TOP and its like.
-void ponerDebajo(HWND ventana, HWND encima);
+// That child directly below that other one, or HWND_TOP and its like; SetWindowPos's flags say what besides. False
+// where the system refuses.
+bool ponerDebajo(HWND ventana, HWND encima, UINT ademas = 0);
 
 }  // namespace sorvanel

@@ -78,10 +78,7 @@ void SuperficieWin::crearVentana() {
     crear(molde);
     m_anfitrion.pedirApilado();
     if (!m_sugerencia.empty()) m_anfitrion.sugerencias().poner(hwnd(), aAncho(m_sugerencia));
-    if (!SetWindowPos(hwnd(), m_anfitrion.encimaDeNuevas(), 0, 0, 0, 0,
-                      SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER | SWP_NOREDRAW | SWP_SHOWWINDOW)) {
-        mostrarSinActivar(true);
-    }
+    if (!ponerDebajo(hwnd(), m_anfitrion.encimaDeNuevas(), SWP_NOREDRAW | SWP_SHOWWINDOW)) mostrarSinActivar(true);
 }
 
 bool SuperficieWin::hasDC() const {

@@ -59,7 +59,8 @@ void FormaWin::reafirmar(HWND ventana) const {
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
-void FormaWin::anunciar(HWND ventana) const {
+void FormaWin::anunciar(HWND ventana, SesionOLE& ole) const {
+    ole.abrir();
     void* barra = nullptr;
     if (FAILED(CoCreateInstance(CLSID_TaskbarList, nullptr, CLSCTX_INPROC_SERVER, IID_ITaskbarList2, &barra))) return;
     auto* const suya = static_cast<ITaskbarList2*>(barra);

@@ -6,6 +6,7 @@
 
 #include "platform/monitor.h"
 #include "platform/win32/base/manejadores.h"
+#include "platform/win32/base/sesionOLE.h"
 
 namespace sorvanel {
 
@@ -18,8 +19,8 @@ public:
     void recortar(HWND ventana, std::span<const RectPixel> zonas);
     // The system forgets who is on top when the task bar or the monitors come anew.
     void reafirmar(HWND ventana) const;
-    // A task bar that is new does not know who covers it. OLE must be open.
-    void anunciar(HWND ventana) const;
+    // A task bar that is new does not know who covers it.
+    void anunciar(HWND ventana, SesionOLE& ole) const;
 
 private:
     Region m_actual;  // a copy: the one in use is the system's. Null while the window is whole

@@ -292,10 +292,7 @@ void FormularioWin::alSuceder(Suceso suceso) {
     if (suceso == Suceso::ninguno) return;
     const bool sueno = suceso == Suceso::duerme || suceso == Suceso::despierta;
     if (sueno && m_oyente) m_oyente->alDormir(suceso == Suceso::duerme);
-    if (suceso == Suceso::barraNueva) {
-        recursos().ole.abrir();
-        m_forma.anunciar(hwnd());
-    }
+    if (suceso == Suceso::barraNueva) m_forma.anunciar(hwnd(), recursos().ole);
     // Monitors sleep too.
     if (suceso != Suceso::duerme) cambioDeMonitores();
 }
